@@ -65,6 +65,14 @@ bool fileExists(TextView path) {
     return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }
 
+Text currentFolder() {
+    std::error_code failed;
+    const auto folder = std::filesystem::current_path(failed);
+    if (failed)
+        throw Failure(failed.message());
+    return fromUtf8(folder.string());
+}
+
 std::string readFile(TextView path) {
     const std::string name = toUtf8(path);
     const Descriptor file(name, O_RDONLY);

@@ -15,6 +15,9 @@ inline constexpr char16_t pathSeparator = u'/';
 // True for a file that can be opened by name; false for a folder, and for what cannot be looked at.
 bool fileExists(TextView path);
 
+// The process's current directory. Throws Failure when it has gone.
+Text currentFolder();
+
 // All bytes of the file. Throws Failure in the system's words.
 std::string readFile(TextView path);
 

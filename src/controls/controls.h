@@ -37,9 +37,6 @@ struct MouseEvent {
 
 enum class Pointer { Default = 0, Hourglass = 11 };
 
-// Says that an event has no routine behind it; a control calls its events without asking.
-inline void nothing() {}
-
 // What every control has. `name` is the given name in UTF-8, by which tests find the control on the screen.
 struct Control : Observed {
     Control(std::string_view givenName, Box place)
@@ -57,7 +54,7 @@ struct Control : Observed {
     Property<base::Text> toolTip{this};
     Property<base::Text> pointerIcon{this}; // picture file of the pointer over the control; empty: the usual one
 
-    std::function<void()> Click = nothing;
+    std::function<void()> Click; // empty: nothing happens on a click
     std::function<void(const MouseEvent&)> MouseDown = [](const MouseEvent&) {};
     std::function<void(const MouseEvent&)> MouseMove = [](const MouseEvent&) {};
     std::function<void(const MouseEvent&)> MouseUp = [](const MouseEvent&) {};
@@ -84,20 +81,36 @@ struct Picture : Control {
     Property<base::Text> picture{this}; // path
 };
 
-// An item of a menu: a command, a separator (caption "-") or, with items of its own, a menu.
+// A picture that is cut off at the width of its control, not stretched: the fill of a bar.
+struct Fill : Picture {
+    using Picture::Picture;
+};
+
+// A picture that is pressed. It is offered when it is enabled and a routine stands behind it; else it is shown faded.
+struct PictureButton : Picture {
+    using Picture::Picture;
+
+    bool offered() const { return enabled && Click; }
+};
+
+// An item of a menu: a command, a separator (caption "-") or, with items of its own, a menu. A command is offered when
+// it is enabled and a routine stands behind it.
 struct MenuItem : Observed {
     explicit MenuItem(std::string_view givenName, base::Text design = u"-", std::string_view keys = {})
         : name(givenName), shortcut(keys), caption(this, std::move(design)) {}
 
     std::string_view name;
     std::string_view shortcut; // such as "Ctrl+O"; empty for none
+    bool repeats = false;      // a held shortcut runs the command again and again
     Property<base::Text> caption;
     Property<bool> checked{this, false};
     Property<bool> enabled{this, true};
     Property<bool> visible{this, true};
     std::vector<MenuItem*> items;
 
-    std::function<void()> Click = nothing;
+    bool offered() const { return enabled && (Click || !items.empty()); }
+
+    std::function<void()> Click;
 };
 
 enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2 };
@@ -112,8 +125,8 @@ struct Window : Control {
     Property<WindowState> windowState{this, WindowState::Normal};
 
     // Gives the window the keyboard; the one who shows it fills this in.
-    std::function<void()> setFocus = nothing;
-    std::function<void()> Resize = nothing;
+    std::function<void()> setFocus = [] {};
+    std::function<void()> Resize = [] {};
     std::function<void(int keyCode)> KeyDown = [](int) {};
     // The user asks for the window to be closed: true when that is refused.
     std::function<bool()> Unload = [] { return false; };
