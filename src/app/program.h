@@ -15,6 +15,9 @@ public:
     // The entry routine. False when the program must not run: the user has been told why.
     bool Main(base::TextView commandLine);
 
+    // Only after Main returned true.
+    Workstation& workstation() { return *workstation_; }
+
 private:
     void start(base::TextView commandLine);
     void fatalEnd(base::TextView reason);

@@ -20,6 +20,8 @@ public:
                 lang::LanguageTable& language, base::TextView commandLine);
 
     player::Form1& form1() { return form1_; }
+    player::MediaSession& session() { return session_; }
+    player::MediaOpener& opener() { return opener_; }
 
 private:
     void Form_Initialize();
