@@ -7,7 +7,8 @@
 
 namespace app {
 
-// The program from its entry on: chooses and loads the language, refuses a second instance, creates the player window.
+// The program from its entry on: chooses and loads the language, refuses a second instance, creates the
+// player window.
 class Program {
 public:
     explicit Program(Desktop& desktop);

@@ -15,7 +15,8 @@ namespace app {
 // The player window with all rooms wired to it: its start, and the exit that ends the process.
 class Workstation {
 public:
-    // Wires the rooms and runs Form_Initialize and Form_Load. `commandLine` holds one path in double quotes, or nothing.
+    // Wires the rooms and runs Form_Initialize and Form_Load. `commandLine` holds one path in double quotes,
+    // or nothing.
     Workstation(Desktop& desktop, const base::TextFiles& files, const base::ProgramFolder& folder,
                 lang::LanguageTable& language, base::TextView commandLine);
 

@@ -10,7 +10,7 @@ protected:
     using Lines = std::vector<std::string>;
 
     static Lines shipped() {
-        return {"English.lng", "80", "561", "5", "2", "0", "", "0", "0", "0", "0", "0", "0",
+        return {"English.lng", "80", "561", "5", "2", "0", "",  "0", "0", "0", "0", "0", "0",
                 "0",           "0",  "0",   "0", "0", "0", "0", "5", "3", "0", "0", "1"};
     }
     static Lines with(int line, const std::string& value) {
@@ -44,9 +44,10 @@ protected:
 TEST_F(SettingsFileTest, Salva_WritesTwentyFiveLines_ThatReadBackTheSame) {
     start(with(7, "/home/anna/Interviews"));
     const Lines first = saved();
-    EXPECT_THAT(first, testing::ElementsAre("English.lng", "80", "561", "5", "2", "0", "/home/anna/Interviews", "0", "750",
-                                            "750", "0", "2655", "10920", "5205", "0", "1", "0", "0", "6000", "3390", "5",
-                                            "3", "0", "0", "1"));
+    EXPECT_THAT(first,
+                testing::ElementsAre("English.lng", "80", "561", "5", "2", "0", "/home/anna/Interviews", "0",
+                                     "750", "750", "0", "2655", "10920", "5205", "0", "1", "0", "0", "6000",
+                                     "3390", "5", "3", "0", "0", "1"));
     start(first);
     Lines second = saved();
     EXPECT_EQ(second[11], "2655");
@@ -61,11 +62,12 @@ TEST_F(SettingsFileTest, Lines_HaveTheEffectsOfTheirPlace) {
         std::string text;
     };
     const Row rows[] = {
-        {21, "2", 21, "7"},      {21, "3", 21, "3"},    {22, "2", 22, "7"},   {22, "40", 22, "40"},  {23, "2", 23, "1"},
-        {24, "2", 24, "0"},      {24, "1", 24, "1"},    {25, "2", 25, "0"},   {15, "", 15, "0"},     {15, "1", 15, "1"},
-        {15, "x", 15, "1"},      {6, "1.0", 6, "1"},    {6, "yes", 6, "0"},   {8, "1", 8, "1"},      {8, "x", 8, "0"},
-        {4, "2.5", 4, "2"},      {4, "40000", 4, "0"},  {4, "12abc", 4, "12"}, {5, "-4", 5, "-4"},   {16, "1", 16, "1"},
-        {7, "\"/a,b\"", 7, "/a,b"}, {7, "/a,15", 8, "1"}, {21, "99999", 21, "7"}, {2, "loud", 2, "loud"},
+        {21, "2", 21, "7"},         {21, "3", 21, "3"},    {22, "2", 22, "7"},     {22, "40", 22, "40"},
+        {23, "2", 23, "1"},         {24, "2", 24, "0"},    {24, "1", 24, "1"},     {25, "2", 25, "0"},
+        {15, "", 15, "0"},          {15, "1", 15, "1"},    {15, "x", 15, "1"},     {6, "1.0", 6, "1"},
+        {6, "yes", 6, "0"},         {8, "1", 8, "1"},      {8, "x", 8, "0"},       {4, "2.5", 4, "2"},
+        {4, "40000", 4, "0"},       {4, "12abc", 4, "12"}, {5, "-4", 5, "-4"},     {16, "1", 16, "1"},
+        {7, "\"/a,b\"", 7, "/a,b"}, {7, "/a,15", 8, "1"},  {21, "99999", 21, "7"}, {2, "loud", 2, "loud"},
     };
     for (const Row& row : rows) {
         start(with(row.line, row.value));
@@ -105,7 +107,8 @@ TEST_F(SettingsFileTest, ShortOrBrokenFile_NeverStopsTheStart) {
 TEST_F(SettingsFileTest, FolderInAnotherScript_IsNotLost) {
     start(with(7, "\"/дома\""));
     // Read as 1252 above; a folder chosen at run time is kept in its own letters.
-    desktop.folder.write("Files/Quillmere.ini", "\xEF\xBB\xBF" "English.lng\r\n80\r\n561\r\n5\r\n2\r\n0\r\n/дома/я\r\n");
+    desktop.folder.write("Files/Quillmere.ini", "\xEF\xBB\xBF"
+                                                "English.lng\r\n80\r\n561\r\n5\r\n2\r\n0\r\n/дома/я\r\n");
     program.emplace(desktop);
     ASSERT_TRUE(program->Main(u""));
     EXPECT_EQ(savedLine(7), "/дома/я");

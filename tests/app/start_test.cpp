@@ -68,7 +68,8 @@ TEST_F(StartTest, PathInQuotes_Opens_AndBareOnesAreRefused) {
     EXPECT_EQ(desktop.player.URL(), path);
     EXPECT_TRUE(desktop.dialogPort.boxes.empty());
 
-    // Without quotes the path plays for a moment, is closed, and its name then lacks the first and the last letter.
+    // Without quotes the path plays for a moment, is closed, and its name then lacks the first and the last
+    // letter.
     desktop.player.commands.clear();
     ASSERT_TRUE(start(path));
     EXPECT_EQ(desktop.player.commands.front(), "load");
@@ -99,8 +100,9 @@ TEST_F(StartTest, Captions_ComeFromTheTable_ButForTheOneThatNeverDoes) {
 }
 
 TEST_F(StartTest, Entry133_GreysTheUpdateItem_OnlyAsATruthValue) {
-    const std::pair<std::string, bool> rows[] = {{"Check", true}, {"False", false}, {"0", false}, {"-1", true},
-                                                 {"", true},      {"true", true},   {"0x", true}};
+    const std::pair<std::string, bool> rows[] = {{"Check", true}, {"False", false}, {"0", false},
+                                                 {"-1", true},    {"", true},       {"true", true},
+                                                 {"0x", true}};
     for (const auto& [entry, enabled] : rows) {
         std::string bytes;
         for (int n = 0; n < 136; ++n)
@@ -119,7 +121,8 @@ TEST_F(StartTest, Commands_WithoutARoutine_AreNotOffered) {
 }
 
 TEST_F(StartTest, Exit_SavesStopsAndEnds_ByEachOfItsThreeWays) {
-    const std::function<void()> ways[] = {[&] { desktop.form1->mnuEsci.Click(); }, [&] { desktop.form1->KeyDown(27); },
+    const std::function<void()> ways[] = {[&] { desktop.form1->mnuEsci.Click(); },
+                                          [&] { desktop.form1->KeyDown(27); },
                                           [&] { EXPECT_FALSE(desktop.form1->Unload()); }};
     for (const auto& way : ways) {
         ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));
@@ -128,6 +131,7 @@ TEST_F(StartTest, Exit_SavesStopsAndEnds_ByEachOfItsThreeWays) {
         way();
         EXPECT_TRUE(desktop.systemPort.ended);
         EXPECT_EQ(desktop.player.commands.back(), "stop");
-        EXPECT_EQ(desktop.folder.read("Files/Quillmere.ini").find("English.lng\r\n80\r\n561\r\n5\r\n2\r\n"), 0U);
+        EXPECT_EQ(desktop.folder.read("Files/Quillmere.ini").find("English.lng\r\n80\r\n561\r\n5\r\n2\r\n"),
+                  0U);
     }
 }

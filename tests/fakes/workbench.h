@@ -9,13 +9,36 @@
 
 namespace fakes {
 
-// The whole program wired to fakes, started without media, in a language of entries "&En0" to "&En135". Steps are 5 s,
-// every pause goes 2 s back.
+// The whole program wired to fakes, started without media, in a language of entries "&En0" to "&En135". Steps
+// are 5 s, every pause goes 2 s back.
 class Workbench {
 public:
     explicit Workbench(std::string tempoPlay = "5", std::string smartPlay = "0") {
-        desktop.laySettings({"English.lng", "80", "561", "5", "2", "0", "", "0", "0", "0", "0", "0", "0", "0", "0", "0", "0",
-                             "0", "0", "0", std::move(tempoPlay), "3", std::move(smartPlay), "0", "1"});
+        desktop.laySettings({"English.lng",
+                             "80",
+                             "561",
+                             "5",
+                             "2",
+                             "0",
+                             "",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             std::move(tempoPlay),
+                             "3",
+                             std::move(smartPlay),
+                             "0",
+                             "1"});
         program.emplace(desktop);
         EXPECT_TRUE(program->Main(u""));
         desktop.player.commands.clear();
@@ -24,7 +47,9 @@ public:
     player::Form1& form() { return *desktop.form1; }
     player::MediaSession& session() { return program->workstation().session(); }
     player::MediaOpener& opener() { return program->workstation().opener(); }
-    void open(const std::string& name, double seconds) { opener().ApriMedia(desktop.layMedia(name, seconds)); }
+    void open(const std::string& name, double seconds) {
+        opener().ApriMedia(desktop.layMedia(name, seconds));
+    }
 
     FakeDesktop desktop;
     std::optional<app::Program> program;

@@ -9,6 +9,7 @@ protected:
 TEST_F(PositionDisplayTest, Bar_GrowsWithThePosition_InWholeTwips) {
     bench.open("talk.mp3", 180);
     form.cmdPlay.Click();
+    form.HoverPlay = 0;
     form.Label2.width = 3000;
     const std::pair<double, double> rows[] = {{90, 1500}, {180, 3000}, {0.13, 2}, {0, 0}};
     for (const auto& [position, width] : rows) {

@@ -15,8 +15,8 @@ TEST_F(SessionTest, Open_AFile_PlaysItAndOffersTheCommands) {
     EXPECT_TRUE(form.isPlaying());
     EXPECT_EQ(form.mnuPlay.caption.get(), form.Lingua(8));
     EXPECT_EQ(form.Label4.caption.get(), u"talk.mp3");
-    for (const controls::MenuItem* item : {&form.mnuChiudi, &form.mnuPlay, &form.mnuStop, &form.mnuAvanti, &form.mnuVai,
-                                           &form.mnuAddBM, &form.mnuBookMark})
+    for (const controls::MenuItem* item : {&form.mnuChiudi, &form.mnuPlay, &form.mnuStop, &form.mnuAvanti,
+                                           &form.mnuVai, &form.mnuAddBM, &form.mnuBookMark})
         EXPECT_TRUE(item->enabled) << item->name;
     EXPECT_EQ(form.screen.mousePointer, controls::Pointer::Hourglass);
     bench.desktop.loop.advance(400);
@@ -69,7 +69,8 @@ TEST_F(SessionTest, Close_LeadsToTheStateWithoutMedia) {
     bench.desktop.loop.advance(3000);
     form.mnuChiudi.Click();
     EXPECT_EQ(form.Label2.caption.get(), u"0:00 / 0:00");
-    for (const controls::Control* control : std::initializer_list<const controls::Control*>{&form.Label4, &form.Shape1, &form.Shape3})
+    for (const controls::Control* control :
+         std::initializer_list<const controls::Control*>{&form.Label4, &form.Shape1, &form.Shape3})
         EXPECT_FALSE(control->visible) << control->name;
     EXPECT_FALSE(form.cmdPlay.enabled);
     EXPECT_FALSE(form.mnuAddBM.enabled);
