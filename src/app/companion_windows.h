@@ -1,0 +1,33 @@
+#pragma once
+
+#include "controls/controls.h"
+#include "player/companions.h"
+#include "player/form1.h"
+
+namespace app {
+
+// The windows beside the player, as far as they are there: where they stand, and what the player asks of
+// them. What a room that is not built yet would answer is left undone, and no command offers it.
+class CompanionWindows : public player::Companions {
+public:
+    explicit CompanionWindows(player::Form1& form1) : form1_(form1) {}
+
+    controls::Window Form2{"Form2", {0, 0, 10920, 5205}}; // editor
+    controls::Window Form3{"Form3", {0, 0, 6000, 3390}};  // marks
+
+    void TornaAllEditor() override;
+    void PosizionaEditor() override;
+    void applyLanguage() override;
+    void enableTimeStamp(bool) override {}
+    void endSmartPlay() override {}
+    void leaveBookmarks() override {}
+    bool openBookmarks(base::TextView) override { return false; }
+    void unloadForm3() override;
+    void rememberMedia(base::TextView) override {}
+    bool isRecordingTo(base::TextView) override { return false; }
+
+private:
+    player::Form1& form1_;
+};
+
+} // namespace app

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "base/code_page.h"
+#include "platform/dialogs.h"
+#include "platform/event_loop.h"
+#include "platform/media_player.h"
+#include "platform/system.h"
+#include "player/form1.h"
+
+namespace app {
+
+// The desktop that the program runs on: its ports, and the windows that show the program's own.
+class Desktop {
+public:
+    virtual ~Desktop() = default;
+
+    virtual platform::System& system() = 0;
+    virtual platform::EventLoop& eventLoop() = 0;
+    virtual platform::Dialogs& dialogs() = 0;
+    virtual platform::MediaPlayer& mediaPlayer() = 0;
+    // The single-byte page that goes with the user's language.
+    virtual base::CodePage codePage() = 0;
+
+    // Builds the window that shows this data, as visible as the data says. The desktop ends before the data
+    // does.
+    virtual void show(player::Form1& form) = 0;
+};
+
+} // namespace app

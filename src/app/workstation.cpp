@@ -1,0 +1,131 @@
+#include "app/workstation.h"
+
+#include "base/carry_on.h"
+#include "player/apply_language.h"
+
+namespace app {
+
+namespace {
+
+constexpr base::TextView applicationTitle = u"Quillmere";
+constexpr double homePlace = 50 * 15; // twips: the player stands at pixel (50, 50) after every start
+constexpr int escapeKey = 27;
+
+// Makes a companion window fit between its place and the end of the screen; it is never moved.
+void keepOnScreen(controls::Window& window, const controls::Screen& screen) {
+    if (window.left + window.width > screen.width)
+        window.width = screen.width - window.left;
+    if (window.top + window.height > screen.height)
+        window.height = screen.height - window.top;
+}
+
+} // namespace
+
+Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const base::ProgramFolder& folder,
+                         lang::LanguageTable& language, base::TextView commandLine)
+    : desktop_(desktop), files_(files), folder_(folder), Lingua(language),
+      form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder), companions_(form1_),
+      settings_(files, folder, {language, form1_, companions_.Form2, companions_.Form3, preferences_}),
+      display_(form1_), transport_(form1_, preferences_, companions_),
+      session_(form1_, transport_, display_, companions_),
+      opener_(form1_, session_, desktop.dialogs(), preferences_, companions_) {
+    form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
+    form1_.Unload = [this] { return Form_Unload(); };
+    form1_.KeyDown = [this](int keyCode) {
+        if (keyCode == escapeKey)
+            mnuEsci_Click();
+    };
+    form1_.mnuTitoloCompleto.Click = [this] {
+        form1_.mnuTitoloCompleto.checked = !form1_.mnuTitoloCompleto.checked;
+        display_.MostraPath();
+        settings_.Salva();
+    };
+    desktop_.show(form1_);
+    Form_Initialize();
+    Form_Load(commandLine);
+}
+
+void Workstation::Form_Initialize() {
+    companions_.PosizionaEditor();
+}
+
+void Workstation::Form_Load(base::TextView commandLine) {
+    form1_.caption = base::Text(applicationTitle);
+    form1_.top = 0;
+    const StartSettings start = settings_.read();
+    base::carryOn([&] { Lingua.load(files_, folder_.languages(Lingua.FileLingua)); });
+    placeWindows(start);
+    showCompanions(start);
+    player::ApplicaLingua(form1_, companions_);
+    showWithoutMedia();
+    const bool withFile = !base::trimmed(commandLine).empty();
+    if (withFile)
+        session_.vai(commandLine);
+    form1_.Image1.tag = start.volume;
+    session_.mnuChiudi_Click();
+    if (withFile)
+        opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
+}
+
+void Workstation::placeWindows(const StartSettings& start) {
+    if (start.hasPositions()) {
+        form1_.left = start.left1;
+        form1_.top = start.top1;
+        companions_.Form2.left = start.left2;
+        companions_.Form2.top = start.top2;
+    }
+    form1_.mnuPrimoPiano.checked = start.topmost;
+    form1_.topmost = start.topmost;
+    form1_.left = homePlace;
+    form1_.top = homePlace;
+}
+
+void Workstation::showCompanions(const StartSettings& start) {
+    if (start.editorHidden == 0) {
+        keepOnScreen(companions_.Form2, form1_.screen);
+        companions_.Form2.visible = true;
+    }
+    if (start.showForm3 == 1) {
+        companions_.Form3.left = start.left3;
+        companions_.Form3.top = start.top3;
+        companions_.Form3.width = start.width3;
+        companions_.Form3.height = start.height3;
+        companions_.Form3.visible = true;
+    }
+}
+
+void Workstation::showWithoutMedia() {
+    form1_.Shape1.visible = false;
+    form1_.Label2.left = form1_.Shape1.left.get();
+    form1_.Label2.width = form1_.Shape1.width.get();
+    form1_.Label2.caption = u"0:00 / 0:00";
+    for (controls::MenuItem* item :
+         {&form1_.mnuPlay, &form1_.mnuStop, &form1_.mnuAvanti, &form1_.mnuIndietro,
+          &form1_.mnuDiminuisciVelocità, &form1_.mnuAumentaVelocità, &form1_.mnuVai})
+        item->enabled = false;
+    form1_.cmdStop.enabled = false;
+    form1_.mnuSecIndietro.caption = Lingua(30);
+    form1_.Image1.toolTip = u" " + Lingua(27) + u" ";
+    form1_.DettaTop = static_cast<int>(form1_.imgDetta.top);
+    form1_.DettaLeft = static_cast<int>(form1_.imgDetta.left);
+    for (controls::Control* button :
+         std::initializer_list<controls::Control*>{&form1_.Image3, &form1_.imgDetta, &form1_.cmdPlay,
+                                                   &form1_.cmdIndietro, &form1_.cmdStop, &form1_.cmdAvanz})
+        button->pointerIcon = folder_.files(u"Indica.ico");
+}
+
+bool Workstation::Form_Unload() {
+    companions_.leaveBookmarks();
+    settings_.Salva();
+    companions_.Form3.visible = false;
+    form1_.WMP1.stop();
+    companions_.Form2.visible = false;
+    desktop_.system().endProcess();
+    return false;
+}
+
+void Workstation::mnuEsci_Click() {
+    Form_Unload();
+}
+
+} // namespace app

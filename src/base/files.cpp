@@ -1,0 +1,155 @@
+#include "base/files.h"
+
+#include "base/carry_on.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace base {
+
+namespace {
+
+// An open file of the system, closed at the end of the block.
+class Descriptor {
+public:
+    Descriptor(const std::string& path, int flags, mode_t mode = 0)
+        : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    ~Descriptor() { close(); }
+
+    bool isOpen() const { return fd_ >= 0; }
+    int get() const { return fd_; }
+    // False when the system reports only now that the bytes did not reach the disk.
+    bool close() {
+        const int fd = fd_;
+        fd_ = -1;
+        return fd < 0 || ::close(fd) == 0;
+    }
+
+private:
+    int fd_;
+};
+
+[[noreturn]] void fail(const std::string& path) {
+    throw Failure(std::generic_category().message(errno) + ": " + path);
+}
+
+bool writeAll(int fd, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto written = ::write(fd, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return false;
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+// Where the bytes have to go: the file itself, or what a link at its name points to.
+std::string finalTarget(const std::string& path) {
+    std::error_code ignored;
+    const auto target = std::filesystem::canonical(path, ignored);
+    return ignored ? path : target.string();
+}
+
+} // namespace
+
+bool fileExists(TextView path) {
+    std::error_code ignored;
+    const auto status = std::filesystem::status(toUtf8(path), ignored);
+    return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
+Text currentFolder() {
+    std::error_code failed;
+    const auto folder = std::filesystem::current_path(failed);
+    if (failed)
+        throw Failure(failed.message());
+    return fromUtf8(folder.string());
+}
+
+std::string readFile(TextView path) {
+    const std::string name = toUtf8(path);
+    const Descriptor file(name, O_RDONLY);
+    if (!file.isOpen())
+        fail(name);
+    std::string bytes;
+    struct stat about {};
+    if (::fstat(file.get(), &about) == 0 && about.st_size > 0)
+        bytes.reserve(static_cast<std::size_t>(about.st_size));
+    char block[16384]; // NOLINT(modernize-avoid-c-arrays): a buffer for the system call, nothing else
+    while (true) {
+        const auto count = ::read(file.get(), block, sizeof block);
+        if (count == 0)
+            return bytes;
+        if (count > 0)
+            bytes.append(block, static_cast<std::size_t>(count));
+        else if (errno != EINTR)
+            fail(name);
+    }
+}
+
+void replaceFile(TextView path, std::string_view bytes) {
+    const std::string target = finalTarget(toUtf8(path));
+    mode_t mode = 0666;
+    struct stat about {};
+    const bool present = ::stat(target.c_str(), &about) == 0;
+    if (present) {
+        if (S_ISDIR(about.st_mode)) {
+            errno = EISDIR;
+            fail(target);
+        }
+        if (::access(target.c_str(), W_OK) != 0)
+            fail(target);
+        mode = about.st_mode & 07777U;
+    }
+    const std::string beside = target + ".new";
+    Descriptor file(beside, O_WRONLY | O_CREAT | O_TRUNC, mode);
+    if (!file.isOpen())
+        fail(beside);
+    if (present)
+        ::fchmod(file.get(), mode);
+    if (!writeAll(file.get(), bytes) || ::fsync(file.get()) != 0 || !file.close() ||
+        ::rename(beside.c_str(), target.c_str()) != 0) {
+        const int reason = errno;
+        ::unlink(beside.c_str());
+        errno = reason;
+        fail(target);
+    }
+    const auto folder = std::filesystem::path(target).parent_path();
+    const Descriptor directory(folder.empty() ? "." : folder.string(), O_RDONLY | O_DIRECTORY);
+    if (directory.isOpen())
+        ::fsync(directory.get());
+}
+
+Text TextFiles::read(TextView path) const {
+    return decodeFile(readFile(path), page_);
+}
+
+std::vector<Text> TextFiles::readLines(TextView path) const {
+    const Text text = read(path);
+    std::vector<Text> lines;
+    for (std::size_t start = 0; start < text.size();) {
+        const auto end = text.find_first_of(u"\r\n", start);
+        lines.push_back(text.substr(start, end == Text::npos ? end : end - start));
+        if (end == Text::npos)
+            break;
+        start = end + (text.compare(end, 2, u"\r\n") == 0 ? 2 : 1);
+    }
+    return lines;
+}
+
+void TextFiles::writeLines(TextView path, const std::vector<Text>& lines) const {
+    Text text;
+    for (const Text& line : lines)
+        text += line + u"\r\n";
+    replaceFile(path, encodeFile(text, page_));
+}
+
+} // namespace base

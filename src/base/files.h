@@ -1,0 +1,48 @@
+// Whole files, read and replaced in one step each, and the lines of text files.
+#pragma once
+
+#include "base/code_page.h"
+#include "base/text.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace base {
+
+inline constexpr char16_t pathSeparator = u'/';
+
+// True for a file that can be opened by name; false for a folder, and for what cannot be looked at.
+bool fileExists(TextView path);
+
+// The process's current directory. Throws Failure when it has gone.
+Text currentFolder();
+
+// All bytes of the file. Throws Failure in the system's words.
+std::string readFile(TextView path);
+
+// Replaces the file as a whole: written beside it, flushed to the disk, renamed over it, so that a crash or a
+// full disk leaves the old bytes or the new ones. A link is followed, a file that is not writable is left
+// alone, permissions stay. Throws Failure in the system's words, with the old file as it was.
+void replaceFile(TextView path, std::string_view bytes);
+
+// Text files in the system's code page, by lines.
+class TextFiles {
+public:
+    explicit TextFiles(CodePage page) : page_(page) {}
+
+    // The whole text of the file. Throws Failure.
+    Text read(TextView path) const;
+
+    // The lines of the file without their ends (CR LF, CR or LF; the last line may have none). Throws
+    // Failure.
+    std::vector<Text> readLines(TextView path) const;
+
+    // Replaces the file by these lines, each ended by CR LF. Throws Failure.
+    void writeLines(TextView path, const std::vector<Text>& lines) const;
+
+private:
+    CodePage page_;
+};
+
+} // namespace base

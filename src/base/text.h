@@ -1,0 +1,35 @@
+// Rules for text. Inside the program text is UTF-16, positions and lengths count its units.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace base {
+
+using Text = std::u16string;
+using TextView = std::u16string_view;
+
+// UTF-8 both ways. A byte that is not valid UTF-8 (file names may hold any byte) becomes the lone unit U+DC00
+// + byte and goes back as that byte, so no path is ever lost. Other lone surrogates are written as U+FFFD.
+Text fromUtf8(std::string_view bytes);
+std::string toUtf8(TextView text);
+
+// The text with every "&" removed: a language entry with a menu mnemonic, shown as plain text.
+Text TogliAmp(TextView text);
+
+// The text with every "&" doubled, for a label that takes a single one as a mnemonic.
+Text doubledAmp(TextView text);
+
+// The text without blanks at either end; other white space stays.
+Text trimmed(TextView text);
+
+// The text with every occurrence of `from` (not empty) replaced by `to`, found from the left without overlap.
+Text replaced(TextView text, TextView from, TextView to);
+
+// The text with the letters A to Z in lower case; others stay.
+Text lowered(TextView text);
+
+// What stands behind the last `separator`; the whole text when there is none.
+TextView afterLast(TextView text, char16_t separator);
+
+} // namespace base

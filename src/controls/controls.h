@@ -1,0 +1,146 @@
+// The state of a window as plain data. The routines of the program act on these; a window on a screen shows
+// them and reports what the user did to them. Positions and sizes are twips, counted from the inner top left
+// of the window.
+#pragma once
+
+#include "base/text.h"
+#include "controls/property.h"
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+namespace controls {
+
+// A colour as red, green and blue in one number, red highest.
+using Color = std::uint32_t;
+
+constexpr Color rgb(unsigned red, unsigned green, unsigned blue) {
+    return red << 16U | green << 8U | blue;
+}
+
+// The design place of a control, in twips.
+struct Box {
+    double left = 0;
+    double top = 0;
+    double width = 0;
+    double height = 0;
+};
+
+// A mouse event on a control: the button of the event (1 left, 2 right, 4 middle; on a move the sum of those
+// held), and the place in twips relative to the control.
+struct MouseEvent {
+    int button = 0;
+    double x = 0;
+    double y = 0;
+};
+
+enum class Pointer { Default = 0, Hourglass = 11 };
+
+// What every control has. `name` is the given name in UTF-8, by which tests find the control on the screen.
+struct Control : Observed {
+    Control(std::string_view givenName, Box place)
+        : name(givenName), left(this, place.left), top(this, place.top), width(this, place.width),
+          height(this, place.height) {}
+
+    std::string_view name;
+    Property<double> left;
+    Property<double> top;
+    Property<double> width;
+    Property<double> height;
+    Property<bool> visible{this, true};
+    Property<bool> enabled{this, true};
+    Property<base::Text> tag{this};
+    Property<base::Text> toolTip{this};
+    Property<base::Text> pointerIcon{
+        this}; // picture file of the pointer over the control; empty: the usual one
+
+    std::function<void()> Click; // empty: nothing happens on a click
+    std::function<void(const MouseEvent&)> MouseDown = [](const MouseEvent&) {};
+    std::function<void(const MouseEvent&)> MouseMove = [](const MouseEvent&) {};
+    std::function<void(const MouseEvent&)> MouseUp = [](const MouseEvent&) {};
+};
+
+enum class Alignment { Left, Centre, Right };
+
+// A line or a few lines of text. A "&" in its caption is a mnemonic, "&&" shows one.
+struct Label : Control {
+    using Control::Control;
+
+    Property<base::Text> caption{this};
+    Property<base::Text> fontName{this, u"Arial"};
+    Property<double> fontSize{this, 9.0}; // points
+    Property<bool> fontBold{this, false};
+    Property<Color> foreColor{this, rgb(0, 0, 0)};
+    Property<Alignment> alignment{this, Alignment::Left};
+};
+
+// A picture, read from its file when `picture` changes. A file that cannot be read leaves what was shown
+// before.
+struct Picture : Control {
+    using Control::Control;
+
+    Property<base::Text> picture{this}; // path
+};
+
+// A picture that is cut off at the width of its control, not stretched: the fill of a bar.
+struct Fill : Picture {
+    using Picture::Picture;
+};
+
+// A picture that is pressed. It is offered when it is enabled and a routine stands behind it; else it is
+// shown faded.
+struct PictureButton : Picture {
+    using Picture::Picture;
+
+    bool offered() const { return enabled && Click; }
+};
+
+// An item of a menu: a command, a separator (caption "-") or, with items of its own, a menu. A command is
+// offered when it is enabled and a routine stands behind it.
+struct MenuItem : Observed {
+    explicit MenuItem(std::string_view givenName, base::Text design = u"-", std::string_view keys = {})
+        : name(givenName), shortcut(keys), caption(this, std::move(design)) {}
+
+    std::string_view name;
+    std::string_view shortcut; // such as "Ctrl+O"; empty for none
+    bool repeats = false;      // a held shortcut runs the command again and again
+    Property<base::Text> caption;
+    Property<bool> checked{this, false};
+    Property<bool> enabled{this, true};
+    Property<bool> visible{this, true};
+    std::vector<MenuItem*> items;
+
+    bool offered() const { return enabled && (Click || !items.empty()); }
+
+    std::function<void()> Click;
+};
+
+enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2 };
+
+// A window. Left, top, width and height are those of its frame on the screen; the client size is design.
+struct Window : Control {
+    Window(std::string_view givenName, Box place) : Control(givenName, place) { visible = false; }
+
+    Property<base::Text> caption{this};
+    Property<base::Text> icon{this}; // picture file
+    Property<bool> topmost{this, false};
+    Property<WindowState> windowState{this, WindowState::Normal};
+
+    // Gives the window the keyboard; the one who shows it fills this in.
+    std::function<void()> setFocus = [] {};
+    std::function<void()> Resize = [] {};
+    std::function<void(int keyCode)> KeyDown = [](int) {};
+    // The user asks for the window to be closed: true when that is refused.
+    std::function<bool()> Unload = [] { return false; };
+};
+
+// The screen: its size in twips without the system's own bars, and the pointer that all windows show.
+struct Screen : Observed {
+    Property<double> width{this, 0};
+    Property<double> height{this, 0};
+    Property<Pointer> mousePointer{this, Pointer::Default};
+};
+
+} // namespace controls

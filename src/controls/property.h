@@ -1,0 +1,63 @@
+// One value of a control, which tells its control when it changes.
+#pragma once
+
+#include <functional>
+#include <utility>
+#include <vector>
+
+namespace controls {
+
+// Something that can be watched. The one who shows a control watches it; watchers live as long as the
+// control.
+class Observed {
+public:
+    Observed() = default;
+    Observed(const Observed&) = delete;
+    Observed& operator=(const Observed&) = delete;
+
+    void observe(std::function<void()> watcher) { watchers_.push_back(std::move(watcher)); }
+
+protected:
+    ~Observed() = default;
+
+private:
+    template <typename>
+    friend class Property;
+
+    void changed() const {
+        for (const auto& watcher : watchers_)
+            watcher();
+    }
+
+    std::vector<std::function<void()>> watchers_;
+};
+
+// A value of the control `owner`. Setting the value that it has already tells nobody, so that a tick that
+// changes nothing costs nothing on the screen.
+template <typename T>
+class Property {
+public:
+    explicit Property(Observed* owner, T value = {}) : owner_(owner), value_(std::move(value)) {}
+    Property(const Property&) = delete;
+
+    Property& operator=(const Property& other) { return *this = other.value_; }
+    Property& operator=(T value) {
+        if (!(value_ == value)) {
+            value_ = std::move(value);
+            owner_->changed();
+        }
+        return *this;
+    }
+
+    const T& get() const { return value_; }
+    operator const T&() const {
+        return value_;
+    } // NOLINT(google-explicit-constructor): reads as the value that it is
+    const T* operator->() const { return &value_; }
+
+private:
+    Observed* owner_;
+    T value_;
+};
+
+} // namespace controls

@@ -1,0 +1,58 @@
+#include "desktop/application.h"
+
+#include <QFont>
+#include <QStyleFactory>
+#include <filesystem>
+#include <system_error>
+
+namespace desktop {
+
+namespace {
+
+constexpr int interfaceFontSize = 9; // points
+
+// Windows place themselves and stay on top, which the Wayland platform lets no program do.
+int& choosePlatform(int& argc) {
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "xcb");
+    return argc;
+}
+
+// One light palette, whatever the desktop's theme: the skin is drawn for it, and text is ink on paper.
+QPalette skinPalette() {
+    const QColor ink(0x1F, 0x2A, 0x44);
+    const QColor teal(0x0E, 0x7C, 0x86);
+    QPalette palette(QColor(0xEC, 0xEC, 0xEC));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, QColor(0xF5, 0xF7, 0xF8));
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+        palette.setColor(role, ink);
+        palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA3, 0xB0));
+    }
+    palette.setColor(QPalette::ToolTipBase, Qt::white);
+    palette.setColor(QPalette::Highlight, teal);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+} // namespace
+
+Application::Application(int& argc, char** argv) : QApplication(choosePlatform(argc), argv) {
+    setApplicationName(QStringLiteral("quillmere"));
+    setApplicationDisplayName(QStringLiteral("Quillmere"));
+    setQuitOnLastWindowClosed(false);
+    setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    setPalette(skinPalette());
+    setFont(QFont(QStringLiteral("Arial"), interfaceFontSize));
+}
+
+base::Text Application::commandLine(int argc, char** argv) {
+    if (argc < 2 || *argv[1] == '\0')
+        return {};
+    std::error_code failed;
+    const auto path = std::filesystem::absolute(argv[1], failed);
+    return u'"' + base::fromUtf8(failed ? argv[1] : path.lexically_normal().string()) + u'"';
+}
+
+} // namespace desktop

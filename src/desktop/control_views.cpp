@@ -1,0 +1,207 @@
+#include "desktop/control_views.h"
+
+#include "desktop/conversions.h"
+#include "desktop/pictures.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTextLayout>
+
+namespace desktop {
+
+namespace {
+
+constexpr double fadedStrength = 0.35;
+constexpr double pixelsPerPoint =
+    96.0 / 72; // the skin has a fixed scale, whatever the screen says of its own
+
+QRect place(const controls::Control& control) {
+    return {pixels(control.left), pixels(control.top), pixels(control.width), pixels(control.height)};
+}
+
+controls::MouseEvent mouseEvent(const QMouseEvent& event, Qt::MouseButtons buttons) {
+    // Qt numbers left, right and middle as the program does.
+    return {static_cast<int>(buttons.toInt() & 7U), twips(event.position().x()), twips(event.position().y())};
+}
+
+// The caption as it is read: a "&" marks a mnemonic and is not shown, "&&" shows one.
+QString withoutMnemonics(const base::Text& caption) {
+    QString shown;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        if (caption[i] == u'&' && ++i == caption.size())
+            break;
+        shown += QChar(caption[i]);
+    }
+    return shown;
+}
+
+// Lays the text out in lines of `width` pixels, as many as `height` holds; the last one is cut with an
+// ellipsis.
+class Lines {
+public:
+    Lines(QString text, const QFont& font, QSize space) : layout_(std::move(text), font) {
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout_.setTextOption(option);
+        layout_.beginLayout();
+        for (QTextLine line = layout_.createLine(); line.isValid(); line = layout_.createLine()) {
+            line.setLineWidth(space.width());
+            if (height_ > 0 && height_ + line.height() > space.height()) {
+                cutAt(line.textStart(), space.width());
+                break;
+            }
+            line.setPosition(QPointF(0, height_));
+            height_ += line.height();
+            ++shown_;
+        }
+        layout_.endLayout();
+    }
+
+    double height() const { return height_; }
+
+    void draw(QPainter& painter, QRect area, controls::Alignment alignment, double top) const {
+        for (int i = 0; i < shown_; ++i) {
+            const QTextLine line = layout_.lineAt(i);
+            const QString cut = i == shown_ - 1 ? lastLine_ : QString();
+            const double width = cut.isEmpty() ? line.naturalTextWidth()
+                                               : QFontMetricsF(layout_.font()).horizontalAdvance(cut);
+            const double left = alignment == controls::Alignment::Left     ? 0
+                                : alignment == controls::Alignment::Centre ? (area.width() - width) / 2
+                                                                           : area.width() - width;
+            // On whole pixels: letters between two of them look blurred at this size.
+            const QPointF at(area.left() + std::floor(left), area.top() + std::floor(top));
+            if (cut.isEmpty())
+                line.draw(&painter, at);
+            else
+                painter.drawText(at + QPointF(0, line.y() + line.ascent()), cut);
+        }
+    }
+
+private:
+    void cutAt(int hidden, int width) {
+        if (shown_ == 0)
+            return;
+        const int start = layout_.lineAt(shown_ - 1).textStart();
+        const QFontMetricsF metrics(layout_.font());
+        const QString rest = layout_.text().mid(start);
+        lastLine_ = metrics.elidedText(rest, Qt::ElideRight, width);
+        if (lastLine_ == rest)
+            lastLine_ = rest.left(hidden - start) + QChar(0x2026);
+    }
+
+    QTextLayout layout_;
+    QString lastLine_;
+    double height_ = 0;
+    int shown_ = 0;
+};
+
+} // namespace
+
+ControlView::ControlView(controls::Control& control, QWidget* parent) : QWidget(parent), control_(control) {
+    setObjectName(qstring(control.name));
+    setMouseTracking(true);
+    control.observe([this] { follow(); });
+    setGeometry(place(control_));
+}
+
+void ControlView::follow() {
+    setGeometry(place(control_));
+    if (isHidden() == control_.visible)
+        setVisible(control_.visible);
+    if (const QString tip = qstring(control_.toolTip); tip != toolTip())
+        setToolTip(tip);
+    if (pointerIcon_ != control_.pointerIcon.get()) {
+        pointerIcon_ = control_.pointerIcon;
+        setCursor(loadPointer(pointerIcon_, devicePixelRatioF()));
+    }
+}
+
+void ControlView::mousePressEvent(QMouseEvent* event) {
+    control_.MouseDown(mouseEvent(*event, event->button()));
+}
+
+void ControlView::mouseMoveEvent(QMouseEvent* event) {
+    control_.MouseMove(mouseEvent(*event, event->buttons()));
+}
+
+void ControlView::mouseReleaseEvent(QMouseEvent* event) {
+    control_.MouseUp(mouseEvent(*event, event->button()));
+    const bool inside = rect().contains(event->position().toPoint());
+    if (event->button() == Qt::LeftButton && inside && control_.enabled && control_.Click)
+        control_.Click();
+}
+
+PictureView::PictureView(controls::Picture& picture, QWidget* parent)
+    : ControlView(picture, parent), picture_(picture) {
+    PictureView::follow();
+}
+
+void PictureView::follow() {
+    ControlView::follow();
+    if (shown_ == picture_.picture.get())
+        return;
+    shown_ = picture_.picture;
+    QPixmap loaded = loadPicture(shown_, devicePixelRatioF());
+    if (loaded.isNull())
+        return;
+    pixmap_ = std::move(loaded);
+    update();
+}
+
+void PictureView::paintEvent(QPaintEvent*) {
+    if (pixmap_.isNull())
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.setOpacity(strength());
+    painter.drawPixmap(target(), pixmap_);
+}
+
+QRect FillView::target() const {
+    return {QPoint(0, 0), pixmap().deviceIndependentSize().toSize()};
+}
+
+PictureButtonView::PictureButtonView(controls::PictureButton& button, QWidget* parent)
+    : PictureView(button, parent), button_(button), offered_(button.offered()) {}
+
+void PictureButtonView::follow() {
+    PictureView::follow();
+    if (offered_ == button_.offered())
+        return;
+    offered_ = button_.offered();
+    update();
+}
+
+double PictureButtonView::strength() const {
+    return offered_ ? 1 : fadedStrength;
+}
+
+LabelView::LabelView(controls::Label& label, QWidget* parent) : ControlView(label, parent), label_(label) {
+    LabelView::follow();
+}
+
+void LabelView::follow() {
+    ControlView::follow();
+    QFont font(qstring(label_.fontName));
+    font.setPixelSize(static_cast<int>(std::lround(label_.fontSize * pixelsPerPoint)));
+    font.setBold(label_.fontBold);
+    if (caption_ == label_.caption.get() && font_ == font && color_ == label_.foreColor)
+        return;
+    caption_ = label_.caption;
+    shown_ = withoutMnemonics(caption_);
+    font_ = font;
+    color_ = label_.foreColor;
+    update();
+}
+
+void LabelView::paintEvent(QPaintEvent*) {
+    if (shown_.isEmpty())
+        return;
+    QPainter painter(this);
+    painter.setPen(QColor(color_));
+    painter.setFont(font_);
+    const Lines lines(shown_, font_, size());
+    lines.draw(painter, rect(), label_.alignment, (height() - lines.height()) / 2);
+}
+
+} // namespace desktop

@@ -1,0 +1,160 @@
+#include "desktop/form1_window.h"
+
+#include "desktop/control_views.h"
+#include "desktop/conversions.h"
+#include "desktop/menus.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <QWindow>
+
+namespace desktop {
+
+namespace {
+
+constexpr int escapeKey = 27;
+
+// The skin with all controls on it; it reports the mouse beside them.
+class SkinView : public QWidget {
+public:
+    SkinView(player::Form1& form, QWidget* parent) : QWidget(parent), form_(form) {
+        setObjectName(QStringLiteral("skin"));
+        setMouseTracking(true);
+        setFixedSize(pixels(player::Form1::clientWidth), pixels(player::Form1::clientHeight));
+        form.forEachControl([this](auto& control) { add(control); });
+    }
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override {
+        const auto held = static_cast<int>(event->buttons().toInt() & 7U);
+        form_.MouseMove({held, twips(event->position().x()), twips(event->position().y())});
+    }
+
+private:
+    // Qt's parent owns them all; the one added last lies on top.
+    void add(controls::Control& control) { new ControlView(control, this); }
+    void add(controls::Picture& picture) { new PictureView(picture, this); }
+    void add(controls::Fill& fill) { new FillView(fill, this); }
+    void add(controls::PictureButton& button) { new PictureButtonView(button, this); }
+    void add(controls::Label& label) { new LabelView(label, this); }
+
+    player::Form1& form_;
+};
+
+} // namespace
+
+Form1Window::Form1Window(player::Form1& form) : form_(form) {
+    setObjectName(qstring(form.name));
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint);
+    QPalette white = palette();
+    white.setColor(QPalette::Window, Qt::white);
+    setPalette(white);
+    setWindowIcon(QIcon(qstring(form.icon)));
+
+    auto* const menuBar = new QMenuBar(this);
+    buildMenus(*menuBar, form.menuBar);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->setMenuBar(menuBar);
+    layout->addWidget(new SkinView(form, this));
+
+    const QSize available = screen()->availableSize();
+    form.screen.width = twips(available.width());
+    form.screen.height = twips(available.height());
+    form.screen.observe([this] { followPointer(); });
+    form.observe([this] { follow(); });
+    form.setFocus = [this] {
+        raise();
+        activateWindow();
+    };
+    adjustSize();
+    reportPlace();
+    follow();
+}
+
+void Form1Window::follow() {
+    if (reporting_)
+        return;
+    setWindowTitle(qstring(form_.caption));
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != form_.topmost) {
+        // The window's own handle, once there is one: the widget's way of it hides the window for a moment.
+        if (QWindow* const handle = windowHandle())
+            handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
+        else
+            setWindowFlag(Qt::WindowStaysOnTopHint, form_.topmost);
+    }
+    const QPoint corner(pixels(form_.left), pixels(form_.top));
+    if (corner != frameGeometry().topLeft())
+        move(corner);
+    if (isHidden() == form_.visible)
+        setVisible(form_.visible);
+}
+
+void Form1Window::followPointer() const {
+    const bool waiting = QGuiApplication::overrideCursor() != nullptr;
+    const bool shouldWait = form_.screen.mousePointer == controls::Pointer::Hourglass;
+    if (waiting == shouldWait)
+        return;
+    if (shouldWait)
+        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QGuiApplication::restoreOverrideCursor();
+}
+
+void Form1Window::reportPlace() {
+    reporting_ = true;
+    form_.left = twips(frameGeometry().left());
+    form_.top = twips(frameGeometry().top());
+    form_.width = twips(frameGeometry().width());
+    form_.height = twips(frameGeometry().height());
+    reporting_ = false;
+}
+
+void Form1Window::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::WindowStateChange)
+        return;
+    reporting_ = true;
+    form_.windowState = isMinimized() ? controls::WindowState::Minimised : controls::WindowState::Normal;
+    reporting_ = false;
+    form_.Resize();
+}
+
+void Form1Window::closeEvent(QCloseEvent* event) {
+    // The exit sequence ends the process, or the user cancelled it: either way this window does not close by
+    // itself.
+    event->ignore();
+    form_.Unload();
+}
+
+void Form1Window::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        form_.KeyDown(escapeKey);
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void Form1Window::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (isVisible())
+        reportPlace();
+}
+
+void Form1Window::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (isVisible())
+        reportPlace();
+}
+
+void Form1Window::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    reportPlace();
+}
+
+} // namespace desktop

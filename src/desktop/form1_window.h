@@ -1,0 +1,33 @@
+#pragma once
+
+#include "player/form1.h"
+
+#include <QWidget>
+
+namespace desktop {
+
+// Shows the player window and reports what the user does to it. Its skin keeps its size; above it lies the
+// menu bar.
+class Form1Window : public QWidget {
+public:
+    explicit Form1Window(player::Form1& form);
+
+protected:
+    void changeEvent(QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void follow();
+    void followPointer() const;
+    // Tells the data where the window stands and how large its frame is.
+    void reportPlace();
+
+    player::Form1& form_;
+    bool reporting_ = false; // the data follows the window now, not the other way round
+};
+
+} // namespace desktop

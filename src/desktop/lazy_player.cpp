@@ -1,0 +1,102 @@
+#include "desktop/lazy_player.h"
+
+#include <QLoggingCategory>
+#include <dlfcn.h>
+
+namespace desktop {
+
+void LazyPlayer::prepare() {
+    if (engine_ || failed_)
+        return;
+    using Make = platform::MediaPlayer* (*)();
+    // Never unloaded: the libraries behind it leave threads and exit handlers of their own.
+    void* const library = ::dlopen(module_.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library) {
+        if (const auto make = reinterpret_cast<Make>(::dlsym(library, "quillmere_media_player")))
+            engine_.reset(make());
+    }
+    failed_ = !engine_;
+    if (failed_) {
+        const char* const reason = ::dlerror();
+        qCritical("The media player could not be loaded: %s", reason ? reason : "the engine did not start");
+        return;
+    }
+    engine_->setRate(rate_);
+    engine_->setVolume(volume_);
+}
+
+void LazyPlayer::setURL(base::TextView path) {
+    if (!path.empty())
+        prepare();
+    if (engine_)
+        engine_->setURL(path);
+}
+
+base::Text LazyPlayer::URL() const {
+    return engine_ ? engine_->URL() : base::Text();
+}
+
+void LazyPlayer::close() {
+    if (engine_)
+        engine_->close();
+}
+
+platform::PlayState LazyPlayer::playState() const {
+    if (engine_)
+        return engine_->playState();
+    return failed_ ? platform::PlayState::Stopped : platform::PlayState::Undefined;
+}
+
+void LazyPlayer::play() {
+    if (engine_)
+        engine_->play();
+}
+
+void LazyPlayer::pause() {
+    if (engine_)
+        engine_->pause();
+}
+
+void LazyPlayer::stop() {
+    if (engine_)
+        engine_->stop();
+}
+
+double LazyPlayer::currentPosition() const {
+    return engine_ ? engine_->currentPosition() : 0;
+}
+
+void LazyPlayer::setCurrentPosition(double seconds) {
+    if (engine_)
+        engine_->setCurrentPosition(seconds);
+}
+
+base::Text LazyPlayer::currentPositionString() const {
+    return engine_ ? engine_->currentPositionString() : base::Text();
+}
+
+double LazyPlayer::duration() const {
+    return engine_ ? engine_->duration() : 0;
+}
+
+base::Text LazyPlayer::durationString() const {
+    return engine_ ? engine_->durationString() : base::Text();
+}
+
+double LazyPlayer::rate() const {
+    return engine_ ? engine_->rate() : rate_;
+}
+
+void LazyPlayer::setRate(double factor) {
+    rate_ = factor;
+    if (engine_)
+        engine_->setRate(factor);
+}
+
+void LazyPlayer::setVolume(int percent) {
+    volume_ = percent;
+    if (engine_)
+        engine_->setVolume(percent);
+}
+
+} // namespace desktop

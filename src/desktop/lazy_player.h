@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/media_player.h"
+
+#include <memory>
+#include <string>
+
+namespace desktop {
+
+// The media player, whose engine is a module loaded when a file needs it: the shared libraries behind it cost
+// more start time and memory than all the rest of the program. Until then it answers as a player without
+// media.
+class LazyPlayer : public platform::MediaPlayer {
+public:
+    // `module` is the path of the shared object, in UTF-8.
+    explicit LazyPlayer(std::string module) : module_(std::move(module)) {}
+
+    // Loads the engine now, in a quiet moment, so that the first file does not wait for it.
+    void prepare();
+
+    void setURL(base::TextView path) override;
+    base::Text URL() const override;
+    void close() override;
+    platform::PlayState playState() const override;
+    void play() override;
+    void pause() override;
+    void stop() override;
+    double currentPosition() const override;
+    void setCurrentPosition(double seconds) override;
+    base::Text currentPositionString() const override;
+    double duration() const override;
+    base::Text durationString() const override;
+    double rate() const override;
+    void setRate(double factor) override;
+    void setVolume(int percent) override;
+
+private:
+    std::string module_;
+    std::unique_ptr<platform::MediaPlayer> engine_;
+    bool failed_ = false;
+    // What the engine will be told once it is there.
+    double rate_ = 1;
+    int volume_ = 50;
+};
+
+} // namespace desktop

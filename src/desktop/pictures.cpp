@@ -1,0 +1,45 @@
+#include "desktop/pictures.h"
+
+#include "desktop/conversions.h"
+
+#include <QImageReader>
+
+namespace desktop {
+
+namespace {
+
+constexpr QSize pointerSize(32, 32);
+constexpr QPoint fingerTip(11, 3); // pixels of the pointer picture; an icon file cannot tell it
+
+} // namespace
+
+QPixmap loadPicture(base::TextView path, double devicePixelRatio) {
+    const QString name = qstring(path);
+    if (devicePixelRatio > 1) {
+        const auto point = name.lastIndexOf(u'.');
+        QPixmap fine(name.left(point) + QStringLiteral("@2x") + name.mid(point));
+        if (!fine.isNull()) {
+            fine.setDevicePixelRatio(2);
+            return fine;
+        }
+    }
+    return QPixmap(name);
+}
+
+QCursor loadPointer(base::TextView path, double devicePixelRatio) {
+    QImageReader reader(qstring(path));
+    const QSize wanted = devicePixelRatio > 1 ? pointerSize * 2 : pointerSize;
+    for (int i = 0; i < reader.imageCount(); ++i) {
+        if (!reader.jumpToImage(i))
+            break;
+        if (reader.size() != wanted)
+            continue;
+        QPixmap pixmap = QPixmap::fromImage(reader.read());
+        pixmap.setDevicePixelRatio(devicePixelRatio > 1 ? 2 : 1);
+        if (!pixmap.isNull())
+            return QCursor(pixmap, fingerTip.x(), fingerTip.y());
+    }
+    return {};
+}
+
+} // namespace desktop

@@ -1,0 +1,23 @@
+#include "desktop/qt_desktop.h"
+
+#include <QTimer>
+
+namespace desktop {
+
+namespace {
+
+constexpr int quietAfter = 1500; // ms from the first window on
+
+} // namespace
+
+QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so") {}
+
+void QtDesktop::show(player::Form1& form) {
+    form1_ = std::make_unique<Form1Window>(form);
+}
+
+void QtDesktop::prepareInIdleTime() {
+    QTimer::singleShot(quietAfter, form1_.get(), [this] { player_.prepare(); });
+}
+
+} // namespace desktop

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/desktop.h"
+#include "desktop/form1_window.h"
+#include "desktop/lazy_player.h"
+#include "desktop/qt_dialogs.h"
+#include "desktop/qt_event_loop.h"
+#include "desktop/qt_system.h"
+
+#include <memory>
+
+namespace desktop {
+
+// The real desktop: Qt's windows and services, and the media player's module.
+class QtDesktop : public app::Desktop {
+public:
+    QtDesktop();
+
+    platform::System& system() override { return system_; }
+    platform::EventLoop& eventLoop() override { return eventLoop_; }
+    platform::Dialogs& dialogs() override { return dialogs_; }
+    platform::MediaPlayer& mediaPlayer() override { return player_; }
+    base::CodePage codePage() override { return QtSystem::codePage(); }
+    void show(player::Form1& form) override;
+
+    // Loads in a quiet moment what the first command would have to wait for.
+    void prepareInIdleTime();
+    // Takes the windows away, while the data that they show is still there.
+    void closeWindows() { form1_.reset(); }
+
+private:
+    QtSystem system_;
+    QtEventLoop eventLoop_;
+    QtDialogs dialogs_;
+    LazyPlayer player_;
+    std::unique_ptr<Form1Window> form1_;
+};
+
+} // namespace desktop

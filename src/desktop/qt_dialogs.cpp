@@ -1,0 +1,103 @@
+#include "desktop/qt_dialogs.h"
+
+#include "desktop/conversions.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+
+namespace desktop {
+
+namespace {
+
+using platform::Answer;
+using platform::BoxStyle;
+
+QMessageBox::StandardButtons buttons(BoxStyle style) {
+    switch (style) {
+    case BoxStyle::YesNoExclamation:
+        return QMessageBox::Yes | QMessageBox::No;
+    case BoxStyle::YesNoCancelExclamation:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case BoxStyle::Information:
+    case BoxStyle::Exclamation:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+Answer answer(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::OK;
+    }
+}
+
+// The dialog's filters: "name (*.a *.b)" for each pair of a name and its patterns.
+QStringList nameFilters(const base::Text& filter) {
+    const QStringList fields = qstring(filter).split(QChar(u'\0'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
+        QString patterns = fields[i + 1];
+        patterns.replace(u';', u' ');
+        // On this platform "*.*" would leave out the names without a point.
+        if (patterns == QLatin1String("*.*"))
+            patterns = QStringLiteral("*");
+        filters << QStringLiteral("%1 (%2)").arg(fields[i], patterns);
+    }
+    return filters;
+}
+
+} // namespace
+
+Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setObjectName(QStringLiteral("messageBox"));
+    box.setIcon(style == BoxStyle::Information ? QMessageBox::Information : QMessageBox::Warning);
+    box.setWindowTitle(title.empty() ? QApplication::applicationDisplayName() : qstring(title));
+    box.setTextFormat(Qt::PlainText);
+    QString lines = qstring(text);
+    lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+    box.setText(lines);
+    box.setStandardButtons(buttons(style));
+    // The player stays on top of all windows, and a box behind it would look like a hang.
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    return answer(box.exec());
+}
+
+base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
+    QFileDialog dialog(window(request.owner), qstring(request.title), qstring(request.initialFolder));
+    dialog.setObjectName(QStringLiteral("FileDlg"));
+    dialog.setAcceptMode(request.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setFileMode(request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    dialog.setDefaultSuffix(qstring(request.defaultExtension));
+    dialog.setNameFilters(nameFilters(request.filter));
+    dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    if (!request.fileName.empty())
+        dialog.selectFile(qstring(request.fileName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    const QString chosen = dialog.selectedFiles().constFirst();
+    QDir::setCurrent(QFileInfo(chosen).absolutePath());
+    return text(chosen);
+}
+
+QWidget* QtDialogs::window(std::string_view name) {
+    const QString wanted = qstring(name);
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == wanted)
+            return widget;
+    }
+    return nullptr;
+}
+
+} // namespace desktop

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/dialogs.h"
+
+#include <QWidget>
+
+namespace desktop {
+
+// Message boxes and file dialogs on Qt's own.
+class QtDialogs : public platform::Dialogs {
+public:
+    platform::Answer messageBox(base::TextView text, base::TextView title, platform::BoxStyle style) override;
+    base::Text FileDlg(const platform::FileDialogRequest& request) override;
+
+private:
+    // The window on the screen with this given name; null when there is none.
+    static QWidget* window(std::string_view name);
+};
+
+} // namespace desktop

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "base/code_page.h"
+#include "platform/system.h"
+
+namespace desktop {
+
+// The system around the program: its folder, the user's locale, the one instance, the end of the process.
+class QtSystem : public platform::System {
+public:
+    QtSystem();
+    ~QtSystem() override;
+    QtSystem(const QtSystem&) = delete;
+    QtSystem& operator=(const QtSystem&) = delete;
+
+    base::Text programFolder() const override { return programFolder_; }
+    base::Text LeggiLocale(int setting) const override;
+    bool previousInstance() override;
+    void endProcess() override;
+
+    // The page of the user's language.
+    static base::CodePage codePage();
+
+private:
+    base::Text programFolder_;
+    int place_ = -1; // the socket whose name says that this program runs
+};
+
+} // namespace desktop

@@ -1,0 +1,30 @@
+// What the program asks of the system around it.
+#pragma once
+
+#include "base/text.h"
+
+namespace platform {
+
+// The system's own facts and services.
+class System {
+public:
+    virtual ~System() = default;
+
+    // Folder of the executable, without a separator at its end. All data lies below it.
+    virtual base::Text programFolder() const = 0;
+
+    // The text of one locale setting of the user; empty when there is none.
+    virtual base::Text LeggiLocale(int setting) const = 0;
+
+    // True when this program already runs from the same folder for the same user. The first call claims the
+    // place; a process that ends in any way frees it.
+    virtual bool previousInstance() = 0;
+
+    // Ends the process when the handler that runs has returned.
+    virtual void endProcess() = 0;
+};
+
+// The setting of LeggiLocale that the program reads: the English name of the user's country.
+inline constexpr int localeEnglishCountry = 4098;
+
+} // namespace platform

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "player/companions.h"
+#include "player/form1.h"
+
+namespace player {
+
+// Writes the language table to the player window and, through `companions`, to the windows around it. The run
+// state goes back to the word for play, whatever the player does at that moment.
+void ApplicaLingua(Form1& form, Companions& companions);
+
+} // namespace player

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/dialogs.h"
+#include "player/companions.h"
+#include "player/form1.h"
+#include "player/media_session.h"
+#include "player/preferences.h"
+
+namespace player {
+
+// The full open of a media file: question, checks, marks, recent list, and the keyboard back to the editor.
+class MediaOpener {
+public:
+    MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Preferences& preferences,
+                Companions& companions);
+
+    // Opens the file at this path; the empty text asks the user for one.
+    void ApriMedia(base::TextView path);
+
+    // The open button of the skin.
+    void Image3_Click();
+
+private:
+    base::Text askForMedia();
+
+    Form1& form_;
+    MediaSession& session_;
+    platform::Dialogs& dialogs_;
+    Preferences& preferences_;
+    Companions& companions_;
+};
+
+} // namespace player

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "base/text.h"
+
+#include <cstdint>
+
+namespace player {
+
+// Options of the program that no control holds. They go to the settings file with the rest.
+struct Preferences {
+    std::int16_t SecSalto = 0;    // seconds of one step forward or back
+    std::int16_t SecIndietro = 0; // seconds that every pause steps back
+    std::int16_t TempoPlay = 0;   // seconds of a play phase of the timed cycle
+    std::int16_t TempoPause = 0;  // seconds of a pause phase
+    base::Text CartellaMedia;     // folder in which the file dialogs open
+};
+
+} // namespace player

@@ -1,0 +1,106 @@
+#include "player/transport.h"
+
+#include "base/carry_on.h"
+#include "base/numbers.h"
+
+namespace player {
+
+namespace {
+
+constexpr int displayPeriod = 100; // ms
+constexpr int watchPeriod = 200;   // ms
+constexpr std::int16_t msPerSecond = 1000;
+constexpr std::int16_t leastStep = 2; // seconds, where no step was ever set
+
+} // namespace
+
+Transport::Transport(Form1& form, Preferences& preferences, Companions& companions)
+    : form_(form), preferences_(preferences), companions_(companions) {
+    form_.cmdPlay.Click = form_.mnuPlay.Click = [this] { cmdPlay_Click(); };
+    form_.cmdAvanz.Click = form_.mnuAvanti.Click = [this] { cmdAvanz_Click(); };
+    form_.cmdIndietro.Click = form_.mnuIndietro.Click = [this] { cmdIndietro_Click(); };
+    form_.cmdStop.Click = form_.mnuStop.Click = [this] { mnuStop_Click(); };
+    form_.Timer4.Tick = [this] { Timer4_Timer(); };
+}
+
+void Transport::cmdPlay_Click() {
+    if (form_.cmdPlay.tag.get() == form_.Lingua(7))
+        startPlaying();
+    else
+        holdWithStepBack();
+    form_.FlagHoverSkin = 0;
+    companions_.TornaAllEditor();
+}
+
+void Transport::startPlaying() {
+    form_.cmdPlay.tag = form_.Lingua(8);
+    form_.mnuPlay.caption = form_.Lingua(8);
+    if (form_.WMP1.currentPosition() == 0)
+        form_.WMP1.pause();
+    form_.WMP1.play();
+    form_.Timer1.setInterval(displayPeriod);
+    form_.Timer4.setInterval(watchPeriod);
+    if (form_.mnuSmartPlay.checked) {
+        // The period is a 16-bit number: from 33 s on it does not fit and stays as it was.
+        base::carryOn(
+            [&] { form_.Timer5.setInterval(base::productInt16(preferences_.TempoPlay, msPerSecond)); });
+        form_.Timer5.setEnabled(true);
+    } else {
+        form_.Timer5.setInterval(0);
+        form_.Timer5.setEnabled(false);
+    }
+    form_.cmdIndietro.enabled = true;
+    form_.cmdAvanz.enabled = true;
+    form_.Shape1.visible = true;
+    if (form_.HoverPlay == 0)
+        form_.load(form_.cmdPlay, u"pause.jpg");
+}
+
+void Transport::holdWithStepBack() {
+    form_.cmdPlay.tag = form_.Lingua(7);
+    form_.mnuPlay.caption = form_.Lingua(7);
+    form_.Timer5.setInterval(0);
+    form_.Timer5.setEnabled(false);
+    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() - preferences_.SecIndietro);
+    form_.WMP1.pause();
+    if (form_.HoverPlay == 0 && form_.Label4.visible)
+        form_.load(form_.cmdPlay, u"play.jpg");
+}
+
+void Transport::cmdAvanz_Click() {
+    step(+1);
+}
+
+void Transport::cmdIndietro_Click() {
+    step(-1);
+}
+
+void Transport::step(int direction) {
+    if (preferences_.SecSalto == 0)
+        preferences_.SecSalto = leastStep;
+    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() + direction * preferences_.SecSalto);
+    form_.Timer1.Tick();
+    companions_.TornaAllEditor();
+}
+
+void Transport::mnuStop_Click() {
+    form_.Timer1.Tick();
+    form_.Timer1.setInterval(0);
+    form_.WMP1.stop();
+    form_.Label2.caption = u"0:00 / " + base::replaced(form_.WMP1.durationString(), u".", u":");
+    form_.cmdPlay.tag = form_.Lingua(7);
+    form_.load(form_.cmdPlay, u"play.jpg");
+    companions_.endSmartPlay();
+}
+
+void Transport::Timer4_Timer() {
+    const platform::PlayState state = form_.WMP1.playState();
+    form_.screen.mousePointer = state == platform::PlayState::Transitioning ? controls::Pointer::Hourglass
+                                                                            : controls::Pointer::Default;
+    if (state == platform::PlayState::Stopped) {
+        mnuStop_Click();
+        form_.Timer4.setInterval(0);
+    }
+}
+
+} // namespace player

@@ -1,0 +1,72 @@
+#include "base/carry_on.h"
+#include "base/code_page.h"
+#include "base/field_reader.h"
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+using base::Text;
+
+TEST(Text, Utf8_AnyBytes_ComeBackAsTheyWere) {
+    for (const std::string bytes : {"plain", "caf\xC3\xA9", "\xF0\x9F\x8E\xA4", "broken \xC3", "\xFF\xFE",
+                                    "\xED\xA0\x80", "\xC0\xAF over\xE0\x80\xAFlong", "\xF4\x90\x80\x80"})
+        EXPECT_EQ(base::toUtf8(base::fromUtf8(bytes)), bytes);
+    EXPECT_EQ(base::fromUtf8("\xF0\x9F\x8E\xA4"), u"\U0001F3A4");
+    EXPECT_EQ(base::toUtf8(Text{0xD800, u'x'}), "\xEF\xBF\xBDx");
+}
+
+TEST(Text, Ampersands_AreTakenAwayOrDoubled) {
+    EXPECT_EQ(base::TogliAmp(u"&Save && &close&"), u"Save  close");
+    EXPECT_EQ(base::doubledAmp(u"R&B & soul"), u"R&&B && soul");
+}
+
+TEST(Text, Trimmed_TakesBlanksAlone) {
+    EXPECT_EQ(base::trimmed(u"  a\t b  "), u"a\t b");
+    EXPECT_EQ(base::trimmed(u"   "), u"");
+}
+
+TEST(Text, AfterLast_WithoutSeparator_IsTheWhole) {
+    EXPECT_EQ(base::afterLast(u"/a/b.mp3", u'/'), u"b.mp3");
+    EXPECT_EQ(base::afterLast(u"b.mp3", u'/'), u"b.mp3");
+    EXPECT_EQ(base::afterLast(u"/a/", u'/'), u"");
+}
+
+TEST(CodePage, EveryByte_OfEveryPage_SurvivesReadingAndWriting) {
+    std::string all;
+    for (int byte = 1; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    for (const int number : {874, 1250, 1251, 1252, 1253, 1254, 1255, 1256, 1257, 1258, 65001}) {
+        const base::CodePage page(number);
+        EXPECT_EQ(page.encode(page.decode(all)), all) << number;
+    }
+}
+
+TEST(CodePage, Letters_StandWhereThePageHasThem) {
+    EXPECT_EQ(base::CodePage(1252).decode("\x80\xE9"), u"€é");
+    EXPECT_EQ(base::CodePage(1251).decode("\xCF\xF0"), u"Пр");
+    EXPECT_EQ(base::CodePage(base::CodePage::numberForLanguage("hu")).decode("\xF5"), u"ő");
+    EXPECT_EQ(base::CodePage::numberForLanguage("it"), 1252);
+}
+
+TEST(CodePage, File_WithTextOfAnotherScript_IsUtf8WithMark) {
+    const base::CodePage page(1252);
+    EXPECT_EQ(base::encodeFile(u"déjà", page), "d\xE9j\xE0");
+    EXPECT_EQ(base::encodeFile(u"Я", page), "\xEF\xBB\xBF\xD0\xAF");
+    for (const Text text : {u"déjà", u"Я и ты", u"\u00EF\u00BB\u00BFlooks like a mark", u""})
+        EXPECT_EQ(base::decodeFile(base::encodeFile(text, page), page), text);
+}
+
+TEST(FieldReader, Fields_EndAsACommaSeparatedInputEndsThem) {
+    base::FieldReader fields(u"  a b ,\"c, d\" x,e\r\n\r\n\"f\"\ng,\r\n  \"open");
+    for (const Text expected : {u"a b ", u"c, d", u"e", u"", u"f", u"g", u"", u"open"})
+        EXPECT_EQ(fields.text(), expected);
+    EXPECT_THROW(fields.text(), base::Failure);
+}
+
+TEST(FieldReader, Number_ThatDoesNotFit_FailsAndIsUsedUp) {
+    base::FieldReader fields(u"40000\r\n7\r\nrubbish\r\n-32768");
+    EXPECT_THROW(fields.int16(), base::Failure);
+    EXPECT_EQ(fields.int16(), 7);
+    EXPECT_EQ(fields.int16(), 0);
+    EXPECT_EQ(fields.int16(), -32768);
+}

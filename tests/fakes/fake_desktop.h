@@ -1,0 +1,117 @@
+#pragma once
+
+#include "app/desktop.h"
+#include "fakes/fake_player.h"
+#include "fakes/temporary_folder.h"
+#include "fakes/virtual_loop.h"
+
+#include <deque>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace fakes {
+
+// Boxes and dialogs that note what they show and answer what the test laid ready.
+class FakeDialogs : public platform::Dialogs {
+public:
+    struct Box {
+        base::Text text;
+        base::Text title;
+        platform::BoxStyle style;
+    };
+
+    std::vector<Box> boxes;
+    std::vector<platform::FileDialogRequest> requests;
+    std::deque<platform::Answer> answers; // OK when none is left
+    std::deque<base::Text> choices;       // cancel when none is left
+    std::function<void()> whileOpen = [] {};
+
+    platform::Answer messageBox(base::TextView text, base::TextView title,
+                                platform::BoxStyle style) override {
+        boxes.push_back({base::Text(text), base::Text(title), style});
+        whileOpen();
+        return next(answers, platform::Answer::OK);
+    }
+    base::Text FileDlg(const platform::FileDialogRequest& request) override {
+        requests.push_back(request);
+        whileOpen();
+        return next(choices, base::Text());
+    }
+
+private:
+    template <typename T>
+    static T next(std::deque<T>& laidReady, T otherwise) {
+        if (laidReady.empty())
+            return otherwise;
+        T first = std::move(laidReady.front());
+        laidReady.pop_front();
+        return first;
+    }
+};
+
+class FakeSystem : public platform::System {
+public:
+    base::Text folder;
+    base::Text country = u"United Kingdom";
+    bool alreadyRunning = false;
+    bool ended = false;
+
+    base::Text programFolder() const override { return folder; }
+    base::Text LeggiLocale(int setting) const override {
+        return setting == platform::localeEnglishCountry ? country : base::Text();
+    }
+    bool previousInstance() override { return alreadyRunning; }
+    void endProcess() override { ended = true; }
+};
+
+// A desktop without a screen: virtual time, a temporary program folder with the shipped kind of files in it.
+class FakeDesktop : public app::Desktop {
+public:
+    TemporaryFolder folder;
+    VirtualLoop loop;
+    FakeSystem systemPort;
+    FakeDialogs dialogPort;
+    FakePlayer player{loop};
+    player::Form1* form1 = nullptr;
+
+    FakeDesktop() {
+        systemPort.folder = base::fromUtf8(folder.path().string());
+        std::filesystem::create_directories(folder.path() / "Files/Lang");
+        std::filesystem::create_directories(folder.path() / "Bookmarks");
+        layLanguage("English.lng", 136);
+    }
+
+    // A language file in which entry n reads "&<first letters of the file's name>n".
+    void layLanguage(const std::string& name, int lines) const {
+        std::string bytes;
+        for (int n = 0; n < lines; ++n)
+            bytes += "123&" + name.substr(0, 2) + std::to_string(n) + "\r\n";
+        folder.write("Files/Lang/" + name, bytes);
+    }
+    void laySettings(const std::vector<std::string>& lines) const {
+        std::string bytes;
+        for (const std::string& line : lines)
+            bytes += line + "\r\n";
+        folder.write("Files/Quillmere.ini", bytes);
+    }
+    // A media file that the player can play for so many seconds; the command line that opens it.
+    base::Text layMedia(const std::string& name, double seconds) {
+        folder.write(name, "sound");
+        player.lengths[folder.text(name)] = seconds;
+        return folder.text(name);
+    }
+
+    platform::System& system() override { return systemPort; }
+    platform::EventLoop& eventLoop() override { return loop; }
+    platform::Dialogs& dialogs() override { return dialogPort; }
+    platform::MediaPlayer& mediaPlayer() override { return player; }
+    base::CodePage codePage() override { return base::CodePage(1252); }
+    void show(player::Form1& form) override {
+        form1 = &form;
+        form.screen.width = 28800;
+        form.screen.height = 16200;
+    }
+};
+
+} // namespace fakes

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/event_loop.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <vector>
+
+namespace fakes {
+
+// A loop without real time: advance(ms) calls what falls due, in order of due time, then of start. A call may
+// start or stop any alarm, destroy one, or advance the loop itself, as a modal box does.
+class VirtualLoop : public platform::EventLoop {
+public:
+    std::unique_ptr<platform::Alarm> alarm(std::function<void()> call) override {
+        return std::make_unique<VirtualAlarm>(*this, std::move(call));
+    }
+
+    void advance(int ms) {
+        const std::int64_t end = now_ + ms;
+        while (true) {
+            VirtualAlarm* next = nullptr;
+            for (VirtualAlarm* const alarm : running_) {
+                if (alarm->due <= end && (!next || alarm->due < next->due))
+                    next = alarm;
+            }
+            if (!next)
+                break;
+            now_ = std::max(now_, next->due);
+            next->due = now_ + next->period;
+            const auto call = next->call; // the alarm may be gone before its own call returns
+            call();
+        }
+        now_ = std::max(now_, end);
+    }
+
+    std::int64_t now() const { return now_; }
+
+private:
+    struct VirtualAlarm : platform::Alarm {
+        VirtualAlarm(VirtualLoop& owner, std::function<void()> toCall)
+            : loop(owner), call(std::move(toCall)) {}
+        ~VirtualAlarm() override { remove(); }
+        void start(int ms) override {
+            remove();
+            period = ms;
+            due = loop.now_ + ms;
+            loop.running_.push_back(this);
+        }
+        void stop() override { remove(); }
+        void remove() { std::erase(loop.running_, this); }
+
+        VirtualLoop& loop;
+        std::function<void()> call;
+        int period = 0;
+        std::int64_t due = 0;
+    };
+
+    std::vector<VirtualAlarm*> running_;
+    std::int64_t now_ = 0;
+};
+
+} // namespace fakes

@@ -1,0 +1,180 @@
+// Reads every language file as it is shipped and checks what a translator can break without noticing:
+// the shape of the file, mnemonics that fight within one menu, and texts that the program compares or joins.
+#include <algorithm>
+#include <cwchar>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iterator>
+#include <locale>
+#include <set>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace fs = std::filesystem;
+using Text = std::u32string;
+using Pairs = std::vector<std::pair<int, int>>;
+
+static const std::string languages[] = {"Brazilian",  "English", "Fran\303\247ais", "Hungarian", "Italiano",
+                                        "Nederlands", "Polish",  "Russian",         "Spanish",   "Svenska"};
+static const char* const folder = LANGUAGE_FILES_DIR;
+constexpr size_t entryCount = 136;
+// Nothing in the program asks for these; they may stay empty.
+static const std::set<size_t> unused = {24, 28, 29, 58, 69, 73, 83, 108, 109, 117, 119};
+// Menu entries that also serve as tool tip, window title or state word.
+static const std::set<int> plain = {3, 7, 8, 21, 84, 85, 86, 93, 104, 116, 124, 125, 126};
+// The captions that take turns in one place of a menu, negative if the program itself puts the "&" in front.
+struct Place : std::vector<int> {
+    Place(int only) : vector{only} {}
+    Place(std::initializer_list<int> turns) : vector(turns) {}
+};
+static const std::vector<Place> menus[] = {
+    {2, 6, 87, 13, 74}, // the player: menu bar (its "&?" holds no letter), file, playback, view, options, ...
+    {3, 4, 104, 5},
+    {{7, 8}, 9, 11, 10, 129, 130, 12, 93, 94, 95},
+    {{86, 116}, {84, 85}},
+    {81, 30, 14, 124, 125, 126, 135, 80, 103, -15, 101},
+    {17},
+    {16, 102, 18, 19},
+    {2, 47, 71, 134}, // the editor: menu bar, file, edit, tools
+    {42, 43, 44, 45, 46},
+    {70, 82, 48, 49, 50, 51, 59},
+    {72},
+    {{-111, -112, 8}, 9},                // buttons of the recorder
+    {{-56, 57}, 59, 60, 61, 63, 64, 21}, // find and replace
+};
+
+// Gives nothing for bytes that are no UTF-8.
+static Text decodeUtf8(const std::string& bytes) {
+    using Decoder = std::codecvt<char32_t, char8_t, std::mbstate_t>;
+    const std::u8string in(bytes.begin(), bytes.end());
+    Text out(in.size(), 0);
+    std::mbstate_t state{};
+    const char8_t* read;
+    char32_t* end;
+    const auto& decoder = std::use_facet<Decoder>(std::locale::classic());
+    const auto result = decoder.in(state, &in[0], &in[in.size()], read, &out[0], &out[out.size()], end);
+    return result == Decoder::ok ? out.substr(0, end - out.data()) : Text();
+}
+
+// In lower case, if a keyboard gives it without a dead key (ASCII, Cyrillic); 0 for everything else.
+static char32_t plainLetter(char32_t c) {
+    const char32_t low = (c >= U'A' && c <= U'Z') || (c >= 0x410 && c <= 0x42F) ? c + 0x20 : c;
+    return (low >= U'a' && low <= U'z') || (low >= 0x430 && low <= 0x44F) ? low : 0;
+}
+
+class LanguageFile : public testing::TestWithParam<std::string> {
+protected:
+    void SetUp() override {
+        const std::string name = GetParam() + ".lng";
+        std::ifstream in(fs::path(folder) / std::u8string(name.begin(), name.end()), std::ios::binary);
+        bytes.assign(std::istreambuf_iterator<char>(in), {});
+        marked = bytes.starts_with("\xEF\xBB\xBF");
+        std::istringstream rest(bytes.substr(marked ? 3 : 0));
+        for (std::string line; std::getline(rest, line); lines.push_back(line))
+            entries.push_back(decodeUtf8(line.substr(0, line.find('\r'))).erase(0, 3));
+        entries.resize(std::max(entries.size(), entryCount));
+    }
+    char32_t mnemonic(int entry) const {
+        const Text text = entry < 0 ? U"&" + entries[-entry] : entries[entry];
+        const size_t at = text.find(U'&');
+        return at == Text::npos ? 0 : plainLetter(text[at + 1]);
+    }
+    std::string bytes;
+    bool marked;
+    std::vector<std::string> lines;
+    std::vector<Text> entries;
+};
+
+TEST(LanguageFolder, FilesListed_AreTheTenShippedLanguages) {
+    std::set<std::string> found;
+    for (const auto& file : fs::directory_iterator(folder))
+        if (const auto name = file.path().stem().u8string(); file.path().extension() == ".lng")
+            found.emplace(name.begin(), name.end());
+    EXPECT_EQ(found, std::set<std::string>(std::begin(languages), std::end(languages)));
+}
+
+TEST_P(LanguageFile, Bytes_Decoded_AreUtf8WithAMarkOnlyWhereNeeded) {
+    const Text text = decodeUtf8(bytes);
+    ASSERT_FALSE(text.empty());
+    EXPECT_EQ(marked, std::ranges::any_of(text.substr(marked), [](char32_t c) { return c >= 0x80; }));
+}
+
+TEST_P(LanguageFile, Lines_Counted_CarryTheirIndexAndEndInCrLf) {
+    EXPECT_EQ(lines.size(), entryCount);
+    EXPECT_TRUE(bytes.ends_with("\r\n"));
+    for (size_t i = 0; i < lines.size(); ++i) {
+        EXPECT_EQ(lines[i].substr(0, 3), std::to_string(1000 + i).substr(1));
+        EXPECT_EQ(lines[i].find('\r'), lines[i].size() - 1) << lines[i];
+    }
+}
+
+TEST_P(LanguageFile, UsedEntries_Read_AreFilledWithoutOuterBlanks) {
+    for (size_t i = 0; i < entryCount; ++i) {
+        EXPECT_TRUE(!entries[i].empty() || unused.contains(i)) << i;
+        EXPECT_FALSE(entries[i].starts_with(U' ') || entries[i].ends_with(U' ')) << i;
+    }
+}
+
+TEST_P(LanguageFile, Ampersand_OfAnEntry_StandsOnceBeforeALetterWhereAMenuTakesIt) {
+    std::set<int> allowed;
+    for (const auto& menu : menus)
+        for (const auto& place : menu)
+            allowed.insert(place.begin(), place.end());
+    for (int i = 0; i < int(entryCount); ++i) {
+        const auto count = std::ranges::count(entries[i], U'&');
+        EXPECT_TRUE(!count || (count == 1 && allowed.contains(i) && !plain.contains(i) && mnemonic(i))) << i;
+        EXPECT_TRUE(!allowed.contains(-i) || mnemonic(-i)) << i << " gets its ampersand in front";
+    }
+}
+
+TEST_P(LanguageFile, Mnemonics_InEveryTurnOfCaptions_AreUniqueWithinTheirMenu) {
+    for (const auto& menu : menus) {
+        std::set<char32_t> taken;
+        for (const auto& place : menu) {
+            for (int entry : place)
+                EXPECT_FALSE(mnemonic(entry) && taken.contains(mnemonic(entry)))
+                    << "letter of entry " << entry;
+            for (int entry : place)
+                taken.insert(mnemonic(entry));
+        }
+    }
+}
+
+TEST_P(LanguageFile, Texts_ComparedAsState_DifferFromEachOther) {
+    for (auto [one, other] : Pairs{{7, 8}, {84, 85}, {86, 116}, {113, 114}})
+        EXPECT_NE(entries[one], entries[other]) << one;
+    EXPECT_EQ(std::set({entries[32], entries[35], entries[39], entries[93], entries[124]}).size(), 5u);
+    for (auto [prompt, start] : Pairs{{125, 126}, {126, 125}, {34, 125}, {34, 126}})
+        EXPECT_FALSE(entries[prompt].starts_with(entries[start])) << prompt << " begins like " << start;
+}
+
+TEST_P(LanguageFile, Texts_JoinedWithOthers_FitWhatIsPutBehindThem) {
+    EXPECT_TRUE(entries[15].size() > 3 && entries[15].ends_with(U"...")); // cut off for a title
+    for (int i : {33, 40, 56, 59, 75, 97, 104, 118, 125, 126})            // a number, a name, "...", ":", "?"
+        EXPECT_TRUE(entries[i].find_last_of(U".?!\u2026") != entries[i].size() - 1) << i;
+    EXPECT_FALSE(entries[118].ends_with(U':'));
+    EXPECT_EQ(entries[97].find_first_of(U"\\/:*?\"<>|"), Text::npos); // becomes a file name
+    for (size_t i = 0; i < entryCount; ++i) {
+        EXPECT_EQ(entries[i].find(U"nnn") != Text::npos, i == 128) << i;
+        EXPECT_EQ(entries[i].find(U"<BR>") != Text::npos, i == 131) << i;
+    }
+    Text word; // a boolean or a number here would switch a menu item
+    std::ranges::transform(entries[133], std::back_inserter(word), plainLetter);
+    EXPECT_TRUE(word != U"true" && word != U"false" && entries[133].find_first_of(U"0123456789+-.&#") != 0);
+}
+
+TEST_P(LanguageFile, Captions_OfNarrowPlaces_AreShortEnough) {
+    std::set<Text> letters;
+    for (int button : {90, 91, 92, 115})
+        EXPECT_TRUE(entries[button].size() == 1 && letters.insert(entries[button]).second) << button;
+    int pixels = 0; // roughly: six captions and their margins have to fit in 348
+    for (int i : {2, 6, 87, 13, 74})
+        for (char32_t c : entries[i])
+            pixels += c == U'&' ? 0 : c < 0x400 ? 7 : 8;
+    EXPECT_LE(pixels, 38 * 7);
+}
+
+INSTANTIATE_TEST_SUITE_P(Shipped, LanguageFile, testing::ValuesIn(languages));
