@@ -3,6 +3,7 @@
 set(PORTABLE_DIR ${CMAKE_BINARY_DIR}/quillmere CACHE PATH "Where the portable folder is laid")
 
 set_target_properties(quillmere PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PORTABLE_DIR})
+set_target_properties(quillmere_mpv PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${PORTABLE_DIR}/Modules)
 file(GLOB_RECURSE PORTABLE_DATA CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/data ${CMAKE_SOURCE_DIR}/data/*)
 set(laid)
 foreach(file ${PORTABLE_DATA})
