@@ -1,6 +1,7 @@
 # Lays the portable folder: the executable with everything that it reads at run time below its own folder. It can be
 # copied anywhere. Settings that a trial run left there are kept; what the build makes is laid anew when it changed.
-set(PORTABLE_DIR ${CMAKE_BINARY_DIR}/quillmere CACHE PATH "Where the portable folder is laid")
+set(QUILLMERE_PORTABLE_DIR ${CMAKE_BINARY_DIR}/portable CACHE PATH "Where the portable folder is laid")
+set(PORTABLE_DIR ${QUILLMERE_PORTABLE_DIR})
 
 set_target_properties(quillmere PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PORTABLE_DIR})
 set_target_properties(quillmere_mpv PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${PORTABLE_DIR}/Modules)
@@ -16,6 +17,16 @@ foreach(file ${PORTABLE_DATA})
         DEPENDS ${CMAKE_SOURCE_DIR}/data/${file})
     list(APPEND laid ${PORTABLE_DIR}/${file})
 endforeach()
+# The skin: rendered from its drawings. The stamp stands for all pictures; a picture that did not change is not touched.
+file(GLOB DRAWINGS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/art/*.svg)
+add_custom_command(
+    OUTPUT ${CMAKE_BINARY_DIR}/art.stamp
+    COMMAND ${CMAKE_COMMAND} -E make_directory ${PORTABLE_DIR}/Files
+    COMMAND render_art ${CMAKE_SOURCE_DIR}/art ${PORTABLE_DIR}/Files
+    COMMAND ${CMAKE_COMMAND} -E touch ${CMAKE_BINARY_DIR}/art.stamp
+    DEPENDS render_art ${CMAKE_SOURCE_DIR}/art/manifest.txt ${DRAWINGS})
+list(APPEND laid ${CMAKE_BINARY_DIR}/art.stamp)
+
 add_custom_target(portable ALL
     COMMAND ${CMAKE_COMMAND} -DFROM=${CMAKE_SOURCE_DIR}/data/Files/Quillmere.ini
             -DTO=${PORTABLE_DIR}/Files/Quillmere.ini -P ${CMAKE_SOURCE_DIR}/cmake/lay_settings.cmake

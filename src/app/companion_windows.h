@@ -6,8 +6,8 @@
 
 namespace app {
 
-// The windows beside the player, as far as they are there: where they stand, and what the player asks of them. What a
-// room that is not built yet would answer is left undone, and no command offers it.
+// The windows beside the player, as far as they are there: where they stand, and what the player asks of
+// them. What a room that is not built yet would answer is left undone, and no command offers it.
 class CompanionWindows : public player::Companions {
 public:
     explicit CompanionWindows(player::Form1& form1) : form1_(form1) {}

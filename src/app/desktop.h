@@ -21,7 +21,8 @@ public:
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
-    // Builds the window that shows this data, as visible as the data says. The desktop ends before the data does.
+    // Builds the window that shows this data, as visible as the data says. The desktop ends before the data
+    // does.
     virtual void show(player::Form1& form) = 0;
 };
 

@@ -7,13 +7,17 @@
 
 namespace app {
 
-// The program from its entry on: chooses and loads the language, refuses a second instance, creates the player window.
+// The program from its entry on: chooses and loads the language, refuses a second instance, creates the
+// player window.
 class Program {
 public:
     explicit Program(Desktop& desktop);
 
     // The entry routine. False when the program must not run: the user has been told why.
     bool Main(base::TextView commandLine);
+
+    // Only after Main returned true.
+    Workstation& workstation() { return *workstation_; }
 
 private:
     void start(base::TextView commandLine);

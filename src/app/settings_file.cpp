@@ -7,8 +7,8 @@ namespace app {
 
 namespace {
 
-constexpr std::int16_t leastPhase = 3;    // seconds
-constexpr std::int16_t defaultPhase = 7;  // seconds, for a phase below the least
+constexpr std::int16_t leastPhase = 3;   // seconds
+constexpr std::int16_t defaultPhase = 7; // seconds, for a phase below the least
 constexpr base::TextView fileName = u"Quillmere.ini";
 
 base::Text textField(base::FieldReader& fields) {
@@ -23,7 +23,8 @@ std::int16_t numberField(base::FieldReader& fields) {
     return field;
 }
 
-// A field that is read as text first and then taken as a 16-bit number: its own value stays when that does not fit.
+// A field that is read as text first and then taken as a 16-bit number: its own value stays when that does
+// not fit.
 void readSeconds(base::FieldReader& fields, std::int16_t& seconds) {
     const base::Text field = textField(fields);
     base::carryOn([&] { seconds = base::toInt16(base::val(field)); });

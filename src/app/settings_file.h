@@ -29,9 +29,9 @@ struct StartSettings {
     std::int16_t top2 = 0;
     std::int16_t width2 = 0;
     std::int16_t height2 = 0;
-    bool topmost = true;         // line 15
-    std::int16_t showForm3 = 0;  // line 16
-    std::int16_t left3 = 0;      // lines 17 to 20, twips
+    bool topmost = true;        // line 15
+    std::int16_t showForm3 = 0; // line 16
+    std::int16_t left3 = 0;     // lines 17 to 20, twips
     std::int16_t top3 = 0;
     std::int16_t width3 = 0;
     std::int16_t height3 = 0;
@@ -49,8 +49,8 @@ public:
     // Line 1: name of the language file. Throws Failure when the file cannot be read or is empty.
     static base::Text readLanguageName(const base::TextFiles& files, const base::ProgramFolder& folder);
 
-    // Reads all lines into the controls and preferences, and returns what takes effect later. What cannot be read keeps
-    // zero or the empty text.
+    // Reads all lines into the controls and preferences, and returns what takes effect later. What cannot be
+    // read keeps zero or the empty text.
     StartSettings read();
 
     void Salva() override;

@@ -99,16 +99,18 @@ void Workstation::showWithoutMedia() {
     form1_.Label2.left = form1_.Shape1.left.get();
     form1_.Label2.width = form1_.Shape1.width.get();
     form1_.Label2.caption = u"0:00 / 0:00";
-    for (controls::MenuItem* item : {&form1_.mnuPlay, &form1_.mnuStop, &form1_.mnuAvanti, &form1_.mnuIndietro,
-                                     &form1_.mnuDiminuisciVelocità, &form1_.mnuAumentaVelocità, &form1_.mnuVai})
+    for (controls::MenuItem* item :
+         {&form1_.mnuPlay, &form1_.mnuStop, &form1_.mnuAvanti, &form1_.mnuIndietro,
+          &form1_.mnuDiminuisciVelocità, &form1_.mnuAumentaVelocità, &form1_.mnuVai})
         item->enabled = false;
     form1_.cmdStop.enabled = false;
     form1_.mnuSecIndietro.caption = Lingua(30);
     form1_.Image1.toolTip = u" " + Lingua(27) + u" ";
     form1_.DettaTop = static_cast<int>(form1_.imgDetta.top);
     form1_.DettaLeft = static_cast<int>(form1_.imgDetta.left);
-    for (controls::Control* button : std::initializer_list<controls::Control*>{
-             &form1_.Image3, &form1_.imgDetta, &form1_.cmdPlay, &form1_.cmdIndietro, &form1_.cmdStop, &form1_.cmdAvanz})
+    for (controls::Control* button :
+         std::initializer_list<controls::Control*>{&form1_.Image3, &form1_.imgDetta, &form1_.cmdPlay,
+                                                   &form1_.cmdIndietro, &form1_.cmdStop, &form1_.cmdAvanz})
         button->pointerIcon = folder_.files(u"Indica.ico");
 }
 

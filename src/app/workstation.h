@@ -15,11 +15,14 @@ namespace app {
 // The player window with all rooms wired to it: its start, and the exit that ends the process.
 class Workstation {
 public:
-    // Wires the rooms and runs Form_Initialize and Form_Load. `commandLine` holds one path in double quotes, or nothing.
+    // Wires the rooms and runs Form_Initialize and Form_Load. `commandLine` holds one path in double quotes,
+    // or nothing.
     Workstation(Desktop& desktop, const base::TextFiles& files, const base::ProgramFolder& folder,
                 lang::LanguageTable& language, base::TextView commandLine);
 
     player::Form1& form1() { return form1_; }
+    player::MediaSession& session() { return session_; }
+    player::MediaOpener& opener() { return opener_; }
 
 private:
     void Form_Initialize();

@@ -7,15 +7,15 @@
 
 namespace base {
 
-// What a port or a helper throws when it could not do its work; what() is UTF-8, in the system's own words where
-// there are any. It is the only exception that the rooms throw or expect.
+// What a port or a helper throws when it could not do its work; what() is UTF-8, in the system's own words
+// where there are any. It is the only exception that the rooms throw or expect.
 class Failure : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-// Runs one statement; true when it went through, false when it failed and was skipped. Wrap single statements, never a
-// whole routine: what stands behind a failed statement has to run.
+// Runs one statement; true when it went through, false when it failed and was skipped. Wrap single
+// statements, never a whole routine: what stands behind a failed statement has to run.
 template <typename Statement>
 bool carryOn(Statement&& statement) {
     try {

@@ -22,7 +22,8 @@ CodePage::CodePage(int number) {
         units_[byte] = static_cast<char16_t>(byte);
     const std::string name = "CP" + std::to_string(isSingleByte(number) ? number : 1252);
     const iconv_t converter = iconv_open("UTF-16LE", name.c_str());
-    // A system without its conversion tables still reads and writes; all beyond ASCII is then taken as it stands.
+    // A system without its conversion tables still reads and writes; all beyond ASCII is then taken as it
+    // stands.
     if (converter == iconv_t(-1)) // NOLINT(performance-no-int-to-ptr): the documented error value
         return;
     for (std::size_t byte = 0x80; byte < units_.size(); ++byte) {
@@ -37,8 +38,9 @@ CodePage::CodePage(int number) {
         // Without the flush a page with combining marks keeps the letter back, waiting for the mark.
         iconv(converter, nullptr, nullptr, &to, &toLeft);
         if (toLeft == 2)
-            units_[byte] = static_cast<char16_t>(static_cast<unsigned char>(out[0]) |
-                                                 static_cast<unsigned>(static_cast<unsigned char>(out[1])) << 8U);
+            units_[byte] =
+                static_cast<char16_t>(static_cast<unsigned char>(out[0]) |
+                                      static_cast<unsigned>(static_cast<unsigned char>(out[1])) << 8U);
     }
     iconv_close(converter);
 }
@@ -88,7 +90,8 @@ Text decodeFile(std::string_view bytes, const CodePage& page) {
 
 std::string encodeFile(TextView text, const CodePage& page) {
     // A text in the page that begins with the mark's own three letters would be read back as UTF-8.
-    if (const auto bytes = page.encode(text); bytes && bytes->substr(0, byteOrderMark.size()) != byteOrderMark)
+    if (const auto bytes = page.encode(text);
+        bytes && bytes->substr(0, byteOrderMark.size()) != byteOrderMark)
         return *bytes;
     return std::string(byteOrderMark) + toUtf8(text);
 }

@@ -13,8 +13,9 @@ namespace base {
 // One single-byte code page of the Windows family, with its tables.
 class CodePage {
 public:
-    // `number` is one of 1250 to 1258 or 874; any other is taken as 1252. A byte that the page leaves undefined stands
-    // for the unit of the same value, as that system has it, so that every byte survives reading and writing.
+    // `number` is one of 1250 to 1258 or 874; any other is taken as 1252. A byte that the page leaves
+    // undefined stands for the unit of the same value, as that system has it, so that every byte survives
+    // reading and writing.
     explicit CodePage(int number = 1252);
 
     // The number of the page that goes with a language: `language` is a code of ISO 639-1 in small letters.

@@ -8,8 +8,9 @@
 
 namespace base {
 
-// Reads the fields of one text. Blanks before a field are skipped; a field that begins with a double quote runs to the
-// next double quote; any other ends at a comma or at the end of the line. An empty line is an empty field.
+// Reads the fields of one text. Blanks before a field are skipped; a field that begins with a double quote
+// runs to the next double quote; any other ends at a comma or at the end of the line. An empty line is an
+// empty field.
 class FieldReader {
 public:
     explicit FieldReader(Text text) : text_(std::move(text)) {}
@@ -17,8 +18,8 @@ public:
     // The next field as it stands. Throws Failure past the end.
     Text text();
 
-    // The next field as a number: 0 when it is none. Throws Failure past the end or when 16 bits do not hold it; the
-    // field is used up in that case too.
+    // The next field as a number: 0 when it is none. Throws Failure past the end or when 16 bits do not hold
+    // it; the field is used up in that case too.
     std::int16_t int16();
 
 private:

@@ -17,7 +17,8 @@ namespace {
 // An open file of the system, closed at the end of the block.
 class Descriptor {
 public:
-    Descriptor(const std::string& path, int flags, mode_t mode = 0) : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
+    Descriptor(const std::string& path, int flags, mode_t mode = 0)
+        : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() { close(); }

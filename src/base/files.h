@@ -21,9 +21,9 @@ Text currentFolder();
 // All bytes of the file. Throws Failure in the system's words.
 std::string readFile(TextView path);
 
-// Replaces the file as a whole: written beside it, flushed to the disk, renamed over it, so that a crash or a full disk
-// leaves the old bytes or the new ones. A link is followed, a file that is not writable is left alone, permissions stay.
-// Throws Failure in the system's words, with the old file as it was.
+// Replaces the file as a whole: written beside it, flushed to the disk, renamed over it, so that a crash or a
+// full disk leaves the old bytes or the new ones. A link is followed, a file that is not writable is left
+// alone, permissions stay. Throws Failure in the system's words, with the old file as it was.
 void replaceFile(TextView path, std::string_view bytes);
 
 // Text files in the system's code page, by lines.
@@ -34,7 +34,8 @@ public:
     // The whole text of the file. Throws Failure.
     Text read(TextView path) const;
 
-    // The lines of the file without their ends (CR LF, CR or LF; the last line may have none). Throws Failure.
+    // The lines of the file without their ends (CR LF, CR or LF; the last line may have none). Throws
+    // Failure.
     std::vector<Text> readLines(TextView path) const;
 
     // Replaces the file by these lines, each ended by CR LF. Throws Failure.

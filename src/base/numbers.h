@@ -7,8 +7,8 @@
 
 namespace base {
 
-// The number at the head of the text: blanks are skipped, then as many characters are read as form a decimal number
-// (sign, digits, one point, exponent); 0 when there is none. "12abc" is 12, "abc" is 0.
+// The number at the head of the text: blanks are skipped, then as many characters are read as form a decimal
+// number (sign, digits, one point, exponent); 0 when there is none. "12abc" is 12, "abc" is 0.
 double val(TextView text);
 
 // To a signed 16-bit number, halves to the nearest even value. Throws Failure when the value does not fit.
@@ -23,8 +23,8 @@ std::int16_t sumInt16(std::int16_t a, std::int16_t b);
 // Decimal text without blanks, of 15 significant digits at most: 1.2000000000000002 is "1.2", 75 is "75".
 Text numberText(double value);
 
-// Hours, minutes and seconds as the player tells them: "mm:ss" below an hour, "h:mm:ss" from there on. Seconds are
-// counted whole, a started one not yet; negative counts as 0.
+// Hours, minutes and seconds as the player tells them: "mm:ss" below an hour, "h:mm:ss" from there on.
+// Seconds are counted whole, a started one not yet; negative counts as 0.
 Text clockText(double seconds);
 
 } // namespace base

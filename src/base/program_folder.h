@@ -5,7 +5,8 @@
 
 namespace base {
 
-// The folder of the executable and the places below it. Paths are built by appending, whatever the folder holds.
+// The folder of the executable and the places below it. Paths are built by appending, whatever the folder
+// holds.
 class ProgramFolder {
 public:
     explicit ProgramFolder(Text path) : path_(std::move(path)) {}

@@ -9,8 +9,8 @@ namespace base {
 using Text = std::u16string;
 using TextView = std::u16string_view;
 
-// UTF-8 both ways. A byte that is not valid UTF-8 (file names may hold any byte) becomes the lone unit U+DC00 + byte
-// and goes back as that byte, so no path is ever lost. Other lone surrogates are written as U+FFFD.
+// UTF-8 both ways. A byte that is not valid UTF-8 (file names may hold any byte) becomes the lone unit U+DC00
+// + byte and goes back as that byte, so no path is ever lost. Other lone surrogates are written as U+FFFD.
 Text fromUtf8(std::string_view bytes);
 std::string toUtf8(TextView text);
 

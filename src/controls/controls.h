@@ -1,5 +1,6 @@
-// The state of a window as plain data. The routines of the program act on these; a window on a screen shows them and
-// reports what the user did to them. Positions and sizes are twips, counted from the inner top left of the window.
+// The state of a window as plain data. The routines of the program act on these; a window on a screen shows
+// them and reports what the user did to them. Positions and sizes are twips, counted from the inner top left
+// of the window.
 #pragma once
 
 #include "base/text.h"
@@ -27,8 +28,8 @@ struct Box {
     double height = 0;
 };
 
-// A mouse event on a control: the button of the event (1 left, 2 right, 4 middle; on a move the sum of those held),
-// and the place in twips relative to the control.
+// A mouse event on a control: the button of the event (1 left, 2 right, 4 middle; on a move the sum of those
+// held), and the place in twips relative to the control.
 struct MouseEvent {
     int button = 0;
     double x = 0;
@@ -52,7 +53,8 @@ struct Control : Observed {
     Property<bool> enabled{this, true};
     Property<base::Text> tag{this};
     Property<base::Text> toolTip{this};
-    Property<base::Text> pointerIcon{this}; // picture file of the pointer over the control; empty: the usual one
+    Property<base::Text> pointerIcon{
+        this}; // picture file of the pointer over the control; empty: the usual one
 
     std::function<void()> Click; // empty: nothing happens on a click
     std::function<void(const MouseEvent&)> MouseDown = [](const MouseEvent&) {};
@@ -74,7 +76,8 @@ struct Label : Control {
     Property<Alignment> alignment{this, Alignment::Left};
 };
 
-// A picture, read from its file when `picture` changes. A file that cannot be read leaves what was shown before.
+// A picture, read from its file when `picture` changes. A file that cannot be read leaves what was shown
+// before.
 struct Picture : Control {
     using Control::Control;
 
@@ -86,15 +89,16 @@ struct Fill : Picture {
     using Picture::Picture;
 };
 
-// A picture that is pressed. It is offered when it is enabled and a routine stands behind it; else it is shown faded.
+// A picture that is pressed. It is offered when it is enabled and a routine stands behind it; else it is
+// shown faded.
 struct PictureButton : Picture {
     using Picture::Picture;
 
     bool offered() const { return enabled && Click; }
 };
 
-// An item of a menu: a command, a separator (caption "-") or, with items of its own, a menu. A command is offered when
-// it is enabled and a routine stands behind it.
+// An item of a menu: a command, a separator (caption "-") or, with items of its own, a menu. A command is
+// offered when it is enabled and a routine stands behind it.
 struct MenuItem : Observed {
     explicit MenuItem(std::string_view givenName, base::Text design = u"-", std::string_view keys = {})
         : name(givenName), shortcut(keys), caption(this, std::move(design)) {}

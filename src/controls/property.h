@@ -7,7 +7,8 @@
 
 namespace controls {
 
-// Something that can be watched. The one who shows a control watches it; watchers live as long as the control.
+// Something that can be watched. The one who shows a control watches it; watchers live as long as the
+// control.
 class Observed {
 public:
     Observed() = default;
@@ -31,8 +32,8 @@ private:
     std::vector<std::function<void()>> watchers_;
 };
 
-// A value of the control `owner`. Setting the value that it has already tells nobody, so that a tick that changes
-// nothing costs nothing on the screen.
+// A value of the control `owner`. Setting the value that it has already tells nobody, so that a tick that
+// changes nothing costs nothing on the screen.
 template <typename T>
 class Property {
 public:
@@ -49,7 +50,9 @@ public:
     }
 
     const T& get() const { return value_; }
-    operator const T&() const { return value_; } // NOLINT(google-explicit-constructor): reads as the value that it is
+    operator const T&() const {
+        return value_;
+    } // NOLINT(google-explicit-constructor): reads as the value that it is
     const T* operator->() const { return &value_; }
 
 private:

@@ -15,7 +15,8 @@ public:
     int interval() const { return interval_; }
     bool enabled() const { return enabled_; }
 
-    // Period in ms, 0 to stop. The count begins anew, also with the period that it has: what extends a watch relies on it.
+    // Period in ms, 0 to stop. The count begins anew, also with the period that it has: what extends a watch
+    // relies on it.
     void setInterval(int period) {
         interval_ = period;
         apply();

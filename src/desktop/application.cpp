@@ -25,7 +25,8 @@ QPalette skinPalette() {
     QPalette palette(QColor(0xEC, 0xEC, 0xEC));
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::AlternateBase, QColor(0xF5, 0xF7, 0xF8));
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+    for (const auto role :
+         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
         palette.setColor(role, ink);
         palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA3, 0xB0));
     }

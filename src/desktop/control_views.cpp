@@ -12,7 +12,8 @@ namespace desktop {
 namespace {
 
 constexpr double fadedStrength = 0.35;
-constexpr double pixelsPerPoint = 96.0 / 72; // the skin has a fixed scale, whatever the screen says of its own
+constexpr double pixelsPerPoint =
+    96.0 / 72; // the skin has a fixed scale, whatever the screen says of its own
 
 QRect place(const controls::Control& control) {
     return {pixels(control.left), pixels(control.top), pixels(control.width), pixels(control.height)};
@@ -34,7 +35,8 @@ QString withoutMnemonics(const base::Text& caption) {
     return shown;
 }
 
-// Lays the text out in lines of `width` pixels, as many as `height` holds; the last one is cut with an ellipsis.
+// Lays the text out in lines of `width` pixels, as many as `height` holds; the last one is cut with an
+// ellipsis.
 class Lines {
 public:
     Lines(QString text, const QFont& font, QSize space) : layout_(std::move(text), font) {
@@ -61,8 +63,8 @@ public:
         for (int i = 0; i < shown_; ++i) {
             const QTextLine line = layout_.lineAt(i);
             const QString cut = i == shown_ - 1 ? lastLine_ : QString();
-            const double width =
-                cut.isEmpty() ? line.naturalTextWidth() : QFontMetricsF(layout_.font()).horizontalAdvance(cut);
+            const double width = cut.isEmpty() ? line.naturalTextWidth()
+                                               : QFontMetricsF(layout_.font()).horizontalAdvance(cut);
             const double left = alignment == controls::Alignment::Left     ? 0
                                 : alignment == controls::Alignment::Centre ? (area.width() - width) / 2
                                                                            : area.width() - width;

@@ -1,4 +1,5 @@
-// What shows one control of a window on the screen, and reports the mouse to it. Each carries the control's given name.
+// What shows one control of a window on the screen, and reports the mouse to it. Each carries the control's
+// given name.
 #pragma once
 
 #include "controls/controls.h"

@@ -127,7 +127,8 @@ void Form1Window::changeEvent(QEvent* event) {
 }
 
 void Form1Window::closeEvent(QCloseEvent* event) {
-    // The exit sequence ends the process, or the user cancelled it: either way this window does not close by itself.
+    // The exit sequence ends the process, or the user cancelled it: either way this window does not close by
+    // itself.
     event->ignore();
     form_.Unload();
 }

@@ -6,7 +6,8 @@
 
 namespace desktop {
 
-// Shows the player window and reports what the user does to it. Its skin keeps its size; above it lies the menu bar.
+// Shows the player window and reports what the user does to it. Its skin keeps its size; above it lies the
+// menu bar.
 class Form1Window : public QWidget {
 public:
     explicit Form1Window(player::Form1& form);

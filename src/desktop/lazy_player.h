@@ -7,8 +7,9 @@
 
 namespace desktop {
 
-// The media player, whose engine is a module loaded when a file needs it: the shared libraries behind it cost more start
-// time and memory than all the rest of the program. Until then it answers as a player without media.
+// The media player, whose engine is a module loaded when a file needs it: the shared libraries behind it cost
+// more start time and memory than all the rest of the program. Until then it answers as a player without
+// media.
 class LazyPlayer : public platform::MediaPlayer {
 public:
     // `module` is the path of the shared object, in UTF-8.

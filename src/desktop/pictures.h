@@ -7,11 +7,12 @@
 
 namespace desktop {
 
-// The picture file at this path, in its variant of twice the size ("name@2x.jpg") where the screen is finer than 1 and
-// there is one. Null when it cannot be read.
+// The picture file at this path, in its variant of twice the size ("name@2x.jpg") where the screen is finer
+// than 1 and there is one. Null when it cannot be read.
 QPixmap loadPicture(base::TextView path, double devicePixelRatio);
 
-// The pointer drawn in this icon file, with its hot spot at the finger tip; the usual arrow when it cannot be read.
+// The pointer drawn in this icon file, with its hot spot at the finger tip; the usual arrow when it cannot be
+// read.
 QCursor loadPointer(base::TextView path, double devicePixelRatio);
 
 } // namespace desktop

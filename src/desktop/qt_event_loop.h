@@ -4,7 +4,8 @@
 
 namespace desktop {
 
-// The program's timers on Qt's event loop, exact to the millisecond: a phase of dictation lasts what was asked for.
+// The program's timers on Qt's event loop, exact to the millisecond: a phase of dictation lasts what was
+// asked for.
 class QtEventLoop : public platform::EventLoop {
 public:
     std::unique_ptr<platform::Alarm> alarm(std::function<void()> call) override;

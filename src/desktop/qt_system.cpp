@@ -16,7 +16,8 @@
 namespace desktop {
 
 QtSystem::QtSystem()
-    : programFolder_(base::fromUtf8(std::filesystem::read_symlink("/proc/self/exe").parent_path().string())) {}
+    : programFolder_(base::fromUtf8(std::filesystem::read_symlink("/proc/self/exe").parent_path().string())) {
+}
 
 QtSystem::~QtSystem() {
     if (place_ >= 0)
@@ -32,7 +33,8 @@ base::Text QtSystem::LeggiLocale(int setting) const {
 bool QtSystem::previousInstance() {
     if (place_ >= 0)
         return false;
-    // A name in the kernel's own space of socket names: it goes with the process, however that ends, and leaves no file.
+    // A name in the kernel's own space of socket names: it goes with the process, however that ends, and
+    // leaves no file.
     const std::string name = "quillmere-" + std::to_string(::getuid()) + '-' +
                              std::to_string(std::hash<base::Text>{}(programFolder_));
     const int place = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);

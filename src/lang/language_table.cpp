@@ -24,9 +24,9 @@ void LanguageTable::load(const base::TextFiles& files, base::TextView path) {
 
 base::Text languageFileForCountry(base::TextView englishName) {
     static constexpr std::pair<base::TextView, base::TextView> names[] = {
-        {u"br", u"Brazilian"},   {u"pt", u"Brazilian"}, {u"hu", u"Hungarian"}, {u"it", u"Italiano"},
-        {u"nl", u"Nederlands"},  {u"ru", u"Russian"},   {u"es", u"Spanish"},   {u"fr", u"Français"},
-        {u"sv", u"Svenska"},     {u"sv-fi", u"Svenska"},
+        {u"br", u"Brazilian"},  {u"pt", u"Brazilian"},  {u"hu", u"Hungarian"}, {u"it", u"Italiano"},
+        {u"nl", u"Nederlands"}, {u"ru", u"Russian"},    {u"es", u"Spanish"},   {u"fr", u"Français"},
+        {u"sv", u"Svenska"},    {u"sv-fi", u"Svenska"},
     };
     const base::Text code = base::lowered(englishName).substr(0, 2);
     base::Text name = u"English";

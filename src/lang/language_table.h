@@ -7,8 +7,8 @@
 
 namespace lang {
 
-// Every caption, tip and message of the program by its index: `Lingua(n)` is entry n. A file fills it by position:
-// line n + 1 gives entry n, less its first three characters.
+// Every caption, tip and message of the program by its index: `Lingua(n)` is entry n. A file fills it by
+// position: line n + 1 gives entry n, less its first three characters.
 class LanguageTable {
 public:
     static constexpr int size = 151;
@@ -16,8 +16,9 @@ public:
     // Entry `index`, 0 to 150.
     const base::Text& operator()(int index) const { return entries_.at(static_cast<std::size_t>(index)); }
 
-    // Fills the table from the file. Entries that the file has no line for keep their text. Throws Failure when the file
-    // cannot be read, with the table as it was, and when it has more than 151 lines, with the table filled by the first.
+    // Fills the table from the file. Entries that the file has no line for keep their text. Throws Failure
+    // when the file cannot be read, with the table as it was, and when it has more than 151 lines, with the
+    // table filled by the first.
     void load(const base::TextFiles& files, base::TextView path);
 
     // Name of the language file, without a folder, such as "English.lng".
@@ -27,8 +28,8 @@ private:
     std::array<base::Text, size> entries_;
 };
 
-// The name of the language file for a user in the country of this English name. The key is its first two letters; that
-// some rows are keys of languages that no country's name begins with is settled behaviour.
+// The name of the language file for a user in the country of this English name. The key is its first two
+// letters; that some rows are keys of languages that no country's name begins with is settled behaviour.
 base::Text languageFileForCountry(base::TextView englishName);
 
 } // namespace lang

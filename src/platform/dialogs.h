@@ -8,7 +8,12 @@
 namespace platform {
 
 // The kinds of box that the program shows, by its number for them: icon and buttons together.
-enum class BoxStyle { Information = 64, Exclamation = 48, YesNoExclamation = 52, YesNoCancelExclamation = 51 };
+enum class BoxStyle {
+    Information = 64,
+    Exclamation = 48,
+    YesNoExclamation = 52,
+    YesNoCancelExclamation = 51
+};
 
 enum class Answer { OK, Yes, No, Cancel };
 
@@ -19,8 +24,8 @@ struct FileDialogRequest {
     base::Text title;
     base::Text fileName;         // proposed name
     base::Text defaultExtension; // without a point; added to a name without one
-    base::Text filter;           // pairs of a name and its patterns ("*.a;*.b"), all joined with NUL characters
-    base::Text initialFolder;    // empty: the current directory
+    base::Text filter;        // pairs of a name and its patterns ("*.a;*.b"), all joined with NUL characters
+    base::Text initialFolder; // empty: the current directory
 };
 
 // All of them are modal and let timers run while they are open.
@@ -31,7 +36,8 @@ public:
     // A box without a title takes the program's own. Closing a box that has no Cancel answers No, or OK.
     virtual Answer messageBox(base::TextView text, base::TextView title, BoxStyle style) = 0;
 
-    // The chosen path, or the empty text on cancel. A choice moves the process's current directory to the file's folder.
+    // The chosen path, or the empty text on cancel. A choice moves the process's current directory to the
+    // file's folder.
     virtual base::Text FileDlg(const FileDialogRequest& request) = 0;
 };
 

@@ -14,14 +14,14 @@ public:
     Alarm& operator=(const Alarm&) = delete;
     virtual ~Alarm() = default;
 
-    // Calls every `period` ms (above 0) from now on; a running alarm begins anew. Calls that fell due while the program
-    // was busy come once, not once each.
+    // Calls every `period` ms (above 0) from now on; a running alarm begins anew. Calls that fell due while
+    // the program was busy come once, not once each.
     virtual void start(int period) = 0;
     virtual void stop() = 0;
 };
 
-// The one loop of the program. Alarms are called between events, never inside a handler, but for a handler that shows
-// something modal: the loop runs on meanwhile.
+// The one loop of the program. Alarms are called between events, never inside a handler, but for a handler
+// that shows something modal: the loop runs on meanwhile.
 class EventLoop {
 public:
     virtual ~EventLoop() = default;

@@ -8,8 +8,9 @@ namespace platform {
 // The values of MediaPlayer::playState that the program tests or shows.
 enum class PlayState { Undefined = 0, Stopped = 1, Paused = 2, Playing = 3, Transitioning = 9 };
 
-// One media player with at most one file. Commands are taken at once and carried out soon; none of them blocks, and
-// none fails aloud: a file that cannot be played ends in Stopped, with position 0. Positions and lengths are seconds.
+// One media player with at most one file. Commands are taken at once and carried out soon; none of them
+// blocks, and none fails aloud: a file that cannot be played ends in Stopped, with position 0. Positions and
+// lengths are seconds.
 class MediaPlayer {
 public:
     MediaPlayer() = default;
@@ -17,15 +18,16 @@ public:
     MediaPlayer& operator=(const MediaPlayer&) = delete;
     virtual ~MediaPlayer() = default;
 
-    // Loads the file at this path and starts it by itself; the empty text unloads. URL is what was last given.
+    // Loads the file at this path and starts it by itself; the empty text unloads. URL is what was last
+    // given.
     virtual void setURL(base::TextView path) = 0;
     virtual base::Text URL() const = 0;
 
     // Releases the media.
     virtual void close() = 0;
 
-    // Transitioning from setURL until the first sound or the failure; Stopped by stop(), at the end of the media when
-    // its last sound is out, and after a failed load.
+    // Transitioning from setURL until the first sound or the failure; Stopped by stop(), at the end of the
+    // media when its last sound is out, and after a failed load.
     virtual PlayState playState() const = 0;
 
     // Starts or resumes at the position; at the end of the media, from 0.
@@ -35,8 +37,8 @@ public:
     // Stops, with the position going back to 0.
     virtual void stop() = 0;
 
-    // Reads 0 when stopped. A position below 0 goes to 0, one behind the end to the end. While paused it reads what was
-    // asked for, so that repeated steps do not drift.
+    // Reads 0 when stopped. A position below 0 goes to 0, one behind the end to the end. While paused it
+    // reads what was asked for, so that repeated steps do not drift.
     virtual double currentPosition() const = 0;
     virtual void setCurrentPosition(double seconds) = 0;
     // "mm:ss" below an hour, "h:mm:ss" from there on; empty when stopped.
@@ -47,7 +49,8 @@ public:
     // In the form of currentPositionString; empty without media.
     virtual base::Text durationString() const = 0;
 
-    // Speed factor, 1.0 for normal, pitch kept. It holds what it is given from 0.5 to 5, over changes of media.
+    // Speed factor, 1.0 for normal, pitch kept. It holds what it is given from 0.5 to 5, over changes of
+    // media.
     virtual double rate() const = 0;
     virtual void setRate(double factor) = 0;
 

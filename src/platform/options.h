@@ -2,8 +2,8 @@
 
 namespace platform {
 
-// Keeps the options of the program over its runs. Whoever changes an option asks at once for it to be saved, so that
-// it outlives a crash.
+// Keeps the options of the program over its runs. Whoever changes an option asks at once for it to be saved,
+// so that it outlives a crash.
 class Options {
 public:
     virtual ~Options() = default;

@@ -16,8 +16,8 @@ public:
     // The text of one locale setting of the user; empty when there is none.
     virtual base::Text LeggiLocale(int setting) const = 0;
 
-    // True when this program already runs from the same folder for the same user. The first call claims the place; a
-    // process that ends in any way frees it.
+    // True when this program already runs from the same folder for the same user. The first call claims the
+    // place; a process that ends in any way frees it.
     virtual bool previousInstance() = 0;
 
     // Ends the process when the handler that runs has returned.

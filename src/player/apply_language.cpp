@@ -63,8 +63,8 @@ void applyMenus(Form1& form) {
     form.mnuRegistra.caption = form.Lingua(104) + u"...";
     form.mnuTempoPlay.caption = form.Lingua(125) + u"...";
     form.mnuTempoPause.caption = form.Lingua(126) + u"...";
-    // The item keeps its own caption in every language; its entry only says whether it is offered, and a text that is no
-    // truth value leaves that as it was.
+    // The item keeps its own caption in every language; its entry only says whether it is offered, and a text
+    // that is no truth value leaves that as it was.
     if (const auto offered = asBoolean(form.Lingua(133)))
         form.mnuCheckUpdateStartup.enabled = *offered;
 }
@@ -74,8 +74,8 @@ void applyButtons(Form1& form) {
     form.cmdAvanz.tag = form.Lingua(10) + u" ->";
     form.cmdIndietro.tag = u"<- " + form.Lingua(11);
     const std::pair<controls::Control*, int> tips[] = {
-        {&form.Image3, 3},    {&form.cmdIndietro, 76}, {&form.cmdAvanz, 77},
-        {&form.cmdPlay, 78},  {&form.cmdStop, 79},     {&form.imgDetta, 124},
+        {&form.Image3, 3},   {&form.cmdIndietro, 76}, {&form.cmdAvanz, 77},
+        {&form.cmdPlay, 78}, {&form.cmdStop, 79},     {&form.imgDetta, 124},
     };
     for (const auto& [button, entry] : tips)
         button->toolTip = tip(form.Lingua(entry));

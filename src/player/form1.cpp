@@ -5,24 +5,29 @@ namespace player {
 Form1Menu::Form1Menu() {
     mnuFile.items = {&mnuApri,    &mnuChiudi,  &sep,        &mnuRegistra, &mnuRiga, &mnuRecent1,
                      &mnuRecent2, &mnuRecent3, &mnuRecent4, &mnuR1,       &mnuEsci};
-    mnuRiproduzione.items = {&mnuPlay,
-                             &mnuStop,
-                             &mnuIndietro,
-                             &mnuAvanti,
-                             &mnuDiminuisciVelocità,
-                             &mnuAumentaVelocità,
-                             &mnuVai,
-                             &r6,
-                             &mnuAddBM,
-                             &mnuBMsuccessivo,
-                             &mnuBMprecedente};
+    mnuRiproduzione.items = {
+        &mnuPlay, &mnuStop, &mnuIndietro, &mnuAvanti,       &mnuDiminuisciVelocità, &mnuAumentaVelocità,
+        &mnuVai,  &r6,      &mnuAddBM,    &mnuBMsuccessivo, &mnuBMprecedente};
     mnuVisualizza.items = {&mnuMostraNascondi, &mnuBookMark};
-    mnuOpzioni.items = {&mnuImpostaAudio, &rt,            &mnuSecIndietro,   &mnuSalto,      &re,
-                        &mnuSmartPlay,    &mnuTempoPlay,  &mnuTempoPause,    &mnuNoPlayOnWrite,
-                        &mnuR5,           &mnuTitoloCompleto, &mnuR2,        &mnuPrimoPiano, &o2,
-                        &mnuLingua,       &mnuAggLingua};
+    mnuOpzioni.items = {&mnuImpostaAudio,
+                        &rt,
+                        &mnuSecIndietro,
+                        &mnuSalto,
+                        &re,
+                        &mnuSmartPlay,
+                        &mnuTempoPlay,
+                        &mnuTempoPause,
+                        &mnuNoPlayOnWrite,
+                        &mnuR5,
+                        &mnuTitoloCompleto,
+                        &mnuR2,
+                        &mnuPrimoPiano,
+                        &o2,
+                        &mnuLingua,
+                        &mnuAggLingua};
     mnuDonazioni.items = {&mnuFaiDonazione};
-    mnuHelp.items = {&mnuGuida, &mnuR3, &mnuVersioni, &mnuAggiornamenti, &mnuCheckUpdateStartup, &mnuR4, &mnuInfo};
+    mnuHelp.items = {&mnuGuida, &mnuR3,  &mnuVersioni, &mnuAggiornamenti, &mnuCheckUpdateStartup,
+                     &mnuR4,    &mnuInfo};
     menuBar = {&mnuFile, &mnuRiproduzione, &mnuVisualizza, &mnuOpzioni, &mnuDonazioni, &mnuHelp};
 
     mnuChiudi.enabled = false;
@@ -34,10 +39,10 @@ Form1Menu::Form1Menu() {
     mnuCheckUpdateStartup.checked = true;
 }
 
-Form1::Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer, const lang::LanguageTable& language,
-             const base::ProgramFolder& programFolder)
-    : Window("Form1", {0, 0, clientWidth, clientHeight}), Lingua(language), folder(programFolder), WMP1(mediaPlayer),
-      Timer1(loop), Timer2(loop), Timer3(loop), Timer4(loop), Timer5(loop), Timer6(loop) {
+Form1::Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer,
+             const lang::LanguageTable& language, const base::ProgramFolder& programFolder)
+    : Window("Form1", {0, 0, clientWidth, clientHeight}), Lingua(language), folder(programFolder),
+      WMP1(mediaPlayer), Timer1(loop), Timer2(loop), Timer3(loop), Timer4(loop), Timer5(loop), Timer6(loop) {
     using controls::Alignment;
     using controls::rgb;
 

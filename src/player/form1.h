@@ -80,8 +80,8 @@ struct Form1Menu {
     std::vector<MenuItem*> menuBar; // in order
 };
 
-// The player window. Its controls hold the state of the whole session with a file: the run state is the tag of cmdPlay,
-// the file in use the tag of Label4.
+// The player window. Its controls hold the state of the whole session with a file: the run state is the tag
+// of cmdPlay, the file in use the tag of Label4.
 struct Form1 : controls::Window, Form1Menu {
     Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer, const lang::LanguageTable& language,
           const base::ProgramFolder& folder);
@@ -101,33 +101,33 @@ struct Form1 : controls::Window, Form1Menu {
     controls::Screen screen;
 
     // From the bottom to the top, as they lie over each other.
-    controls::Picture Image4{"Image4", {690, 270, 3570, 840}};             // logo
-    controls::Picture Shape3{"Shape3", {300, 165, 4095, 960}};             // backing of the title line
-    controls::Label Label4{"Label4", {330, 180, 4035, 825}};               // title line
-    controls::Control VideoBox{"WMP1", {420, 360, 555, 495}};              // where the player shows a picture
-    controls::Picture SeekTrack{"SeekTrack", {300, 2190, 4635, 240}};      // the bar at rest, under its fill
-    controls::Fill Shape1{"Shape1", {300, 2190, 4635, 225}};            // position bar: its width is the progress
-    controls::Label Label2{"Label2", {300, 2190, 4635, 240}};              // position text
-    controls::Label Label7{"Label7", {270, 1950, 450, 240}};               // speed
-    controls::Label Label1{"Label1", {4770, 45, 165, 360}};                // "+"
-    controls::Label Label3{"Label3", {4800, 1365, 120, 435}};              // "-"
-    controls::Label Label5{"Label5", {4620, 1680, 495, 285}};              // volume in per cent
-    controls::Picture Image2{"Image2", {4815, 360, 90, 1200}};             // volume bar
-    controls::Picture Image1{"Image1", {4665, 1230, 375, 195}};            // volume thumb; its tag is the volume
-    controls::PictureButton Image3{"Image3", {300, 1350, 660, 570}};       // open a file
+    controls::Picture Image4{"Image4", {690, 270, 3570, 840}};        // logo
+    controls::Picture Shape3{"Shape3", {300, 165, 4095, 960}};        // backing of the title line
+    controls::Label Label4{"Label4", {330, 180, 4035, 825}};          // title line
+    controls::Control VideoBox{"WMP1", {420, 360, 555, 495}};         // where the player shows a picture
+    controls::Picture SeekTrack{"SeekTrack", {300, 2190, 4635, 240}}; // the bar at rest, under its fill
+    controls::Fill Shape1{"Shape1", {300, 2190, 4635, 225}};    // position bar: its width is the progress
+    controls::Label Label2{"Label2", {300, 2190, 4635, 240}};   // position text
+    controls::Label Label7{"Label7", {270, 1950, 450, 240}};    // speed
+    controls::Label Label1{"Label1", {4770, 45, 165, 360}};     // "+"
+    controls::Label Label3{"Label3", {4800, 1365, 120, 435}};   // "-"
+    controls::Label Label5{"Label5", {4620, 1680, 495, 285}};   // volume in per cent
+    controls::Picture Image2{"Image2", {4815, 360, 90, 1200}};  // volume bar
+    controls::Picture Image1{"Image1", {4665, 1230, 375, 195}}; // volume thumb; its tag is the volume
+    controls::PictureButton Image3{"Image3", {300, 1350, 660, 570}}; // open a file
     controls::PictureButton cmdPlay{"cmdPlay", {1050, 1260, 720, 735}};
     controls::PictureButton cmdIndietro{"cmdIndietro", {1740, 1350, 540, 555}};
     controls::PictureButton cmdStop{"cmdStop", {2310, 1350, 540, 555}};
     controls::PictureButton cmdAvanz{"cmdAvanz", {2880, 1350, 540, 555}};
     controls::PictureButton cmdRec{"cmdRec", {3450, 1395, 450, 450}};
-    controls::PictureButton imgDetta{"imgDetta", {4080, 1425, 450, 420}};  // smart play
+    controls::PictureButton imgDetta{"imgDetta", {4080, 1425, 450, 420}}; // smart play
 
     // Calls `visit` with each control on the window, from the bottom to the top.
     template <typename Visitor>
     void forEachControl(Visitor&& visit) {
         const auto each = [&](auto&... controls) { (visit(controls), ...); };
-        each(Image4, Shape3, Label4, VideoBox, SeekTrack, Shape1, Label2, Label7, Label1, Label3, Label5, Image2, Image1,
-             Image3, cmdPlay, cmdIndietro, cmdStop, cmdAvanz, cmdRec, imgDetta);
+        each(Image4, Shape3, Label4, VideoBox, SeekTrack, Shape1, Label2, Label7, Label1, Label3, Label5,
+             Image2, Image1, Image3, cmdPlay, cmdIndietro, cmdStop, cmdAvanz, cmdRec, imgDetta);
     }
 
     controls::Timer Timer1; // title, position text, position bar

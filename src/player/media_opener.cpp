@@ -4,8 +4,8 @@
 
 namespace player {
 
-MediaOpener::MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Preferences& preferences,
-                         Companions& companions)
+MediaOpener::MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs,
+                         Preferences& preferences, Companions& companions)
     : form_(form), session_(session), dialogs_(dialogs), preferences_(preferences), companions_(companions) {
     form_.mnuApri.Click = [this] { ApriMedia({}); };
     form_.Image3.Click = [this] { Image3_Click(); };
@@ -52,8 +52,8 @@ base::Text MediaOpener::askForMedia() {
     request.defaultExtension = u"wav";
     request.initialFolder = preferences_.CartellaMedia;
     request.filter = form_.Lingua(41) + u'\0' +
-                     u"*.aac;*.avi;*.mp3;*.mpg;*.mpeg;*.ogg;*.ogv;*.wav;*.wma;*.wmv;*.ts;*.vob;*.flv" + u'\0' +
-                     form_.Lingua(26) + u'\0' + u"*.*";
+                     u"*.aac;*.avi;*.mp3;*.mpg;*.mpeg;*.ogg;*.ogv;*.wav;*.wma;*.wmv;*.ts;*.vob;*.flv" +
+                     u'\0' + form_.Lingua(26) + u'\0' + u"*.*";
     return dialogs_.FileDlg(request);
 }
 

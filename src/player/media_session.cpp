@@ -8,7 +8,8 @@ constexpr int displayPeriod = 100; // ms
 
 } // namespace
 
-MediaSession::MediaSession(Form1& form, Transport& transport, PositionDisplay& display, Companions& companions)
+MediaSession::MediaSession(Form1& form, Transport& transport, PositionDisplay& display,
+                           Companions& companions)
     : form_(form), transport_(transport), display_(display), companions_(companions) {
     form_.mnuChiudi.Click = [this] { mnuChiudi_Click(); };
 }
@@ -44,7 +45,8 @@ void MediaSession::mnuChiudi_Click() {
 }
 
 void MediaSession::enableCommands(bool enabled) {
-    for (controls::PictureButton* button : {&form_.cmdPlay, &form_.cmdStop, &form_.cmdAvanz, &form_.cmdIndietro})
+    for (controls::PictureButton* button :
+         {&form_.cmdPlay, &form_.cmdStop, &form_.cmdAvanz, &form_.cmdIndietro})
         button->enabled = enabled;
     for (controls::MenuItem* item :
          {&form_.mnuChiudi, &form_.mnuPlay, &form_.mnuStop, &form_.mnuAvanti, &form_.mnuIndietro,

@@ -12,8 +12,8 @@ class MediaSession {
 public:
     MediaSession(Form1& form, Transport& transport, PositionDisplay& display, Companions& companions);
 
-    // Loads the file and starts it, without a question or a message. Without such a file the commands are offered all the
-    // same, on whatever the player still holds.
+    // Loads the file and starts it, without a question or a message. Without such a file the commands are
+    // offered all the same, on whatever the player still holds.
     void vai(base::TextView path);
 
     // Closes the file: the state without media.

@@ -42,7 +42,8 @@ void Transport::startPlaying() {
     form_.Timer4.setInterval(watchPeriod);
     if (form_.mnuSmartPlay.checked) {
         // The period is a 16-bit number: from 33 s on it does not fit and stays as it was.
-        base::carryOn([&] { form_.Timer5.setInterval(base::productInt16(preferences_.TempoPlay, msPerSecond)); });
+        base::carryOn(
+            [&] { form_.Timer5.setInterval(base::productInt16(preferences_.TempoPlay, msPerSecond)); });
         form_.Timer5.setEnabled(true);
     } else {
         form_.Timer5.setInterval(0);
@@ -94,8 +95,8 @@ void Transport::mnuStop_Click() {
 
 void Transport::Timer4_Timer() {
     const platform::PlayState state = form_.WMP1.playState();
-    form_.screen.mousePointer =
-        state == platform::PlayState::Transitioning ? controls::Pointer::Hourglass : controls::Pointer::Default;
+    form_.screen.mousePointer = state == platform::PlayState::Transitioning ? controls::Pointer::Hourglass
+                                                                            : controls::Pointer::Default;
     if (state == platform::PlayState::Stopped) {
         mnuStop_Click();
         form_.Timer4.setInterval(0);

@@ -6,13 +6,14 @@
 
 namespace player {
 
-// The commands on an open file: play and pause on one toggle, stop, one step back or forward; and the watch that
-// notices the end of the media.
+// The commands on an open file: play and pause on one toggle, stop, one step back or forward; and the watch
+// that notices the end of the media.
 class Transport {
 public:
     Transport(Form1& form, Preferences& preferences, Companions& companions);
 
-    // Plays when the tag of cmdPlay is the word for play, else pauses. Every pause steps back SecIndietro seconds.
+    // Plays when the tag of cmdPlay is the word for play, else pauses. Every pause steps back SecIndietro
+    // seconds.
     void cmdPlay_Click();
 
     void cmdAvanz_Click();

@@ -2,10 +2,10 @@
 #include "base/files.h"
 #include "fakes/temporary_folder.h"
 
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <csignal>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;

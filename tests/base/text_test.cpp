@@ -1,6 +1,6 @@
+#include "base/carry_on.h"
 #include "base/code_page.h"
 #include "base/field_reader.h"
-#include "base/carry_on.h"
 #include "base/text.h"
 
 #include <gtest/gtest.h>
@@ -8,8 +8,8 @@
 using base::Text;
 
 TEST(Text, Utf8_AnyBytes_ComeBackAsTheyWere) {
-    for (const std::string bytes : {"plain", "caf\xC3\xA9", "\xF0\x9F\x8E\xA4", "broken \xC3", "\xFF\xFE", "\xED\xA0\x80",
-                                    "\xC0\xAF over\xE0\x80\xAFlong", "\xF4\x90\x80\x80"})
+    for (const std::string bytes : {"plain", "caf\xC3\xA9", "\xF0\x9F\x8E\xA4", "broken \xC3", "\xFF\xFE",
+                                    "\xED\xA0\x80", "\xC0\xAF over\xE0\x80\xAFlong", "\xF4\x90\x80\x80"})
         EXPECT_EQ(base::toUtf8(base::fromUtf8(bytes)), bytes);
     EXPECT_EQ(base::fromUtf8("\xF0\x9F\x8E\xA4"), u"\U0001F3A4");
     EXPECT_EQ(base::toUtf8(Text{0xD800, u'x'}), "\xEF\xBF\xBDx");

@@ -27,7 +27,8 @@ public:
     std::deque<base::Text> choices;       // cancel when none is left
     std::function<void()> whileOpen = [] {};
 
-    platform::Answer messageBox(base::TextView text, base::TextView title, platform::BoxStyle style) override {
+    platform::Answer messageBox(base::TextView text, base::TextView title,
+                                platform::BoxStyle style) override {
         boxes.push_back({base::Text(text), base::Text(title), style});
         whileOpen();
         return next(answers, platform::Answer::OK);

@@ -11,8 +11,8 @@
 
 namespace fakes {
 
-// A media player in virtual time: it takes `loadingTime` to load, runs at its rate, stops at the end. A file plays when
-// the test gave it a length. It clamps nothing, so that a test sees what it was asked for.
+// A media player in virtual time: it takes `loadingTime` to load, runs at its rate, stops at the end. A file
+// plays when the test gave it a length. It clamps nothing, so that a test sees what it was asked for.
 class FakePlayer : public platform::MediaPlayer {
 public:
     explicit FakePlayer(VirtualLoop& loop) : loop_(loop) {}
@@ -72,7 +72,9 @@ public:
         return playState() == platform::PlayState::Stopped ? base::Text() : base::clockText(run());
     }
     double duration() const override { return length_; }
-    base::Text durationString() const override { return url_.empty() ? base::Text() : base::clockText(length_); }
+    base::Text durationString() const override {
+        return url_.empty() ? base::Text() : base::clockText(length_);
+    }
     double rate() const override { return rate_; }
     void setRate(double factor) override { rate_ = factor; }
     void setVolume(int percent) override { volume = percent; }
@@ -81,7 +83,8 @@ private:
     double run() const {
         if (state_ != platform::PlayState::Playing)
             return position_;
-        return position_ + static_cast<double>(std::max<std::int64_t>(0, loop_.now() - started_)) / 1000 * rate_;
+        return position_ +
+               static_cast<double>(std::max<std::int64_t>(0, loop_.now() - started_)) / 1000 * rate_;
     }
     void hold(platform::PlayState state) {
         position_ = run();

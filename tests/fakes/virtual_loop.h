@@ -8,8 +8,8 @@
 
 namespace fakes {
 
-// A loop without real time: advance(ms) calls what falls due, in order of due time, then of start. A call may start or
-// stop any alarm, destroy one, or advance the loop itself, as a modal box does.
+// A loop without real time: advance(ms) calls what falls due, in order of due time, then of start. A call may
+// start or stop any alarm, destroy one, or advance the loop itself, as a modal box does.
 class VirtualLoop : public platform::EventLoop {
 public:
     std::unique_ptr<platform::Alarm> alarm(std::function<void()> call) override {
@@ -38,7 +38,8 @@ public:
 
 private:
     struct VirtualAlarm : platform::Alarm {
-        VirtualAlarm(VirtualLoop& owner, std::function<void()> toCall) : loop(owner), call(std::move(toCall)) {}
+        VirtualAlarm(VirtualLoop& owner, std::function<void()> toCall)
+            : loop(owner), call(std::move(toCall)) {}
         ~VirtualAlarm() override { remove(); }
         void start(int ms) override {
             remove();

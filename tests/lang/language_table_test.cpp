@@ -30,7 +30,8 @@ TEST_F(LanguageTableTest, Lines_LoseTheirFirstThreeCharacters) {
 
 TEST_F(LanguageTableTest, ShorterFile_LeavesTheLaterEntries) {
     load(lines(136));
-    load("\xEF\xBB\xBF" "000\xD0\xAF\r\n001b");
+    load("\xEF\xBB\xBF"
+         "000\xD0\xAF\r\n001b");
     EXPECT_EQ(Lingua(0), u"Я");
     EXPECT_EQ(Lingua(1), u"b");
     EXPECT_EQ(Lingua(2), u"2");

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "app/program.h"
+#include "fakes/fake_desktop.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace fakes {
+
+// The whole program wired to fakes, started without media, in a language of entries "&En0" to "&En135". Steps
+// are 5 s, every pause goes 2 s back.
+class Workbench {
+public:
+    explicit Workbench(std::string tempoPlay = "5", std::string smartPlay = "0") {
+        desktop.laySettings({"English.lng",
+                             "80",
+                             "561",
+                             "5",
+                             "2",
+                             "0",
+                             "",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             "0",
+                             std::move(tempoPlay),
+                             "3",
+                             std::move(smartPlay),
+                             "0",
+                             "1"});
+        program.emplace(desktop);
+        EXPECT_TRUE(program->Main(u""));
+        desktop.player.commands.clear();
+    }
+
+    player::Form1& form() { return *desktop.form1; }
+    player::MediaSession& session() { return program->workstation().session(); }
+    player::MediaOpener& opener() { return program->workstation().opener(); }
+    void open(const std::string& name, double seconds) {
+        opener().ApriMedia(desktop.layMedia(name, seconds));
+    }
+
+    FakeDesktop desktop;
+    std::optional<app::Program> program;
+};
+
+} // namespace fakes

@@ -1,0 +1,108 @@
+# shellcheck shell=bash disable=SC2016,SC2034,SC2154
+# Shared by ./run, ./test and the journeys: packages, the build, a display of
+# our own and the program on it. Sourcing it starts nothing.
+
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+dev=$root/tools/dev
+
+die() {
+  echo "${0##*/}: $*" >&2
+  exit 1
+}
+
+wait_until() {  # SECONDS COMMAND: evaluates COMMAND every 50 ms until it succeeds
+  local end=$((${EPOCHREALTIME/[.,]/} + $1 * 1000000))
+  until eval "$2"; do
+    ((${EPOCHREALTIME/[.,]/} < end)) || return 1
+    sleep 0.05
+  done
+}
+
+# One question to the package database tells what is missing; only then is apt
+# started, so that a warm start costs milliseconds and no network.
+require_packages() {  # LIST...
+  local wanted missing as_root=()
+  wanted=$(cd "$dev" && sed 's/ *#.*//; /^$/d' "$@")
+  # shellcheck disable=SC2086
+  missing=$(comm -23 <(sort <<<"$wanted") <(dpkg-query -W -f '${db:Status-Status} ${Package}\n' $wanted 2>/dev/null |
+    sed -n 's/^installed //p' | sort))
+  [[ $missing ]] || return 0
+  missing=$(paste -sd' ' <<<"$missing")
+  if ((EUID != 0)); then
+    command -v sudo >/dev/null || die "run as root, or install first: apt-get install --no-install-recommends $missing"
+    as_root=(sudo)
+  fi
+  echo "Installing: $missing"
+  # A stale list is better than none: whether it will do, the installation tells.
+  "${as_root[@]}" apt-get update -q || true
+  # shellcheck disable=SC2086
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -q -y --no-install-recommends -o DPkg::Lock::Timeout=300 $missing ||
+    die "these packages could not be installed: $missing"
+}
+
+build() {  # PRESET
+  local dir=$root/build/$1
+  # Ninja notices by itself when a CMakeLists.txt changes, but not the presets.
+  [[ $dir/build.ninja -nt $root/CMakePresets.json ]] || cmake -S "$root" --preset "$1"
+  cmake --build "$dir"
+}
+
+# Dies with this shell, even when the shell is killed outright.
+as_companion() {
+  exec setpriv --pdeathsig TERM "$@"
+}
+
+companions=()  # processes to stop before leaving
+
+stop_companions() {
+  ((${#companions[@]})) || return 0
+  kill "${companions[@]}" 2>/dev/null || true
+  wait_until 5 '! kill -0 "${companions[@]}" 2>/dev/null' || kill -KILL "${companions[@]}" 2>/dev/null || true
+  companions=()
+}
+
+start_display() {
+  local number
+  exec {display_fd}< <(as_companion Xvfb -displayfd 1 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset 2>/dev/null)
+  companions+=($!)
+  read -r -t 20 -u "$display_fd" number || die "Xvfb did not start"
+  unset WAYLAND_DISPLAY
+  export DISPLAY=:$number QT_QPA_PLATFORM=xcb
+  # A keyboard with most letters of Europe on it: xdotool would have to bend the
+  # map for a letter that is missing, and the program might see it too late.
+  setxkbmap us altgr-intl
+  as_companion openbox --sm-disable --config-file "$dev/openbox.xml" 2>/dev/null &
+  companions+=($!)
+  wait_until 20 'xdotool get_num_desktops >/dev/null 2>&1' || die "openbox did not start"
+}
+
+# Waits for a window of that title, activates it, and leaves its number in $window.
+use_window() {  # TITLE [SECONDS]
+  wait_until "${2:-10}" 'window=$(xdotool search --onlyvisible --limit 1 --name "^'"$1"'$" 2>/dev/null)' || return 1
+  timeout 5 xdotool windowactivate --sync "$window" 2>/dev/null
+}
+
+running() {
+  kill -0 "$program" 2>/dev/null
+}
+
+# A program that has ended will never show its window: no need to wait for it.
+find_player() {  # SECONDS
+  wait_until "$1" 'use_window Quillmere 0 || ! running' && running
+}
+
+launch() {  # PROGRAM [ARGUMENTS]: starts it and waits for the player
+  as_companion "$@" &
+  program=$!
+  companions+=("$program")
+  find_player 30
+}
+
+# Closes the program the way its user would, and answers with its exit code, or
+# with 124 when it stays.
+close_program() {
+  find_player 10 && xdotool key --clearmodifiers ctrl+q
+  wait_until 10 '! running' || return 124
+  wait "$program"
+}
