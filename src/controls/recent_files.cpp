@@ -10,8 +10,8 @@ constexpr base::TextView placeholder = u"mnuRecent";
 
 } // namespace
 
-RecentFiles::RecentFiles(std::array<MenuItem*, count> items, MenuItem& separator, const base::TextFiles& files,
-                         base::Text path)
+RecentFiles::RecentFiles(std::array<MenuItem*, count> items, MenuItem& separator,
+                         const base::TextFiles& files, base::Text path)
     : items_(items), separator_(separator), files_(files), path_(std::move(path)) {}
 
 bool RecentFiles::isFree(const MenuItem& item) {

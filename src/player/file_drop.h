@@ -6,8 +6,8 @@
 
 namespace player {
 
-// A file dropped on the player window plays by the short road: title, marks and recent list stay those of the file that
-// was opened last.
+// A file dropped on the player window plays by the short road: title, marks and recent list stay those of the
+// file that was opened last.
 class FileDrop {
 public:
     FileDrop(Form1& form, MediaSession& session, platform::Dialogs& dialogs);

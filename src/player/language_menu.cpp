@@ -12,8 +12,8 @@ constexpr base::TextView languageFolder = u"/Lang/";
 
 } // namespace
 
-LanguageMenu::LanguageMenu(Form1& form, lang::LanguageTable& table, platform::Dialogs& dialogs, Companions& companions,
-                           platform::Options& options)
+LanguageMenu::LanguageMenu(Form1& form, lang::LanguageTable& table, platform::Dialogs& dialogs,
+                           Companions& companions, platform::Options& options)
     : form_(form), table_(table), dialogs_(dialogs), companions_(companions), options_(options) {
     form_.mnuLingua.Click = [this] { mnuLingua_Click(); };
 }

@@ -8,8 +8,8 @@ constexpr double homePlace = 50 * 15; // twips: pixel (50, 50)
 
 } // namespace
 
-PlayerWindow::PlayerWindow(Form1& form, controls::Window& form2, controls::Window& form3, PositionDisplay& display,
-                           platform::Options& options)
+PlayerWindow::PlayerWindow(Form1& form, controls::Window& form2, controls::Window& form3,
+                           PositionDisplay& display, platform::Options& options)
     : form_(form), Form2_(form2), Form3_(form3), display_(display), options_(options) {
     form_.Resize = [this] { Form_Resize(); };
     form_.mnuPrimoPiano.Click = [this] { mnuPrimoPiano_Click(); };

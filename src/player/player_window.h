@@ -6,8 +6,8 @@
 
 namespace player {
 
-// The player window as a window: takes its companions along when it is minimised, stays on top, shows the editor, shows
-// the whole path.
+// The player window as a window: takes its companions along when it is minimised, stays on top, shows the
+// editor, shows the whole path.
 class PlayerWindow {
 public:
     PlayerWindow(Form1& form, controls::Window& form2, controls::Window& form3, PositionDisplay& display,

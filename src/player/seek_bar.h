@@ -10,7 +10,8 @@ class SeekBar {
 public:
     SeekBar(Form1& form, Transport& transport);
 
-    // On a paused player the sound starts for an instant and pauses again, SecIndietro seconds before the place.
+    // On a paused player the sound starts for an instant and pauses again, SecIndietro seconds before the
+    // place.
     void Label2_MouseUp(const controls::MouseEvent& event);
 
 private:

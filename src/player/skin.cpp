@@ -10,11 +10,11 @@ constexpr double jump = 20; // twips
 
 Skin::Skin(Form1& form)
     : form_(form), apri_{form.Image3, form.HoverApri, u"Apri.bmp", u"Apri2.bmp"},
-      play_{form.cmdPlay, form.FlagHoverSkin, {}, {}},
-      indietro_{form.cmdIndietro, form.HoverIndietro, u"bac.jpg", u"bac2.jpg"},
+      play_{form.cmdPlay, form.FlagHoverSkin, {}, {}}, indietro_{form.cmdIndietro, form.HoverIndietro,
+                                                                 u"bac.jpg", u"bac2.jpg"},
       avanz_{form.cmdAvanz, form.HoverAvanz, u"for.jpg", u"for2.jpg"},
-      stop_{form.cmdStop, form.HoverStop, u"stop.jpg", u"stop2.jpg"},
-      rec_{form.cmdRec, form.HoverRec, u"rec.jpg", u"rec2.jpg"} {
+      stop_{form.cmdStop, form.HoverStop, u"stop.jpg", u"stop2.jpg"}, rec_{form.cmdRec, form.HoverRec,
+                                                                           u"rec.jpg", u"rec2.jpg"} {
     form_.cmdAvanz.MouseMove = [this](const auto&) { cmdAvanz_MouseMove(); };
     form_.cmdIndietro.MouseMove = [this](const auto&) { cmdIndietro_MouseMove(); };
     form_.cmdPlay.MouseMove = [this](const auto&) { cmdPlay_MouseMove(); };

@@ -6,8 +6,8 @@
 
 namespace player {
 
-// The buttons of the skin light up under the mouse. A picture is loaded on a change of state alone, never on a mere
-// move; each button has a flag for that.
+// The buttons of the skin light up under the mouse. A picture is loaded on a change of state alone, never on
+// a mere move; each button has a flag for that.
 class Skin {
 public:
     explicit Skin(Form1& form);
@@ -18,7 +18,8 @@ public:
     void cmdStop_MouseMove();
     void cmdRec_MouseMove();
     void Image3_MouseMove();
-    // It has no hover picture: it jumps, and stays so until the mouse reaches the bare window or the recording button.
+    // It has no hover picture: it jumps, and stays so until the mouse reaches the bare window or the
+    // recording button.
     void imgDetta_MouseMove();
     void Form_MouseMove();
 

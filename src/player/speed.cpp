@@ -7,7 +7,7 @@ namespace player {
 namespace {
 
 constexpr double step = 0.1;
-constexpr double upperTest = 4.9; // of the present rate
+constexpr double upperTest = 4.9;  // of the present rate
 constexpr double lowerLimit = 0.5; // of the result
 constexpr std::size_t shownDigits = 4;
 

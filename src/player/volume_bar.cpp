@@ -15,8 +15,8 @@ constexpr int fadePeriod = 100; // ms
 constexpr std::int16_t fadeAtRest = -15;
 constexpr std::int16_t fadeStep = 15;
 constexpr std::int16_t fadeEnd = 255;
-constexpr double barTop = 350;      // about the top of the bar
-constexpr double dragAbove = 1.35;  // thumbs above the bar that a drag may aim at
+constexpr double barTop = 350;     // about the top of the bar
+constexpr double dragAbove = 1.35; // thumbs above the bar that a drag may aim at
 constexpr int leftButton = 1;
 constexpr controls::Color red = controls::rgb(255, 0, 0);
 
@@ -47,7 +47,8 @@ void VolumeBar::readThumb() {
 }
 
 void VolumeBar::ApplicaVolume() {
-    VolumeCorrente_ = static_cast<std::int32_t>(std::clamp(std::nearbyint(base::val(form_.Image1.tag.get())), -1e9, 1e9));
+    VolumeCorrente_ =
+        static_cast<std::int32_t>(std::clamp(std::nearbyint(base::val(form_.Image1.tag.get())), -1e9, 1e9));
     std::int16_t percent = 0;
     base::carryOn([&] { percent = base::toInt16(std::floor(double(VolumeCorrente_) / VolumeMax_ * 100)); });
     percent = std::clamp<std::int16_t>(percent, 0, 100);
@@ -88,7 +89,8 @@ void VolumeBar::Image1_MouseDown(const controls::MouseEvent& event) {
 
 void VolumeBar::Image1_MouseMove(const controls::MouseEvent& event) {
     MouseButton_ = event.button;
-    DragY_ = std::max(form_.Image1.top + event.y - barTop, form_.Image2.top - form_.Image1.height * dragAbove);
+    DragY_ =
+        std::max(form_.Image1.top + event.y - barTop, form_.Image2.top - form_.Image1.height * dragAbove);
     ApplicaVolume();
     keepThumbOnBar();
     companions_.TornaAllEditor();

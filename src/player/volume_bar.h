@@ -7,8 +7,9 @@
 
 namespace player {
 
-// The vertical bar with its thumb: sets the volume and shows it in letters that fade. Its bar takes a click, its thumb a
-// drag that follows at the pace of a timer. Places are twips of the window, the volume is 0 to 100.
+// The vertical bar with its thumb: sets the volume and shows it in letters that fade. Its bar takes a click,
+// its thumb a drag that follows at the pace of a timer. Places are twips of the window, the volume is 0 to
+// 100.
 class VolumeBar {
 public:
     VolumeBar(Form1& form, Companions& companions);
