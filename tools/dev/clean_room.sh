@@ -24,7 +24,7 @@ room=$where/room
 if [[ ! -f $where/base.tar ]]; then
   echo "Fetching a bare Debian 12; log: $where/base.log"
   # Whatever mirror this machine uses.
-  mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Release: bookworm' | head -n 1)
+  mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Release: bookworm' | sed -n 1p)
   [[ $mirror ]] || die "this machine's apt knows no mirror for bookworm"
   rm -rf "$where/base"
   debootstrap --variant=minbase bookworm "$where/base" "$mirror" >"$where/base.log" 2>&1 ||
