@@ -3,7 +3,7 @@
 # Proves that the checkout needs nothing but Debian 12: lays a bare one in a
 # folder, clones what is committed into it, and there runs ./run and ./test.
 #
-#   tools/dev/clean_room.sh [FOLDER]    as root; FOLDER is /tmp/cleanroom if not given
+#   tools/dev/clean_room.sh [FOLDER]    as root; FOLDER is cleanroom in the temporary folder if not given
 #
 # The bare Debian is kept as FOLDER/base.tar for the next time; the logs and the
 # picture of the program lie beside it afterwards, the room itself stays too.
@@ -17,13 +17,14 @@ if [[ ! ${IN_CLEAN_ROOM-} ]]; then
   IN_CLEAN_ROOM=yes exec unshare --mount --pid --fork --kill-child "$0" "$@"
 fi
 
-where=$(mkdir -p "${1:-/tmp/cleanroom}" && cd "${1:-/tmp/cleanroom}" && pwd)
+where=${1:-${TMPDIR:-/tmp}/cleanroom}
+where=$(mkdir -p "$where" && cd "$where" && pwd)
 room=$where/room
 
 if [[ ! -f $where/base.tar ]]; then
   echo "Fetching a bare Debian 12; log: $where/base.log"
   # Whatever mirror this machine uses.
-  mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Release: bookworm' | head -n 1)
+  mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Release: bookworm' | sed -n 1p)
   [[ $mirror ]] || die "this machine's apt knows no mirror for bookworm"
   rm -rf "$where/base"
   debootstrap --variant=minbase bookworm "$where/base" "$mirror" >"$where/base.log" 2>&1 ||
