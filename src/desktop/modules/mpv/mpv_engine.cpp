@@ -77,7 +77,8 @@ constexpr Option quietOptions[] = {
     {"input-vo-keyboard", "no"},
     {"osd-level", "0"},
     {"stop-screensaver", "no"},
-    {"vo", "libmpv"},
+    // Without a render context the sound goes on alone.
+    {"vo", "libmpv,null"},
 };
 
 [[noreturn]] void fail(const char* what, int error) {
@@ -339,6 +340,7 @@ void MpvEngine::handleSettingReply(std::uint64_t kind) {
         sendPause();
         if (pause_.settled())
             owner_.pauseCarriedOut();
+        judgeEnd();
     }
 }
 

@@ -16,7 +16,8 @@ struct mpv_event_property;
 
 namespace desktop {
 
-// What is done with the pictures of a file. On needs a render context from the window before the first load.
+// What is done with the pictures of a file. On shows them once a render context has been made; until then the
+// sound plays alone.
 enum class Pictures { Off, On };
 
 // How the engine is made.
@@ -73,7 +74,7 @@ public:
 
     // Where the sound that is heard now stands, in seconds; nothing while there is none.
     std::optional<double> position() const;
-    // True when the whole file has been played or the last seek went to its end.
+    // True when the file has been played up to its end and not been left from there.
     bool atEnd() const;
 
 private:

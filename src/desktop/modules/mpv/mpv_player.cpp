@@ -73,9 +73,9 @@ void MpvPlayer::play() {
 }
 
 bool MpvPlayer::atEnd() const {
-    if (run_ != Run::Paused)
-        return false;
-    return engine_.seeking() ? duration_ > 0 && place_ >= duration_ : engine_.atEnd();
+    // The engine tells the end only after having played up to it, not when it was sent there.
+    const bool sentThere = held_ && duration_ > 0 && place_ >= duration_;
+    return run_ == Run::Paused && (sentThere || engine_.atEnd());
 }
 
 void MpvPlayer::pause() {
