@@ -21,7 +21,9 @@ QString shown(const base::Text& caption) {
 }
 
 void follow(QAction& action, const controls::MenuItem& item) {
-    action.setText(shown(item.caption));
+    // Qt would write the text of a separator beside its line.
+    if (!action.isSeparator())
+        action.setText(shown(item.caption));
     action.setEnabled(item.offered());
     action.setVisible(item.visible);
     // A mark appears only where there is one: the program tells no other way which items can carry it.
