@@ -62,7 +62,7 @@ TEST_F(HeardSoundTest, StepBackAndPause_IsHeardFromTheSampleAskedFor) {
         player_->play();
         runLoop(200);
         const Samples heard = server_.heard();
-        EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.01) << stepBack;
+        EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003) << stepBack;
     }
 }
 
@@ -77,7 +77,7 @@ TEST_F(HeardSoundTest, StepsWhilePaused_AreHeardFromTheirSum) {
     player_->play();
     runLoop(200);
     const Samples heard = server_.heard();
-    EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 8), 8, 0.01);
+    EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 8), 8, 0.003);
 }
 
 TEST_F(HeardSoundTest, PlayAfterStop_BeginsWithTheFirstSample) {
@@ -86,7 +86,7 @@ TEST_F(HeardSoundTest, PlayAfterStop_BeginsWithTheFirstSample) {
     player_->play();
     runLoop(200);
     const Samples heard = server_.heard();
-    EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 0), 0, 0.005);
+    EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 0), 0, 0.003);
 }
 
 TEST_F(HeardSoundTest, EndOfMedia_IsHeardToTheLastSample) {

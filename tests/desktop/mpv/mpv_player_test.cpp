@@ -190,6 +190,20 @@ TEST_F(MpvPlayerTest, PausedAtTheEnd_PlaysFromTheStart_ButAfterAStepBackFromTher
     }
 }
 
+TEST_F(MpvPlayerTest, PauseShortlyBeforeTheEnd_LeavesTheRestToBePlayed) {
+    start();
+    player_.setCurrentPosition(wavLength - 0.4);
+    runLoop(150);
+    player_.pause();
+    runLoop(50);
+    EXPECT_NEAR(player_.currentPosition(), wavLength - 0.25, 0.06);
+    player_.play();
+    runLoop(100);
+    EXPECT_EQ(player_.playState(), PlayState::Playing);
+    EXPECT_NEAR(player_.currentPosition(), wavLength - 0.15, 0.06);
+    EXPECT_TRUE(reaches(PlayState::Stopped));
+}
+
 TEST_F(MpvPlayerTest, EndWhileTheProgramIsBusy_DoesNotHoldASeekBack) {
     start();
     player_.setCurrentPosition(wavLength - 0.2);

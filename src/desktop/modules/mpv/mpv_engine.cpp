@@ -31,8 +31,8 @@ constexpr Option playbackOptions[] = {
     // An mp3 frame may need the bytes of the frames before it: without a head start the place asked for is
     // silent.
     {"hr-seek-demuxer-offset", "1"},
-    // The filter that mpv takes by itself is silent above four times the speed.
-    {"af", "scaletempo2=max-speed=8"},
+    // mpv puts its pitch filter in only while the speed is not 1. It must not stand there always, as it
+    // begins 10 ms early and loses the last 40 ms of a file.
     {"audio-pitch-correction", "yes"},
     // The end is told when the last sound is out, not when it has been handed to the sound system.
     {"gapless-audio", "no"},
@@ -42,6 +42,10 @@ constexpr Option playbackOptions[] = {
     // A local file is read fast enough; a cache would only hold a second copy of it.
     {"cache", "no"},
 };
+
+// By its own default the pitch filter is silent above four times the speed. Later versions of mpv have
+// neither the fault nor the option.
+constexpr Option pitchFilterDefaults{"af-defaults", "scaletempo2=max-speed=8"};
 
 // One file is played and nothing else: no other file, no host and no script comes in by way of it.
 constexpr Option isolationOptions[] = {
@@ -97,6 +101,7 @@ void setOptions(mpv_handle* handle, const MpvOptions& options) {
         setOption(handle, option);
     for (const Option& option : quietOptions)
         setOption(handle, option);
+    mpv_set_option_string(handle, pitchFilterDefaults.name, pitchFilterDefaults.value);
     if (!options.audioOutput.empty())
         setOption(handle, {"ao", options.audioOutput.c_str()});
     if (options.pictures == Pictures::Off)
