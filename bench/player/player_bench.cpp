@@ -55,7 +55,7 @@ private:
         }
     }
 
-    desktop::MpvPlayer player_{{"null", desktop::Pictures::Off}};
+    desktop::MpvPlayer player_{{"null"}};
 };
 
 template <typename Player>

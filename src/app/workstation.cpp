@@ -31,7 +31,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
       opener_(form1_, session_, desktop.dialogs(), preferences_, companions_), seekBar_(form1_, transport_),
-      volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_),
+      volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_), videoPicture_(form1_),
       window_(form1_, companions_.Form2, companions_.Form3, display_, settings_),
       drop_(form1_, session_, desktop.dialogs()),
       languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_) {

@@ -16,6 +16,7 @@
 #include "player/skin.h"
 #include "player/speed.h"
 #include "player/transport.h"
+#include "player/video_picture.h"
 #include "player/volume_bar.h"
 
 namespace app {
@@ -63,6 +64,7 @@ private:
     player::VolumeBar volumeBar_;
     player::Speed speed_;
     player::Skin skin_;
+    player::VideoPicture videoPicture_;
     player::PlayerWindow window_;
     player::FileDrop drop_;
     player::LanguageMenu languageMenu_;

@@ -57,6 +57,7 @@ struct Control : Observed {
         this}; // picture file of the pointer over the control; empty: the usual one
 
     std::function<void()> Click; // empty: nothing happens on a click
+    std::function<void()> DblClick = [] {};
     std::function<void(const MouseEvent&)> MouseDown = [](const MouseEvent&) {};
     std::function<void(const MouseEvent&)> MouseMove = [](const MouseEvent&) {};
     std::function<void(const MouseEvent&)> MouseUp = [](const MouseEvent&) {};
@@ -117,7 +118,7 @@ struct MenuItem : Observed {
     std::function<void()> Click;
 };
 
-enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2 };
+enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2, FullScreen = 3 };
 
 // A window. Left, top, width and height are those of its frame on the screen; the client size is design.
 struct Window : Control {

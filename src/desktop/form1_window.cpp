@@ -3,6 +3,7 @@
 #include "desktop/control_views.h"
 #include "desktop/conversions.h"
 #include "desktop/menus.h"
+#include "desktop/video_screen.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -75,7 +76,8 @@ Form1Window::Form1Window(player::Form1& form) : form_(form) {
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->setMenuBar(menuBar);
-    layout->addWidget(new SkinView(form, this));
+    auto* const skin = new SkinView(form, this);
+    layout->addWidget(skin);
 
     const QSize available = screen()->availableSize();
     form.screen.width = twips(available.width());
@@ -87,22 +89,24 @@ Form1Window::Form1Window(player::Form1& form) : form_(form) {
         activateWindow();
     };
     adjustSize();
+    video_ = std::make_unique<VideoScreen>(form, *this, *skin);
     reportPlace();
     follow();
 }
+
+Form1Window::~Form1Window() = default;
 
 void Form1Window::follow() {
     if (reporting_)
         return;
     setWindowTitle(qstring(form_.caption));
     setAcceptDrops(form_.acceptsDrops);
-    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != form_.topmost) {
-        // The window's own handle, once there is one: the widget's way of it hides the window for a moment.
-        if (QWindow* const handle = windowHandle())
-            handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
-        else
-            setWindowFlag(Qt::WindowStaysOnTopHint, form_.topmost);
-    }
+    // Once shown, by the window's own handle: the widget's way of it hides the window for a moment.
+    QWindow* const handle = windowHandle();
+    if (!handle)
+        setWindowFlag(Qt::WindowStaysOnTopHint, form_.topmost);
+    else if (handle->flags().testFlag(Qt::WindowStaysOnTopHint) != form_.topmost)
+        handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
     const QPoint corner(pixels(form_.left), pixels(form_.top));
     if (corner != frameGeometry().topLeft())
         move(corner);

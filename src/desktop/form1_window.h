@@ -3,14 +3,18 @@
 #include "player/form1.h"
 
 #include <QWidget>
+#include <memory>
 
 namespace desktop {
+
+class VideoScreen;
 
 // Shows the player window and reports what the user does to it. Its skin keeps its size; above it lies the
 // menu bar.
 class Form1Window : public QWidget {
 public:
     explicit Form1Window(player::Form1& form);
+    ~Form1Window() override;
 
 protected:
     void changeEvent(QEvent* event) override;
@@ -29,6 +33,7 @@ private:
     void reportPlace();
 
     player::Form1& form_;
+    std::unique_ptr<VideoScreen> video_;
     bool reporting_ = false; // the data follows the window now, not the other way round
 };
 

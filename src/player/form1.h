@@ -99,6 +99,9 @@ struct Form1 : controls::Window, Form1Menu {
     static constexpr double clientHeight = 2625; // twips
 
     controls::Screen screen;
+    // The picture of a video in a window of its own. The commands of the player's menus work in it by their
+    // keys.
+    controls::Window VideoWindow{"VideoWindow", {0, 0, 9600, 5400}};
 
     // From the bottom to the top, as they lie over each other.
     controls::Picture Image4{"Image4", {690, 270, 3570, 840}};        // logo

@@ -116,3 +116,53 @@ TEST_F(PlayerWindowTest, Language_SetWhilePlaying_ShowsTheWordForPlay) {
     EXPECT_FALSE(form.isPlaying());
     EXPECT_EQ(bench.desktop.player.playState(), platform::PlayState::Transitioning);
 }
+
+class VideoPictureTest : public PlayerWindowTest {
+protected:
+    void show(platform::PictureSize size) {
+        bench.desktop.player.picture = size;
+        bench.desktop.player.PictureChanged();
+    }
+    // Where the picture is seen now.
+    std::string seen() {
+        const bool full = form.VideoWindow.windowState == controls::WindowState::FullScreen;
+        return form.VideoWindow.visible ? (full ? "full" : "window") : form.VideoBox.visible ? "box" : "";
+    }
+};
+
+TEST_F(VideoPictureTest, Picture_GoesFromItsBoxToItsWindowAndBack) {
+    bench.open("film.mp4", 60);
+    EXPECT_EQ(seen(), "");
+    form.VideoBox.DblClick();
+    EXPECT_EQ(seen(), "") << "sound alone has nothing to show";
+    show({1280, 720});
+    const std::function<void()> toWindow = [&] { form.VideoBox.DblClick(); };
+    const std::function<void()> doubleClick = [&] { form.VideoWindow.DblClick(); };
+    const std::function<void()> escape = [&] { form.VideoWindow.KeyDown(27); };
+    const std::function<void()> close = [&] { EXPECT_TRUE(form.VideoWindow.Unload()); };
+    const std::function<void()> stay = [&] { show({640, 480}); };
+    const std::function<void()> soundAlone = [&] { show({}); };
+    const std::pair<std::function<void()>, std::string> road[] = {
+        {stay, "box"},         {toWindow, "window"}, {doubleClick, "full"}, {doubleClick, "window"},
+        {doubleClick, "full"}, {stay, "full"},       {escape, "window"},    {escape, "box"},
+        {toWindow, "window"},  {close, "box"},       {toWindow, "window"},  {soundAlone, ""},
+        {stay, "box"}};
+    for (const auto& [act, expected] : road) {
+        act();
+        EXPECT_EQ(seen(), expected);
+    }
+    EXPECT_FALSE(bench.desktop.systemPort.ended) << "Esc in the picture does not leave the program";
+}
+
+TEST_F(VideoPictureTest, Window_KeepsThePictureProportions_BesideThePlayer) {
+    for (const platform::PictureSize size : {platform::PictureSize{640, 480}, {3840, 2160}, {720, 5000}}) {
+        show(size);
+        form.VideoBox.DblClick();
+        EXPECT_GE(form.VideoWindow.left, form.left + form.width);
+        EXPECT_LE(form.VideoWindow.left + form.VideoWindow.width, form.screen.width);
+        EXPECT_LE(form.VideoWindow.top + form.VideoWindow.height, form.screen.height);
+        EXPECT_NEAR(form.VideoWindow.width / form.VideoWindow.height, double(size.width) / size.height,
+                    0.001);
+        form.VideoWindow.Unload();
+    }
+}

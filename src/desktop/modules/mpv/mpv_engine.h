@@ -16,15 +16,10 @@ struct mpv_event_property;
 
 namespace desktop {
 
-// What is done with the pictures of a file. On shows them once a render context has been made; until then the
-// sound plays alone.
-enum class Pictures { Off, On };
-
 // How the engine is made.
 struct MpvOptions {
     // Output driver by mpv's name, "null" for silence in real time; empty for the best one the system has.
     std::string audioOutput;
-    Pictures pictures = Pictures::Off;
 };
 
 // Told what happens to the newest file, on the thread that made the engine and never from inside a call to
@@ -42,6 +37,8 @@ public:
     virtual void endReached() = 0;
     // In seconds; the last one told is right.
     virtual void durationKnown(double seconds) = 0;
+    // In pixels, in the right proportions.
+    virtual void pictureKnown(int width, int height) = 0;
 
 protected:
     ~MpvEngineOwner() = default;
@@ -71,6 +68,8 @@ public:
     void setPause(bool paused);
     void setSpeed(double factor);
     void setVolume(double percent);
+    // A window of the X server, for the files from now on; without one their sound plays alone.
+    void showPicturesIn(std::uint64_t window);
 
     // Where the sound that is heard now stands, in seconds; nothing while there is none.
     std::optional<double> position() const;
@@ -83,6 +82,7 @@ private:
     void handleReply(const mpv_event& event);
     void handleLoadReply(const mpv_event& event);
     void handleSettingReply(std::uint64_t kind);
+    void handlePicture();
     void handleProperty(const mpv_event_property& property, std::uint64_t kind);
     void handleStart(std::int64_t entry);
     void handleEnd(std::int64_t entry);
