@@ -101,7 +101,7 @@ ControlView::ControlView(controls::Control& control, QWidget* parent) : QWidget(
     setObjectName(qstring(control.name));
     setMouseTracking(true);
     control.observe([this] { follow(); });
-    setGeometry(place(control_));
+    ControlView::follow();
 }
 
 void ControlView::follow() {
