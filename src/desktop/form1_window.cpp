@@ -83,11 +83,11 @@ void Form1Window::follow() {
         return;
     setWindowTitle(qstring(form_.caption));
     if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != form_.topmost) {
-        // The window's own handle, once there is one: the widget's way of it hides the window for a moment.
+        // Through the window's own handle: the widget's way of it would hide the window for a moment. The widget has
+        // to know all the same, for it is what tells whether there is something to change.
+        overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, form_.topmost));
         if (QWindow* const handle = windowHandle())
             handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
-        else
-            setWindowFlag(Qt::WindowStaysOnTopHint, form_.topmost);
     }
     const QPoint corner(pixels(form_.left), pixels(form_.top));
     if (corner != frameGeometry().topLeft())
