@@ -101,13 +101,15 @@ ControlView::ControlView(controls::Control& control, QWidget* parent) : QWidget(
     setObjectName(qstring(control.name));
     setMouseTracking(true);
     control.observe([this] { follow(); });
-    setGeometry(place(control_));
+    ControlView::follow();
 }
 
 void ControlView::follow() {
     setGeometry(place(control_));
     if (isHidden() == control_.visible)
         setVisible(control_.visible);
+    // The mouse over a disabled control is over what lies below.
+    setAttribute(Qt::WA_TransparentForMouseEvents, !control_.enabled);
     if (const QString tip = qstring(control_.toolTip); tip != toolTip())
         setToolTip(tip);
     if (pointerIcon_ != control_.pointerIcon.get()) {

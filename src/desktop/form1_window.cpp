@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPainter>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -31,6 +32,19 @@ std::vector<base::Text> localFiles(const QMimeData& dragged) {
     }
     return paths;
 }
+
+// The menu bar with one line below it: the style draws it item by item, with gaps on fine screens.
+class MenuBar : public QMenuBar {
+public:
+    using QMenuBar::QMenuBar;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QMenuBar::paintEvent(event);
+        QPainter painter(this);
+        painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(0xE3, 0xE8, 0xEB));
+    }
+};
 
 // The skin with all controls on it; it reports the mouse beside them.
 class SkinView : public QWidget {
@@ -70,7 +84,7 @@ Form1Window::Form1Window(player::Form1& form) : form_(form) {
     setPalette(white);
     setWindowIcon(QIcon(qstring(form.icon)));
 
-    auto* const menuBar = new QMenuBar(this);
+    auto* const menuBar = new MenuBar(this);
     buildMenus(*menuBar, form.menuBar);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -101,12 +115,13 @@ void Form1Window::follow() {
         return;
     setWindowTitle(qstring(form_.caption));
     setAcceptDrops(form_.acceptsDrops);
-    // Once shown, by the window's own handle: the widget's way of it hides the window for a moment.
-    QWindow* const handle = windowHandle();
-    if (!handle)
-        setWindowFlag(Qt::WindowStaysOnTopHint, form_.topmost);
-    else if (handle->flags().testFlag(Qt::WindowStaysOnTopHint) != form_.topmost)
-        handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != form_.topmost) {
+        // Through the window's own handle: the widget's way of it would hide the window for a moment. The widget has
+        // to know all the same, for it is what tells whether there is something to change.
+        overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, form_.topmost));
+        if (QWindow* const handle = windowHandle())
+            handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
+    }
     const QPoint corner(pixels(form_.left), pixels(form_.top));
     if (corner != frameGeometry().topLeft())
         move(corner);
