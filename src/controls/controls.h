@@ -126,12 +126,15 @@ struct Window : Control {
     Property<base::Text> caption{this};
     Property<base::Text> icon{this}; // picture file
     Property<bool> topmost{this, false};
+    Property<bool> acceptsDrops{this, false};
     Property<WindowState> windowState{this, WindowState::Normal};
 
     // Gives the window the keyboard; the one who shows it fills this in.
     std::function<void()> setFocus = [] {};
     std::function<void()> Resize = [] {};
     std::function<void(int keyCode)> KeyDown = [](int) {};
+    // Files were dropped on the window: their paths, at least one.
+    std::function<void(const std::vector<base::Text>&)> Drop = [](const auto&) {};
     // The user asks for the window to be closed: true when that is refused.
     std::function<bool()> Unload = [] { return false; };
 };

@@ -117,17 +117,27 @@ void ControlView::follow() {
 }
 
 void ControlView::mousePressEvent(QMouseEvent* event) {
-    control_.MouseDown(mouseEvent(*event, event->button()));
+    if (takesMouse())
+        control_.MouseDown(mouseEvent(*event, event->button()));
+    else
+        event->ignore();
 }
 
 void ControlView::mouseMoveEvent(QMouseEvent* event) {
-    control_.MouseMove(mouseEvent(*event, event->buttons()));
+    if (takesMouse())
+        control_.MouseMove(mouseEvent(*event, event->buttons()));
+    else
+        event->ignore();
 }
 
 void ControlView::mouseReleaseEvent(QMouseEvent* event) {
+    if (!takesMouse()) {
+        event->ignore();
+        return;
+    }
     control_.MouseUp(mouseEvent(*event, event->button()));
     const bool inside = rect().contains(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && inside && control_.enabled && control_.Click)
+    if (event->button() == Qt::LeftButton && inside && control_.Click)
         control_.Click();
 }
 

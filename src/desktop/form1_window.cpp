@@ -6,8 +6,11 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -17,6 +20,16 @@ namespace desktop {
 namespace {
 
 constexpr int escapeKey = 27;
+
+// The paths of the local files among what is dragged; web addresses and texts are none.
+std::vector<base::Text> localFiles(const QMimeData& dragged) {
+    std::vector<base::Text> paths;
+    for (const QUrl& url : dragged.urls()) {
+        if (url.isLocalFile())
+            paths.push_back(text(url.toLocalFile()));
+    }
+    return paths;
+}
 
 // The skin with all controls on it; it reports the mouse beside them.
 class SkinView : public QWidget {
@@ -82,6 +95,7 @@ void Form1Window::follow() {
     if (reporting_)
         return;
     setWindowTitle(qstring(form_.caption));
+    setAcceptDrops(form_.acceptsDrops);
     if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != form_.topmost) {
         // The window's own handle, once there is one: the widget's way of it hides the window for a moment.
         if (QWindow* const handle = windowHandle())
@@ -131,6 +145,19 @@ void Form1Window::closeEvent(QCloseEvent* event) {
     // itself.
     event->ignore();
     form_.Unload();
+}
+
+void Form1Window::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).empty())
+        event->acceptProposedAction();
+}
+
+void Form1Window::dropEvent(QDropEvent* event) {
+    const std::vector<base::Text> paths = localFiles(*event->mimeData());
+    if (paths.empty())
+        return;
+    event->acceptProposedAction();
+    form_.Drop(paths);
 }
 
 void Form1Window::keyPressEvent(QKeyEvent* event) {

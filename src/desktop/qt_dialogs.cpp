@@ -15,6 +15,8 @@ namespace {
 using platform::Answer;
 using platform::BoxStyle;
 
+constexpr qsizetype longestPath = 255; // units; a longer one cannot be returned
+
 QMessageBox::StandardButtons buttons(BoxStyle style) {
     switch (style) {
     case BoxStyle::YesNoExclamation:
@@ -87,6 +89,8 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     const QString chosen = dialog.selectedFiles().constFirst();
+    if (chosen.size() > longestPath)
+        return {};
     QDir::setCurrent(QFileInfo(chosen).absolutePath());
     return text(chosen);
 }

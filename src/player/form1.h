@@ -139,8 +139,12 @@ struct Form1 : controls::Window, Form1Menu {
 
     int HoverPlay = 0;     // 1: the pointer is over cmdPlay, so its picture is left alone
     int FlagHoverSkin = 0; // 1: cmdPlay shows its hover picture
-    int HoverApri = 0;     // 1: Image3 shows its hover picture
-    int DettaTop = 0;      // rest place of imgDetta, twips
+    int HoverApri = 0;     // 1: this button shows its hover picture
+    int HoverIndietro = 0;
+    int HoverStop = 0;
+    int HoverAvanz = 0;
+    int HoverRec = 0;
+    int DettaTop = 0; // rest place of imgDetta, twips
     int DettaLeft = 0;
 };
 

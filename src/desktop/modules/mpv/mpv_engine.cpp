@@ -1,0 +1,403 @@
+#include "mpv_engine.h"
+
+#include "base/carry_on.h"
+
+#include <mpv/client.h>
+
+#include <array>
+#include <clocale>
+#include <cstdio>
+#include <filesystem>
+#include <string_view>
+
+namespace desktop {
+
+namespace {
+
+// What an answer is about; the generation stands above these bits.
+enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End };
+constexpr int kindBits = 4;
+constexpr std::uint64_t kindMask = (1U << kindBits) - 1;
+
+struct Option {
+    const char* name;
+    const char* value;
+};
+
+constexpr Option playbackOptions[] = {
+    {"idle", "yes"},
+    {"keep-open", "yes"},
+    {"hr-seek", "yes"},
+    // An mp3 frame may need the bytes of the frames before it: without a head start the place asked for is
+    // silent.
+    {"hr-seek-demuxer-offset", "1"},
+    // mpv puts its pitch filter in only while the speed is not 1. It must not stand there always, as it
+    // begins 10 ms early and loses the last 40 ms of a file.
+    {"audio-pitch-correction", "yes"},
+    // The end is told when the last sound is out, not when it has been handed to the sound system.
+    {"gapless-audio", "no"},
+    {"audio-fallback-to-null", "yes"},
+    {"audio-client-name", "Quillmere"},
+    {"volume-max", "100"},
+    // A local file is read fast enough; a cache would only hold a second copy of it.
+    {"cache", "no"},
+};
+
+// By its own default the pitch filter is silent above four times the speed. Later versions of mpv have
+// neither the fault nor the option.
+constexpr Option pitchFilterDefaults{"af-defaults", "scaletempo2=max-speed=8"};
+
+// One file is played and nothing else: no other file, no host and no script comes in by way of it.
+constexpr Option isolationOptions[] = {
+    {"config", "no"},
+    {"load-scripts", "no"},
+    {"osc", "no"},
+    {"ytdl", "no"},
+    {"load-stats-overlay", "no"},
+    {"load-osd-console", "no"},
+    {"load-auto-profiles", "no"},
+    {"access-references", "no"},
+    {"load-unsafe-playlists", "no"},
+    // Only this reader, as the others are for playlists, archives, cut lists and discs.
+    {"demuxer", "lavf"},
+    // mpv itself opens the file, so whatever a reader opens beside it (a session description, a concat
+    // script) is foreign.
+    {"demuxer-lavf-o", "protocol_whitelist=none"},
+    {"autoload-files", "no"},
+    {"audio-file-auto", "no"},
+    {"sub-auto", "no"},
+    {"cover-art-auto", "no"},
+    {"audio-display", "no"},
+    {"sid", "no"},
+    {"resume-playback", "no"},
+};
+
+constexpr Option quietOptions[] = {
+    {"terminal", "no"},
+    {"msg-level", "all=no"},
+    {"input-default-bindings", "no"},
+    {"input-builtin-bindings", "no"},
+    {"input-media-keys", "no"},
+    {"input-vo-keyboard", "no"},
+    {"osd-level", "0"},
+    {"stop-screensaver", "no"},
+    // Without a render context the sound goes on alone.
+    {"vo", "libmpv,null"},
+};
+
+[[noreturn]] void fail(const char* what, int error) {
+    throw base::Failure(std::string(what) + ": " + mpv_error_string(error));
+}
+
+void setOption(mpv_handle* handle, const Option& option) {
+    if (const int error = mpv_set_option_string(handle, option.name, option.value); error < 0)
+        fail(option.name, error);
+}
+
+void setOptions(mpv_handle* handle, const MpvOptions& options) {
+    for (const Option& option : playbackOptions)
+        setOption(handle, option);
+    for (const Option& option : isolationOptions)
+        setOption(handle, option);
+    for (const Option& option : quietOptions)
+        setOption(handle, option);
+    mpv_set_option_string(handle, pitchFilterDefaults.name, pitchFilterDefaults.value);
+    if (!options.audioOutput.empty())
+        setOption(handle, {"ao", options.audioOutput.c_str()});
+    if (options.pictures == Pictures::Off)
+        setOption(handle, {"vid", "no"});
+}
+
+// A leading "/" keeps mpv from finding a protocol or a place-holder in the name.
+std::string absolutePath(const std::string& path) {
+    std::error_code ignored;
+    const auto absolute = std::filesystem::absolute(path, ignored);
+    return absolute.empty() ? "/" + path : absolute.string();
+}
+
+std::int64_t entryNumber(const mpv_node& result) {
+    if (result.format != MPV_FORMAT_NODE_MAP)
+        return 0;
+    for (int i = 0; i < result.u.list->num; ++i) {
+        if (std::string_view(result.u.list->keys[i]) == "playlist_entry_id")
+            return result.u.list->values[i].u.int64;
+    }
+    return 0;
+}
+
+bool readFlag(mpv_handle* handle, const char* name) {
+    int flag = 0;
+    return mpv_get_property(handle, name, MPV_FORMAT_FLAG, &flag) >= 0 && flag != 0;
+}
+
+} // namespace
+
+MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner) : owner_(owner) {
+    // The toolkit has set the user's locale, and mpv does not start where the decimal point is a comma.
+    std::setlocale(LC_NUMERIC, "C");
+    handle_ = mpv_create();
+    if (!handle_)
+        throw base::Failure("mpv_create");
+    try {
+        setOptions(handle_, options);
+        if (const int error = mpv_initialize(handle_); error < 0)
+            fail("mpv_initialize", error);
+    } catch (...) {
+        mpv_terminate_destroy(handle_);
+        throw;
+    }
+    mpv_set_wakeup_callback(
+        handle_,
+        [](void* self) {
+            auto* engine = static_cast<MpvEngine*>(self);
+            if (!engine->wakeUpPosted_.exchange(true)) {
+                QMetaObject::invokeMethod(
+                    &engine->loop_, [engine] { engine->drainEvents(); }, Qt::QueuedConnection);
+            }
+        },
+        this);
+}
+
+MpvEngine::~MpvEngine() {
+    // Returns when no call of it is running, so nothing is posted to the dying object; what was posted dies
+    // with it.
+    mpv_set_wakeup_callback(handle_, nullptr, nullptr);
+    mpv_terminate_destroy(handle_);
+}
+
+void MpvEngine::load(const std::string& path) {
+    leaveFile();
+    const std::string file = absolutePath(path);
+    std::array<const char*, 4> command{"loadfile", file.c_str(), "replace", nullptr};
+    mpv_command_async(handle_, tag(Load), command.data());
+}
+
+void MpvEngine::unload() {
+    leaveFile();
+    std::array<const char*, 2> command{"stop", nullptr};
+    mpv_command_async(handle_, tag(Load), command.data());
+}
+
+void MpvEngine::leaveFile() {
+    mpv_unobserve_property(handle_, tag(Duration));
+    mpv_unobserve_property(handle_, tag(End));
+    mpv_unobserve_property(handle_, tag(Pause));
+    ++generation_;
+    entry_ = 0;
+    open_ = false;
+    endSeen_ = false;
+    pauseSeen_ = false;
+    seekUnderWay_ = false;
+    nextSeek_.reset();
+}
+
+void MpvEngine::seek(double seconds) {
+    if (seekUnderWay_)
+        nextSeek_ = seconds;
+    else
+        sendSeek(seconds);
+}
+
+void MpvEngine::sendSeek(double seconds) {
+    std::array<char, 32> target{};
+    std::snprintf(target.data(), target.size(), "%.9f", seconds);
+    std::array<const char*, 4> command{"seek", target.data(), "absolute+exact", nullptr};
+    seekBegun_ = false;
+    seekUnderWay_ = mpv_command_async(handle_, tag(Seek), command.data()) >= 0;
+}
+
+void MpvEngine::finishSeek() {
+    seekUnderWay_ = false;
+    if (nextSeek_) {
+        sendSeek(*nextSeek_);
+        nextSeek_.reset();
+    }
+}
+
+void MpvEngine::setPause(bool paused) {
+    pause_.want(paused ? 1 : 0);
+    sendPause();
+}
+
+void MpvEngine::sendPause() {
+    // Before the file is open the write would let the file before it be heard once more.
+    if (!open_ || !pause_.due())
+        return;
+    int value = pause_.begin();
+    if (mpv_set_property_async(handle_, Pause, "pause", MPV_FORMAT_FLAG, &value) < 0)
+        pause_.finish();
+}
+
+void MpvEngine::setSpeed(double factor) {
+    speed_.want(factor);
+    sendSpeed();
+}
+
+void MpvEngine::sendSpeed() {
+    if (!speed_.due())
+        return;
+    double value = speed_.begin();
+    if (mpv_set_property_async(handle_, Speed, "speed", MPV_FORMAT_DOUBLE, &value) < 0)
+        speed_.finish();
+}
+
+void MpvEngine::setVolume(double percent) {
+    volume_.want(percent);
+    sendVolume();
+}
+
+void MpvEngine::sendVolume() {
+    if (!volume_.due())
+        return;
+    double value = volume_.begin();
+    if (mpv_set_property_async(handle_, Volume, "volume", MPV_FORMAT_DOUBLE, &value) < 0)
+        volume_.finish();
+}
+
+std::optional<double> MpvEngine::position() const {
+    double seconds = 0;
+    // "time-pos" is up to 50 ms old; only a file without sound has to do with it.
+    for (const char* name : {"audio-pts", "time-pos"}) {
+        if (mpv_get_property(handle_, name, MPV_FORMAT_DOUBLE, &seconds) >= 0)
+            return seconds;
+    }
+    return std::nullopt;
+}
+
+bool MpvEngine::atEnd() const {
+    return open_ && !seekUnderWay_ && endSeen_ && readFlag(handle_, "eof-reached");
+}
+
+std::uint64_t MpvEngine::tag(std::uint64_t kind) const {
+    return generation_ << kindBits | kind;
+}
+
+void MpvEngine::drainEvents() {
+    // Before the first event is taken: what comes later posts anew.
+    wakeUpPosted_ = false;
+    while (true) {
+        const mpv_event* event = mpv_wait_event(handle_, 0);
+        if (event->event_id == MPV_EVENT_NONE)
+            return;
+        handle(*event);
+    }
+}
+
+void MpvEngine::handle(const mpv_event& event) {
+    switch (event.event_id) {
+    case MPV_EVENT_COMMAND_REPLY:
+    case MPV_EVENT_SET_PROPERTY_REPLY:
+        handleReply(event);
+        break;
+    case MPV_EVENT_START_FILE:
+        handleStart(static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id);
+        break;
+    case MPV_EVENT_END_FILE:
+        handleEnd(static_cast<const mpv_event_end_file*>(event.data)->playlist_entry_id);
+        break;
+    case MPV_EVENT_FILE_LOADED:
+        if (open_)
+            owner_.fileLoaded();
+        break;
+    case MPV_EVENT_SEEK:
+        seekBegun_ = open_;
+        break;
+    case MPV_EVENT_PLAYBACK_RESTART:
+        handleRestart();
+        break;
+    case MPV_EVENT_PROPERTY_CHANGE:
+        if (event.reply_userdata >> kindBits == generation_)
+            handleProperty(*static_cast<const mpv_event_property*>(event.data),
+                           event.reply_userdata & kindMask);
+        break;
+    default:
+        break;
+    }
+}
+
+void MpvEngine::handleReply(const mpv_event& event) {
+    const std::uint64_t kind = event.reply_userdata & kindMask;
+    if (event.event_id == MPV_EVENT_SET_PROPERTY_REPLY)
+        handleSettingReply(kind);
+    else if (event.reply_userdata >> kindBits != generation_)
+        return;
+    else if (kind == Load)
+        handleLoadReply(event);
+    else if (kind == Seek && event.error < 0)
+        finishSeek();
+}
+
+void MpvEngine::handleLoadReply(const mpv_event& event) {
+    entry_ = entryNumber(static_cast<const mpv_event_command*>(event.data)->result);
+    if (event.error < 0)
+        owner_.fileLost();
+}
+
+void MpvEngine::handleSettingReply(std::uint64_t kind) {
+    if (kind == Speed) {
+        speed_.finish();
+        sendSpeed();
+    } else if (kind == Volume) {
+        volume_.finish();
+        sendVolume();
+    } else {
+        pause_.finish();
+        sendPause();
+        if (pause_.settled())
+            owner_.pauseCarriedOut();
+        judgeEnd();
+    }
+}
+
+void MpvEngine::handleStart(std::int64_t entry) {
+    if (entry != entry_ || entry_ == 0)
+        return;
+    open_ = true;
+    // Observed anew for each file, so that no value of the file before is taken for one of this.
+    mpv_observe_property(handle_, tag(Duration), "duration", MPV_FORMAT_DOUBLE);
+    mpv_observe_property(handle_, tag(End), "eof-reached", MPV_FORMAT_FLAG);
+    mpv_observe_property(handle_, tag(Pause), "pause", MPV_FORMAT_FLAG);
+    sendPause();
+}
+
+void MpvEngine::handleEnd(std::int64_t entry) {
+    if (entry != entry_ || entry_ == 0)
+        return;
+    leaveFile();
+    owner_.fileLost();
+}
+
+void MpvEngine::handleRestart() {
+    if (!open_)
+        return;
+    // The one of the load may still arrive when the first seek has been sent.
+    if (seekUnderWay_ && seekBegun_)
+        finishSeek();
+    owner_.soundReady();
+    judgeEnd();
+}
+
+void MpvEngine::handleProperty(const mpv_event_property& property, std::uint64_t kind) {
+    if (property.format == MPV_FORMAT_DOUBLE) {
+        owner_.durationKnown(*static_cast<const double*>(property.data));
+    } else if (property.format == MPV_FORMAT_FLAG) {
+        const bool flag = *static_cast<const int*>(property.data) != 0;
+        (kind == End ? endSeen_ : pauseSeen_) = flag;
+        judgeEnd();
+    }
+}
+
+// At the end mpv pauses by itself. When the program has gone back meanwhile, the pause has to be lifted
+// again.
+void MpvEngine::judgeEnd() {
+    if (!pauseSeen_ || pause_.wanted() || seekUnderWay_)
+        return;
+    if (atEnd()) {
+        owner_.endReached();
+    } else {
+        pause_.correct(readFlag(handle_, "pause") ? 1 : 0);
+        sendPause();
+    }
+}
+
+} // namespace desktop

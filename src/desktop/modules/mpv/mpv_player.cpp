@@ -1,0 +1,194 @@
+#include "mpv_player.h"
+
+#include "base/numbers.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace desktop {
+
+namespace {
+
+constexpr double slowestRate = 0.5;
+constexpr double fastestRate = 5.0;
+constexpr int fullVolume = 100;
+
+// For a moment after a seek or a change of speed the engine tells a place before the one that is heard. A
+// reading that is further back than this is the truth: the file did not have the place asked for.
+constexpr double earlyReading = 0.5;
+
+} // namespace
+
+MpvPlayer::MpvPlayer(const MpvOptions& options) : engine_(options, *this) {}
+
+void MpvPlayer::setURL(base::TextView path) {
+    url_ = path;
+    if (path.empty())
+        close();
+    else
+        reload();
+}
+
+void MpvPlayer::reload() {
+    forget(Media::Opening);
+    run_ = Run::Playing;
+    engine_.load(base::toUtf8(url_));
+    applyPause();
+}
+
+void MpvPlayer::close() {
+    if (media_ != Media::None)
+        engine_.unload();
+    forget(Media::None);
+}
+
+void MpvPlayer::forget(Media media) {
+    media_ = media;
+    run_ = Run::Stopped;
+    duration_ = 0;
+    place_ = 0;
+    held_ = false;
+}
+
+platform::PlayState MpvPlayer::playState() const {
+    if (media_ == Media::None)
+        return platform::PlayState::Undefined;
+    if (run_ == Run::Stopped)
+        return platform::PlayState::Stopped;
+    if (media_ != Media::Ready)
+        return platform::PlayState::Transitioning;
+    return run_ == Run::Playing ? platform::PlayState::Playing : platform::PlayState::Paused;
+}
+
+void MpvPlayer::play() {
+    if (media_ == Media::Lost)
+        return reload();
+    if (!hasMedia() || run_ == Run::Playing)
+        return;
+    if (atEnd())
+        moveTo(0);
+    run_ = Run::Playing;
+    held_ = false;
+    applyPause();
+}
+
+bool MpvPlayer::atEnd() const {
+    // The engine tells the end only after having played up to it, not when it was sent there.
+    const bool sentThere = held_ && duration_ > 0 && place_ >= duration_;
+    return run_ == Run::Paused && (sentThere || engine_.atEnd());
+}
+
+void MpvPlayer::pause() {
+    if (!hasMedia() || run_ != Run::Playing)
+        return;
+    run_ = Run::Paused;
+    held_ = media_ != Media::Ready || engine_.seeking();
+    applyPause();
+}
+
+void MpvPlayer::stop() {
+    if (hasMedia() && run_ != Run::Stopped)
+        haltAtStart();
+}
+
+void MpvPlayer::haltAtStart() {
+    run_ = Run::Stopped;
+    held_ = true;
+    // The pause goes first, so that nothing of the beginning is heard.
+    applyPause();
+    moveTo(0);
+}
+
+double MpvPlayer::currentPosition() const {
+    if (!hasMedia() || run_ == Run::Stopped)
+        return 0;
+    if (held_ || media_ != Media::Ready || engine_.seeking())
+        return place_;
+    if (const auto heard = engine_.position(); heard && (*heard > place_ || *heard < place_ - earlyReading))
+        place_ = std::max(*heard, 0.0);
+    return place_;
+}
+
+void MpvPlayer::setCurrentPosition(double seconds) {
+    if (!hasMedia() || !std::isfinite(seconds))
+        return;
+    // mpv would count a negative position from the end.
+    double target = std::max(seconds, 0.0);
+    if (duration_ > 0)
+        target = std::min(target, duration_);
+    if (run_ == Run::Stopped) {
+        if (target == 0)
+            return;
+        run_ = Run::Paused;
+    }
+    held_ = run_ == Run::Paused;
+    moveTo(target);
+    applyPause();
+}
+
+void MpvPlayer::moveTo(double seconds) {
+    place_ = seconds;
+    if (media_ == Media::Starting || media_ == Media::Ready)
+        engine_.seek(seconds);
+}
+
+base::Text MpvPlayer::currentPositionString() const {
+    return !hasMedia() || run_ == Run::Stopped ? base::Text() : base::clockText(currentPosition());
+}
+
+base::Text MpvPlayer::durationString() const {
+    return hasMedia() ? base::clockText(duration_) : base::Text();
+}
+
+void MpvPlayer::setRate(double factor) {
+    if (!std::isfinite(factor))
+        return;
+    rate_ = std::clamp(factor, slowestRate, fastestRate);
+    // Steps of a tenth add up to a hair beside 1, for which the engine would keep its pitch filter at work.
+    engine_.setSpeed(std::abs(rate_ - 1) < 1e-6 ? 1.0 : rate_);
+}
+
+void MpvPlayer::setVolume(int percent) {
+    engine_.setVolume(std::clamp(percent, 0, fullVolume));
+}
+
+void MpvPlayer::applyPause() {
+    // A file that is to start elsewhere is kept silent until the seek can be sent.
+    const bool awaitsSeek = media_ == Media::Opening && place_ > 0;
+    engine_.setPause(run_ != Run::Playing || awaitsSeek);
+}
+
+void MpvPlayer::fileLoaded() {
+    media_ = Media::Starting;
+    if (place_ > 0)
+        moveTo(place_);
+    applyPause();
+}
+
+void MpvPlayer::fileLost() {
+    forget(Media::Lost);
+}
+
+void MpvPlayer::soundReady() {
+    media_ = Media::Ready;
+}
+
+void MpvPlayer::pauseCarriedOut() {
+    if (run_ != Run::Paused || held_)
+        return;
+    currentPosition();
+    held_ = true;
+}
+
+void MpvPlayer::endReached() {
+    media_ = Media::Ready;
+    haltAtStart();
+}
+
+void MpvPlayer::durationKnown(double seconds) {
+    duration_ = seconds;
+    if (place_ > duration_ && (held_ || engine_.seeking()))
+        place_ = duration_;
+}
+
+} // namespace desktop

@@ -1,0 +1,66 @@
+// The media player on libmpv.
+#pragma once
+
+#include "mpv_engine.h"
+#include "platform/media_player.h"
+
+namespace desktop {
+
+// The program's media player: keeps what the program asked for and tells it back at once, while the engine
+// follows. To be used on the thread of the Qt event loop that it was made on.
+class MpvPlayer final : public platform::MediaPlayer, private MpvEngineOwner {
+public:
+    // Throws base::Failure when libmpv cannot be started.
+    explicit MpvPlayer(const MpvOptions& options);
+
+    void setURL(base::TextView path) override;
+    base::Text URL() const override { return url_; }
+    void close() override;
+    platform::PlayState playState() const override;
+    void play() override;
+    void pause() override;
+    void stop() override;
+    double currentPosition() const override;
+    void setCurrentPosition(double seconds) override;
+    base::Text currentPositionString() const override;
+    double duration() const override { return duration_; }
+    base::Text durationString() const override;
+    double rate() const override { return rate_; }
+    void setRate(double factor) override;
+    void setVolume(int percent) override;
+
+private:
+    // Opening: the engine has not read the file yet. Starting: it has, the first sound is to come. Lost: it
+    // could not be played, or the engine has let go of it.
+    enum class Media { None, Opening, Starting, Ready, Lost };
+    // What the program asked for last; Stopped also by the end of the media.
+    enum class Run { Playing, Paused, Stopped };
+
+    void fileLoaded() override;
+    void fileLost() override;
+    void soundReady() override;
+    void pauseCarriedOut() override;
+    void endReached() override;
+    void durationKnown(double seconds) override;
+
+    bool hasMedia() const { return media_ != Media::None && media_ != Media::Lost; }
+    bool atEnd() const;
+    void reload();
+    void forget(Media media);
+    void moveTo(double seconds);
+    void haltAtStart();
+    void applyPause();
+
+    base::Text url_;
+    Media media_ = Media::None;
+    Run run_ = Run::Stopped;
+    double duration_ = 0;
+    double rate_ = 1.0;
+    // The position told last. The engine's own reading is asked for only while sound is heard and `held_` is
+    // false.
+    mutable double place_ = 0;
+    bool held_ = true;
+    MpvEngine engine_;
+};
+
+} // namespace desktop

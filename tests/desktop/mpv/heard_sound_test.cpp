@@ -1,0 +1,126 @@
+// The media player by ear: what reaches a sound server is compared with the file.
+#include "desktop/mpv/sound_server.h"
+#include "mpv_player.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+
+#include <memory>
+
+namespace {
+
+using listening::placeBehind;
+using listening::placeIn;
+using listening::runLoop;
+using listening::Samples;
+using listening::soundsIn;
+using listening::waitFor;
+using platform::PlayState;
+
+class HeardSoundTest : public testing::Test {
+protected:
+    HeardSoundTest() {
+        QFile file(QStringLiteral(MEDIA_FOLDER "/decoded.wav"));
+        if (file.open(QIODevice::ReadOnly))
+            source_ = listening::samplesOf(file.readAll().mid(44));
+    }
+    void SetUp() override {
+        ASSERT_TRUE(server_.running());
+        player_ = std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse", desktop::Pictures::Off});
+        player_->setURL(u"" MEDIA_FOLDER "/noise.mp3");
+        ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Playing; }));
+        runLoop(300);
+    }
+
+    Samples source_;
+    listening::SoundServer server_;
+    std::unique_ptr<desktop::MpvPlayer> player_;
+};
+
+TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {
+    for (int round = 0; round < 3; ++round) {
+        const double asked = player_->currentPosition();
+        player_->pause();
+        const Samples heard = server_.heard();
+        const double silent = placeBehind(source_, heard, soundsIn(heard).back().end, asked);
+        EXPECT_NEAR(silent, asked, 0.025);
+        EXPECT_NEAR(silent, player_->currentPosition(), 0.02);
+        player_->play();
+        runLoop(200);
+    }
+}
+
+TEST_F(HeardSoundTest, StepBackAndPause_IsHeardFromTheSampleAskedFor) {
+    player_->setCurrentPosition(8);
+    runLoop(300);
+    for (const double stepBack : {3.0, 0.5, 0.0, 1.234}) {
+        player_->setCurrentPosition(player_->currentPosition() - stepBack);
+        player_->pause();
+        const double place = player_->currentPosition();
+        server_.heard();
+        player_->play();
+        runLoop(200);
+        const Samples heard = server_.heard();
+        EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003) << stepBack;
+    }
+}
+
+TEST_F(HeardSoundTest, StepsWhilePaused_AreHeardFromTheirSum) {
+    player_->pause();
+    player_->setCurrentPosition(4);
+    for (int i = 0; i < 50; ++i) {
+        player_->setCurrentPosition(player_->currentPosition() + (i % 5 == 0 ? -1 : 0.35));
+        runLoop(3);
+    }
+    server_.heard();
+    player_->play();
+    runLoop(200);
+    const Samples heard = server_.heard();
+    EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 8), 8, 0.003);
+}
+
+TEST_F(HeardSoundTest, PlayAfterStop_BeginsWithTheFirstSample) {
+    player_->stop();
+    server_.heard();
+    player_->play();
+    runLoop(200);
+    const Samples heard = server_.heard();
+    EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 0), 0, 0.003);
+}
+
+TEST_F(HeardSoundTest, EndOfMedia_IsHeardToTheLastSample) {
+    const double length = static_cast<double>(source_.size()) / listening::sampleRate;
+    player_->setCurrentPosition(length - 0.6);
+    ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Stopped; }));
+    const Samples heard = server_.heard();
+    EXPECT_NEAR(placeBehind(source_, heard, soundsIn(heard).back().end, length), length, 0.02);
+}
+
+TEST_F(HeardSoundTest, FourAndAHalfTimesTheSpeed_IsHeardWithoutGaps) {
+    player_->setRate(4.5);
+    runLoop(300);
+    server_.heard();
+    runLoop(600);
+    const Samples heard = server_.heard();
+    ASSERT_EQ(soundsIn(heard).size(), 1U);
+    EXPECT_GT(soundsIn(heard).front().end - soundsIn(heard).front().begin, heard.size() * 9 / 10);
+}
+
+TEST_F(HeardSoundTest, Volume_IsHeard) {
+    player_->setVolume(0);
+    runLoop(300);
+    server_.heard();
+    EXPECT_TRUE(soundsIn(server_.heard()).empty());
+    player_->setVolume(100);
+    runLoop(300);
+    EXPECT_FALSE(soundsIn(server_.heard()).empty());
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
