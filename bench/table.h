@@ -39,4 +39,16 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
+// A row of memory, in MB: how much more the program may take than the bare thing.
+inline Row memoryRow(const std::string& what, const std::vector<double>& program,
+                     const std::vector<double>& bare, double goal) {
+    const double more = median(program) - median(bare);
+    return {what,
+            measure("%.1f MB", median(program)),
+            measure("%.1f MB", median(bare)),
+            measure("%+.1f MB", more),
+            measure("<= %+.0f MB", goal),
+            more <= goal};
+}
+
 } // namespace bench

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -25,6 +26,10 @@ public:
     pid_t id() const { return id_; }
     bool running();
     Memory memory() const;
+    // Calls `done` until it answers true. Throws when the program ends before that, or it takes too long.
+    void waitUntil(const char* what, const std::function<bool()>& done);
+    // Waits until the program has this file open.
+    void waitOpen(const std::string& path);
 
 private:
     pid_t id_ = -1;

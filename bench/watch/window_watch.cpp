@@ -11,29 +11,12 @@ namespace bench {
 
 namespace {
 
-constexpr std::chrono::seconds patience{20};
-// Fine enough for a start of tens of milliseconds, and coarse enough to leave the display to the program.
-constexpr std::chrono::microseconds pollPeriod{200};
-
 template <typename T>
 using Reply = std::unique_ptr<T, decltype(&std::free)>;
 
 template <typename T>
 Reply<T> owned(T* reply) {
     return {reply, &std::free};
-}
-
-// Calls `done` until it answers true.
-template <typename Done>
-void waitUntil(Process& program, const char* what, Done&& done) {
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (!done()) {
-        if (!program.running())
-            throw std::runtime_error(std::string("the program ended before this: ") + what);
-        if (std::chrono::steady_clock::now() > end)
-            throw std::runtime_error(std::string("this never came: ") + what);
-        std::this_thread::sleep_for(pollPeriod);
-    }
 }
 
 } // namespace
@@ -55,7 +38,7 @@ WindowWatch::~WindowWatch() {
 
 xcb_window_t WindowWatch::waitMapped(Process& program, const std::string& title) {
     xcb_window_t found = XCB_NONE;
-    waitUntil(program, "its window", [&] {
+    program.waitUntil("its window", [&] {
         while (const auto event = owned(xcb_poll_for_event(display_))) {
             if ((event->response_type & 0x7FU) == XCB_MAP_NOTIFY && found == XCB_NONE)
                 found = find(reinterpret_cast<const xcb_map_notify_event_t*>(event.get())->window, program,
@@ -79,13 +62,13 @@ xcb_window_t WindowWatch::find(xcb_window_t within, const Process& program, cons
 }
 
 void WindowWatch::waitLook(Process& program, xcb_window_t window, const Look& wanted) {
-    waitUntil(program, "its usual look", [&] { return look(window) == wanted; });
+    program.waitUntil("its usual look", [&] { return look(window) == wanted; });
 }
 
 void WindowWatch::waitGone(xcb_window_t window) {
     while (owned(
         xcb_get_window_attributes_reply(display_, xcb_get_window_attributes(display_, window), nullptr)))
-        std::this_thread::sleep_for(pollPeriod);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
     while (owned(xcb_poll_for_event(display_))) {
     }
 }
