@@ -12,6 +12,9 @@ class Form1Window : public QWidget {
 public:
     explicit Form1Window(player::Form1& form);
 
+    // Offers the large icons too, for docks and window lists: a moment for when the start is over.
+    void completeIcon();
+
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
