@@ -153,14 +153,17 @@ void PictureView::follow() {
     if (shown_ == picture_.picture.get())
         return;
     shown_ = picture_.picture;
-    QPixmap loaded = loadPicture(shown_, devicePixelRatioF());
-    if (loaded.isNull())
-        return;
-    pixmap_ = std::move(loaded);
+    read_ = false;
     update();
 }
 
 void PictureView::paintEvent(QPaintEvent*) {
+    // Not before it is seen: a few are hidden until a file is open, and the start does not wait for them.
+    if (!read_) {
+        read_ = true;
+        if (QPixmap loaded = loadPicture(shown_, devicePixelRatioF()); !loaded.isNull())
+            pixmap_ = std::move(loaded);
+    }
     if (pixmap_.isNull())
         return;
     QPainter painter(this);

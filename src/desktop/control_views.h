@@ -45,6 +45,7 @@ protected:
 private:
     controls::Picture& picture_;
     base::Text shown_;
+    bool read_ = false; // pixmap_ is that of shown_
     QPixmap pixmap_;
 };
 

@@ -3,6 +3,7 @@
 #include "desktop/control_views.h"
 #include "desktop/conversions.h"
 #include "desktop/menus.h"
+#include "desktop/pictures.h"
 #include "desktop/video_screen.h"
 
 #include <QApplication>
@@ -22,6 +23,7 @@ namespace desktop {
 namespace {
 
 constexpr int escapeKey = 27;
+constexpr int largestIconAtStart = 64; // pixels, enough for title bars
 
 // The paths of the local files among what is dragged; web addresses and texts are none.
 std::vector<base::Text> localFiles(const QMimeData& dragged) {
@@ -82,7 +84,7 @@ Form1Window::Form1Window(player::Form1& form) : form_(form) {
     QPalette white = palette();
     white.setColor(QPalette::Window, Qt::white);
     setPalette(white);
-    setWindowIcon(QIcon(qstring(form.icon)));
+    setWindowIcon(loadIcon(form.icon.get(), largestIconAtStart));
 
     auto* const menuBar = new MenuBar(this);
     buildMenus(*menuBar, form.menuBar);
@@ -109,6 +111,10 @@ Form1Window::Form1Window(player::Form1& form) : form_(form) {
 }
 
 Form1Window::~Form1Window() = default;
+
+void Form1Window::completeIcon() {
+    setWindowIcon(QIcon(qstring(form_.icon)));
+}
 
 void Form1Window::follow() {
     if (reporting_)

@@ -16,6 +16,9 @@ public:
     explicit Form1Window(player::Form1& form);
     ~Form1Window() override;
 
+    // Offers the large icons too, for docks and window lists: a moment for when the start is over.
+    void completeIcon();
+
 protected:
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;

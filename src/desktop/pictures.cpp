@@ -26,6 +26,16 @@ QPixmap loadPicture(base::TextView path, double devicePixelRatio) {
     return QPixmap(name);
 }
 
+QIcon loadIcon(base::TextView path, int largest) {
+    QIcon icon;
+    QImageReader reader(qstring(path));
+    for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i) {
+        if (reader.size().width() <= largest)
+            icon.addPixmap(QPixmap::fromImage(reader.read()));
+    }
+    return icon;
+}
+
 QCursor loadPointer(base::TextView path, double devicePixelRatio) {
     QImageReader reader(qstring(path));
     const QSize wanted = devicePixelRatio > 1 ? pointerSize * 2 : pointerSize;
