@@ -25,8 +25,11 @@ protected:
         if (file.open(QIODevice::ReadOnly))
             source_ = listening::samplesOf(file.readAll().mid(44));
     }
+    static void SetUpTestSuite() { shared_ = std::make_unique<listening::SoundServer>(); }
+    static void TearDownTestSuite() { shared_.reset(); }
     void SetUp() override {
         ASSERT_TRUE(server_.running());
+        server_.heard();
         player_ = std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse", desktop::Pictures::Off});
         player_->setURL(u"" MEDIA_FOLDER "/noise.mp3");
         ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Playing; }));
@@ -34,8 +37,11 @@ protected:
     }
 
     Samples source_;
-    listening::SoundServer server_;
+    listening::SoundServer& server_ = *shared_;
     std::unique_ptr<desktop::MpvPlayer> player_;
+
+private:
+    static inline std::unique_ptr<listening::SoundServer> shared_;
 };
 
 TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {

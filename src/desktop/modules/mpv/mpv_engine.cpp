@@ -19,6 +19,10 @@ enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End };
 constexpr int kindBits = 4;
 constexpr std::uint64_t kindMask = (1U << kindBits) - 1;
 
+// Sound servers before the bare device, and nothing that mpv would try beyond them: those cost 100 ms where
+// none answers.
+constexpr const char* usualOutputs = "pulse,pipewire,alsa";
+
 struct Option {
     const char* name;
     const char* value;
@@ -102,8 +106,7 @@ void setOptions(mpv_handle* handle, const MpvOptions& options) {
     for (const Option& option : quietOptions)
         setOption(handle, option);
     mpv_set_option_string(handle, pitchFilterDefaults.name, pitchFilterDefaults.value);
-    if (!options.audioOutput.empty())
-        setOption(handle, {"ao", options.audioOutput.c_str()});
+    setOption(handle, {"ao", options.audioOutput.empty() ? usualOutputs : options.audioOutput.c_str()});
     if (options.pictures == Pictures::Off)
         setOption(handle, {"vid", "no"});
 }

@@ -22,7 +22,7 @@ enum class Pictures { Off, On };
 
 // How the engine is made.
 struct MpvOptions {
-    // Output driver by mpv's name, "null" for silence in real time; empty for the best one the system has.
+    // Output driver by mpv's name, "null" for silence in real time; empty for what the system has.
     std::string audioOutput;
     Pictures pictures = Pictures::Off;
 };
