@@ -123,7 +123,7 @@ public:
 
     // What was heard since the last call, and a little silence behind it.
     Samples heard() {
-        runLoop(250);
+        runLoop(200);
         return samplesOf(recorder_.readAllStandardOutput());
     }
 

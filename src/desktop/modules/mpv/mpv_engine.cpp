@@ -162,9 +162,8 @@ MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner) : owner_(
 }
 
 MpvEngine::~MpvEngine() {
-    // Returns when no call of it is running, so nothing is posted to the dying object; what was posted dies
+    // Returns when mpv's threads have ended, so nothing is posted to the dying object; what was posted dies
     // with it.
-    mpv_set_wakeup_callback(handle_, nullptr, nullptr);
     mpv_terminate_destroy(handle_);
 }
 
