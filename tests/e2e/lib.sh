@@ -71,6 +71,9 @@ lay_folder() {  # prints a fresh copy of the portable folder
   local folder
   folder=$(mktemp -d "$scratch/folder.XXXX")
   cp -a "$PORTABLE_DIR/." "$folder/"
+  # What somebody's own trial left there stays out of the way.
+  rm -f "$folder"/Files/LastFiles*.ini
+  cp "$root/data/Files/Quillmere.ini" "$folder/Files/Quillmere.ini"
   echo "$folder"
 }
 
@@ -130,7 +133,9 @@ press() {  # NAME: clicks a button of the skin
 }
 
 hover() {  # X Y
-  xdotool mousemove --window "$window" "$1" $(($2 + $(skin_top)))
+  local y=$(($2 + $(skin_top)))
+  # A pointer that stands there already tells nobody.
+  xdotool mousemove --window "$window" "$1" $((y + 1)) mousemove --window "$window" "$1" "$y"
 }
 
 shows() {  # PICTURE X Y: the skin shows this picture of Files at that place
