@@ -39,7 +39,7 @@ QString withoutMnemonics(const base::Text& caption) {
 // ellipsis.
 class Lines {
 public:
-    Lines(QString text, const QFont& font, QSize space) : layout_(std::move(text), font) {
+    Lines(const QString& text, const QFont& font, QSize space) : layout_(text, font) {
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         layout_.setTextOption(option);

@@ -14,7 +14,7 @@ constexpr base::TextView separatorCaption = u"-";
 constexpr qsizetype longestCaption = 90; // characters; a longer one, a path, is shown without its middle
 
 QString shown(const base::Text& caption) {
-    const QString whole = qstring(base::TextView(caption));
+    QString whole = qstring(base::TextView(caption));
     if (whole.size() <= longestCaption)
         return whole;
     return whole.left(longestCaption / 2) + QChar(0x2026) + whole.right(longestCaption / 2);

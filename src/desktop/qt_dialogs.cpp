@@ -64,7 +64,7 @@ Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle
     QMessageBox box(QApplication::activeWindow());
     box.setObjectName(QStringLiteral("messageBox"));
     box.setIcon(style == BoxStyle::Information ? QMessageBox::Information : QMessageBox::Warning);
-    box.setWindowTitle(title.empty() ? QApplication::applicationDisplayName() : qstring(title));
+    box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
     box.setTextFormat(Qt::PlainText);
     QString lines = qstring(text);
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');

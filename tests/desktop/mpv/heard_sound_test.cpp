@@ -25,21 +25,27 @@ protected:
         if (file.open(QIODevice::ReadOnly))
             source_ = listening::samplesOf(file.readAll().mid(44));
     }
+    static void SetUpTestSuite() { shared_ = std::make_unique<listening::SoundServer>(); }
+    static void TearDownTestSuite() { shared_.reset(); }
     void SetUp() override {
         ASSERT_TRUE(server_.running());
+        server_.heard();
         player_ = std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse"});
         player_->setURL(u"" MEDIA_FOLDER "/noise.mp3");
         ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Playing; }));
-        runLoop(300);
+        runLoop(150);
     }
 
     Samples source_;
-    listening::SoundServer server_;
+    listening::SoundServer& server_ = *shared_;
     std::unique_ptr<desktop::MpvPlayer> player_;
+
+private:
+    static inline std::unique_ptr<listening::SoundServer> shared_;
 };
 
 TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {
-    for (int round = 0; round < 3; ++round) {
+    for (int round = 0; round < 2; ++round) {
         const double asked = player_->currentPosition();
         player_->pause();
         const Samples heard = server_.heard();
@@ -52,9 +58,12 @@ TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {
 }
 
 TEST_F(HeardSoundTest, StepBackAndPause_IsHeardFromTheSampleAskedFor) {
+    // Steps of a tenth up to normal speed, where they arrive a hair below it.
+    for (double rate = 0.5; rate < 0.95; player_->setRate(rate))
+        rate += 0.1;
     player_->setCurrentPosition(8);
     runLoop(300);
-    for (const double stepBack : {3.0, 0.5, 0.0, 1.234}) {
+    for (const double stepBack : {3.0, 0.0, 1.234}) {
         player_->setCurrentPosition(player_->currentPosition() - stepBack);
         player_->pause();
         const double place = player_->currentPosition();
@@ -87,6 +96,19 @@ TEST_F(HeardSoundTest, PlayAfterStop_BeginsWithTheFirstSample) {
     runLoop(200);
     const Samples heard = server_.heard();
     EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 0), 0, 0.003);
+}
+
+TEST_F(HeardSoundTest, NextFile_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) {
+    for (const double place : {0.0, 5.0}) {
+        player_->setCurrentPosition(15);
+        player_->pause();
+        server_.heard();
+        player_->setURL(player_->URL());
+        player_->setCurrentPosition(place);
+        runLoop(200);
+        const Samples heard = server_.heard();
+        EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003);
+    }
 }
 
 TEST_F(HeardSoundTest, EndOfMedia_IsHeardToTheLastSample) {

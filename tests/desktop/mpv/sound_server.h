@@ -116,11 +116,14 @@ public:
         }
     }
 
-    bool running() { return recorder_.bytesAvailable() > 0; }
+    // False when the server could not be started.
+    bool running() const {
+        return recorder_.state() == QProcess::Running && daemon_.state() == QProcess::Running;
+    }
 
     // What was heard since the last call, and a little silence behind it.
     Samples heard() {
-        runLoop(250);
+        runLoop(200);
         return samplesOf(recorder_.readAllStandardOutput());
     }
 

@@ -19,6 +19,10 @@ enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End, Pic
 constexpr int kindBits = 4;
 constexpr std::uint64_t kindMask = (1U << kindBits) - 1;
 
+// Sound servers before the bare device, and nothing that mpv would try beyond them: those cost 100 ms where
+// none answers.
+constexpr const char* usualOutputs = "pulse,pipewire,alsa";
+
 struct Option {
     const char* name;
     const char* value;
@@ -103,8 +107,7 @@ void setOptions(mpv_handle* handle, const MpvOptions& options) {
     for (const Option& option : quietOptions)
         setOption(handle, option);
     mpv_set_option_string(handle, pitchFilterDefaults.name, pitchFilterDefaults.value);
-    if (!options.audioOutput.empty())
-        setOption(handle, {"ao", options.audioOutput.c_str()});
+    setOption(handle, {"ao", options.audioOutput.empty() ? usualOutputs : options.audioOutput.c_str()});
 }
 
 // A leading "/" keeps mpv from finding a protocol or a place-holder in the name.
@@ -158,9 +161,8 @@ MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner) : owner_(
 }
 
 MpvEngine::~MpvEngine() {
-    // Returns when no call of it is running, so nothing is posted to the dying object; what was posted dies
+    // Returns when mpv's threads have ended, so nothing is posted to the dying object; what was posted dies
     // with it.
-    mpv_set_wakeup_callback(handle_, nullptr, nullptr);
     mpv_terminate_destroy(handle_);
 }
 

@@ -18,7 +18,7 @@ namespace desktop {
 
 // How the engine is made.
 struct MpvOptions {
-    // Output driver by mpv's name, "null" for silence in real time; empty for the best one the system has.
+    // Output driver by mpv's name, "null" for silence in real time; empty for what the system has.
     std::string audioOutput;
 };
 

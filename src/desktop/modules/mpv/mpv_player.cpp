@@ -85,6 +85,10 @@ void MpvPlayer::pause() {
     run_ = Run::Paused;
     held_ = media_ != Media::Ready || engine_.seeking();
     applyPause();
+    // On a busy machine the seek under way may be done, and sound run on from there, before the pause
+    // arrives.
+    if (engine_.seeking())
+        moveTo(place_);
 }
 
 void MpvPlayer::stop() {
