@@ -1,0 +1,109 @@
+// What the program asks of a rich-text control.
+#pragma once
+
+#include "base/text.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+// A property of a selection whose parts may differ.
+enum class Setting { Off, On, Mixed };
+
+// By the numbers that the toolbar writes.
+enum class ParagraphAlignment { Left = 0, Right = 1, Centre = 2 };
+
+// Options of RichText::Find, to be added.
+inline constexpr int findWholeWord = 2;
+inline constexpr int findMatchCase = 4;
+inline constexpr int findNoHighlight = 8;
+
+// Modifier keys of a key event, to be added.
+inline constexpr int shiftKey = 1;
+inline constexpr int controlKey = 2;
+inline constexpr int altKey = 4;
+
+// A key pressed or released in the text: `keyCode` is the letter in upper case, or 112 to 123 for F1 to F12.
+// A handler of a press that sets it to 0 keeps the control from acting on the key.
+struct KeyEvent {
+    int keyCode = 0;
+    int shift = 0;
+};
+
+// One document of rich text with a selection. Positions and lengths count UTF-16 units, the end of a
+// paragraph counting two (CR LF); one that lies outside the text is taken as the nearest inside, one inside a
+// pair as the place before it. What the control cannot do throws base::Failure and changes nothing. The
+// control keeps no undo of its own.
+class RichText {
+public:
+    RichText() = default;
+    RichText(const RichText&) = delete;
+    RichText& operator=(const RichText&) = delete;
+    virtual ~RichText() = default;
+
+    // The whole document as plain text, paragraphs divided by CR LF. Writing replaces it all, without
+    // formats.
+    virtual base::Text Text() const = 0;
+    virtual void setText(base::TextView text) = 0;
+    // Len(Text), without building the text.
+    virtual std::int32_t textLength() const = 0;
+
+    virtual std::int32_t SelStart() const = 0;
+    // Puts the caret there, with nothing selected.
+    virtual void setSelStart(std::int32_t position) = 0;
+    virtual std::int32_t SelLength() const = 0;
+    virtual void setSelLength(std::int32_t length) = 0;
+
+    // Writing replaces the selection and leaves the caret behind the new text, which takes the format at its
+    // place.
+    virtual base::Text SelText() const = 0;
+    virtual void setSelText(base::TextView text) = 0;
+    // The selection as a complete RTF source. Writing replaces the selection; a text that is not RTF goes in
+    // as plain text.
+    virtual base::Text SelRTF() const = 0;
+    virtual void setSelRTF(base::TextView source) = 0;
+
+    // Formats of the selection; with nothing selected, of what is typed next. Mixed values read as none or
+    // Mixed.
+    virtual void setSelFontName(base::TextView name) = 0;
+    virtual std::optional<double> SelFontSize() const = 0; // points
+    virtual void setSelFontSize(double points) = 0;        // from 1 to 1638, in halves
+    virtual void setSelColor(std::uint32_t color) = 0;     // red, green, blue, red highest
+    virtual Setting SelBold() const = 0;
+    virtual void setSelBold(bool on) = 0;
+    virtual Setting SelItalic() const = 0;
+    virtual void setSelItalic(bool on) = 0;
+    virtual Setting SelUnderline() const = 0;
+    virtual void setSelUnderline(bool on) = 0;
+    virtual Setting SelStrikeThru() const = 0;
+    virtual void setSelStrikeThru(bool on) = 0;
+    // Of the paragraphs that the selection touches.
+    virtual Setting SelBullet() const = 0;
+    virtual void setSelBullet(bool on) = 0;
+    virtual void setSelAlignment(ParagraphAlignment alignment) = 0;
+
+    // Replaces the whole document by the file: RTF, or plain text in the system's code page, in UTF-8, or in
+    // UTF-16 with its mark. Raises Change once.
+    virtual void LoadFile(base::TextView path) = 0;
+    // Writes the whole document as RTF, whatever the file's name.
+    virtual void SaveFile(base::TextView path) = 0;
+
+    // The first place at or after `start` (the caret when left out) that holds `text`, by the options; -1 for
+    // none. The hit becomes the selection unless findNoHighlight is given.
+    virtual std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) = 0;
+
+    virtual void SetFocus() = 0;
+
+    // After every change of the text, the program's own included; never for a mere change of format.
+    std::function<void()> Change = [] {};
+    std::function<void(KeyEvent&)> KeyDown = [](KeyEvent&) {};
+    std::function<void(const KeyEvent&)> KeyUp = [](const KeyEvent&) {};
+    std::function<void(int button)> MouseDown = [](int) {};
+    std::function<void()> LostFocus = [] {};
+};
+
+} // namespace platform
