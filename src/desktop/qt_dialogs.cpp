@@ -3,6 +3,7 @@
 #include "desktop/conversions.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -73,6 +74,15 @@ Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle
     // The player stays on top of all windows, and a box behind it would look like a hang.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     return answer(box.exec());
+}
+
+std::optional<std::uint32_t> QtDialogs::ShowColor(std::string_view owner, std::uint32_t start) {
+    QColorDialog dialog(QColor(QRgb(start)), window(owner));
+    dialog.setObjectName(QStringLiteral("ShowColor"));
+    dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.currentColor().rgb() & RGB_MASK;
 }
 
 base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {

@@ -2,7 +2,8 @@
 
 #include "desktop/conversions.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFontDatabase>
 #include <QLocale>
 #include <cstddef>
 #include <cstring>
@@ -51,6 +52,19 @@ bool QtSystem::previousInstance() {
     const bool taken = errno == EADDRINUSE;
     ::close(place);
     return taken;
+}
+
+void QtSystem::beep() {
+    QApplication::beep();
+}
+
+std::vector<base::Text> QtSystem::screenFonts() const {
+    std::vector<base::Text> names;
+    for (const QString& family : QFontDatabase::families()) {
+        if (!QFontDatabase::isPrivateFamily(family))
+            names.push_back(text(family));
+    }
+    return names;
 }
 
 void QtSystem::endProcess() {
