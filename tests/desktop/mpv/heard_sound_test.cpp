@@ -105,6 +105,7 @@ TEST_F(HeardSoundTest, NextFile_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) 
         server_.heard();
         player_->setURL(player_->URL());
         player_->setCurrentPosition(place);
+        QThread::msleep(50); // the program is busy, so the engine hears no more of it for a while
         runLoop(200);
         const Samples heard = server_.heard();
         EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003);
@@ -140,9 +141,3 @@ TEST_F(HeardSoundTest, Volume_IsHeard) {
 }
 
 } // namespace
-
-int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

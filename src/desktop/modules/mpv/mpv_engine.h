@@ -1,6 +1,7 @@
 // The libmpv handle behind the media player.
 #pragma once
 
+#include "mpv_options.h"
 #include "mpv_setting.h"
 
 #include <QObject>
@@ -10,22 +11,10 @@
 #include <optional>
 #include <string>
 
-struct mpv_handle;
 struct mpv_event;
 struct mpv_event_property;
 
 namespace desktop {
-
-// What is done with the pictures of a file. On shows them once a render context has been made; until then the
-// sound plays alone.
-enum class Pictures { Off, On };
-
-// How the engine is made.
-struct MpvOptions {
-    // Output driver by mpv's name, "null" for silence in real time; empty for what the system has.
-    std::string audioOutput;
-    Pictures pictures = Pictures::Off;
-};
 
 // Told what happens to the newest file, on the thread that made the engine and never from inside a call to
 // it. What still arrives from a file that was replaced or unloaded is not passed on.
