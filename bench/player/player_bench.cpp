@@ -3,6 +3,7 @@
 // another run says little; the two of one run can be compared on any machine.
 #include "bare_loop.h"
 #include "mpv_player.h"
+#include "table.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -55,7 +56,7 @@ private:
         }
     }
 
-    desktop::MpvPlayer player_{{"null", desktop::Pictures::Off}};
+    desktop::MpvPlayer player_{{"null"}};
 };
 
 template <typename Player>
@@ -115,15 +116,24 @@ void dictate(Player& player, std::map<std::string, std::vector<double>>& times) 
     player.unload();
 }
 
-double median(std::vector<double> values) {
-    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2),
-                     values.end());
-    return values[values.size() / 2];
-}
-
-// True when the player is as near to the bare loop as it has to be.
-bool meetsGoal(const std::string& step, double player, double bare) {
-    return step == "load" ? player <= 1.3 * bare : player <= bare + 5;
+// The player has to be as near to the bare loop as this.
+bench::Row row(const std::string& step, double player, double bare) {
+    constexpr double loadGoal = 1.3;
+    constexpr double stepGoal = 5; // ms
+    const double ratio = player / bare;
+    if (step == "load")
+        return {"Player, load to sound ready",         bench::measure("%.2f ms", player),
+                bench::measure("%.2f ms", bare),       bench::measure("x %.2f", ratio),
+                bench::measure("<= x %.1f", loadGoal), ratio <= loadGoal};
+    if (step == "read position") // a thousand reads in ms are one in microseconds
+        return {"Player, " + step, bench::measure("%.2f us", player), bench::measure("%.2f us", bare),
+                bench::measure("x %.2f", ratio), ""};
+    return {"Player, " + step,
+            bench::measure("%.2f ms", player),
+            bench::measure("%.2f ms", bare),
+            bench::measure("%+.2f ms", player - bare),
+            bench::measure("<= %+.0f ms", stepGoal),
+            player - bare <= stepGoal};
 }
 
 } // namespace
@@ -131,9 +141,7 @@ bool meetsGoal(const std::string& step, double player, double bare) {
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     const int rounds = argc > 1 ? std::atoi(argv[1]) : 25;
-    auto start = Clock::now();
     ProgramsPlayer player;
-    const double made = millisecondsSince(start);
     BareLoop bare;
     std::map<std::string, std::vector<double>> playerTimes;
     std::map<std::string, std::vector<double>> bareTimes;
@@ -141,12 +149,6 @@ int main(int argc, char** argv) {
         dictate(player, playerTimes);
         dictate(bare, bareTimes);
     }
-    std::printf("Medians of %d rounds in milliseconds. Making the player took %.1f.\n", rounds, made);
-    std::printf("%-16s %9s %9s %7s  %s\n", "step", "player", "bare", "ratio", "goal");
-    for (const auto& [step, times] : playerTimes) {
-        const double ours = median(times);
-        const double theirs = median(bareTimes[step]);
-        std::printf("%-16s %9.3f %9.3f %7.2f  %s\n", step.c_str(), ours, theirs, ours / theirs,
-                    meetsGoal(step, ours, theirs) ? "met" : "MISSED");
-    }
+    for (const auto& [step, times] : playerTimes)
+        bench::print(row(step, bench::median(times), bench::median(bareTimes[step])));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/controls.h"
+#include "controls/recent_files.h"
 #include "player/companions.h"
 #include "player/form1.h"
 
@@ -10,7 +11,8 @@ namespace app {
 // them. What a room that is not built yet would answer is left undone, and no command offers it.
 class CompanionWindows : public player::Companions {
 public:
-    explicit CompanionWindows(player::Form1& form1) : form1_(form1) {}
+    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia)
+        : form1_(form1), recentMedia_(recentMedia) {}
 
     controls::Window Form2{"Form2", {0, 0, 10920, 5205}}; // editor
     controls::Window Form3{"Form3", {0, 0, 6000, 3390}};  // marks
@@ -23,11 +25,12 @@ public:
     void leaveBookmarks() override {}
     bool openBookmarks(base::TextView) override { return false; }
     void unloadForm3() override;
-    void rememberMedia(base::TextView) override {}
+    void rememberMedia(base::TextView path) override { recentMedia_.remember(path); }
     bool isRecordingTo(base::TextView) override { return false; }
 
 private:
     player::Form1& form1_;
+    controls::RecentFiles& recentMedia_;
 };
 
 } // namespace app

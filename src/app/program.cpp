@@ -5,7 +5,8 @@
 namespace app {
 
 Program::Program(Desktop& desktop)
-    : desktop_(desktop), files_(desktop.codePage()), folder_(desktop.system().programFolder()) {}
+    : desktop_(desktop), files_(desktop.codePage()), folder_(desktop.system().programFolder()),
+      Lingua(files_, folder_) {}
 
 bool Program::Main(base::TextView commandLine) {
     try {
@@ -22,7 +23,7 @@ void Program::start(base::TextView commandLine) {
     if (base::trimmed(Lingua.FileLingua).empty())
         Lingua.FileLingua =
             lang::languageFileForCountry(desktop_.system().LeggiLocale(platform::localeEnglishCountry));
-    Lingua.load(files_, folder_.languages(Lingua.FileLingua));
+    Lingua.load();
     if (desktop_.system().previousInstance()) {
         desktop_.dialogs().messageBox(base::TogliAmp(Lingua(0)), base::TogliAmp(Lingua(1)),
                                       platform::BoxStyle::Exclamation);

@@ -8,7 +8,6 @@ namespace app {
 namespace {
 
 constexpr base::TextView applicationTitle = u"Quillmere";
-constexpr double homePlace = 50 * 15; // twips: the player stands at pixel (50, 50) after every start
 constexpr int escapeKey = 27;
 
 // Makes a companion window fit between its place and the end of the screen; it is never moved.
@@ -23,22 +22,24 @@ void keepOnScreen(controls::Window& window, const controls::Screen& screen) {
 
 Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const base::ProgramFolder& folder,
                          lang::LanguageTable& language, base::TextView commandLine)
-    : desktop_(desktop), files_(files), folder_(folder), Lingua(language),
-      form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder), companions_(form1_),
+    : desktop_(desktop), folder_(folder), Lingua(language),
+      form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder),
+      recentMedia_({&form1_.mnuRecent1, &form1_.mnuRecent2, &form1_.mnuRecent3, &form1_.mnuRecent4},
+                   form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
+      companions_(form1_, recentMedia_),
       settings_(files, folder, {language, form1_, companions_.Form2, companions_.Form3, preferences_}),
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
-      opener_(form1_, session_, desktop.dialogs(), preferences_, companions_) {
+      opener_(form1_, session_, desktop.dialogs(), preferences_, companions_), seekBar_(form1_, transport_),
+      volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_), videoPicture_(form1_),
+      window_(form1_, companions_.Form2, companions_.Form3, display_, settings_),
+      drop_(form1_, session_, desktop.dialogs()),
+      languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_) {
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.KeyDown = [this](int keyCode) {
         if (keyCode == escapeKey)
             mnuEsci_Click();
-    };
-    form1_.mnuTitoloCompleto.Click = [this] {
-        form1_.mnuTitoloCompleto.checked = !form1_.mnuTitoloCompleto.checked;
-        display_.MostraPath();
-        settings_.Salva();
     };
     desktop_.show(form1_);
     Form_Initialize();
@@ -50,19 +51,24 @@ void Workstation::Form_Initialize() {
 }
 
 void Workstation::Form_Load(base::TextView commandLine) {
+    drop_.install();
+    volumeBar_.IniziaVolume();
     form1_.caption = base::Text(applicationTitle);
     form1_.top = 0;
     const StartSettings start = settings_.read();
-    base::carryOn([&] { Lingua.load(files_, folder_.languages(Lingua.FileLingua)); });
+    base::carryOn([&] { Lingua.load(); });
     placeWindows(start);
     showCompanions(start);
     player::ApplicaLingua(form1_, companions_);
     showWithoutMedia();
+    recentMedia_.load(false);
+    showHandPointer();
     const bool withFile = !base::trimmed(commandLine).empty();
     if (withFile)
         session_.vai(commandLine);
     form1_.Image1.tag = start.volume;
     session_.mnuChiudi_Click();
+    volumeBar_.ApplicaVolume();
     if (withFile)
         opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
 }
@@ -75,9 +81,7 @@ void Workstation::placeWindows(const StartSettings& start) {
         companions_.Form2.top = start.top2;
     }
     form1_.mnuPrimoPiano.checked = start.topmost;
-    form1_.topmost = start.topmost;
-    form1_.left = homePlace;
-    form1_.top = homePlace;
+    window_.stayOnTop(start.topmost);
 }
 
 void Workstation::showCompanions(const StartSettings& start) {
@@ -108,6 +112,9 @@ void Workstation::showWithoutMedia() {
     form1_.Image1.toolTip = u" " + Lingua(27) + u" ";
     form1_.DettaTop = static_cast<int>(form1_.imgDetta.top);
     form1_.DettaLeft = static_cast<int>(form1_.imgDetta.left);
+}
+
+void Workstation::showHandPointer() {
     for (controls::Control* button :
          std::initializer_list<controls::Control*>{&form1_.Image3, &form1_.imgDetta, &form1_.cmdPlay,
                                                    &form1_.cmdIndietro, &form1_.cmdStop, &form1_.cmdAvanz})
@@ -116,6 +123,7 @@ void Workstation::showWithoutMedia() {
 
 bool Workstation::Form_Unload() {
     companions_.leaveBookmarks();
+    drop_.remove();
     settings_.Salva();
     companions_.Form3.visible = false;
     form1_.WMP1.stop();

@@ -3,12 +3,21 @@
 #include "app/companion_windows.h"
 #include "app/desktop.h"
 #include "app/settings_file.h"
+#include "controls/recent_files.h"
+#include "player/file_drop.h"
 #include "player/form1.h"
+#include "player/language_menu.h"
 #include "player/media_opener.h"
 #include "player/media_session.h"
+#include "player/player_window.h"
 #include "player/position_display.h"
 #include "player/preferences.h"
+#include "player/seek_bar.h"
+#include "player/skin.h"
+#include "player/speed.h"
 #include "player/transport.h"
+#include "player/video_picture.h"
+#include "player/volume_bar.h"
 
 namespace app {
 
@@ -22,6 +31,7 @@ public:
 
     player::Form1& form1() { return form1_; }
     player::MediaSession& session() { return session_; }
+    CompanionWindows& companions() { return companions_; }
     player::MediaOpener& opener() { return opener_; }
 
 private:
@@ -34,21 +44,30 @@ private:
     void placeWindows(const StartSettings& start);
     void showCompanions(const StartSettings& start);
     void showWithoutMedia();
+    void showHandPointer();
     void openFromCommandLine(base::TextView commandLine);
 
     Desktop& desktop_;
-    const base::TextFiles& files_;
     const base::ProgramFolder& folder_;
     lang::LanguageTable& Lingua;
 
     player::Preferences preferences_;
     player::Form1 form1_;
+    controls::RecentFiles recentMedia_;
     CompanionWindows companions_;
     SettingsFile settings_;
     player::PositionDisplay display_;
     player::Transport transport_;
     player::MediaSession session_;
     player::MediaOpener opener_;
+    player::SeekBar seekBar_;
+    player::VolumeBar volumeBar_;
+    player::Speed speed_;
+    player::Skin skin_;
+    player::VideoPicture videoPicture_;
+    player::PlayerWindow window_;
+    player::FileDrop drop_;
+    player::LanguageMenu languageMenu_;
 };
 
 } // namespace app

@@ -21,7 +21,7 @@ CodePage::CodePage(int number) {
     for (std::size_t byte = 0; byte < units_.size(); ++byte)
         units_[byte] = static_cast<char16_t>(byte);
     const std::string name = "CP" + std::to_string(isSingleByte(number) ? number : 1252);
-    const iconv_t converter = iconv_open("UTF-16LE", name.c_str());
+    iconv_t converter = iconv_open("UTF-16LE", name.c_str());
     // A system without its conversion tables still reads and writes; all beyond ASCII is then taken as it
     // stands.
     if (converter == iconv_t(-1)) // NOLINT(performance-no-int-to-ptr): the documented error value

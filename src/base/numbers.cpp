@@ -96,10 +96,10 @@ Text clockText(double seconds) {
     const auto twoDigits = [](std::int64_t n) {
         return Text{static_cast<char16_t>(u'0' + n / 10), static_cast<char16_t>(u'0' + n % 10)};
     };
-    const Text minutesAndSeconds = twoDigits(whole / 60 % 60) + u":" + twoDigits(whole % 60);
+    Text minutesAndSeconds = twoDigits(whole / 60 % 60) + u":" + twoDigits(whole % 60);
     if (whole < 3600)
         return minutesAndSeconds;
-    return numberText(static_cast<double>(whole / 3600)) + u":" + minutesAndSeconds;
+    return numberText(std::floor(seconds / 3600)) + u":" + minutesAndSeconds;
 }
 
 } // namespace base

@@ -57,6 +57,7 @@ struct Control : Observed {
         this}; // picture file of the pointer over the control; empty: the usual one
 
     std::function<void()> Click; // empty: nothing happens on a click
+    std::function<void()> DblClick = [] {};
     std::function<void(const MouseEvent&)> MouseDown = [](const MouseEvent&) {};
     std::function<void(const MouseEvent&)> MouseMove = [](const MouseEvent&) {};
     std::function<void(const MouseEvent&)> MouseUp = [](const MouseEvent&) {};
@@ -117,7 +118,7 @@ struct MenuItem : Observed {
     std::function<void()> Click;
 };
 
-enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2 };
+enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2, FullScreen = 3 };
 
 // A window. Left, top, width and height are those of its frame on the screen; the client size is design.
 struct Window : Control {
@@ -126,12 +127,15 @@ struct Window : Control {
     Property<base::Text> caption{this};
     Property<base::Text> icon{this}; // picture file
     Property<bool> topmost{this, false};
+    Property<bool> acceptsDrops{this, false};
     Property<WindowState> windowState{this, WindowState::Normal};
 
     // Gives the window the keyboard; the one who shows it fills this in.
     std::function<void()> setFocus = [] {};
     std::function<void()> Resize = [] {};
     std::function<void(int keyCode)> KeyDown = [](int) {};
+    // Files were dropped on the window: their paths, at least one.
+    std::function<void(const std::vector<base::Text>&)> Drop = [](const auto&) {};
     // The user asks for the window to be closed: true when that is refused.
     std::function<bool()> Unload = [] { return false; };
 };

@@ -1,6 +1,7 @@
 #include "desktop/application.h"
 
 #include <QFont>
+#include <QPalette>
 #include <QStyleFactory>
 #include <filesystem>
 #include <system_error>
@@ -39,8 +40,8 @@ QPalette skinPalette() {
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(choosePlatform(argc), argv) {
-    setApplicationName(QStringLiteral("quillmere"));
-    setApplicationDisplayName(QStringLiteral("Quillmere"));
+    // No display name: Qt would add it to the title of every box.
+    setApplicationName(QStringLiteral("Quillmere"));
     setQuitOnLastWindowClosed(false);
     setStyle(QStyleFactory::create(QStringLiteral("fusion")));
     setPalette(skinPalette());

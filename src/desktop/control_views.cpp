@@ -39,7 +39,7 @@ QString withoutMnemonics(const base::Text& caption) {
 // ellipsis.
 class Lines {
 public:
-    Lines(QString text, const QFont& font, QSize space) : layout_(std::move(text), font) {
+    Lines(const QString& text, const QFont& font, QSize space) : layout_(text, font) {
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         layout_.setTextOption(option);
@@ -101,13 +101,15 @@ ControlView::ControlView(controls::Control& control, QWidget* parent) : QWidget(
     setObjectName(qstring(control.name));
     setMouseTracking(true);
     control.observe([this] { follow(); });
-    setGeometry(place(control_));
+    ControlView::follow();
 }
 
 void ControlView::follow() {
     setGeometry(place(control_));
     if (isHidden() == control_.visible)
         setVisible(control_.visible);
+    // The mouse over a disabled control is over what lies below.
+    setAttribute(Qt::WA_TransparentForMouseEvents, !control_.enabled);
     if (const QString tip = qstring(control_.toolTip); tip != toolTip())
         setToolTip(tip);
     if (pointerIcon_ != control_.pointerIcon.get()) {
@@ -117,17 +119,27 @@ void ControlView::follow() {
 }
 
 void ControlView::mousePressEvent(QMouseEvent* event) {
-    control_.MouseDown(mouseEvent(*event, event->button()));
+    if (takesMouse())
+        control_.MouseDown(mouseEvent(*event, event->button()));
+    else
+        event->ignore();
 }
 
 void ControlView::mouseMoveEvent(QMouseEvent* event) {
-    control_.MouseMove(mouseEvent(*event, event->buttons()));
+    if (takesMouse())
+        control_.MouseMove(mouseEvent(*event, event->buttons()));
+    else
+        event->ignore();
 }
 
 void ControlView::mouseReleaseEvent(QMouseEvent* event) {
+    if (!takesMouse()) {
+        event->ignore();
+        return;
+    }
     control_.MouseUp(mouseEvent(*event, event->button()));
     const bool inside = rect().contains(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && inside && control_.enabled && control_.Click)
+    if (event->button() == Qt::LeftButton && inside && control_.Click)
         control_.Click();
 }
 
@@ -141,14 +153,17 @@ void PictureView::follow() {
     if (shown_ == picture_.picture.get())
         return;
     shown_ = picture_.picture;
-    QPixmap loaded = loadPicture(shown_, devicePixelRatioF());
-    if (loaded.isNull())
-        return;
-    pixmap_ = std::move(loaded);
+    read_ = false;
     update();
 }
 
 void PictureView::paintEvent(QPaintEvent*) {
+    // Not before it is seen: a few are hidden until a file is open, and the start does not wait for them.
+    if (!read_) {
+        read_ = true;
+        if (QPixmap loaded = loadPicture(shown_, devicePixelRatioF()); !loaded.isNull())
+            pixmap_ = std::move(loaded);
+    }
     if (pixmap_.isNull())
         return;
     QPainter painter(this);

@@ -17,6 +17,8 @@ public:
 protected:
     // Takes over what changed in the data.
     virtual void follow();
+    // False lets the mouse through to the window beneath, as a disabled control does.
+    virtual bool takesMouse() const { return control_.enabled; }
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -43,6 +45,7 @@ protected:
 private:
     controls::Picture& picture_;
     base::Text shown_;
+    bool read_ = false; // pixmap_ is that of shown_
     QPixmap pixmap_;
 };
 
@@ -53,6 +56,7 @@ public:
 
 protected:
     void follow() override;
+    bool takesMouse() const override { return button_.offered(); }
     double strength() const override;
 
 private:

@@ -3,11 +3,17 @@
 #include "desktop/control_views.h"
 #include "desktop/conversions.h"
 #include "desktop/menus.h"
+#include "desktop/pictures.h"
+#include "desktop/video_screen.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QMenuBar>
+#include <QMimeData>
+#include <QPainter>
 #include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
@@ -17,6 +23,30 @@ namespace desktop {
 namespace {
 
 constexpr int escapeKey = 27;
+constexpr int largestIconAtStart = 64; // pixels, enough for title bars
+
+// The paths of the local files among what is dragged; web addresses and texts are none.
+std::vector<base::Text> localFiles(const QMimeData& dragged) {
+    std::vector<base::Text> paths;
+    for (const QUrl& url : dragged.urls()) {
+        if (url.isLocalFile())
+            paths.push_back(text(url.toLocalFile()));
+    }
+    return paths;
+}
+
+// The menu bar with one line below it: the style draws it item by item, with gaps on fine screens.
+class MenuBar : public QMenuBar {
+public:
+    using QMenuBar::QMenuBar;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        QMenuBar::paintEvent(event);
+        QPainter painter(this);
+        painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(0xE3, 0xE8, 0xEB));
+    }
+};
 
 // The skin with all controls on it; it reports the mouse beside them.
 class SkinView : public QWidget {
@@ -54,15 +84,16 @@ Form1Window::Form1Window(player::Form1& form) : form_(form) {
     QPalette white = palette();
     white.setColor(QPalette::Window, Qt::white);
     setPalette(white);
-    setWindowIcon(QIcon(qstring(form.icon)));
+    setWindowIcon(loadIcon(form.icon.get(), largestIconAtStart));
 
-    auto* const menuBar = new QMenuBar(this);
+    auto* const menuBar = new MenuBar(this);
     buildMenus(*menuBar, form.menuBar);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->setMenuBar(menuBar);
-    layout->addWidget(new SkinView(form, this));
+    auto* const skin = new SkinView(form, this);
+    layout->addWidget(skin);
 
     const QSize available = screen()->availableSize();
     form.screen.width = twips(available.width());
@@ -74,20 +105,28 @@ Form1Window::Form1Window(player::Form1& form) : form_(form) {
         activateWindow();
     };
     adjustSize();
+    video_ = std::make_unique<VideoScreen>(form, *this, *skin);
     reportPlace();
     follow();
+}
+
+Form1Window::~Form1Window() = default;
+
+void Form1Window::completeIcon() {
+    setWindowIcon(QIcon(qstring(form_.icon)));
 }
 
 void Form1Window::follow() {
     if (reporting_)
         return;
     setWindowTitle(qstring(form_.caption));
+    setAcceptDrops(form_.acceptsDrops);
     if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != form_.topmost) {
-        // The window's own handle, once there is one: the widget's way of it hides the window for a moment.
+        // Through the window's own handle: the widget's way of it would hide the window for a moment. The widget has
+        // to know all the same, for it is what tells whether there is something to change.
+        overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, form_.topmost));
         if (QWindow* const handle = windowHandle())
             handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
-        else
-            setWindowFlag(Qt::WindowStaysOnTopHint, form_.topmost);
     }
     const QPoint corner(pixels(form_.left), pixels(form_.top));
     if (corner != frameGeometry().topLeft())
@@ -131,6 +170,19 @@ void Form1Window::closeEvent(QCloseEvent* event) {
     // itself.
     event->ignore();
     form_.Unload();
+}
+
+void Form1Window::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).empty())
+        event->acceptProposedAction();
+}
+
+void Form1Window::dropEvent(QDropEvent* event) {
+    const std::vector<base::Text> paths = localFiles(*event->mimeData());
+    if (paths.empty())
+        return;
+    event->acceptProposedAction();
+    form_.Drop(paths);
 }
 
 void Form1Window::keyPressEvent(QKeyEvent* event) {

@@ -23,6 +23,12 @@ void LazyPlayer::prepare() {
     }
     engine_->setRate(rate_);
     engine_->setVolume(volume_);
+    engine_->PictureChanged = [this] {
+        if (PictureChanged)
+            PictureChanged();
+    };
+    if (window_ != 0)
+        engine_->showPicturesIn(window_);
 }
 
 void LazyPlayer::setURL(base::TextView path) {
@@ -91,6 +97,16 @@ void LazyPlayer::setRate(double factor) {
     rate_ = factor;
     if (engine_)
         engine_->setRate(factor);
+}
+
+void LazyPlayer::showPicturesIn(std::uint64_t window) {
+    window_ = window;
+    if (engine_)
+        engine_->showPicturesIn(window);
+}
+
+platform::PictureSize LazyPlayer::pictureSize() const {
+    return engine_ ? engine_->pictureSize() : platform::PictureSize();
 }
 
 void LazyPlayer::setVolume(int percent) {

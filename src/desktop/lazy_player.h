@@ -33,6 +33,8 @@ public:
     double rate() const override;
     void setRate(double factor) override;
     void setVolume(int percent) override;
+    void showPicturesIn(std::uint64_t window) override;
+    platform::PictureSize pictureSize() const override;
 
 private:
     std::string module_;
@@ -41,6 +43,7 @@ private:
     // What the engine will be told once it is there.
     double rate_ = 1;
     int volume_ = 50;
+    std::uint64_t window_ = 0;
 };
 
 } // namespace desktop

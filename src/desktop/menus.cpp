@@ -11,9 +11,19 @@ namespace desktop {
 namespace {
 
 constexpr base::TextView separatorCaption = u"-";
+constexpr qsizetype longestCaption = 90; // characters; a longer one, a path, is shown without its middle
+
+QString shown(const base::Text& caption) {
+    QString whole = qstring(base::TextView(caption));
+    if (whole.size() <= longestCaption)
+        return whole;
+    return whole.left(longestCaption / 2) + QChar(0x2026) + whole.right(longestCaption / 2);
+}
 
 void follow(QAction& action, const controls::MenuItem& item) {
-    action.setText(qstring(item.caption));
+    // Qt would write the text of a separator beside its line.
+    if (!action.isSeparator())
+        action.setText(shown(item.caption));
     action.setEnabled(item.offered());
     action.setVisible(item.visible);
     // A mark appears only where there is one: the program tells no other way which items can carry it.

@@ -9,7 +9,7 @@ namespace desktop {
 namespace {
 
 constexpr QSize pointerSize(32, 32);
-constexpr QPoint fingerTip(11, 3); // pixels of the pointer picture; an icon file cannot tell it
+constexpr QPoint fingerTip(12, 2); // pixels of the pointer picture; an icon file cannot tell it
 
 } // namespace
 
@@ -24,6 +24,16 @@ QPixmap loadPicture(base::TextView path, double devicePixelRatio) {
         }
     }
     return QPixmap(name);
+}
+
+QIcon loadIcon(base::TextView path, int largest) {
+    QIcon icon;
+    QImageReader reader(qstring(path));
+    for (int i = 0; i < reader.imageCount() && reader.jumpToImage(i); ++i) {
+        if (reader.size().width() <= largest)
+            icon.addPixmap(QPixmap::fromImage(reader.read()));
+    }
+    return icon;
 }
 
 QCursor loadPointer(base::TextView path, double devicePixelRatio) {

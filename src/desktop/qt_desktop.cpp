@@ -17,7 +17,10 @@ void QtDesktop::show(player::Form1& form) {
 }
 
 void QtDesktop::prepareInIdleTime() {
-    QTimer::singleShot(quietAfter, form1_.get(), [this] { player_.prepare(); });
+    QTimer::singleShot(quietAfter, form1_.get(), [this] {
+        player_.prepare();
+        form1_->completeIcon();
+    });
 }
 
 } // namespace desktop

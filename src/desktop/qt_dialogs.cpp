@@ -15,6 +15,8 @@ namespace {
 using platform::Answer;
 using platform::BoxStyle;
 
+constexpr qsizetype longestPath = 255; // units; a longer one cannot be returned
+
 QMessageBox::StandardButtons buttons(BoxStyle style) {
     switch (style) {
     case BoxStyle::YesNoExclamation:
@@ -62,7 +64,7 @@ Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle
     QMessageBox box(QApplication::activeWindow());
     box.setObjectName(QStringLiteral("messageBox"));
     box.setIcon(style == BoxStyle::Information ? QMessageBox::Information : QMessageBox::Warning);
-    box.setWindowTitle(title.empty() ? QApplication::applicationDisplayName() : qstring(title));
+    box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
     box.setTextFormat(Qt::PlainText);
     QString lines = qstring(text);
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
@@ -87,6 +89,8 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
     const QString chosen = dialog.selectedFiles().constFirst();
+    if (chosen.size() > longestPath)
+        return {};
     QDir::setCurrent(QFileInfo(chosen).absolutePath());
     return text(chosen);
 }

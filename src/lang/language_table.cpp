@@ -12,9 +12,9 @@ constexpr std::size_t prefixLength = 3;
 
 } // namespace
 
-void LanguageTable::load(const base::TextFiles& files, base::TextView path) {
+void LanguageTable::load() {
     std::size_t counter = 0;
-    for (const base::Text& line : files.readLines(path)) {
+    for (const base::Text& line : files_.readLines(folder_.languages(FileLingua))) {
         if (counter >= entries_.size())
             throw base::Failure("Subscript out of range");
         entries_[counter] = line.size() > prefixLength ? line.substr(prefixLength) : base::Text();

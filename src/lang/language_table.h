@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/files.h"
+#include "base/program_folder.h"
 #include "base/text.h"
 
 #include <array>
@@ -13,18 +14,23 @@ class LanguageTable {
 public:
     static constexpr int size = 151;
 
+    LanguageTable(const base::TextFiles& files, const base::ProgramFolder& folder)
+        : files_(files), folder_(folder) {}
+
     // Entry `index`, 0 to 150.
     const base::Text& operator()(int index) const { return entries_.at(static_cast<std::size_t>(index)); }
 
-    // Fills the table from the file. Entries that the file has no line for keep their text. Throws Failure
-    // when the file cannot be read, with the table as it was, and when it has more than 151 lines, with the
-    // table filled by the first.
-    void load(const base::TextFiles& files, base::TextView path);
+    // Fills the table from the file FileLingua of the program's language folder. Entries that the file has no
+    // line for keep their text. Throws Failure when the file cannot be read, with the table as it was, and
+    // when it has more than 151 lines, with the table filled by the first.
+    void load();
 
     // Name of the language file, without a folder, such as "English.lng".
     base::Text FileLingua;
 
 private:
+    const base::TextFiles& files_;
+    const base::ProgramFolder& folder_;
     std::array<base::Text, size> entries_;
 };
 

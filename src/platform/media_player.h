@@ -3,10 +3,21 @@
 
 #include "base/text.h"
 
+#include <cstdint>
+#include <functional>
+
 namespace platform {
 
 // The values of MediaPlayer::playState that the program tests or shows.
 enum class PlayState { Undefined = 0, Stopped = 1, Paused = 2, Playing = 3, Transitioning = 9 };
+
+// The size of a picture in pixels, in its right proportions.
+struct PictureSize {
+    int width = 0;
+    int height = 0;
+
+    bool exists() const { return width > 0 && height > 0; }
+};
 
 // One media player with at most one file. Commands are taken at once and carried out soon; none of them
 // blocks, and none fails aloud: a file that cannot be played ends in Stopped, with position 0. Positions and
@@ -56,6 +67,16 @@ public:
 
     // 0 to 100.
     virtual void setVolume(int percent) = 0;
+
+    // Shows pictures, from the next file on, in this window of the windowing system, as large as it is at the
+    // time. The window has to outlive the player. Without one a file is heard alone.
+    virtual void showPicturesIn(std::uint64_t window) = 0;
+
+    // The picture of the media; none for sound alone and until it is known.
+    virtual PictureSize pictureSize() const = 0;
+
+    // Called when the size of the picture has changed, to none as well. Empty until somebody asks.
+    std::function<void()> PictureChanged;
 };
 
 } // namespace platform

@@ -47,7 +47,8 @@ Form1::Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer,
     using controls::rgb;
 
     constexpr controls::Color ink = rgb(0x1F, 0x2A, 0x44);
-    icon = folder.files(u"quillmere.png");
+    constexpr controls::Color teal = rgb(0x0E, 0x7C, 0x86);
+    icon = folder.files(u"quillmere.ico");
     load(Image4, u"logo.jpg");
     load(Shape3, u"title.jpg");
     load(SeekTrack, u"track.jpg");
@@ -62,8 +63,12 @@ Form1::Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer,
     load(cmdRec, u"rec.jpg");
     load(imgDetta, u"detta.jpg");
 
-    for (controls::Label* label : {&Label4, &Label2, &Label7, &Label1, &Label3})
+    for (controls::Label* label : {&Label4, &Label2})
         label->foreColor = ink;
+    for (controls::Label* label : {&Label1, &Label3, &Label7})
+        label->foreColor = teal;
+    for (controls::Label* label : {&Label1, &Label2, &Label3})
+        label->fontBold = true;
     Label4.alignment = Alignment::Centre;
     Label4.fontSize = 14;
     Label4.visible = false;
@@ -76,6 +81,7 @@ Form1::Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer,
     Label1.alignment = Alignment::Centre;
     Label3.caption = u"-";
     Label3.alignment = Alignment::Centre;
+    Label3.fontSize = 18; // at this size the dash comes to lie below the bar that its label begins on
     Label5.caption = u"100%";
     Label5.alignment = Alignment::Centre;
     Label5.foreColor = rgb(0xFF, 0xFF, 0xFF);

@@ -99,6 +99,9 @@ struct Form1 : controls::Window, Form1Menu {
     static constexpr double clientHeight = 2625; // twips
 
     controls::Screen screen;
+    // The picture of a video in a window of its own. The commands of the player's menus work in it by their
+    // keys.
+    controls::Window VideoWindow{"VideoWindow", {0, 0, 9600, 5400}};
 
     // From the bottom to the top, as they lie over each other.
     controls::Picture Image4{"Image4", {690, 270, 3570, 840}};        // logo
@@ -139,8 +142,12 @@ struct Form1 : controls::Window, Form1Menu {
 
     int HoverPlay = 0;     // 1: the pointer is over cmdPlay, so its picture is left alone
     int FlagHoverSkin = 0; // 1: cmdPlay shows its hover picture
-    int HoverApri = 0;     // 1: Image3 shows its hover picture
-    int DettaTop = 0;      // rest place of imgDetta, twips
+    int HoverApri = 0;     // 1: this button shows its hover picture
+    int HoverIndietro = 0;
+    int HoverStop = 0;
+    int HoverAvanz = 0;
+    int HoverRec = 0;
+    int DettaTop = 0; // rest place of imgDetta, twips
     int DettaLeft = 0;
 };
 

@@ -9,6 +9,9 @@ MediaOpener::MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& 
     : form_(form), session_(session), dialogs_(dialogs), preferences_(preferences), companions_(companions) {
     form_.mnuApri.Click = [this] { ApriMedia({}); };
     form_.Image3.Click = [this] { Image3_Click(); };
+    for (controls::MenuItem* item :
+         {&form_.mnuRecent1, &form_.mnuRecent2, &form_.mnuRecent3, &form_.mnuRecent4})
+        item->Click = [this, item] { ApriMedia(base::Text(item->caption.get())); };
 }
 
 void MediaOpener::ApriMedia(base::TextView path) {

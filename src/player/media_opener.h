@@ -14,7 +14,8 @@ public:
     MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Preferences& preferences,
                 Companions& companions);
 
-    // Opens the file at this path; the empty text asks the user for one.
+    // Opens the file at this path; the empty text asks the user for one. Each recent file opens by its own
+    // caption.
     void ApriMedia(base::TextView path);
 
     // The open button of the skin.

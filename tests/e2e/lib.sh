@@ -71,6 +71,9 @@ lay_folder() {  # prints a fresh copy of the portable folder
   local folder
   folder=$(mktemp -d "$scratch/folder.XXXX")
   cp -a "$PORTABLE_DIR/." "$folder/"
+  # What somebody's own trial left there stays out of the way.
+  rm -f "$folder"/Files/LastFiles*.ini
+  cp "$root/data/Files/Quillmere.ini" "$folder/Files/Quillmere.ini"
   echo "$folder"
 }
 
@@ -113,4 +116,43 @@ click() {  # X Y [BUTTON]: relative to the client area
 screenshot() {  # NAME: the whole display
   mkdir -p "$shots"
   import -window root "$shots/$1.png"
+}
+
+# ---- The player's skin: places in pixels of the skin, which lies below the menu bar ------
+
+skin_top() {  # height of the menu bar
+  eval "$(xdotool getwindowgeometry --shell "$window")"
+  echo $((HEIGHT - 175))
+}
+
+press() {  # NAME: clicks a button of the skin
+  local -A at=([open]="42 109" [play]="94 109" [back]="134 109" [stop]="172 109" [forward]="210 109" [seek]="${2-} 154")
+  local -a place
+  read -ra place <<<"${at[$1]}"
+  click "${place[0]}" $((place[1] + $(skin_top)))
+}
+
+hover() {  # X Y
+  local y=$(($2 + $(skin_top)))
+  # A pointer that stands there already tells nobody.
+  xdotool mousemove --window "$window" "$1" $((y + 1)) mousemove --window "$window" "$1" "$y"
+}
+
+shows() {  # PICTURE X Y: the skin shows this picture of Files at that place
+  local file=$folder/Files/$1 size
+  size=$(identify -format '%wx%h' "$file")
+  import -window "$window" -crop "$size+$2+$(($3 + $(skin_top)))" +repage "$scratch/shown.png"
+  # Letters, pointers and JPEG's own noise apart, the two agree or they do not.
+  (($(compare -metric AE -fuzz 4% "$file" "$scratch/shown.png" null: 2>&1 || true) < 20))
+}
+
+playing() { shows pause.jpg 70 84 || shows pause2.jpg 70 84; }
+resting() { shows play.jpg 70 84 || shows play2.jpg 70 84; }
+
+position() {  # the filled part of the position bar in tenths of a second of a recording of $1 s
+  local filled
+  # A row of pixels through the bar, counted where it is light teal: the letters over it are dark.
+  filled=$(import -window "$window" -crop "309x1+20+$((148 + $(skin_top)))" +repage -depth 8 rgb:- |
+    od -An -v -tu1 -w3 | awk '$1 > 90 && $3 - $1 > 30 { n++ } END { print n + 0 }')
+  echo $((filled * $1 * 10 / 309))
 }

@@ -78,6 +78,10 @@ public:
     double rate() const override { return rate_; }
     void setRate(double factor) override { rate_ = factor; }
     void setVolume(int percent) override { volume = percent; }
+    void showPicturesIn(std::uint64_t) override {}
+    platform::PictureSize pictureSize() const override { return picture; }
+
+    platform::PictureSize picture; // the test tells a change by PictureChanged
 
 private:
     double run() const {

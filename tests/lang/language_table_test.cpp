@@ -7,8 +7,9 @@
 class LanguageTableTest : public testing::Test {
 protected:
     void load(const std::string& bytes) {
-        folder.write("x.lng", bytes);
-        Lingua.load(base::TextFiles(base::CodePage(1252)), folder.text("x.lng"));
+        folder.write("Files/Lang/x.lng", bytes);
+        Lingua.FileLingua = u"x.lng";
+        Lingua.load();
     }
     static std::string lines(int count) {
         std::string bytes;
@@ -18,7 +19,9 @@ protected:
     }
 
     fakes::TemporaryFolder folder;
-    lang::LanguageTable Lingua;
+    base::TextFiles files{base::CodePage(1252)};
+    base::ProgramFolder programFolder{folder.text("")};
+    lang::LanguageTable Lingua{files, programFolder};
 };
 
 TEST_F(LanguageTableTest, Lines_LoseTheirFirstThreeCharacters) {
@@ -45,7 +48,8 @@ TEST_F(LanguageTableTest, LineBeyondTheTable_Fails_WithTheTableFull) {
     EXPECT_THROW(load("xyzNew\r\n" + lines(151)), base::Failure);
     EXPECT_EQ(Lingua(0), u"New");
     EXPECT_EQ(Lingua(150), u"149");
-    EXPECT_THROW(Lingua.load(base::TextFiles(base::CodePage(1252)), folder.text("none.lng")), base::Failure);
+    Lingua.FileLingua = u"none.lng";
+    EXPECT_THROW(Lingua.load(), base::Failure);
 }
 
 TEST(LanguageChoice, Country_GoesByTheFirstTwoLettersOfItsEnglishName) {

@@ -42,18 +42,29 @@ public:
 /// one.
 using Icons = std::map<QString, std::vector<QImage>>;
 
-/// The SVG reader only warns of what it cannot draw; here such a drawing is refused.
+/// The SVG reader only warns of what it cannot resolve; here such a drawing is refused.
 QString svgComplaint;
 void keepComplaint(QtMsgType, const QMessageLogContext&, const QString& text) {
     svgComplaint = text;
 }
 
+QByteArray readDrawing(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw ArtError(path + ": " + file.errorString());
+    const QByteArray svg = file.readAll();
+    for (const char* element : {"<text", "<image", "<filter", "<mask", "<clipPath", "<style"}) {
+        // The reader passes over these without a word, or, for text, wants the fonts of a desktop.
+        if (svg.contains(element))
+            throw ArtError(path + ": " + element + "> is not for the drawings of the skin");
+    }
+    return svg;
+}
+
 /// Draws the file at the given size in pixels. Formats without transparency get a white ground.
 QImage draw(const QString& svgPath, QSize pixels, bool transparent) {
-    if (!QFile::exists(svgPath))
-        throw ArtError(svgPath + ": no such drawing");
     svgComplaint.clear();
-    QSvgRenderer svg(svgPath);
+    QSvgRenderer svg(readDrawing(svgPath));
     if (!svg.isValid() || !svgComplaint.isEmpty())
         throw ArtError(svgPath + ": not a drawing that can be rendered. " + svgComplaint);
     const QSizeF drawn = svg.viewBoxF().size();

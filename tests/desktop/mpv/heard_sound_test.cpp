@@ -30,7 +30,7 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(server_.running());
         server_.heard();
-        player_ = std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse", desktop::Pictures::Off});
+        player_ = std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse"});
         player_->setURL(u"" MEDIA_FOLDER "/noise.mp3");
         ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Playing; }));
         runLoop(150);

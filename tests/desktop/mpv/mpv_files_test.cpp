@@ -10,16 +10,13 @@ TEST_F(MpvPlayerTest, Load_StartsByItself_ForEachKindOfFile) {
     struct Row {
         base::Text path;
         double length;
-        Pictures pictures;
     };
     const base::Text media = u"" MEDIA_FOLDER;
-    const Row rows[] = {{folder_.text("a.wav"), wavLength, Pictures::Off},
-                        {media + u"/noise.mp3", 20, Pictures::Off},
-                        {media + u"/pictures.mp4", 4, Pictures::Off},
-                        {media + u"/pictures.mp4", 4, Pictures::On}};
+    const Row rows[] = {
+        {folder_.text("a.wav"), wavLength}, {media + u"/noise.mp3", 20}, {media + u"/pictures.mp4", 4}};
     for (const Row& row : rows) {
         SCOPED_TRACE(base::toUtf8(row.path));
-        MpvPlayer player({"null", row.pictures});
+        MpvPlayer player({"null"});
         EXPECT_EQ(player.playState(), PlayState::Undefined);
         player.setURL(row.path);
         EXPECT_EQ(player.URL(), row.path);
@@ -130,7 +127,7 @@ TEST_F(MpvPlayerTest, Destruction_IsQuickAtAnyMoment) {
     ASSERT_EQ(::mkfifo((folder_.path() / "pipe.wav").c_str(), 0600), 0);
     for (const char* name : {"a.wav", "pipe.wav"}) {
         for (const int delay : {0, 2, 5, 10, 20, 100}) {
-            auto player = std::make_unique<MpvPlayer>(desktop::MpvOptions{"null", Pictures::Off});
+            auto player = std::make_unique<MpvPlayer>(desktop::MpvOptions{"null"});
             player->setURL(folder_.text(name));
             runLoop(delay);
             player->setCurrentPosition(1);

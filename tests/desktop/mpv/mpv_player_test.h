@@ -10,7 +10,6 @@
 namespace listening {
 
 using desktop::MpvPlayer;
-using desktop::Pictures;
 using platform::PlayState;
 
 constexpr double wavLength = 4.0;
@@ -18,7 +17,7 @@ constexpr double wavLength = 4.0;
 // A player, and a folder with a.wav in it.
 class MpvPlayerTest : public testing::Test {
 protected:
-    MpvPlayerTest() { folder_.write("a.wav", listening::noiseWav(wavLength)); }
+    MpvPlayerTest() { folder_.write("a.wav", noiseWav(wavLength)); }
 
     static bool reaches(MpvPlayer& player, PlayState state) {
         return waitFor([&] { return player.playState() == state; });
@@ -27,6 +26,15 @@ protected:
     void start(const std::string& name = "a.wav") {
         player_.setURL(folder_.text(name));
         ASSERT_TRUE(reaches(PlayState::Playing));
+    }
+    // Fails unless sound is running from that place on, in time with the clock; a busy machine may be late.
+    void expectPlaysOnFrom(double place) {
+        QElapsedTimer clock;
+        clock.start();
+        EXPECT_GE(player_.currentPosition(), place);
+        EXPECT_TRUE(waitFor([&] { return player_.currentPosition() > place + 0.4; }, 900)) << place;
+        EXPECT_GT(clock.elapsed(), 300) << place;
+        EXPECT_EQ(player_.playState(), PlayState::Playing);
     }
     // Fails unless the player ends as one whose file cannot be played, and then plays another.
     void expectRefused(const base::Text& path) {
@@ -39,7 +47,7 @@ protected:
     }
 
     fakes::TemporaryFolder folder_;
-    MpvPlayer player_{{"null", Pictures::Off}};
+    MpvPlayer player_{{"null"}};
 };
 
 } // namespace listening

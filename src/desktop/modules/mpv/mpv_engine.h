@@ -31,6 +31,8 @@ public:
     virtual void endReached() = 0;
     // In seconds; the last one told is right.
     virtual void durationKnown(double seconds) = 0;
+    // In pixels, in the right proportions.
+    virtual void pictureKnown(int width, int height) = 0;
 
 protected:
     ~MpvEngineOwner() = default;
@@ -60,6 +62,8 @@ public:
     void setPause(bool paused);
     void setSpeed(double factor);
     void setVolume(double percent);
+    // A window of the X server, for the files from now on; without one their sound plays alone.
+    void showPicturesIn(std::uint64_t window);
 
     // Where the sound that is heard now stands, in seconds; nothing while there is none.
     std::optional<double> position() const;
@@ -72,6 +76,7 @@ private:
     void handleReply(const mpv_event& event);
     void handleLoadReply(const mpv_event& event);
     void handleSettingReply(std::uint64_t kind);
+    void handlePicture();
     void handleProperty(const mpv_event_property& property, std::uint64_t kind);
     void handleStart(std::int64_t entry);
     void handleEnd(std::int64_t entry);

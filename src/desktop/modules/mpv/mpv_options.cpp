@@ -73,9 +73,10 @@ constexpr Option quietOptions[] = {
     {"input-media-keys", "no"},
     {"input-vo-keyboard", "no"},
     {"osd-level", "0"},
+    // The window that shows the picture takes the mouse itself.
+    {"input-cursor", "no"},
     {"stop-screensaver", "no"},
-    // Without a render context the sound goes on alone.
-    {"vo", "libmpv,null"},
+    {"vid", "no"},
 };
 
 void setOption(mpv_handle* handle, const Option& option) {
@@ -94,8 +95,6 @@ void setOptions(mpv_handle* handle, const MpvOptions& options) {
         setOption(handle, option);
     mpv_set_option_string(handle, pitchFilterDefaults.name, pitchFilterDefaults.value);
     setOption(handle, {"ao", options.audioOutput.empty() ? usualOutputs : options.audioOutput.c_str()});
-    if (options.pictures == Pictures::Off)
-        setOption(handle, {"vid", "no"});
 }
 
 } // namespace desktop

@@ -7,15 +7,10 @@ struct mpv_handle;
 
 namespace desktop {
 
-// What is done with the pictures of a file. On shows them once a render context has been made; until then the
-// sound plays alone.
-enum class Pictures { Off, On };
-
 // What differs between the program and its tests.
 struct MpvOptions {
     // Output driver by mpv's name, "null" for silence in real time; empty for what the system has.
     std::string audioOutput;
-    Pictures pictures = Pictures::Off;
 };
 
 // Gives a handle that is not initialized yet the options of the program's player. Throws base::Failure when

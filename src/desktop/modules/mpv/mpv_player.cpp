@@ -48,6 +48,7 @@ void MpvPlayer::forget(Media media) {
     duration_ = 0;
     place_ = 0;
     held_ = false;
+    setPicture({});
 }
 
 platform::PlayState MpvPlayer::playState() const {
@@ -153,6 +154,22 @@ void MpvPlayer::setRate(double factor) {
 
 void MpvPlayer::setVolume(int percent) {
     engine_.setVolume(std::clamp(percent, 0, fullVolume));
+}
+
+void MpvPlayer::showPicturesIn(std::uint64_t window) {
+    engine_.showPicturesIn(window);
+}
+
+void MpvPlayer::setPicture(platform::PictureSize size) {
+    if (size.width == picture_.width && size.height == picture_.height)
+        return;
+    picture_ = size;
+    if (PictureChanged)
+        PictureChanged();
+}
+
+void MpvPlayer::pictureKnown(int width, int height) {
+    setPicture({width, height});
 }
 
 void MpvPlayer::applyPause() {

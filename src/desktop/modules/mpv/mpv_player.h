@@ -28,6 +28,8 @@ public:
     double rate() const override { return rate_; }
     void setRate(double factor) override;
     void setVolume(int percent) override;
+    void showPicturesIn(std::uint64_t window) override;
+    platform::PictureSize pictureSize() const override { return picture_; }
 
 private:
     // Opening: the engine has not read the file yet. Starting: it has, the first sound is to come. Lost: it
@@ -42,6 +44,7 @@ private:
     void pauseCarriedOut() override;
     void endReached() override;
     void durationKnown(double seconds) override;
+    void pictureKnown(int width, int height) override;
 
     bool hasMedia() const { return media_ != Media::None && media_ != Media::Lost; }
     bool atEnd() const;
@@ -50,12 +53,14 @@ private:
     void moveTo(double seconds);
     void haltAtStart();
     void applyPause();
+    void setPicture(platform::PictureSize size);
 
     base::Text url_;
     Media media_ = Media::None;
     Run run_ = Run::Stopped;
     double duration_ = 0;
     double rate_ = 1.0;
+    platform::PictureSize picture_;
     // The position told last. The engine's own reading is asked for only while sound is heard and `held_` is
     // false.
     mutable double place_ = 0;

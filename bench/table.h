@@ -1,0 +1,54 @@
+// The table that bench/run prints: every program of this folder adds its rows.
+#pragma once
+
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace bench {
+
+// One row: what was measured, of the program and of the bare yardstick in the same run, and how the two
+// compare.
+struct Row {
+    std::string what;
+    std::string program;
+    std::string bare;
+    std::string compared;
+    std::string goal; // empty: a number without one
+    bool reached = true;
+};
+
+inline void print(const Row& row) {
+    const char* const verdict = row.goal.empty() ? "" : row.reached ? "reached" : "MISSED";
+    std::printf("%-60s %11s %11s %10s %11s  %s\n", row.what.c_str(), row.program.c_str(), row.bare.c_str(),
+                row.compared.c_str(), row.goal.c_str(), verdict);
+    std::fflush(stdout);
+}
+
+// A number with its unit.
+inline std::string measure(const char* format, double value) {
+    char text[64]; // NOLINT(modernize-avoid-c-arrays): a buffer for the formatter
+    std::snprintf(text, sizeof text, format, value);
+    return text;
+}
+
+inline double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+// A row of memory, in MB: how much more the program may take than the bare thing.
+inline Row memoryRow(const std::string& what, const std::vector<double>& program,
+                     const std::vector<double>& bare, double goal) {
+    const double more = median(program) - median(bare);
+    return {what,
+            measure("%.1f MB", median(program)),
+            measure("%.1f MB", median(bare)),
+            measure("%+.1f MB", more),
+            measure("<= %+.0f MB", goal),
+            more <= goal};
+}
+
+} // namespace bench

@@ -1,0 +1,41 @@
+#include "player/file_drop.h"
+
+#include "base/carry_on.h"
+
+namespace player {
+
+namespace {
+
+constexpr std::size_t longestPath = 510; // units; the buffer that takes a drop holds no more
+
+} // namespace
+
+FileDrop::FileDrop(Form1& form, MediaSession& session, platform::Dialogs& dialogs)
+    : form_(form), session_(session), dialogs_(dialogs) {
+    form_.Drop = [this](const std::vector<base::Text>& paths) {
+        if (!paths.empty())
+            GotADrop(base::TextView(paths.front()).substr(0, longestPath));
+    };
+}
+
+void FileDrop::install() {
+    form_.acceptsDrops = true;
+}
+
+void FileDrop::remove() {
+    form_.acceptsDrops = false;
+}
+
+void FileDrop::GotADrop(base::TextView path) {
+    try {
+        while (!path.empty() && path.back() == u'\0')
+            path.remove_suffix(1);
+        if (!path.empty())
+            session_.vai(path);
+    } catch (const base::Failure&) {
+        dialogs_.messageBox(base::TogliAmp(form_.Lingua(36)), base::TogliAmp(form_.Lingua(37)),
+                            platform::BoxStyle::Exclamation);
+    }
+}
+
+} // namespace player

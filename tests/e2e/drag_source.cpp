@@ -1,0 +1,44 @@
+// A window that lets what it is given be dragged off it: `drag_source TITLE ADDRESS...`, paths or web addresses. For the
+// journeys, where a drop has to come from another program.
+#include <QApplication>
+#include <QDrag>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QUrl>
+#include <QWidget>
+
+namespace {
+
+class DragSource : public QWidget {
+public:
+    explicit DragSource(const QStringList& arguments) : addresses_(arguments.mid(2)) {
+        setWindowTitle(arguments.value(1));
+        setGeometry(600, 500, 200, 100);
+    }
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override {
+        if (!(event->buttons() & Qt::LeftButton))
+            return;
+        auto* const dragged = new QMimeData;
+        QList<QUrl> urls;
+        for (const QString& address : addresses_)
+            urls << QUrl::fromUserInput(address);
+        dragged->setUrls(urls);
+        auto* const drag = new QDrag(this);
+        drag->setMimeData(dragged);
+        drag->exec(Qt::CopyAction);
+    }
+
+private:
+    QStringList addresses_;
+};
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    QApplication application(argc, argv);
+    DragSource source(QApplication::arguments());
+    source.show();
+    return QApplication::exec();
+}
