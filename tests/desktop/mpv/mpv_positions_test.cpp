@@ -49,10 +49,11 @@ TEST_F(MpvPlayerTest, PausedSteps_DoNotDrift) {
             QCoreApplication::processEvents();
     }
     EXPECT_EQ(player_.currentPosition(), 2);
+    player_.setCurrentPosition(player_.currentPosition() + 1);
     runLoop(100);
-    EXPECT_EQ(player_.currentPosition(), 2);
+    EXPECT_EQ(player_.currentPosition(), 3);
     player_.play();
-    expectPlaysOnFrom(2);
+    expectPlaysOnFrom(3);
 }
 
 TEST_F(MpvPlayerTest, PauseWithoutWrite_HoldsWhereItFellSilent) {
