@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <exception>
+#include <iostream>
 #include <thread>
 
 namespace {
@@ -51,7 +52,7 @@ int main() {
     try {
         run();
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "memory_bench: %s\n", failure.what());
+        std::cerr << "memory_bench: " << failure.what() << '\n';
         return 1;
     }
 }

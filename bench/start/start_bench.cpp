@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <exception>
+#include <iostream>
 #include <thread>
 
 namespace {
@@ -77,7 +78,7 @@ int main() {
     try {
         run();
     } catch (const std::exception& failure) {
-        std::fprintf(stderr, "start_bench: %s\n", failure.what());
+        std::cerr << "start_bench: " << failure.what() << '\n';
         return 1;
     }
 }

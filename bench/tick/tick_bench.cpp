@@ -2,16 +2,13 @@
 // that only exists in memory. The yardstick is a bare label that is given the same text.
 #include "app/program.h"
 #include "desktop/application.h"
-#include "desktop/form1_window.h"
-#include "fakes/fake_desktop.h"
+#include "still_desktop.h"
 #include "table.h"
 
 #include <QLabel>
 #include <benchmark/benchmark.h>
 #include <cmath>
-#include <filesystem>
 #include <map>
-#include <memory>
 
 namespace {
 
@@ -19,38 +16,6 @@ constexpr double length = 3 * 3600; // seconds
 constexpr double tickGoal = 20;     // microseconds
 constexpr int repetitions = 9;
 constexpr double repetitionTime = 0.1; // seconds
-
-// Stands at one position until it is moved.
-class StillPlayer : public fakes::FakePlayer {
-public:
-    using FakePlayer::FakePlayer;
-    double position = 3661;
-
-    double currentPosition() const override { return position; }
-    base::Text currentPositionString() const override { return base::clockText(position); }
-};
-
-// The program on a real window, with its time standing still: nothing happens but what is asked for.
-class StillDesktop : public fakes::FakeDesktop {
-public:
-    StillDesktop() {
-        std::filesystem::copy(PORTABLE_DIR "/Files", folder.path() / "Files",
-                              std::filesystem::copy_options::recursive |
-                                  std::filesystem::copy_options::overwrite_existing);
-    }
-    ~StillDesktop() override { window_.reset(); }
-
-    platform::MediaPlayer& mediaPlayer() override { return still; }
-    void show(player::Form1& form) override {
-        form1 = &form;
-        window_ = std::make_unique<desktop::Form1Window>(form);
-    }
-
-    StillPlayer still{loop};
-
-private:
-    std::unique_ptr<desktop::Form1Window> window_;
-};
 
 // Counts what is painted anywhere.
 class PaintCounter : public QObject {
@@ -128,7 +93,7 @@ void printPaints(const std::string& what, const Measured& program, const Measure
 int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const desktop::Application application(argc, argv);
-    StillDesktop still;
+    bench::StillDesktop still;
     app::Program program(still);
     if (!program.Main(still.layMedia("Interview.mp3", length)))
         return 1;

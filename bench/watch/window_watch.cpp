@@ -61,7 +61,7 @@ xcb_window_t WindowWatch::find(xcb_window_t within, const Process& program, cons
     return XCB_NONE;
 }
 
-void WindowWatch::waitLook(Process& program, xcb_window_t window, const Look& wanted) {
+void WindowWatch::waitLook(Process& program, xcb_window_t window, const Look& wanted) const {
     program.waitUntil("its usual look", [&] { return look(window) == wanted; });
 }
 

@@ -25,7 +25,7 @@ public:
     // call.
     xcb_window_t waitMapped(Process& program, const std::string& title);
     // Waits until the window has this look.
-    void waitLook(Process& program, xcb_window_t window, const Look& wanted);
+    void waitLook(Process& program, xcb_window_t window, const Look& wanted) const;
     // Waits until the display has forgotten the window.
     void waitGone(xcb_window_t window);
 

@@ -40,12 +40,13 @@ public:
     explicit Property(Observed* owner, T value = {}) : owner_(owner), value_(std::move(value)) {}
     Property(const Property&) = delete;
 
-    Property& operator=(const Property& other) { return *this = other.value_; }
+    Property& operator=(const Property& other) {
+        if (this != &other)
+            set(other.value_);
+        return *this;
+    }
     Property& operator=(T value) {
-        if (!(value_ == value)) {
-            value_ = std::move(value);
-            owner_->changed();
-        }
+        set(std::move(value));
         return *this;
     }
 
@@ -56,6 +57,13 @@ public:
     const T* operator->() const { return &value_; }
 
 private:
+    void set(T value) {
+        if (value_ == value)
+            return;
+        value_ = std::move(value);
+        owner_->changed();
+    }
+
     Observed* owner_;
     T value_;
 };

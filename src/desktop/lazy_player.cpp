@@ -6,19 +6,30 @@
 namespace desktop {
 
 void LazyPlayer::prepare() {
+    if (engine_ || failed_ || reading_.valid())
+        return;
+    reading_ = std::async(std::launch::async, read, module_);
+}
+
+LazyPlayer::Module LazyPlayer::read(const std::string& path) {
+    // Never unloaded: the libraries behind it leave threads and exit handlers of their own.
+    void* const handle = ::dlopen(path.c_str(), RTLD_NOW);
+    return {handle, handle ? std::string("the engine did not start") : std::string(::dlerror())};
+}
+
+void LazyPlayer::start() {
     if (engine_ || failed_)
         return;
     using Make = platform::MediaPlayer* (*)();
-    // Never unloaded: the libraries behind it leave threads and exit handlers of their own.
-    void* const library = ::dlopen(module_.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (library) {
-        if (const auto make = reinterpret_cast<Make>(::dlsym(library, "quillmere_media_player")))
+    prepare();
+    const Module library = reading_.get();
+    if (library.handle) {
+        if (const auto make = reinterpret_cast<Make>(::dlsym(library.handle, "quillmere_media_player")))
             engine_.reset(make());
     }
     failed_ = !engine_;
     if (failed_) {
-        const char* const reason = ::dlerror();
-        qCritical("The media player could not be loaded: %s", reason ? reason : "the engine did not start");
+        qCritical("The media player could not be loaded: %s", library.failure.c_str());
         return;
     }
     engine_->setRate(rate_);
@@ -33,7 +44,7 @@ void LazyPlayer::prepare() {
 
 void LazyPlayer::setURL(base::TextView path) {
     if (!path.empty())
-        prepare();
+        start();
     if (engine_)
         engine_->setURL(path);
 }

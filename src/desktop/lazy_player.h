@@ -2,6 +2,7 @@
 
 #include "platform/media_player.h"
 
+#include <future>
 #include <memory>
 #include <string>
 
@@ -15,8 +16,11 @@ public:
     // `module` is the path of the shared object, in UTF-8.
     explicit LazyPlayer(std::string module) : module_(std::move(module)) {}
 
-    // Loads the engine now, in a quiet moment, so that the first file does not wait for it.
+    // Reads the module in the background, in a quiet moment, so that the first file need not wait for it.
     void prepare();
+
+    // Lets the engine go, before the window that it shows pictures in.
+    void release() { engine_.reset(); }
 
     void setURL(base::TextView path) override;
     base::Text URL() const override;
@@ -37,7 +41,17 @@ public:
     platform::PictureSize pictureSize() const override;
 
 private:
+    // The module once it is read: its handle, or why there is none.
+    struct Module {
+        void* handle;
+        std::string failure;
+    };
+
+    void start();
+    static Module read(const std::string& path);
+
     std::string module_;
+    std::future<Module> reading_;
     std::unique_ptr<platform::MediaPlayer> engine_;
     bool failed_ = false;
     // What the engine will be told once it is there.

@@ -16,6 +16,11 @@ void QtDesktop::show(player::Form1& form) {
     form1_ = std::make_unique<Form1Window>(form);
 }
 
+void QtDesktop::closeWindows() {
+    player_.release();
+    form1_.reset();
+}
+
 void QtDesktop::prepareInIdleTime() {
     QTimer::singleShot(quietAfter, form1_.get(), [this] {
         player_.prepare();

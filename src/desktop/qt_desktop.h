@@ -26,7 +26,7 @@ public:
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
     // Takes the windows away, while the data that they show is still there.
-    void closeWindows() { form1_.reset(); }
+    void closeWindows();
 
 private:
     QtSystem system_;

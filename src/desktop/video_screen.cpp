@@ -20,10 +20,10 @@ constexpr int escapeKey = 27;
 // connection of its own, on which a window that was only asked for does not exist yet.
 void waitForServer() {
     const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    if (!x11)
-        return;
-    xcb_connection_t* const connection = x11->connection();
-    std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    // The platform without a screen knows of X11 too, but has no connection.
+    xcb_connection_t* const connection = x11 ? x11->connection() : nullptr;
+    if (connection)
+        std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
 
 } // namespace

@@ -52,10 +52,11 @@ static Text decodeUtf8(const std::string& bytes) {
     const std::u8string in(bytes.begin(), bytes.end());
     Text out(in.size(), 0);
     std::mbstate_t state{};
-    const char8_t* read;
-    char32_t* end;
+    const char8_t* read = nullptr;
+    char32_t* end = nullptr;
     const auto& decoder = std::use_facet<Decoder>(std::locale::classic());
-    const auto result = decoder.in(state, &in[0], &in[in.size()], read, &out[0], &out[out.size()], end);
+    const auto result =
+        decoder.in(state, in.data(), in.data() + in.size(), read, out.data(), out.data() + out.size(), end);
     return result == Decoder::ok ? out.substr(0, end - out.data()) : Text();
 }
 

@@ -1,7 +1,5 @@
 #include "fakes/workbench.h"
 
-using controls::MouseEvent;
-
 class VolumeBarTest : public testing::Test {
 protected:
     void press(double y, int button = 1) {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-using testing::ElementsAre;
-
 class SessionTest : public testing::Test {
 protected:
     fakes::Workbench bench;

@@ -71,7 +71,7 @@ TEST_F(PlayerWindowTest, Drop_OfWhatIsNoFile_OffersTheCommandsAndLoadsNothing) {
         EXPECT_TRUE(form.cmdPlay.enabled);
     }
     form.mnuChiudi.Click();
-    form.Drop({u"\0\0"});
+    form.Drop({u"\0\0"s});
     form.Drop({});
     EXPECT_FALSE(form.cmdPlay.enabled);
     EXPECT_TRUE(dialogs.boxes.empty());

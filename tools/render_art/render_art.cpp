@@ -52,7 +52,7 @@ QByteArray readDrawing(const QString& path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw ArtError(path + ": " + file.errorString());
-    const QByteArray svg = file.readAll();
+    QByteArray svg = file.readAll();
     for (const char* element : {"<text", "<image", "<filter", "<mask", "<clipPath", "<style"}) {
         // The reader passes over these without a word, or, for text, wants the fonts of a desktop.
         if (svg.contains(element))
@@ -105,7 +105,7 @@ QByteArray jpegBytes(const QImage& picture) {
     jpeg.comp_info[0].v_samp_factor = 1;
     jpeg_start_compress(&jpeg, TRUE);
     for (int y = 0; y < rgb.height(); ++y) {
-        JSAMPROW row = const_cast<JSAMPROW>(rgb.constScanLine(y));
+        auto* row = const_cast<JSAMPROW>(rgb.constScanLine(y));
         jpeg_write_scanlines(&jpeg, &row, 1);
     }
     jpeg_finish_compress(&jpeg);
@@ -171,7 +171,7 @@ void renderLine(const QStringList& fields, const QDir& art, const QDir& out, Ico
             throw ArtError("\"" + field + "\" is not a size in pixels");
     }
     const QString svg = art.filePath(fields[0]);
-    const QString output = fields[1];
+    const QString& output = fields[1];
     const QString base = output.section('.', 0, -2), format = output.section('.', -1).toLower();
     if (format == "ico") {
         for (const int side : sizes) {

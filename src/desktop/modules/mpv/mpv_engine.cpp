@@ -175,6 +175,16 @@ void MpvEngine::showPicturesIn(std::uint64_t window) {
     mpv_set_property_string(handle_, "vid", "auto");
 }
 
+std::int64_t MpvEngine::lostFrames() const {
+    std::int64_t lost = 0;
+    for (const char* name : {"frame-drop-count", "decoder-frame-drop-count"}) {
+        std::int64_t count = 0;
+        if (mpv_get_property(handle_, name, MPV_FORMAT_INT64, &count) >= 0)
+            lost += count;
+    }
+    return lost;
+}
+
 std::optional<double> MpvEngine::position() const {
     double seconds = 0;
     // "time-pos" is up to 50 ms old; only a file without sound has to do with it.

@@ -64,6 +64,8 @@ public:
     void setVolume(double percent);
     // A window of the X server, for the files from now on; without one their sound plays alone.
     void showPicturesIn(std::uint64_t window);
+    // Frames of the newest file that came too late to be decoded or shown.
+    std::int64_t lostFrames() const;
 
     // Where the sound that is heard now stands, in seconds; nothing while there is none.
     std::optional<double> position() const;

@@ -31,6 +31,9 @@ public:
     void showPicturesIn(std::uint64_t window) override;
     platform::PictureSize pictureSize() const override { return picture_; }
 
+    // Frames of the present file that came too late to be decoded or shown.
+    std::int64_t lostFrames() const { return engine_.lostFrames(); }
+
 private:
     // Opening: the engine has not read the file yet. Starting: it has, the first sound is to come. Lost: it
     // could not be played, or the engine has let go of it.
