@@ -50,6 +50,8 @@ QStringList nameFilters(const base::Text& filter) {
     QStringList filters;
     for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
         QString patterns = fields[i + 1];
+        if (patterns.isEmpty())
+            continue;
         patterns.replace(u';', u' ');
         // On this platform "*.*" would leave out the names without a point.
         if (patterns == QLatin1String("*.*"))
@@ -86,7 +88,10 @@ std::optional<std::uint32_t> QtDialogs::ShowColor(std::string_view owner, std::u
 }
 
 base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
-    QFileDialog dialog(window(request.owner), qstring(request.title), qstring(request.initialFolder));
+    // A folder that has gone would open the dialog anywhere.
+    const QString initial = qstring(request.initialFolder);
+    const bool there = !initial.isEmpty() && QFileInfo(initial).isDir();
+    QFileDialog dialog(window(request.owner), qstring(request.title), there ? initial : QDir::currentPath());
     dialog.setObjectName(QStringLiteral("FileDlg"));
     dialog.setAcceptMode(request.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);

@@ -28,7 +28,8 @@ QtSystem::~QtSystem() {
 base::Text QtSystem::LeggiLocale(int setting) const {
     if (setting != platform::localeEnglishCountry)
         return {};
-    return text(QLocale::territoryToString(QLocale::system().territory()));
+    const QLocale::Territory country = QLocale::system().territory();
+    return country == QLocale::AnyTerritory ? base::Text() : text(QLocale::territoryToString(country));
 }
 
 bool QtSystem::previousInstance() {
