@@ -1,0 +1,28 @@
+// Ranges of RTF that are kept as they are, because the editor has no place for what they tell.
+#pragma once
+
+#include "rtf/rtf_tokens.h"
+
+#include <cstdint>
+#include <set>
+#include <string>
+
+namespace rtf {
+
+// The numbers of the file's own tables that kept ranges refer to.
+struct KeptReferences {
+    std::set<std::int32_t> fonts;
+    std::int32_t highestColour = -1; // index
+
+    void note(const Token& word);
+};
+
+// Appends the rest of the group in which the tokenizer stands, with the brace that closes it, to `out` as
+// 7-bit ASCII: other bytes and binary data as hexadecimal digits. Where the file ends first, the group is
+// closed.
+void copyGroup(Tokenizer& tokens, std::string& out, KeptReferences& references);
+
+// Passes over the rest of the group in which the tokenizer stands, with the brace that closes it.
+void skipGroup(Tokenizer& tokens);
+
+} // namespace rtf
