@@ -32,9 +32,7 @@ public:
             addText(token.raw);
             break;
         case TokenKind::Binary:
-            out_ += ' ';
-            appendHex(token.text, "", out_);
-            open_ = false;
+            addHex(token.text);
             break;
         case TokenKind::Symbol:
             // A backslash whose other byte cannot be written would take hold of what comes next.
@@ -60,6 +58,15 @@ private:
                (byte >= 'A' && byte <= 'Z');
     }
 
+    void addHex(std::string_view bytes) {
+        if (bytes.empty())
+            return;
+        if (open_)
+            out_ += '\n';
+        appendHex(bytes, "", out_);
+        open_ = false;
+    }
+
     void addText(std::string_view bytes) {
         for (const char byte : bytes) {
             if (byte == '\0')
@@ -82,24 +89,27 @@ private:
 
 } // namespace
 
-void KeptReferences::note(const Token& word) {
-    static constexpr std::array<std::string_view, 5> fontWords{"f", "af", "deff", "pnf", "stshfdbch"};
+void KeptReferences::note(std::string_view range) {
+    static constexpr std::array<std::string_view, 4> fontWords{"f", "af", "deff", "pnf"};
     static constexpr std::array<std::string_view, 14> colourWords{
         "cf",  "cb",     "highlight", "chcbpat", "chcfpat", "cbpat",   "cfpat",
         "ulc", "brdrcf", "clcbpat",   "clcfpat", "pncf",    "trcbpat", "trcfpat"};
     constexpr std::int32_t mostColours = 0x7FFF;
-    if (!word.hasNumber || word.number < 0)
-        return;
-    const auto isOneOf = [&](const auto& names) {
-        return std::find(names.begin(), names.end(), word.text) != names.end();
+    const auto isOneOf = [](std::string_view word, const auto& names) {
+        return std::find(names.begin(), names.end(), word) != names.end();
     };
-    if (isOneOf(fontWords))
-        fonts.insert(word.number);
-    else if (word.number <= mostColours && isOneOf(colourWords))
-        highestColour = std::max(highestColour, word.number);
+    Tokenizer tokens(range);
+    for (Token token = tokens.next(); token.kind != TokenKind::End; token = tokens.next()) {
+        if (token.kind != TokenKind::Word || !token.hasNumber || token.number < 0)
+            continue;
+        if (isOneOf(token.text, fontWords))
+            fonts.insert(token.number);
+        else if (token.number <= mostColours && isOneOf(token.text, colourWords))
+            highestColour = std::max(highestColour, token.number);
+    }
 }
 
-void copyGroup(Tokenizer& tokens, std::string& out, KeptReferences& references) {
+void copyGroup(Tokenizer& tokens, std::string& out) {
     Copier copier(out);
     for (std::size_t depth = 1; depth > 0;) {
         const Token token = tokens.next();
@@ -111,8 +121,6 @@ void copyGroup(Tokenizer& tokens, std::string& out, KeptReferences& references) 
             ++depth;
         else if (token.kind == TokenKind::GroupClose)
             --depth;
-        else if (token.kind == TokenKind::Word)
-            references.note(token);
         copier.add(token);
     }
 }

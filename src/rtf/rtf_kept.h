@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace rtf {
 
@@ -14,13 +15,14 @@ struct KeptReferences {
     std::set<std::int32_t> fonts;
     std::int32_t highestColour = -1; // index
 
-    void note(const Token& word);
+    // Adds what the range refers to.
+    void note(std::string_view range);
 };
 
 // Appends the rest of the group in which the tokenizer stands, with the brace that closes it, to `out` as
 // 7-bit ASCII: other bytes and binary data as hexadecimal digits. Where the file ends first, the group is
 // closed.
-void copyGroup(Tokenizer& tokens, std::string& out, KeptReferences& references);
+void copyGroup(Tokenizer& tokens, std::string& out);
 
 // Passes over the rest of the group in which the tokenizer stands, with the brace that closes it.
 void skipGroup(Tokenizer& tokens);

@@ -1,6 +1,7 @@
 #include "rtf/rtf_parser.h"
 
 #include "rtf/rtf_fields.h"
+#include "rtf/rtf_kept.h"
 
 #include <algorithm>
 #include <string>
@@ -178,7 +179,7 @@ void Parser::keep(Destination destination, const Token& word) {
     // Written again, the range stands where one letter stands in for a \u.
     if (state().fallback != 1)
         range += "\\uc" + std::to_string(state().fallback) + ' ';
-    copyGroup(tokens_, range, references_);
+    copyGroup(tokens_, range);
     closeGroup();
     placeKept(destination, std::move(range));
 }
@@ -217,19 +218,30 @@ Document Parser::finish() {
     if (builder_.lastParagraphCounts())
         endParagraph(false);
     Document document = builder_.finish();
-    const bool hasKept = !document.kept.empty() || !document.head.empty() ||
-                         std::any_of(document.sections.begin(), document.sections.end(),
-                                     [](const Section& section) { return !section.headers.empty(); });
-    if (!hasKept)
-        return document;
+    takeKeptTables(document);
+    return document;
+}
+
+void Parser::takeKeptTables(Document& document) {
+    KeptReferences references;
+    bool any = false;
+    const auto note = [&](const std::string& range) {
+        references.note(range);
+        any = any || !range.empty();
+    };
+    note(document.head);
+    std::for_each(document.kept.begin(), document.kept.end(), note);
+    for (const Section& section : document.sections)
+        note(section.headers);
+    if (!any)
+        return;
     KeptTables& tables = document.keptTables;
     tables.codePage = codePage_;
     tables.defaultFont = defaultFont_;
-    references_.fonts.insert(defaultFont_);
-    for (const std::int32_t number : references_.fonts)
+    references.fonts.insert(defaultFont_);
+    for (const std::int32_t number : references.fonts)
         tables.fonts.push_back({number, fonts_.find(number).font});
-    tables.colours = colours_.first(static_cast<std::size_t>(references_.highestColour + 1));
-    return document;
+    tables.colours = colours_.first(static_cast<std::size_t>(references.highestColour + 1));
 }
 
 } // namespace rtf

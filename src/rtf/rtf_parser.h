@@ -2,7 +2,6 @@
 #pragma once
 
 #include "rtf/rtf_builder.h"
-#include "rtf/rtf_kept.h"
 #include "rtf/rtf_state.h"
 #include "rtf/rtf_tables.h"
 #include "rtf/rtf_text_input.h"
@@ -59,6 +58,7 @@ private:
     ParagraphFormat paragraphFormat() const;
     void finishLabel();
     void finishField(const FieldState& field);
+    void takeKeptTables(Document& document);
     Document finish();
 
     GroupState& state() { return stack_.back(); }
@@ -69,7 +69,6 @@ private:
     FontTable fonts_;
     ColourTable colours_;
     DocumentBuilder builder_;
-    KeptReferences references_;
     WordChain words_;
     std::vector<GroupState> stack_;
     std::vector<FieldState> fields_;

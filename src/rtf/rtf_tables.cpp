@@ -70,7 +70,8 @@ int FontTable::entryPage() const {
 
 FontEntry& FontTable::find(std::int32_t number) {
     const auto place = entries_.find(number);
-    return place == entries_.end() ? unknown_ : place->second;
+    const bool complete = place != entries_.end() && !place->second.font.name.empty();
+    return complete ? place->second : unknown_;
 }
 
 void ColourTable::part(int part, std::int32_t value) {

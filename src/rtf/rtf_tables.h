@@ -31,7 +31,7 @@ public:
     // The code page of the entry in hand; 0: that of the document.
     int entryPage() const;
 
-    // A number that the table does not hold gives the system's usual font.
+    // A number that the table does not hold, or holds without a name, gives the usual font.
     FontEntry& find(std::int32_t number);
 
 private:
