@@ -1,0 +1,23 @@
+// Whatever bytes are read: what is written of them is 7-bit ASCII and reads as the same document.
+#include "rtf/rtf_picture.h"
+#include "rtf/rtf_reader.h"
+#include "rtf/rtf_writer.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const rtf::Document document = rtf::read({reinterpret_cast<const char*>(data), size});
+    const std::string written = rtf::write(document);
+    const bool isAscii = std::all_of(written.begin(), written.end(), [](char byte) { return byte > 0; });
+    if (!isAscii || !rtf::isRtf(written) || rtf::read(written) != document)
+        std::abort();
+    if (rtf::plainText(document).size() > document.text.size() + document.paragraphs.size())
+        std::abort();
+    std::for_each(document.kept.begin(), document.kept.end(), rtf::pictureOf);
+    return 0;
+}

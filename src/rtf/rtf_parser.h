@@ -1,0 +1,91 @@
+// The reader's machine: a stack of groups, driven by tokens.
+#pragma once
+
+#include "rtf/rtf_builder.h"
+#include "rtf/rtf_state.h"
+#include "rtf/rtf_tables.h"
+#include "rtf/rtf_text_input.h"
+#include "rtf/rtf_tokens.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rtf {
+
+// Reads one file, once.
+class Parser {
+public:
+    explicit Parser(std::string_view bytes);
+
+    Document run();
+
+private:
+    // Groups
+    void openGroup();
+    void closeGroup();
+    void leaveGroup(const GroupState& inner);
+    void enter(const KnownWord& known, const Token& word);
+    void enterField();
+    void passOverGroup();
+    void keep(Destination destination, const Token& word);
+    void placeKept(Destination destination, std::string range);
+
+    // Tokens
+    void word(const Token& token);
+    void symbol(const Token& token);
+    void letterWord(const KnownWord& known, const Token& token);
+    void paragraphWord(const KnownWord& known, const Token& token);
+    void textWord(const KnownWord& known, const Token& token);
+    void documentWord(const KnownWord& known, const Token& token);
+
+    // Text
+    void plain(std::string_view bytes);
+    void hex(const Token& token);
+    void flushBytes();
+    void flushHalf();
+    void unit(char16_t unit);
+    void letters(TextView text);
+    void prepareBody();
+    void refreshFormat(std::uint32_t link);
+    const Encoding& encoding();
+    void lettersChanged();
+
+    // Paragraphs and fields
+    void endParagraph(bool endsSection);
+    void endRow();
+    ParagraphFormat paragraphFormat() const;
+    void finishLabel();
+    void finishField(const FieldState& field);
+    void takeKeptTables(Document& document);
+    Document finish();
+
+    GroupState& state() { return stack_.back(); }
+    bool inBody() const { return stack_.back().destination == Destination::Body; }
+
+    Tokenizer tokens_;
+    TextInput input_;
+    FontTable fonts_;
+    ColourTable colours_;
+    DocumentBuilder builder_;
+    WordChain words_;
+    std::vector<GroupState> stack_;
+    std::vector<FieldState> fields_;
+    std::vector<LinkState> links_;
+    Encoding encoding_;
+    Text label_;
+    std::string keptBefore_;
+    std::size_t deeperGroups_ = 0; // open groups beyond the deepest that has a state
+    std::size_t emptyCells_ = 0;   // cell ends that wait for text behind them
+    std::int32_t defaultFont_ = 0;
+    int codePage_ = 1252;
+    bool ended_ = false;
+    bool optional_ = false; // behind "{\*": a word that is not known takes its group with it
+    bool formatIsOld_ = true;
+    bool encodingIsOld_ = true;
+    bool bulletLabel_ = false;
+    bool typedLabel_ = false; // the label of the paragraph stands in the text
+};
+
+} // namespace rtf

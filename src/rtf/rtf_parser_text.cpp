@@ -1,0 +1,193 @@
+// The part of the reader that turns bytes and words into text.
+#include "rtf/rtf_fields.h"
+#include "rtf/rtf_parser.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace rtf {
+
+void Parser::plain(std::string_view bytes) {
+    bytes = input_.rest(bytes);
+    if (bytes.empty())
+        return;
+    const Destination destination = state().destination;
+    if (destination == Destination::ColourTable) {
+        for (auto entries = std::count(bytes.begin(), bytes.end(), ';'); entries > 0; --entries)
+            colours_.endEntry();
+        return;
+    }
+    flushHalf();
+    if (destination == Destination::Body && !input_.hasBytes() && !encoding().symbols &&
+        isPrintableAscii(bytes)) {
+        prepareBody();
+        builder_.addAscii(bytes);
+    } else if (destination != Destination::Skipped) {
+        input_.addBytes(bytes);
+    }
+}
+
+void Parser::hex(const Token& token) {
+    if (input_.passesOver()) {
+        input_.passedOne();
+        return;
+    }
+    flushHalf();
+    if (token.number >= 0)
+        input_.addByte(token.number);
+}
+
+void Parser::flushBytes() {
+    if (!input_.hasBytes())
+        return;
+    if (const TextView text = input_.takeBytes(encoding()); !text.empty())
+        letters(text);
+}
+
+void Parser::flushHalf() {
+    if (input_.hasHalf())
+        letters(input_.takeHalf());
+}
+
+void Parser::unit(char16_t unit) {
+    flushHalf();
+    letters(TextView(&unit, 1));
+}
+
+void Parser::letters(TextView text) {
+    switch (state().destination) {
+    case Destination::Body:
+        prepareBody();
+        builder_.addText(text);
+        break;
+    case Destination::FieldInstruction:
+        fields_[state().instruction].instruction += text;
+        break;
+    case Destination::ListLabel:
+        label_ += text;
+        break;
+    case Destination::FontTable:
+        fonts_.name(text);
+        break;
+    default:
+        break;
+    }
+}
+
+void Parser::prepareBody() {
+    if (formatIsOld_) {
+        refreshFormat(state().link);
+        formatIsOld_ = false;
+    }
+    keptBefore_.clear();
+    if (const std::size_t tabs = std::exchange(emptyCells_, 0); tabs > 0)
+        builder_.addText(Text(tabs, u'\t'));
+}
+
+void Parser::refreshFormat(std::uint32_t link) {
+    const CharState& letters = state().letters;
+    FontEntry& font = fonts_.find(letters.font);
+    if (font.index == none)
+        font.index = builder_.font(font.font);
+    if (link != none && links_[link].index == none)
+        links_[link].index = builder_.link(links_[link].target);
+    builder_.useFormat({
+        .font = font.index,
+        .link = link == none ? none : links_[link].index,
+        .size = letters.size,
+        .bold = (letters.marks & Bold) != 0,
+        .italic = (letters.marks & Italic) != 0,
+        .underline = (letters.marks & Underline) != 0,
+        .strike = (letters.marks & Strike) != 0,
+        .hidden = (letters.marks & Hidden) != 0,
+        .capitals = (letters.marks & Capitals) != 0,
+        .smallCapitals = (letters.marks & SmallCapitals) != 0,
+        .raised = letters.raised,
+        .colour = colours_.find(letters.colour),
+        .background = colours_.find(letters.background),
+    });
+}
+
+const Encoding& Parser::encoding() {
+    const Destination destination = state().destination;
+    if (destination == Destination::FontTable || encodingIsOld_) {
+        const FontEntry& font = fonts_.find(state().letters.font);
+        const int page = destination == Destination::FontTable ? fonts_.entryPage() : font.codePage;
+        const bool showsLetters = destination == Destination::Body || destination == Destination::ListLabel;
+        encoding_ = {.codePage = page == 0 ? codePage_ : page,
+                     .symbols = showsLetters && font.font.charset == symbolCharset};
+        encodingIsOld_ = false;
+    }
+    return encoding_;
+}
+
+void Parser::endParagraph(bool endsSection) {
+    flushHalf();
+    if (emptyCells_ > 0)
+        prepareBody();
+    // The format of an empty paragraph is that of what is typed there, which is no part of a link.
+    if (builder_.paragraphIsEmpty()) {
+        refreshFormat(none);
+        formatIsOld_ = true;
+    }
+    if (endsSection)
+        builder_.endSection(paragraphFormat());
+    else
+        builder_.endParagraph(paragraphFormat());
+    keptBefore_.clear();
+    bulletLabel_ = false;
+    typedLabel_ = false;
+}
+
+// The end of the last cell parts nothing.
+void Parser::endRow() {
+    if (emptyCells_ > 0)
+        --emptyCells_;
+    endParagraph(false);
+}
+
+ParagraphFormat Parser::paragraphFormat() const {
+    const ParagraphState& paragraph = stack_.back().paragraph;
+    const auto measure = [&](Measure which) { return paragraph.measures[static_cast<std::size_t>(which)]; };
+    return {
+        .alignment = paragraph.alignment,
+        .bullet = !typedLabel_ && (bulletLabel_ || paragraph.bullet),
+        .leftIndent = measure(Measure::Left),
+        .rightIndent = measure(Measure::Right),
+        .firstIndent = measure(Measure::First),
+        .spaceBefore = measure(Measure::Before),
+        .spaceAfter = measure(Measure::After),
+        .list = typedLabel_ ? std::string() : words_.words(paragraph.listWords),
+        .kept = words_.words(paragraph.keptWords),
+    };
+}
+
+// A bullet belongs to the paragraph; a number becomes text, since there is no counting here.
+void Parser::finishLabel() {
+    const Text label = std::exchange(label_, {});
+    if (!inBody())
+        return;
+    const std::size_t begin = label.find_first_not_of(u" \t\u00A0");
+    if (begin == Text::npos)
+        return;
+    const TextView core = TextView(label).substr(begin, label.find_last_not_of(u" \t\u00A0") + 1 - begin);
+    const auto isLetterOrDigit = [](char16_t unit) {
+        return (unit >= u'0' && unit <= u'9') || ((unit | 0x20) >= u'a' && (unit | 0x20) <= u'z');
+    };
+    // The small o is the bullet that word processors take for the second level.
+    if (core.size() == 1 && (core == u"o" || !isLetterOrDigit(core[0]))) {
+        bulletLabel_ = true;
+        return;
+    }
+    typedLabel_ = true;
+    letters(label);
+}
+
+void Parser::finishField(const FieldState& field) {
+    if (field.hasResult)
+        return;
+    if (const char16_t symbol = symbolOf(field.instruction); symbol != 0)
+        unit(symbol);
+}
+
+} // namespace rtf
