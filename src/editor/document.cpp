@@ -86,9 +86,14 @@ void Document::ApriDocumento(base::TextView path) {
                             BoxStyle::Exclamation);
         return;
     }
+    nowIn(chosen, &platform::RichText::LoadFile);
+}
+
+// A load or a save that fails is skipped: the document has its new name all the same.
+void Document::nowIn(const base::Text& path, void (platform::RichText::*loadOrSave)(base::TextView)) {
     base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
-    FileEditor = chosen;
-    base::carryOn([&] { form_.RTB.LoadFile(FileEditor); });
+    FileEditor = path;
+    base::carryOn([&] { (form_.RTB.*loadOrSave)(FileEditor); });
     SalvaFilesRecenti(FileEditor);
     showName(FileEditor);
     TestoModificato = 0;
@@ -123,12 +128,7 @@ void Document::mnuSalvaConNome_Click() {
             Answer::No)
             return;
     }
-    base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
-    FileEditor = chosen;
-    base::carryOn([&] { form_.RTB.SaveFile(FileEditor); });
-    SalvaFilesRecenti(FileEditor);
-    showName(FileEditor);
-    TestoModificato = 0;
+    nowIn(chosen, &platform::RichText::SaveFile);
 }
 
 void Document::SalvaFilesRecenti(base::TextView path) {

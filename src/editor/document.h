@@ -46,6 +46,7 @@ public:
 
 private:
     bool mayLoseText();
+    void nowIn(const base::Text& path, void (platform::RichText::*loadOrSave)(base::TextView));
     void showName(base::TextView path);
     base::Text untitledName() const;
     platform::FileDialogRequest request(bool open, int title) const;

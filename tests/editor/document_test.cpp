@@ -1,20 +1,13 @@
-#include "editor/document.h"
 #include "editor/editor_window.h"
-#include "fakes/fake_desktop.h"
-#include "fakes/fake_rich_text.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "fakes/editor_bench.h"
 
 using editor::Document;
 using platform::Answer;
 
-// The editor on fakes, in a language of entries "&En0" to "&En135", fresh from its start.
-class DocumentTest : public testing::Test {
+// The editor fresh from its start.
+class DocumentTest : public fakes::EditorBench {
 protected:
     DocumentTest() {
-        Lingua.FileLingua = u"English.lng";
-        Lingua.load();
         document.Form_Load();
         form.visible = true;
     }
@@ -24,20 +17,6 @@ protected:
         dialogs.choices = {path(name)};
         document.mnuSalvaConNome_Click();
     }
-
-    fakes::FakeDesktop desktop;
-    fakes::FakeDialogs& dialogs = desktop.dialogPort;
-    base::TextFiles files{base::CodePage(1252)};
-    base::ProgramFolder folder{desktop.folder.text("")};
-    lang::LanguageTable Lingua{files, folder};
-    fakes::FakeRichText text;
-    editor::Form2 form{desktop.loop, text, Lingua, folder};
-    player::Preferences preferences;
-    controls::RecentFiles recent{{&form.mnuRecent1, &form.mnuRecent2, &form.mnuRecent3, &form.mnuRecent4},
-                                 form.mnur,
-                                 files,
-                                 folder.files(u"LastFilesEditor.ini")};
-    Document document{form, dialogs, desktop.systemPort, preferences, recent};
 };
 
 TEST_F(DocumentTest, New_AsksOnlyAboutAText_AndCountsOn) {

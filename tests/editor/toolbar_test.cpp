@@ -1,13 +1,9 @@
 #include "editor/toolbar.h"
-#include "fakes/fake_desktop.h"
-#include "fakes/fake_rich_text.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "fakes/editor_bench.h"
 
 using testing::ElementsAre;
 
-class ToolbarTest : public testing::Test {
+class ToolbarTest : public fakes::EditorBench {
 protected:
     ToolbarTest() { toolbar.Form_Load(); }
     void size(const base::Text& typed) {
@@ -15,19 +11,7 @@ protected:
         form.Combo2.Change();
     }
 
-    fakes::FakeDesktop desktop;
-    base::TextFiles files{base::CodePage(1252)};
-    base::ProgramFolder folder{desktop.folder.text("")};
-    lang::LanguageTable Lingua{files, folder};
-    fakes::FakeRichText text;
-    editor::Form2 form{desktop.loop, text, Lingua, folder};
-    player::Preferences preferences;
-    controls::RecentFiles recent{{&form.mnuRecent1, &form.mnuRecent2, &form.mnuRecent3, &form.mnuRecent4},
-                                 form.mnur,
-                                 files,
-                                 folder.files(u"x")};
-    editor::Document document{form, desktop.dialogPort, desktop.systemPort, preferences, recent};
-    editor::Toolbar toolbar{form, document, desktop.systemPort, desktop.dialogPort};
+    editor::Toolbar toolbar{form, document, desktop.systemPort, dialogs};
 };
 
 TEST_F(ToolbarTest, Buttons_ActOnTheSelection_AndGiveTheKeyboardBack) {
@@ -82,10 +66,10 @@ TEST_F(ToolbarTest, FontBoxes_TakeWhatTheirRulesTake) {
 }
 
 TEST_F(ToolbarTest, Colour_BeginsOnBlackEachTime_AndCancelLeavesIt) {
-    desktop.dialogPort.colors = {std::nullopt, 0x00FF8000U};
+    dialogs.colors = {std::nullopt, 0x00FF8000U};
     toolbar.Label2_Click(13);
     toolbar.Label2_Click(13);
-    EXPECT_THAT(desktop.dialogPort.colorStarts, ElementsAre(0U, 0U));
+    EXPECT_THAT(dialogs.colorStarts, ElementsAre(0U, 0U));
     EXPECT_THAT(text.commands, ElementsAre("color 16744448"));
 }
 
