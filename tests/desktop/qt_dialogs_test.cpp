@@ -223,3 +223,14 @@ TEST_F(FileDlgTest, InitialFolder_FallsBackToTheCurrentOne) {
         });
     }
 }
+
+TEST_F(FileDlgTest, PathOfMoreThan255Units_CannotBeReturned) {
+    std::string deep(200, 'd');
+    deep += "/" + std::string(60, 'f') + ".mp3";
+    folder.write(deep, "");
+    request.initialFolder = folder.text(std::string(200, 'd'));
+    EXPECT_EQ(ask([&](QFileDialog& dialog) {
+                  pick(dialog, QString::fromStdString(std::string(60, 'f') + ".mp3"));
+              }),
+              u"");
+}
