@@ -215,9 +215,10 @@ void Parser::lettersChanged() {
 
 Document Parser::finish() {
     flushHalf();
-    if (builder_.lastParagraphCounts())
+    const bool lastCounts = builder_.lastParagraphCounts();
+    if (lastCounts)
         endParagraph(false);
-    Document document = builder_.finish();
+    Document document = builder_.finish(!lastCounts);
     takeKeptTables(document);
     return document;
 }

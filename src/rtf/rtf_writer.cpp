@@ -184,11 +184,11 @@ void Writer::run(const Run& run) {
 void Writer::symbols(TextView text) {
     static constexpr std::string_view digits = "0123456789abcdef";
     for (const char16_t unit : text) {
-        if (unit >= 0xF020 && unit <= 0xF0FF) {
+        if (unit > 0xF020 && unit <= 0xF0FF) {
             out_ += "\\'";
             out_ += digits[unit / 16 % 16];
             out_ += digits[unit % 16];
-        } else if (unit >= 0x20 && unit < 0x7F) {
+        } else if (unit > 0x20 && unit < 0x7F) {
             word("\\u", unit);
             out_ += '?';
         } else {
