@@ -115,8 +115,7 @@ void Writer::paragraphFormat(const ParagraphFormat& format) {
 // Said twice: for readers that know lists of the old kind, and for those that take the sign as it stands.
 void Writer::bullet() {
     const std::string font = std::to_string(fonts_.bulletNumber());
-    out_ +=
-        "{\\pntext\\f" + font + "\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf" + font + "\\pnindent0{\\pntxtb\\'b7}}";
+    out_ += "{\\pntext\\f" + font + R"(\'b7\tab}{\*\pn\pnlvlblt\pnf)" + font + R"(\pnindent0{\pntxtb\'b7}})";
 }
 
 void Writer::runs(std::size_t count) {
@@ -145,7 +144,7 @@ void Writer::runs(std::size_t count) {
 }
 
 void Writer::openLink(std::uint32_t link) {
-    out_ += "{\\field{\\*\\fldinst{";
+    out_ += R"({\field{\*\fldinst{)";
     appendText(linkInstruction(document_.links[link]), out_);
     out_ += "}}{\\fldrslt ";
 }

@@ -37,7 +37,7 @@ TEST(RtfFormats, LetterWords_SetWhatTheyName) {
         {"\\cf77 x", usual},
         {"\\highlight1 x", with([&](auto& f) { f.background = red; })},
         {"\\highlight1\\highlight0 x", usual},
-        {"\\b\\i\\fs30\\cf1\\plain x", usual},
+        {R"(\b\i\fs30\cf1\plain x)", usual},
         {"{\\b\\i}x", usual},
         {"{\\b\\par}x", with([](auto& f) { f.bold = true; })},
     };
@@ -46,21 +46,21 @@ TEST(RtfFormats, LetterWords_SetWhatTheyName) {
 }
 
 TEST(RtfFormats, Fonts_AreThoseInUse_InTheOrderOfTheirUse) {
-    const rtf::Document read = document("\\f2 a\\f0 b\\f2 c\\f9 d");
+    const rtf::Document read = document(R"(\f2 a\f0 b\f2 c\f9 d)");
     EXPECT_EQ(read.fonts,
               (std::vector<rtf::Font>{{u"Courier", 204}, {u"Arial", 0}, {u"Times New Roman", 0}}));
 }
 
 TEST(RtfFormats, FontTable_TakesEveryFormOfEntry) {
     const std::pair<std::string, base::Text> rows[] = {
-        {"{\\fonttbl{\\f0\\fswiss Arial;}}", u"Arial"},
-        {"{\\fonttbl\\f0\\fswiss Arial;\\f1 Courier;}", u"Arial"},
-        {"{\\fonttbl{\\f0{\\*\\panose 020b}Arial{\\*\\falt Other};}}", u"Arial"},
-        {"{\\fonttbl{\\f0\\fcharset204 \\'cf\\'f0;}}", u"Пр"},
-        {"{\\fonttbl{\\f0 \\u1071?;}}", u"Я"},
+        {R"({\fonttbl{\f0\fswiss Arial;}})", u"Arial"},
+        {R"({\fonttbl\f0\fswiss Arial;\f1 Courier;})", u"Arial"},
+        {R"({\fonttbl{\f0{\*\panose 020b}Arial{\*\falt Other};}})", u"Arial"},
+        {R"({\fonttbl{\f0\fcharset204 \'cf\'f0;}})", u"Пр"},
+        {R"({\fonttbl{\f0 \u1071?;}})", u"Я"},
         {"{\\fonttbl{\\f0 ;}}", u"Times New Roman"},
         {"{\\fonttbl}", u"Times New Roman"},
-        {"\\deff5{\\fonttbl{\\f0 Arial;}{\\f5 Courier;}}", u"Courier"},
+        {R"(\deff5{\fonttbl{\f0 Arial;}{\f5 Courier;}})", u"Courier"},
     };
     for (const auto& [table, name] : rows)
         EXPECT_EQ(rtf::read("{\\rtf1" + table + " x}").fonts.at(0).name, name) << table;
@@ -80,10 +80,10 @@ TEST(RtfFormats, ParagraphWords_SetWhatTheyName) {
         {"\\qc\\pard x", {}},
         {"{\\qc x\\par}", with([](auto& f) { f.alignment = rtf::Alignment::Centre; })},
         {"{\\qc x}\\par", {}},
-        {"\\li720\\ri10\\fi-360 x",
+        {R"(\li720\ri10\fi-360 x)",
          with([](auto& f) { f.leftIndent = 720, f.rightIndent = 10, f.firstIndent = -360; })},
         {"\\sb120\\sa60 x", with([](auto& f) { f.spaceBefore = 120, f.spaceAfter = 60; })},
-        {"\\s3\\tqr\\tx1440 \\sl240 x", with([](auto& f) { f.kept = "\\s3\\tqr\\tx1440\\sl240"; })},
+        {R"(\s3\tqr\tx1440 \sl240 x)", with([](auto& f) { f.kept = R"(\s3\tqr\tx1440\sl240)"; })},
         {"\\ls2\\ilvl1 x", with([](auto& f) { f.list = "\\ls2\\ilvl1"; })},
     };
     for (const auto& [body, format] : rows)

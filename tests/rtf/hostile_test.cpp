@@ -52,7 +52,7 @@ TEST(RtfHostile, Megabytes_OfOneThing_CostTimeAndMemoryInProportion) {
         {"", "\\bin9"},
         {"", "{\\*\\x"},
         {"\\ansicpg932 ", "\\'81"},
-        {"", "\\sectd\\cols2\\sect"},
+        {"", R"(\sectd\cols2\sect)"},
         {"", "{\\pntext 1}"},
         {"{\\fonttbl", "{\\f1 a;}"},
         {"{\\colortbl", "\\red1;"},
@@ -60,8 +60,8 @@ TEST(RtfHostile, Megabytes_OfOneThing_CostTimeAndMemoryInProportion) {
         {"{\\fonttbl{\\f0 ", "a"},
         {"", "{\\header a}"},
         {"", "{\\*\\atnid a}"},
-        {"{\\field{\\*\\fldinst HYPERLINK ", "\\\\"},
-        {"", "{\\field{\\*\\fldinst HYPERLINK a}{\\fldrslt b}}"},
+        {R"({\field{\*\fldinst HYPERLINK )", "\\\\"},
+        {"", R"({\field{\*\fldinst HYPERLINK a}{\fldrslt b}})"},
     };
     for (const auto& [before, piece] : rows) {
         const std::string bytes = "{\\rtf1" + before + repeated(piece, (2U << 20U) / piece.size());
@@ -86,7 +86,7 @@ TEST(RtfHostile, NumberedThings_EachANewOne_CostTimeAndMemoryInProportion) {
         {"\\li", "\\par"},
         {"\\uc", "\\u1071?"},
         {"{\\fonttbl{\\f", "\\cpg50000 \\'e9;}}"},
-        {"{\\field{\\*\\fldinst HYPERLINK ", "}{\\fldrslt a}}"},
+        {R"({\field{\*\fldinst HYPERLINK )", "}{\\fldrslt a}}"},
         {"{\\footnote\\f", "}"},
     };
     for (const auto& [before, behind] : rows) {

@@ -8,13 +8,12 @@ using reading::document;
 TEST(RtfKept, Ranges_HaveAnAnchorInTheText) {
     const std::pair<std::string, std::string> rows[] = {
         {"{\\pict\\pngblip 8950}", "{\\pict\\pngblip 8950}"},
-        {"{\\*\\shppict{\\pict 00}}{\\nonshppict{\\pict 01}}",
-         "{\\*\\shppict{\\pict 00}}{\\nonshppict{\\pict 01}}"},
-        {"{\\object\\objemb{\\*\\objdata 01}{\\result r}}",
-         "{\\object\\objemb{\\*\\objdata 01}{\\result r}}"},
-        {"{\\super\\chftn{\\footnote\\pard\\chftn note}}", "\\chftn {\\footnote\\pard\\chftn note}"},
-        {"{\\*\\atnid x}\\chatn{\\*\\annotation y}", "{\\*\\atnid x}\\chatn {\\*\\annotation y}"},
-        {"{\\shp{\\*\\shpinst{\\shptxt z}}}", "{\\shp{\\*\\shpinst{\\shptxt z}}}"},
+        {R"({\*\shppict{\pict 00}}{\nonshppict{\pict 01}})",
+         R"({\*\shppict{\pict 00}}{\nonshppict{\pict 01}})"},
+        {R"({\object\objemb{\*\objdata 01}{\result r}})", R"({\object\objemb{\*\objdata 01}{\result r}})"},
+        {R"({\super\chftn{\footnote\pard\chftn note}})", R"(\chftn {\footnote\pard\chftn note})"},
+        {R"({\*\atnid x}\chatn{\*\annotation y})", R"({\*\atnid x}\chatn {\*\annotation y})"},
+        {R"({\shp{\*\shpinst{\shptxt z}}})", R"({\shp{\*\shpinst{\shptxt z}}})"},
         {"{\\b\\pict 00}", "{\\pict 00}"},
         {"{\\uc2\\footnote a}", "{\\footnote \\uc2 a}"},
         {"{\\footnote\r\na\xE9\\bin2 \xFF}}", "{\\footnote\na\\'e9ff7d}"},
@@ -44,7 +43,7 @@ TEST(RtfKept, HeadAndHeaders_AreOnTheDocument) {
 }
 
 TEST(RtfKept, Tables_HoldWhatTheRangesReferTo) {
-    const rtf::Document read = document("\\f2\\cf2 a{\\footnote\\f3\\cf1 b}{\\*\\atnid \\f4 dropped}c");
+    const rtf::Document read = document(R"(\f2\cf2 a{\footnote\f3\cf1 b}{\*\atnid \f4 dropped}c)");
     ASSERT_EQ(read.keptTables.fonts.size(), 2U);
     EXPECT_EQ(read.keptTables.fonts[1], (rtf::NumberedFont{3, {u"Gothic", 128}}));
     EXPECT_EQ(read.keptTables.colours, (std::vector<rtf::Colour>{{}, {false, 255, 0, 0}}));
@@ -61,15 +60,15 @@ TEST(RtfKept, Document_WithoutRanges_KeepsNoTables) {
 
 TEST(RtfPicture, Bytes_ComeFromDigitsAndFromBinary) {
     const std::string png = "\x89PNG";
-    const std::string binary = std::string("{\\pict\\jpegblip\\bin3 ") + '\xFF' + "}\\}";
+    const std::string binary = std::string(R"({\pict\jpegblip\bin3 )") + '\xFF' + "}\\}";
     const std::tuple<std::string, rtf::PictureKind, std::string, int, int> rows[] = {
         {"{\\pict\\pngblip 89504e47}", rtf::PictureKind::Png, png, 0, 0},
         {"{\\pict\\picwgoal100\\pichgoal50\\picscalex50\\pngblip{\\*\\blipuid 00ff}\n89 50\n4E47}",
          rtf::PictureKind::Png, png, 50, 50},
-        {"{\\*\\shppict{\\pict{\\*\\picprop{\\sp{\\sn a}}}\\pngblip\\picwgoal-5 89504e47}}",
-         rtf::PictureKind::Png, png, 0, 0},
-        {"{\\*\\shppict{\\pict\\wmetafile8 01}}{\\nonshppict{\\pict\\pngblip 89504e47}}",
-         rtf::PictureKind::Png, png, 0, 0},
+        {R"({\*\shppict{\pict{\*\picprop{\sp{\sn a}}}\pngblip\picwgoal-5 89504e47}})", rtf::PictureKind::Png,
+         png, 0, 0},
+        {R"({\*\shppict{\pict\wmetafile8 01}}{\nonshppict{\pict\pngblip 89504e47}})", rtf::PictureKind::Png,
+         png, 0, 0},
         {binary, rtf::PictureKind::Jpeg, "\xFF}\\", 0, 0},
         {document(binary).kept.at(0), rtf::PictureKind::Jpeg, "\xFF}\\", 0, 0},
     };

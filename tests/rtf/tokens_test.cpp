@@ -41,13 +41,13 @@ std::string cut(std::string_view bytes) {
 
 TEST(RtfTokens, Bytes_AreCutIntoTokens) {
     const std::pair<std::string, std::string> rows[] = {
-        {"{\\rtf1\\b bold}", "{ \\rtf1 \\b \"bold\" } "},
-        {"\\fs24  x", "\\fs24 \" x\" "},
+        {"{\\rtf1\\b bold}", R"({ \rtf1 \b "bold" } )"},
+        {"\\fs24  x", R"(\fs24 " x" )"},
         {"\\li-720\\par", "\\li-720 \\par "},
-        {"\\b-x", "\\b \"-x\" "},
-        {"a\r\nb\nc", "\"a\" \"b\" \"c\" "},
-        {"\\b\r\n1", "\\b \"1\" "},
-        {"\\~\\_\\*\\{\\\\", "\\~ \\_ \\* \\{ \\\\ "},
+        {"\\b-x", R"(\b "-x" )"},
+        {"a\r\nb\nc", R"("a" "b" "c" )"},
+        {"\\b\r\n1", R"(\b "1" )"},
+        {R"(\~\_\*\{\\)", R"(\~ \_ \* \{ \\ )"},
         {"\\'e9\\'E9", "'233 '233 "},
         {"\\'4}\\'zz", "'4 } '-1 \"zz\" "},
         {"\\fs99999999999\\fs-99999999999 ", "\\fs2147483647 \\fs-2147483647 "},
@@ -55,7 +55,7 @@ TEST(RtfTokens, Bytes_AreCutIntoTokens) {
         {"\\bin99 abc", "<abc> "},
         {"\\bin-1 a", "<> \"a\" "},
         {"\\bin", "<> "},
-        {"a\\", "\"a\" \\ "},
+        {"a\\", R"("a" \ )"},
         {"\\'", "'-1 "},
         {"", ""},
     };
@@ -64,7 +64,7 @@ TEST(RtfTokens, Bytes_AreCutIntoTokens) {
 }
 
 TEST(RtfTokens, Raw_TellsAllBytesButLineEnds) {
-    const std::string bytes = "{\\rtf1 a\\'e9\\~\\bin2 \\\\\\par}";
+    const std::string bytes = R"({\rtf1 a\'e9\~\bin2 \\\par})";
     std::string raw;
     rtf::Tokenizer tokens(bytes);
     for (rtf::Token token = tokens.next(); token.kind != rtf::TokenKind::End; token = tokens.next())

@@ -12,19 +12,19 @@ TEST(RtfWriting, Samples_ReadTheSameAgain) {
         "a\\par",
         "\\par\\par",
         " a  b ",
-        "{\\b a}{\\i\\fs40 b}\\cf1 c\\highlight2 d{\\super e}\\v f",
-        "\\qc a\\par\\pard\\li720\\fi-360\\sa120 b\\par\\qr\\par",
-        "{\\pntext\\'95\\tab}{\\*\\pn\\pnlvlblt}\\ls1\\tx720 a\\par b\\par\\pard c",
-        "{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt a{\\b b}\\par c}}d",
-        "\\b {\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt\\i a}} b",
+        R"({\b a}{\i\fs40 b}\cf1 c\highlight2 d{\super e}\v f)",
+        R"(\qc a\par\pard\li720\fi-360\sa120 b\par\qr\par)",
+        R"({\pntext\'95\tab}{\*\pn\pnlvlblt}\ls1\tx720 a\par b\par\pard c)",
+        R"({\field{\*\fldinst HYPERLINK "u"}{\fldrslt a{\b b}\par c}}d)",
+        R"(\b {\field{\*\fldinst HYPERLINK "u"}{\fldrslt\i a}} b)",
         "{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt a}}{\\field{\\*\\fldinst HYPERLINK "
         "\"v\"}{\\fldrslt b}}",
-        "\\f1 \\'b7 \\u97?\\u1071?\\{\\tab\\f2 \\'cf",
-        "\\{\\}\\\\\\~\\-\\_\\line\\page\\tab\\u-10179?\\u-8704?\\u-4?\\'7f",
+        R"(\f1 \'b7 \u97?\u1071?\{\tab\f2 \'cf)",
+        R"(\{\}\\\~\-\_\line\page\tab\u-10179?\u-8704?\u-4?\'7f)",
         "a\\u8203?1\\u1071?1",
-        "a\\cell b\\cell\\row",
-        "\\uc3{\\footnote\\u1071?12}a{\\pict 00}{\\pict 01}\\par{\\pict 02}",
-        "{\\b\\par}{\\fs40\\par}x",
+        R"(a\cell b\cell\row)",
+        R"(\uc3{\footnote\u1071?12}a{\pict 00}{\pict 01}\par{\pict 02})",
+        R"({\b\par}{\fs40\par}x)",
         "a\\sect b\\sect",
     };
     for (const std::string& sample : samples) {
@@ -48,7 +48,7 @@ TEST(RtfWriting, Document_IsWrittenInPlainWords) {
 }
 
 TEST(RtfWriting, Bullet_IsSaidInBothWays) {
-    const std::string written = rtf::write(document("{\\pntext\\'95\\tab}a"));
+    const std::string written = rtf::write(document(R"({\pntext\'95\tab}a)"));
     EXPECT_NE(written.find("{\\f1\\fnil\\fcharset2 Symbol;}"), std::string::npos) << written;
     EXPECT_NE(written.find("{\\pntext\\f1\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}"),
               std::string::npos);
