@@ -22,10 +22,9 @@ std::string transcript(std::size_t bytes) {
                       "Times New Roman;}{\\f2\\fnil\\fcharset2 "
                       "Symbol;}}{\\colortbl;\\red0\\green0\\blue160;\\red128\\green0\\blue0;}\r\n";
     for (int turn = 0; rtf.size() + 1 < bytes; ++turn) {
-        rtf += turn % 7 == 0
-                   ? "\\pard{\\pntext\\f2\\'B7\\tab}{\\*\\pn\\pnlvlblt\\pnf2{\\pntxtb\\'B7}}\\fi-360\\li720 "
-                   : "\\pard\\plain\\ltrpar\\ql\\li0\\ri0\\sa120\\widctlpar\\f0\\fs22 ";
-        rtf += "{\\rtlch\\fcs1\\af0\\ltrch\\fcs0\\b\\cf1\\insrsid" + std::to_string(4'000'000 + turn) +
+        rtf += turn % 7 == 0 ? R"(\pard{\pntext\f2\'B7\tab}{\*\pn\pnlvlblt\pnf2{\pntxtb\'B7}}\fi-360\li720 )"
+                             : R"(\pard\plain\ltrpar\ql\li0\ri0\sa120\widctlpar\f0\fs22 )";
+        rtf += R"({\rtlch\fcs1\af0\ltrch\fcs0\b\cf1\insrsid)" + std::to_string(4'000'000 + turn) +
                " Speaker " + std::to_string(turn % 5) + "}{\\cf2  [" + std::to_string(turn) +
                ":05]}\\tab What was said in this turn is a "
                "sentence or two, with na\\'efve words {\\i in italics}\\u8212?and a pause.\r\n";
@@ -43,8 +42,9 @@ double bestOfFive(const auto& work) {
     for (int run = 0; run < 5; ++run) {
         const auto start = std::chrono::steady_clock::now();
         work();
-        best =
-            std::min(best, std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count());
+        best = std::min(
+            best,
+            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
     }
     return best;
 }

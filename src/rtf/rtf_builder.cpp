@@ -1,7 +1,5 @@
 #include "rtf/rtf_builder.h"
 
-#include <functional>
-
 namespace rtf {
 
 namespace {
@@ -9,15 +7,6 @@ namespace {
 // A file can grow words on each of its paragraphs so that every one becomes a format of its own. No writer
 // does, and what exceeds this many bytes over all formats is rubbish.
 constexpr std::size_t mostKeptWords = 1U << 20U;
-
-std::size_t mix(std::size_t seed, std::size_t value) {
-    return (seed ^ value) * 0x9E3779B97F4A7C15ULL ^ seed >> 29U;
-}
-
-std::size_t numberOf(const Colour& colour) {
-    return static_cast<std::size_t>(colour.automatic) << 24U | static_cast<std::size_t>(colour.red) << 16U |
-           static_cast<std::size_t>(colour.green) << 8U | colour.blue;
-}
 
 // The index of a part in its table, where it is put when it is new.
 template <class Part>
@@ -29,27 +18,6 @@ std::uint32_t indexOf(const Part& part, auto& known, std::vector<Part>& table) {
 }
 
 } // namespace
-
-std::size_t PartHash::operator()(const CharFormat& format) const {
-    const std::size_t marks = format.bold | format.italic << 1U | format.underline << 2U |
-                              format.strike << 3U | format.hidden << 4U | format.capitals << 5U |
-                              format.smallCapitals << 6U | static_cast<unsigned>(format.raised) << 7U;
-    std::size_t hash = mix(marks, format.font);
-    hash = mix(hash, static_cast<std::size_t>(format.link) << 16U | format.size);
-    return mix(hash, numberOf(format.colour) << 32U | numberOf(format.background));
-}
-
-std::size_t PartHash::operator()(const ParagraphFormat& format) const {
-    std::size_t hash = mix(static_cast<std::size_t>(format.alignment), format.bullet ? 1 : 0);
-    for (const std::int32_t measure :
-         {format.leftIndent, format.rightIndent, format.firstIndent, format.spaceBefore, format.spaceAfter})
-        hash = mix(hash, static_cast<std::uint32_t>(measure));
-    return mix(mix(hash, std::hash<std::string>()(format.list)), std::hash<std::string>()(format.kept));
-}
-
-std::size_t PartHash::operator()(const Font& font) const {
-    return mix(std::hash<Text>()(font.name), static_cast<std::size_t>(font.charset));
-}
 
 DocumentBuilder::DocumentBuilder() {
     document_.sections.emplace_back();
@@ -138,8 +106,8 @@ bool DocumentBuilder::lastParagraphCounts() const {
     return !paragraphIsEmpty() || nextSection_ != none;
 }
 
-Document DocumentBuilder::finish() {
-    document_.lastParagraphEnds = !lastParagraphCounts();
+Document DocumentBuilder::finish(bool lastParagraphEnds) {
+    document_.lastParagraphEnds = lastParagraphEnds;
     return std::move(document_);
 }
 

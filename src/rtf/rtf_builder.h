@@ -2,6 +2,7 @@
 #pragma once
 
 #include "rtf/rtf_document.h"
+#include "rtf/rtf_hash.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -11,13 +12,6 @@
 #include <utility>
 
 namespace rtf {
-
-// Hashes for the tables in which each font, format and link stands once.
-struct PartHash {
-    std::size_t operator()(const CharFormat& format) const;
-    std::size_t operator()(const ParagraphFormat& format) const;
-    std::size_t operator()(const Font& font) const;
-};
 
 // Collects text, formats and kept ranges; each table entry is made when first used.
 class DocumentBuilder {
@@ -53,7 +47,7 @@ public:
     bool lastParagraphCounts() const;
 
     // Gives the document out.
-    Document finish();
+    Document finish(bool lastParagraphEnds);
 
 private:
     void ensureRun();

@@ -50,6 +50,8 @@ public:
     explicit Page(int number) : number_(number) {
         if (!isSystemPage(number))
             converter_ = iconv_open("UTF-16LE", converterName(number).c_str());
+        if (hasConverter() && !beginsWithAscii())
+            closeConverter();
         if (!hasConverter())
             fillTable(base::CodePage(number));
         else if (everyByteIsALetter())
@@ -87,6 +89,13 @@ private:
     void fillTable(const base::CodePage& page) {
         for (unsigned byte = 0; byte < table_.size(); ++byte)
             table_[byte] = page.decode(std::string(1, static_cast<char>(byte)))[0];
+    }
+
+    // The pages of mainframes put the letters elsewhere: no text of RTF is written in those.
+    bool beginsWithAscii() {
+        base::Text letters;
+        convert("AZaz09 ", letters);
+        return letters == u"AZaz09 ";
     }
 
     // A page in which no byte waits for another becomes a table.

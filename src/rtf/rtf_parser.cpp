@@ -71,7 +71,7 @@ Document Parser::run() {
 void Parser::openGroup() {
     input_.stopPassing();
     if (stack_.size() < deepestGroup)
-        stack_.push_back(GroupState(stack_.back()));
+        stack_.push_back(stack_.back());
     else
         ++deeperGroups_;
 }
@@ -215,9 +215,10 @@ void Parser::lettersChanged() {
 
 Document Parser::finish() {
     flushHalf();
-    if (builder_.lastParagraphCounts())
+    const bool lastCounts = builder_.lastParagraphCounts();
+    if (lastCounts)
         endParagraph(false);
-    Document document = builder_.finish();
+    Document document = builder_.finish(!lastCounts);
     takeKeptTables(document);
     return document;
 }
@@ -241,7 +242,7 @@ void Parser::takeKeptTables(Document& document) {
     references.fonts.insert(defaultFont_);
     for (const std::int32_t number : references.fonts)
         tables.fonts.push_back({number, fonts_.find(number).font});
-    tables.colours = colours_.first(static_cast<std::size_t>(references.highestColour + 1));
+    tables.colours = colours_.first(static_cast<std::size_t>(references.highestColour) + 1);
 }
 
 } // namespace rtf

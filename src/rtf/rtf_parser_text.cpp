@@ -9,21 +9,23 @@ namespace rtf {
 
 void Parser::plain(std::string_view bytes) {
     bytes = input_.rest(bytes);
-    if (bytes.empty())
-        return;
     const Destination destination = state().destination;
+    if (bytes.empty() || destination == Destination::Skipped)
+        return;
     if (destination == Destination::ColourTable) {
         for (auto entries = std::count(bytes.begin(), bytes.end(), ';'); entries > 0; --entries)
             colours_.endEntry();
         return;
     }
     flushHalf();
-    if (destination == Destination::Body && !input_.hasBytes() && !encoding().symbols &&
-        isPrintableAscii(bytes)) {
+    // Behind the first half of a letter a plain byte may be the other one; elsewhere ASCII is what it says.
+    if (input_.hasBytes() || !isPrintableAscii(bytes) || encoding().symbols) {
+        input_.addBytes(bytes);
+    } else if (destination == Destination::Body) {
         prepareBody();
         builder_.addAscii(bytes);
-    } else if (destination != Destination::Skipped) {
-        input_.addBytes(bytes);
+    } else {
+        letters(Text(bytes.begin(), bytes.end()));
     }
 }
 

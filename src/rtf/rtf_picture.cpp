@@ -44,7 +44,7 @@ struct Size {
     std::int64_t scale = 100;
 
     int twips() const {
-        constexpr std::int64_t widest = 1440 * 100;
+        constexpr std::int64_t widest = 144000; // 100 inches
         const std::int64_t scaled = goal * (scale > 0 && scale <= 10000 ? scale : 100) / 100;
         return scaled > 0 && scaled <= widest ? static_cast<int>(scaled) : 0;
     }

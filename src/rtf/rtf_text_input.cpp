@@ -27,7 +27,7 @@ TextView TextInput::takeBytes(const Encoding& encoding) {
     if (encoding.symbols) {
         for (const char byte : bytes_)
             if (const auto value = static_cast<unsigned char>(byte); value >= 0x20)
-                text_ += static_cast<char16_t>(0xF000 + value);
+                text_ += value == 0x20 ? u' ' : static_cast<char16_t>(0xF000 + value);
     } else {
         pages_.append(encoding.codePage, bytes_, text_);
         std::transform(text_.begin(), text_.end(), text_.begin(), cleaned);

@@ -14,7 +14,7 @@ namespace rtf {
 // How bytes above ASCII are to be taken.
 struct Encoding {
     int codePage = 1252;
-    bool symbols = false; // a font of symbols: bytes become U+F020 to U+F0FF
+    bool symbols = false; // a font of symbols: bytes above the blank become U+F021 to U+F0FF
 };
 
 // True when all bytes are printable ASCII, so that they are letters of every page.

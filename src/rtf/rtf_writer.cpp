@@ -115,8 +115,7 @@ void Writer::paragraphFormat(const ParagraphFormat& format) {
 // Said twice: for readers that know lists of the old kind, and for those that take the sign as it stands.
 void Writer::bullet() {
     const std::string font = std::to_string(fonts_.bulletNumber());
-    out_ +=
-        "{\\pntext\\f" + font + "\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf" + font + "\\pnindent0{\\pntxtb\\'b7}}";
+    out_ += "{\\pntext\\f" + font + R"(\'b7\tab}{\*\pn\pnlvlblt\pnf)" + font + R"(\pnindent0{\pntxtb\'b7}})";
 }
 
 void Writer::runs(std::size_t count) {
@@ -145,7 +144,7 @@ void Writer::runs(std::size_t count) {
 }
 
 void Writer::openLink(std::uint32_t link) {
-    out_ += "{\\field{\\*\\fldinst{";
+    out_ += R"({\field{\*\fldinst{)";
     appendText(linkInstruction(document_.links[link]), out_);
     out_ += "}}{\\fldrslt ";
 }
@@ -184,11 +183,11 @@ void Writer::run(const Run& run) {
 void Writer::symbols(TextView text) {
     static constexpr std::string_view digits = "0123456789abcdef";
     for (const char16_t unit : text) {
-        if (unit >= 0xF020 && unit <= 0xF0FF) {
+        if (unit > 0xF020 && unit <= 0xF0FF) {
             out_ += "\\'";
             out_ += digits[unit / 16 % 16];
             out_ += digits[unit % 16];
-        } else if (unit >= 0x20 && unit < 0x7F) {
+        } else if (unit > 0x20 && unit < 0x7F) {
             word("\\u", unit);
             out_ += '?';
         } else {

@@ -57,7 +57,7 @@ void appendText(TextView text, std::string& out) {
 
 FontNumbers::FontNumbers(const Document& document) {
     for (const NumberedFont& kept : document.keptTables.fonts)
-        fonts_.emplace(kept.number, kept.font);
+        add(kept.number, kept.font);
     std::transform(document.fonts.begin(), document.fonts.end(), std::back_inserter(numbers_),
                    [this](const Font& font) { return numberOf(font); });
     if (std::any_of(document.paragraphFormats.begin(), document.paragraphFormats.end(),
@@ -65,14 +65,17 @@ FontNumbers::FontNumbers(const Document& document) {
         bullet_ = numberOf({.name = u"Symbol", .charset = symbolCharset});
 }
 
+void FontNumbers::add(std::int32_t number, const Font& font) {
+    fonts_.emplace(number, font);
+    known_.try_emplace(font, number);
+}
+
 std::int32_t FontNumbers::numberOf(const Font& font) {
-    const auto known =
-        std::find_if(fonts_.begin(), fonts_.end(), [&](const auto& entry) { return entry.second == font; });
-    if (known != fonts_.end())
-        return known->first;
+    if (const auto place = known_.find(font); place != known_.end())
+        return place->second;
     while (fonts_.contains(nextFree_))
         ++nextFree_;
-    fonts_.emplace(nextFree_, font);
+    add(nextFree_, font);
     return nextFree_;
 }
 

@@ -2,10 +2,12 @@
 #pragma once
 
 #include "rtf/rtf_document.h"
+#include "rtf/rtf_hash.h"
 
 #include <cstdint>
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace rtf {
@@ -26,9 +28,11 @@ public:
     void appendTable(std::string& out) const;
 
 private:
+    void add(std::int32_t number, const Font& font);
     std::int32_t numberOf(const Font& font);
 
     std::map<std::int32_t, Font> fonts_;
+    std::unordered_map<Font, std::int32_t, PartHash> known_;
     std::vector<std::int32_t> numbers_;
     std::int32_t nextFree_ = 0;
     std::int32_t bullet_ = -1;
