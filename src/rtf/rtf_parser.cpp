@@ -145,7 +145,8 @@ void Parser::enter(const KnownWord& known, const Token& word) {
         state().destination = destination;
         break;
     case Destination::UnicodeAlternative:
-        state().destination = state().outer;
+        state().destination =
+            state().destination == Destination::Alternatives ? state().outer : Destination::Skipped;
         break;
     case Destination::FontTable:
     case Destination::ColourTable:
