@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "controls/property.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <functional>
 #include <string_view>
@@ -96,6 +97,23 @@ struct PictureButton : Picture {
     using Picture::Picture;
 
     bool offered() const { return enabled && Click; }
+};
+
+// A box for text over a list to choose from.
+struct ComboBox : Control {
+    using Control::Control;
+
+    std::vector<base::Text> items;
+    Property<base::Text> text{this};
+
+    // Place of the text in the list; -1 when it was typed and is no entry.
+    int listIndex() const {
+        const auto hit = std::find(items.begin(), items.end(), text.get());
+        return hit == items.end() ? -1 : static_cast<int>(hit - items.begin());
+    }
+
+    // The user typed or chose: `text` holds it already.
+    std::function<void()> Change = [] {};
 };
 
 // An item of a menu: a command, a separator (caption "-") or, with items of its own, a menu. A command is

@@ -215,8 +215,10 @@ void LabelView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(QColor(color_));
     painter.setFont(font_);
-    const Lines lines(shown_, font_, size());
-    lines.draw(painter, rect(), label_.alignment, (height() - lines.height()) / 2);
+    // Some letters reach over their own width by a pixel.
+    const QRect place = rect().adjusted(1, 0, -1, 0);
+    const Lines lines(shown_, font_, place.size());
+    lines.draw(painter, place, label_.alignment, (height() - lines.height()) / 2);
 }
 
 } // namespace desktop

@@ -106,8 +106,8 @@ Form1Window::Form1Window(player::Form1& form) : form_(form) {
     };
     adjustSize();
     video_ = std::make_unique<VideoScreen>(form, *this, *skin);
-    reportPlace();
     follow();
+    reportPlace();
 }
 
 Form1Window::~Form1Window() = default;
@@ -135,12 +135,12 @@ void Form1Window::follow() {
         setVisible(form_.visible);
 }
 
-void Form1Window::followPointer() const {
-    const bool waiting = QGuiApplication::overrideCursor() != nullptr;
+void Form1Window::followPointer() {
     const bool shouldWait = form_.screen.mousePointer == controls::Pointer::Hourglass;
-    if (waiting == shouldWait)
+    if (waiting_ == shouldWait)
         return;
-    if (shouldWait)
+    waiting_ = shouldWait;
+    if (waiting_)
         QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     else
         QGuiApplication::restoreOverrideCursor();

@@ -31,12 +31,13 @@ protected:
 
 private:
     void follow();
-    void followPointer() const;
+    void followPointer();
     // Tells the data where the window stands and how large its frame is.
     void reportPlace();
 
     player::Form1& form_;
     std::unique_ptr<VideoScreen> video_;
+    bool waiting_ = false;   // the hourglass on the screen is this window's; a drag has a pointer of its own
     bool reporting_ = false; // the data follows the window now, not the other way round
 };
 

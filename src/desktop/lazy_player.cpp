@@ -43,6 +43,7 @@ void LazyPlayer::start() {
 }
 
 void LazyPlayer::setURL(base::TextView path) {
+    url_ = path;
     if (!path.empty())
         start();
     if (engine_)
@@ -50,7 +51,7 @@ void LazyPlayer::setURL(base::TextView path) {
 }
 
 base::Text LazyPlayer::URL() const {
-    return engine_ ? engine_->URL() : base::Text();
+    return url_;
 }
 
 void LazyPlayer::close() {
@@ -61,7 +62,7 @@ void LazyPlayer::close() {
 platform::PlayState LazyPlayer::playState() const {
     if (engine_)
         return engine_->playState();
-    return failed_ ? platform::PlayState::Stopped : platform::PlayState::Undefined;
+    return failed_ && !url_.empty() ? platform::PlayState::Stopped : platform::PlayState::Undefined;
 }
 
 void LazyPlayer::play() {

@@ -54,6 +54,7 @@ private:
     std::future<Module> reading_;
     std::unique_ptr<platform::MediaPlayer> engine_;
     bool failed_ = false;
+    base::Text url_;
     // What the engine will be told once it is there.
     double rate_ = 1;
     int volume_ = 50;

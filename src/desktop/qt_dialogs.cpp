@@ -3,6 +3,7 @@
 #include "desktop/conversions.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -49,6 +50,8 @@ QStringList nameFilters(const base::Text& filter) {
     QStringList filters;
     for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
         QString patterns = fields[i + 1];
+        if (patterns.isEmpty())
+            continue;
         patterns.replace(u';', u' ');
         // On this platform "*.*" would leave out the names without a point.
         if (patterns == QLatin1String("*.*"))
@@ -75,8 +78,20 @@ Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle
     return answer(box.exec());
 }
 
+std::optional<std::uint32_t> QtDialogs::ShowColor(std::string_view owner, std::uint32_t start) {
+    QColorDialog dialog(QColor(QRgb(start)), window(owner));
+    dialog.setObjectName(QStringLiteral("ShowColor"));
+    dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.currentColor().rgb() & RGB_MASK;
+}
+
 base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
-    QFileDialog dialog(window(request.owner), qstring(request.title), qstring(request.initialFolder));
+    // A folder that has gone would open the dialog anywhere.
+    const QString initial = qstring(request.initialFolder);
+    const bool there = !initial.isEmpty() && QFileInfo(initial).isDir();
+    QFileDialog dialog(window(request.owner), qstring(request.title), there ? initial : QDir::currentPath());
     dialog.setObjectName(QStringLiteral("FileDlg"));
     dialog.setAcceptMode(request.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);

@@ -10,6 +10,7 @@ namespace desktop {
 class QtDialogs : public platform::Dialogs {
 public:
     platform::Answer messageBox(base::TextView text, base::TextView title, platform::BoxStyle style) override;
+    std::optional<std::uint32_t> ShowColor(std::string_view owner, std::uint32_t start) override;
     base::Text FileDlg(const platform::FileDialogRequest& request) override;
 
 private:

@@ -2,7 +2,8 @@
 
 #include "desktop/conversions.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFontDatabase>
 #include <QLocale>
 #include <cstddef>
 #include <cstring>
@@ -27,7 +28,8 @@ QtSystem::~QtSystem() {
 base::Text QtSystem::LeggiLocale(int setting) const {
     if (setting != platform::localeEnglishCountry)
         return {};
-    return text(QLocale::territoryToString(QLocale::system().territory()));
+    const QLocale::Territory country = QLocale::system().territory();
+    return country == QLocale::AnyTerritory ? base::Text() : text(QLocale::territoryToString(country));
 }
 
 bool QtSystem::previousInstance() {
@@ -51,6 +53,19 @@ bool QtSystem::previousInstance() {
     const bool taken = errno == EADDRINUSE;
     ::close(place);
     return taken;
+}
+
+void QtSystem::beep() {
+    QApplication::beep();
+}
+
+std::vector<base::Text> QtSystem::screenFonts() const {
+    std::vector<base::Text> names;
+    for (const QString& family : QFontDatabase::families()) {
+        if (!QFontDatabase::isPrivateFamily(family))
+            names.push_back(text(family));
+    }
+    return names;
 }
 
 void QtSystem::endProcess() {

@@ -16,6 +16,8 @@ public:
     base::Text programFolder() const override { return programFolder_; }
     base::Text LeggiLocale(int setting) const override;
     bool previousInstance() override;
+    void beep() override;
+    std::vector<base::Text> screenFonts() const override;
     void endProcess() override;
 
     // The page of the user's language.

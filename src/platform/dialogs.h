@@ -3,6 +3,8 @@
 
 #include "base/text.h"
 
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace platform {
@@ -35,6 +37,9 @@ public:
 
     // A box without a title takes the program's own. Closing a box that has no Cancel answers No, or OK.
     virtual Answer messageBox(base::TextView text, base::TextView title, BoxStyle style) = 0;
+
+    // The colour that the user chose, red highest; none on cancel. The dialog begins on `start`.
+    virtual std::optional<std::uint32_t> ShowColor(std::string_view owner, std::uint32_t start) = 0;
 
     // The chosen path, or the empty text on cancel. A choice moves the process's current directory to the
     // file's folder.

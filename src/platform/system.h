@@ -3,6 +3,8 @@
 
 #include "base/text.h"
 
+#include <vector>
+
 namespace platform {
 
 // The system's own facts and services.
@@ -19,6 +21,12 @@ public:
     // True when this program already runs from the same folder for the same user. The first call claims the
     // place; a process that ends in any way frees it.
     virtual bool previousInstance() = 0;
+
+    // The system's short sound.
+    virtual void beep() = 0;
+
+    // The names of the fonts that the screen has, in the system's order.
+    virtual std::vector<base::Text> screenFonts() const = 0;
 
     // Ends the process when the handler that runs has returned.
     virtual void endProcess() = 0;

@@ -23,8 +23,10 @@ public:
 
     std::vector<Box> boxes;
     std::vector<platform::FileDialogRequest> requests;
-    std::deque<platform::Answer> answers; // OK when none is left
-    std::deque<base::Text> choices;       // cancel when none is left
+    std::deque<platform::Answer> answers;            // OK when none is left
+    std::deque<base::Text> choices;                  // cancel when none is left
+    std::deque<std::optional<std::uint32_t>> colors; // cancel when none is left
+    std::vector<std::uint32_t> colorStarts;
     std::function<void()> whileOpen = [] {};
 
     platform::Answer messageBox(base::TextView text, base::TextView title,
@@ -32,6 +34,10 @@ public:
         boxes.push_back({base::Text(text), base::Text(title), style});
         whileOpen();
         return next(answers, platform::Answer::OK);
+    }
+    std::optional<std::uint32_t> ShowColor(std::string_view, std::uint32_t start) override {
+        colorStarts.push_back(start);
+        return next(colors, std::optional<std::uint32_t>());
     }
     base::Text FileDlg(const platform::FileDialogRequest& request) override {
         requests.push_back(request);
@@ -56,12 +62,15 @@ public:
     base::Text country = u"United Kingdom";
     bool alreadyRunning = false;
     bool ended = false;
+    int beeps = 0;
 
     base::Text programFolder() const override { return folder; }
     base::Text LeggiLocale(int setting) const override {
         return setting == platform::localeEnglishCountry ? country : base::Text();
     }
     bool previousInstance() override { return alreadyRunning; }
+    void beep() override { ++beeps; }
+    std::vector<base::Text> screenFonts() const override { return {u"Zeroth", u"Arial", u"Courier New"}; }
     void endProcess() override { ended = true; }
 };
 

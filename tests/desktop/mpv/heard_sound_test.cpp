@@ -30,12 +30,17 @@ protected:
     void SetUp() override {
         ASSERT_TRUE(server_.running());
         server_.heard();
-        player_ = std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse"});
-        player_->setURL(u"" MEDIA_FOLDER "/noise.mp3");
+        player_ = makePlayer();
+        player_->setURL(media);
         ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Playing; }));
         runLoop(150);
     }
 
+    static std::unique_ptr<desktop::MpvPlayer> makePlayer() {
+        return std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse"});
+    }
+
+    static constexpr base::TextView media = u"" MEDIA_FOLDER "/noise.mp3";
     Samples source_;
     listening::SoundServer& server_ = *shared_;
     std::unique_ptr<desktop::MpvPlayer> player_;
@@ -50,8 +55,8 @@ TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {
         player_->pause();
         const Samples heard = server_.heard();
         const double silent = placeBehind(source_, heard, soundsIn(heard).back().end, asked);
-        EXPECT_NEAR(silent, asked, 0.025);
-        EXPECT_NEAR(silent, player_->currentPosition(), 0.02);
+        EXPECT_NEAR(silent, asked, 0.03);
+        EXPECT_NEAR(silent, player_->currentPosition(), 0.03);
         player_->play();
         runLoop(200);
     }
@@ -98,13 +103,17 @@ TEST_F(HeardSoundTest, PlayAfterStop_BeginsWithTheFirstSample) {
     EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 0), 0, 0.003);
 }
 
-TEST_F(HeardSoundTest, NextFile_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) {
-    for (const double place : {0.0, 5.0}) {
+TEST_F(HeardSoundTest, Load_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) {
+    for (const bool first : {true, false}) {
         player_->setCurrentPosition(15);
         player_->pause();
+        if (first)
+            player_ = makePlayer();
         server_.heard();
-        player_->setURL(player_->URL());
+        const double place = first ? 5 : 0;
+        player_->setURL(media);
         player_->setCurrentPosition(place);
+        QThread::msleep(50); // the program is busy, so the engine hears no more of it for a while
         runLoop(200);
         const Samples heard = server_.heard();
         EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003);
@@ -140,9 +149,3 @@ TEST_F(HeardSoundTest, Volume_IsHeard) {
 }
 
 } // namespace
-
-int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}

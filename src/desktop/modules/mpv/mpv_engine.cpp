@@ -1,6 +1,7 @@
 #include "mpv_engine.h"
 
 #include "base/carry_on.h"
+#include "mpv_options.h"
 
 #include <mpv/client.h>
 
@@ -18,97 +19,6 @@ namespace {
 enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End, Picture };
 constexpr int kindBits = 4;
 constexpr std::uint64_t kindMask = (1U << kindBits) - 1;
-
-// Sound servers before the bare device, and nothing that mpv would try beyond them: those cost 100 ms where
-// none answers.
-constexpr const char* usualOutputs = "pulse,pipewire,alsa";
-
-struct Option {
-    const char* name;
-    const char* value;
-};
-
-constexpr Option playbackOptions[] = {
-    {"idle", "yes"},
-    {"keep-open", "yes"},
-    {"hr-seek", "yes"},
-    // An mp3 frame may need the bytes of the frames before it: without a head start the place asked for is
-    // silent.
-    {"hr-seek-demuxer-offset", "1"},
-    // mpv puts its pitch filter in only while the speed is not 1. It must not stand there always, as it
-    // begins 10 ms early and loses the last 40 ms of a file.
-    {"audio-pitch-correction", "yes"},
-    // The end is told when the last sound is out, not when it has been handed to the sound system.
-    {"gapless-audio", "no"},
-    {"audio-fallback-to-null", "yes"},
-    {"audio-client-name", "Quillmere"},
-    {"volume-max", "100"},
-    // A local file is read fast enough; a cache would only hold a second copy of it.
-    {"cache", "no"},
-};
-
-// By its own default the pitch filter is silent above four times the speed. Later versions of mpv have
-// neither the fault nor the option.
-constexpr Option pitchFilterDefaults{"af-defaults", "scaletempo2=max-speed=8"};
-
-// One file is played and nothing else: no other file, no host and no script comes in by way of it.
-constexpr Option isolationOptions[] = {
-    {"config", "no"},
-    {"load-scripts", "no"},
-    {"osc", "no"},
-    {"ytdl", "no"},
-    {"load-stats-overlay", "no"},
-    {"load-osd-console", "no"},
-    {"load-auto-profiles", "no"},
-    {"access-references", "no"},
-    {"load-unsafe-playlists", "no"},
-    // Only this reader, as the others are for playlists, archives, cut lists and discs.
-    {"demuxer", "lavf"},
-    // mpv itself opens the file, so whatever a reader opens beside it (a session description, a concat
-    // script) is foreign.
-    {"demuxer-lavf-o", "protocol_whitelist=none"},
-    {"autoload-files", "no"},
-    {"audio-file-auto", "no"},
-    {"sub-auto", "no"},
-    {"cover-art-auto", "no"},
-    {"audio-display", "no"},
-    {"sid", "no"},
-    {"resume-playback", "no"},
-};
-
-constexpr Option quietOptions[] = {
-    {"terminal", "no"},
-    {"msg-level", "all=no"},
-    {"input-default-bindings", "no"},
-    {"input-builtin-bindings", "no"},
-    {"input-media-keys", "no"},
-    {"input-vo-keyboard", "no"},
-    {"osd-level", "0"},
-    // The window that shows the picture takes the mouse itself.
-    {"input-cursor", "no"},
-    {"stop-screensaver", "no"},
-    {"vid", "no"},
-};
-
-[[noreturn]] void fail(const char* what, int error) {
-    throw base::Failure(std::string(what) + ": " + mpv_error_string(error));
-}
-
-void setOption(mpv_handle* handle, const Option& option) {
-    if (const int error = mpv_set_option_string(handle, option.name, option.value); error < 0)
-        fail(option.name, error);
-}
-
-void setOptions(mpv_handle* handle, const MpvOptions& options) {
-    for (const Option& option : playbackOptions)
-        setOption(handle, option);
-    for (const Option& option : isolationOptions)
-        setOption(handle, option);
-    for (const Option& option : quietOptions)
-        setOption(handle, option);
-    mpv_set_option_string(handle, pitchFilterDefaults.name, pitchFilterDefaults.value);
-    setOption(handle, {"ao", options.audioOutput.empty() ? usualOutputs : options.audioOutput.c_str()});
-}
 
 // A leading "/" keeps mpv from finding a protocol or a place-holder in the name.
 std::string absolutePath(const std::string& path) {
@@ -143,7 +53,7 @@ MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner) : owner_(
     try {
         setOptions(handle_, options);
         if (const int error = mpv_initialize(handle_); error < 0)
-            fail("mpv_initialize", error);
+            throw base::Failure(std::string("mpv_initialize: ") + mpv_error_string(error));
     } catch (...) {
         mpv_terminate_destroy(handle_);
         throw;
@@ -222,8 +132,8 @@ void MpvEngine::setPause(bool paused) {
 }
 
 void MpvEngine::sendPause() {
-    // Before the file is open the write would let the file before it be heard once more.
-    if (!open_ || !pause_.due())
+    // Lifted before the file is open, the pause would let the file before it be heard once more.
+    if (!pause_.due() || (!open_ && pause_.wanted() == 0))
         return;
     int value = pause_.begin();
     if (mpv_set_property_async(handle_, Pause, "pause", MPV_FORMAT_FLAG, &value) < 0)

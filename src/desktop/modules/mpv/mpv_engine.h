@@ -1,6 +1,7 @@
 // The libmpv handle behind the media player.
 #pragma once
 
+#include "mpv_options.h"
 #include "mpv_setting.h"
 
 #include <QObject>
@@ -10,17 +11,10 @@
 #include <optional>
 #include <string>
 
-struct mpv_handle;
 struct mpv_event;
 struct mpv_event_property;
 
 namespace desktop {
-
-// How the engine is made.
-struct MpvOptions {
-    // Output driver by mpv's name, "null" for silence in real time; empty for what the system has.
-    std::string audioOutput;
-};
 
 // Told what happens to the newest file, on the thread that made the engine and never from inside a call to
 // it. What still arrives from a file that was replaced or unloaded is not passed on.

@@ -149,8 +149,7 @@ void MpvPlayer::setRate(double factor) {
     if (!std::isfinite(factor))
         return;
     rate_ = std::clamp(factor, slowestRate, fastestRate);
-    // Steps of a tenth add up to a hair beside 1, for which the engine would keep its pitch filter at work.
-    engine_.setSpeed(std::abs(rate_ - 1) < 1e-6 ? 1.0 : rate_);
+    engine_.setSpeed(rate_);
 }
 
 void MpvPlayer::setVolume(int percent) {

@@ -1,0 +1,186 @@
+#include "editor/document.h"
+
+#include "base/carry_on.h"
+#include "base/numbers.h"
+
+namespace editor {
+
+namespace {
+
+using platform::Answer;
+using platform::BoxStyle;
+
+constexpr std::size_t extensionLength = 3;
+
+} // namespace
+
+Document::Document(Form2& form, platform::Dialogs& dialogs, platform::System& system,
+                   player::Preferences& preferences, controls::RecentFiles& recent)
+    : form_(form), dialogs_(dialogs), system_(system), preferences_(preferences), recent_(recent) {
+    form_.mnuNuovo.Click = [this] { newDocument(); };
+    form_.mnuApri.Click = [this] { openDocument(); };
+    form_.mnuSalva.Click = [this] { save(); };
+    form_.mnuSalvaConNome.Click = [this] { mnuSalvaConNome_Click(); };
+    form_.mnuSelezionaTutto.Click = [this] { mnuSelezionaTutto_Click(); };
+    for (controls::MenuItem* item :
+         {&form_.mnuRecent1, &form_.mnuRecent2, &form_.mnuRecent3, &form_.mnuRecent4})
+        item->Click = [this, item] { ApriDocumento(base::Text(item->caption.get())); };
+    form_.RTB.Change = [this] { RTB_Change(); };
+}
+
+void Document::Form_Load() {
+    TestoModificato = 0;
+    CambiaLingua2();
+    form_.caption = form_.Lingua(96) + u" - " + NomeDocumento + u"1";
+    NumeroDocumento = 1;
+    // A fresh editor counts as modified: its first record of the text is laid by the same routine as all
+    // others.
+    RTB_Change();
+}
+
+void Document::CambiaLingua2() {
+    NomeDocumento = form_.Lingua(97) + u" ";
+}
+
+void Document::RTB_Change() {
+    TestoModificato = 1;
+}
+
+base::Text Document::untitledName() const {
+    return NomeDocumento + base::numberText(NumeroDocumento);
+}
+
+// The question before the text gives way to another. A save that the user breaks off does not stop what
+// follows.
+bool Document::mayLoseText() {
+    if (TestoModificato != 1 || form_.RTB.textLength() == 0)
+        return true;
+    const Answer answer = dialogs_.messageBox(
+        base::TogliAmp(form_.Lingua(99)), base::TogliAmp(form_.Lingua(1)), BoxStyle::YesNoCancelExclamation);
+    if (answer == Answer::Yes)
+        save();
+    return answer != Answer::Cancel;
+}
+
+void Document::newDocument() {
+    if (!mayLoseText())
+        return;
+    base::carryOn([&] { NumeroDocumento = base::sumInt16(NumeroDocumento, 1); });
+    base::carryOn([&] { form_.RTB.setText(u""); });
+    form_.caption = form_.Lingua(96) + u" - " + untitledName();
+    // The path stays: the next save writes over the former file. Settled behaviour.
+    TestoModificato = 0;
+}
+
+void Document::openDocument() {
+    if (mayLoseText())
+        ApriDocumento({});
+}
+
+void Document::ApriDocumento(base::TextView path) {
+    const base::Text chosen = path.empty() ? dialogs_.FileDlg(request(true, 52)) : base::Text(path);
+    if (base::trimmed(chosen).empty())
+        return;
+    if (!base::fileExists(chosen)) {
+        dialogs_.messageBox(base::TogliAmp(form_.Lingua(98)), base::TogliAmp(form_.Lingua(1)),
+                            BoxStyle::Exclamation);
+        return;
+    }
+    nowIn(chosen, &platform::RichText::LoadFile);
+}
+
+// A load or a save that fails is skipped: the document has its new name all the same.
+void Document::nowIn(const base::Text& path, void (platform::RichText::*loadOrSave)(base::TextView)) {
+    base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
+    FileEditor = path;
+    base::carryOn([&] { (form_.RTB.*loadOrSave)(FileEditor); });
+    SalvaFilesRecenti(FileEditor);
+    showName(FileEditor);
+    TestoModificato = 0;
+}
+
+void Document::save() {
+    if (FileEditor.empty()) {
+        if (TestoModificato == 1)
+            mnuSalvaConNome_Click();
+        return;
+    }
+    system_.beep();
+    if (TestoModificato != 1)
+        return;
+    base::carryOn([&] { form_.RTB.SaveFile(FileEditor); });
+    SalvaFilesRecenti(FileEditor);
+    TestoModificato = 0;
+}
+
+void Document::mnuSalvaConNome_Click() {
+    platform::FileDialogRequest asked = request(false, 55);
+    if (base::trimmed(asked.initialFolder).empty())
+        base::carryOn([&] { asked.initialFolder = base::currentFolder(); });
+    asked.fileName = untitledName();
+    const base::Text chosen = dialogs_.FileDlg(asked);
+    if (chosen.empty())
+        return;
+    if (base::fileExists(chosen)) {
+        const base::Text question =
+            base::TogliAmp(form_.Lingua(53)) + u"\r\r" + base::TogliAmp(form_.Lingua(54));
+        if (dialogs_.messageBox(question, base::TogliAmp(form_.Lingua(1)), BoxStyle::YesNoExclamation) ==
+            Answer::No)
+            return;
+    }
+    nowIn(chosen, &platform::RichText::SaveFile);
+}
+
+void Document::SalvaFilesRecenti(base::TextView path) {
+    recent_.remember(path);
+}
+
+void Document::mnuSelezionaTutto_Click() {
+    form_.RTB.setSelStart(0);
+    form_.RTB.setSelLength(form_.RTB.textLength());
+    form_.RTB.SetFocus();
+}
+
+void Document::showName(base::TextView path) {
+    if (path.find(base::pathSeparator) != base::TextView::npos)
+        form_.caption = form_.Lingua(96) + u" - " + base::Text(base::afterLast(path, base::pathSeparator));
+}
+
+// The file used last decides which of the two formats a dialog proposes; what is written is RTF in any case.
+platform::FileDialogRequest Document::request(bool open, int title) const {
+    const base::Text& newest = form_.mnuRecent1.caption;
+    const base::Text last =
+        base::lowered(newest.substr(newest.size() > extensionLength ? newest.size() - extensionLength : 0));
+    const base::Text text = form_.Lingua(122) + u'\0' + u"*.txt";
+    const base::Text rich = form_.Lingua(121) + u'\0' + u"*.rtf";
+    const bool textFirst = last == u"txt";
+    platform::FileDialogRequest asked;
+    asked.open = open;
+    asked.owner = form_.name;
+    asked.title = form_.Lingua(title);
+    asked.defaultExtension = textFirst ? u"txt" : u"rtf";
+    asked.filter = textFirst ? text + u'\0' + rich : rich + u'\0' + text;
+    asked.initialFolder = preferences_.CartellaMedia;
+    return asked;
+}
+
+Document::ExitAnswer Document::askAtExit() {
+    if (!form_.visible || TestoModificato != 1 || form_.RTB.textLength() == 0)
+        return ExitAnswer::Go;
+    if (FileEditor.empty())
+        FileEditor = untitledName();
+    const base::Text question = base::TogliAmp(form_.Lingua(75)) + u" " + FileEditor + u"?";
+    const Answer answer = dialogs_.messageBox(question, {}, BoxStyle::YesNoCancelExclamation);
+    if (answer == Answer::Cancel)
+        return ExitAnswer::Cancelled;
+    if (answer == Answer::No)
+        return ExitAnswer::Go;
+    if (FileEditor == untitledName())
+        mnuSalvaConNome_Click();
+    else
+        save();
+    SalvaFilesRecenti(FileEditor);
+    return TestoModificato > 0 ? ExitAnswer::SaveCancelled : ExitAnswer::Go;
+}
+
+} // namespace editor

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "controls/recent_files.h"
+#include "editor/form2.h"
+#include "platform/dialogs.h"
+#include "platform/system.h"
+#include "player/preferences.h"
+
+namespace editor {
+
+// The one document of the editor: new, open, save, save as, and the questions that guard unsaved text.
+class Document {
+public:
+    Document(Form2& form, platform::Dialogs& dialogs, platform::System& system,
+             player::Preferences& preferences, controls::RecentFiles& recent);
+
+    // A fresh window: the first untitled document.
+    void Form_Load();
+
+    void newDocument();
+    void openDocument();
+    // Writes the document over its file, or asks for one. A beep says that there is a file.
+    void save();
+    void mnuSalvaConNome_Click();
+    // Opens the file at this path; the empty text asks the user for one.
+    void ApriDocumento(base::TextView path);
+    // Puts a path at the head of the recent documents.
+    void SalvaFilesRecenti(base::TextView path);
+    void mnuSelezionaTutto_Click();
+
+    // The text has changed, by whomever.
+    void RTB_Change();
+
+    // The question at the exit of the program: true when the user cancelled the exit. `SavedLate` says that a
+    // save was asked for but no file was named.
+    enum class ExitAnswer { Go, Cancelled, SaveCancelled };
+    ExitAnswer askAtExit();
+
+    // The word for an untitled document, in a new language.
+    void CambiaLingua2();
+
+    base::Text NomeDocumento;         // stem of an untitled name
+    base::Text FileEditor;            // path of the document; empty until the first open or save
+    std::int16_t NumeroDocumento = 1; // of the untitled document; only ever grows
+    std::int16_t TestoModificato = 0; // 1 while the text holds unsaved changes
+
+private:
+    bool mayLoseText();
+    void nowIn(const base::Text& path, void (platform::RichText::*loadOrSave)(base::TextView));
+    void showName(base::TextView path);
+    base::Text untitledName() const;
+    platform::FileDialogRequest request(bool open, int title) const;
+
+    Form2& form_;
+    platform::Dialogs& dialogs_;
+    platform::System& system_;
+    player::Preferences& preferences_;
+    controls::RecentFiles& recent_;
+};
+
+} // namespace editor

@@ -1,0 +1,166 @@
+#include "editor/toolbar.h"
+
+#include "base/carry_on.h"
+#include "base/numbers.h"
+
+namespace editor {
+
+namespace {
+
+constexpr controls::Color black = 0;
+
+// The buttons by what they do, in their own numbers.
+enum Button {
+    newButton = 0,
+    openButton = 1,
+    saveButton = 2,
+    boldButton = 4,
+    italicButton = 5,
+    underlineButton = 6,
+    strikeButton = 7,
+    leftButton = 8,
+    centreButton = 9,
+    rightButton = 10,
+    largerButton = 11,
+    smallerButton = 12,
+    colorButton = 13,
+    bulletButton = 14,
+};
+
+std::vector<base::Text> fontSizes() {
+    std::vector<base::Text> sizes;
+    for (int points = 5; points <= 15; ++points)
+        sizes.push_back(base::numberText(points));
+    for (int points = 16; points <= 28; points += 2)
+        sizes.push_back(base::numberText(points));
+    for (const int points : {36, 48, 72})
+        sizes.push_back(base::numberText(points));
+    return sizes;
+}
+
+bool isNumeric(const base::Text& text) {
+    const base::Text trimmed = base::trimmed(text);
+    return !trimmed.empty() && trimmed.find_first_not_of(u"0123456789.") == base::Text::npos;
+}
+
+} // namespace
+
+Toolbar::Toolbar(Form2& form, Document& document, platform::System& system, platform::Dialogs& dialogs)
+    : form_(form), document_(document), system_(system), dialogs_(dialogs) {
+    for (int i = 0; i < Form2::buttonCount; ++i) {
+        auto& button = form_.Label2[static_cast<std::size_t>(i)];
+        button.Click = [this, i] { Label2_Click(i); };
+        button.MouseMove = [this, i](const auto&) { Label2_MouseMove(i); };
+    }
+    form_.MouseMove = form_.Label1.MouseMove = [this](const auto&) { NascondiEvidenza(); };
+    form_.Combo1.Change = [this] { Combo1_Change(); };
+    form_.Combo2.Change = [this] { Combo2_Change(); };
+}
+
+void Toolbar::Form_Load() {
+    form_.Combo1.items = system_.screenFonts();
+    // The list has always begun with the second font.
+    if (!form_.Combo1.items.empty())
+        form_.Combo1.items.erase(form_.Combo1.items.begin());
+    form_.Combo1.text = u"Arial";
+    form_.Combo2.items = fontSizes();
+    form_.Combo2.text = u"12";
+    for (std::size_t i = 0; i < form_.Label3.size(); ++i) {
+        form_.Label3[i].left = form_.Label2[i + boldButton].left.get();
+        form_.Label3[i].top = i == 0 ? 90.0 : 80.0;
+    }
+    CambiaLingua2();
+}
+
+void Toolbar::CambiaLingua2() {
+    const int entries[] = {90, 115, 91, 92};
+    for (std::size_t i = 0; i < form_.Label3.size(); ++i)
+        form_.Label3[i].caption = form_.Lingua(entries[i]);
+}
+
+void Toolbar::Label2_Click(int index) {
+    platform::RichText& text = form_.RTB;
+    base::carryOn([&] {
+        switch (index) {
+        case newButton:
+            return document_.newDocument();
+        case openButton:
+            return document_.openDocument();
+        case saveButton:
+            return document_.save();
+        case boldButton:
+            return toggle(text.SelBold(), &platform::RichText::setSelBold);
+        case italicButton:
+            return toggle(text.SelItalic(), &platform::RichText::setSelItalic);
+        case underlineButton:
+            return toggle(text.SelUnderline(), &platform::RichText::setSelUnderline);
+        case strikeButton:
+            return toggle(text.SelStrikeThru(), &platform::RichText::setSelStrikeThru);
+        case bulletButton:
+            return toggle(text.SelBullet(), &platform::RichText::setSelBullet);
+        case leftButton:
+            return align(platform::ParagraphAlignment::Left);
+        case centreButton:
+            return align(platform::ParagraphAlignment::Centre);
+        case rightButton:
+            return align(platform::ParagraphAlignment::Right);
+        case largerButton:
+            return stepSize(+1);
+        case smallerButton:
+            return stepSize(-1);
+        case colorButton:
+            return chooseColor();
+        default:
+            return;
+        }
+    });
+}
+
+// A mixed selection is set as a whole first.
+void Toolbar::toggle(platform::Setting present, void (platform::RichText::*set)(bool)) {
+    base::carryOn([&] { (form_.RTB.*set)(present != platform::Setting::On); });
+    form_.RTB.SetFocus();
+}
+
+void Toolbar::align(platform::ParagraphAlignment alignment) {
+    base::carryOn([&] { form_.RTB.setSelAlignment(alignment); });
+    form_.RTB.SetFocus();
+}
+
+void Toolbar::stepSize(double points) {
+    // A mixed selection has no size to start from.
+    if (const auto size = form_.RTB.SelFontSize())
+        form_.RTB.setSelFontSize(*size + points);
+}
+
+void Toolbar::chooseColor() {
+    // The dialog begins on black each time, whatever the selection shows.
+    if (const auto color = dialogs_.ShowColor(form_.name, black))
+        form_.RTB.setSelColor(*color);
+}
+
+void Toolbar::Label2_MouseMove(int index) {
+    const controls::Control& button = form_.Label2[static_cast<std::size_t>(index)];
+    form_.Shape1.width = button.width.get();
+    form_.Shape1.height = button.height.get();
+    form_.Shape1.top = button.top.get();
+    form_.Shape1.left = button.left.get();
+    form_.Shape1.visible = true;
+}
+
+void Toolbar::NascondiEvidenza() {
+    form_.Shape1.visible = false;
+}
+
+void Toolbar::Combo1_Change() {
+    if (form_.Combo1.listIndex() >= 0)
+        base::carryOn([&] { form_.RTB.setSelFontName(form_.Combo1.text.get()); });
+}
+
+void Toolbar::Combo2_Change() {
+    const base::Text& typed = form_.Combo2.text;
+    if (isNumeric(typed) && base::val(typed) != 0)
+        base::carryOn([&] { form_.RTB.setSelFontSize(base::val(typed)); });
+}
+
+} // namespace editor

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "editor/document.h"
+#include "editor/form2.h"
+#include "platform/dialogs.h"
+
+namespace editor {
+
+// The strip over the text: seventeen hot areas over one picture, four letters, the boxes for font and size.
+// All of it acts on the selection, or hands on to the document.
+class Toolbar {
+public:
+    Toolbar(Form2& form, Document& document, platform::System& system, platform::Dialogs& dialogs);
+
+    // Fills the font boxes and puts the letters over their buttons.
+    void Form_Load();
+
+    // What button `index` does; nothing for an index without a button or without a routine.
+    void Label2_Click(int index);
+    // The mark follows the mouse from button to button.
+    void Label2_MouseMove(int index);
+    void NascondiEvidenza();
+
+    void Combo1_Change();
+    void Combo2_Change();
+
+    void CambiaLingua2();
+
+private:
+    void toggle(platform::Setting present, void (platform::RichText::*set)(bool));
+    void align(platform::ParagraphAlignment alignment);
+    void stepSize(double points);
+    void chooseColor();
+
+    Form2& form_;
+    Document& document_;
+    platform::System& system_;
+    platform::Dialogs& dialogs_;
+};
+
+} // namespace editor

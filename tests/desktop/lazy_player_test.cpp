@@ -1,0 +1,35 @@
+#include "desktop/lazy_player.h"
+
+#include <QtGlobal>
+#include <gtest/gtest.h>
+
+using desktop::LazyPlayer;
+using platform::PlayState;
+
+TEST(LazyPlayer, WithoutItsModule_AnswersLikeAFileThatCannotBePlayed) {
+    static int complaints;
+    const auto before =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) { ++complaints; });
+    for (const char* module : {"/nowhere/player.so", "libc.so.6"}) {
+        complaints = 0;
+        LazyPlayer player(module);
+        player.prepare();
+        EXPECT_EQ(player.playState(), PlayState::Undefined) << "no file was asked for";
+        for (int i = 0; i < 2; ++i) {
+            player.setURL(u"/a/talk.mp3");
+            player.setCurrentPosition(5);
+            player.play();
+            player.pause();
+            EXPECT_EQ(player.playState(), PlayState::Stopped);
+        }
+        EXPECT_EQ(player.URL(), u"/a/talk.mp3");
+        EXPECT_EQ(player.currentPosition(), 0);
+        EXPECT_EQ(player.currentPositionString(), u"");
+        EXPECT_EQ(player.duration(), 0);
+        player.setURL(u"");
+        player.close();
+        EXPECT_EQ(player.URL(), u"");
+        EXPECT_EQ(complaints, 1) << "one line for the whole run";
+    }
+    qInstallMessageHandler(before);
+}

@@ -1,0 +1,40 @@
+#include "desktop/application.h"
+#include "desktop/conversions.h"
+#include "desktop/qt_system.h"
+
+#include <QTemporaryDir>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <string_view>
+
+namespace {
+
+// What the system looks like to another process of this program: one line a fact. The process stays, so that
+// it can be met or killed, until its input ends.
+int tellSystem() {
+    desktop::QtSystem system;
+    const bool refused = system.previousInstance();
+    const auto utf8 = [](const base::Text& text) { return base::toUtf8(text); };
+    std::printf("%s\n%s\n%s\n%s\n", refused ? "refused" : "first", utf8(system.programFolder()).c_str(),
+                utf8(system.LeggiLocale(platform::localeEnglishCountry)).c_str(),
+                utf8(desktop::QtSystem::codePage().decode("\xE5")).c_str());
+    std::fflush(stdout);
+    return std::getchar() == EOF ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    if (argc > 1 && argv[1] == std::string_view("--tell-system")) {
+        const QCoreApplication application(argc, argv);
+        return tellSystem();
+    }
+    // Qt's dialogs keep what they were last shown: none of that comes from or goes to the home of the one who
+    // tests.
+    const QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    qputenv("XDG_DATA_HOME", home.path().toUtf8());
+    testing::InitGoogleTest(&argc, argv);
+    const desktop::Application application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,143 @@
+// Which files the player takes, and how it comes and goes with them.
+#include "mpv_player_test.h"
+
+#include <memory>
+#include <sys/stat.h>
+
+namespace listening {
+
+TEST_F(MpvPlayerTest, Load_StartsByItself_ForEachKindOfFile) {
+    struct Row {
+        base::Text path;
+        double length;
+    };
+    const base::Text media = u"" MEDIA_FOLDER;
+    const Row rows[] = {
+        {folder_.text("a.wav"), wavLength}, {media + u"/noise.mp3", 20}, {media + u"/pictures.mp4", 4}};
+    for (const Row& row : rows) {
+        SCOPED_TRACE(base::toUtf8(row.path));
+        MpvPlayer player({"null"});
+        EXPECT_EQ(player.playState(), PlayState::Undefined);
+        player.setURL(row.path);
+        EXPECT_EQ(player.URL(), row.path);
+        EXPECT_EQ(player.playState(), PlayState::Transitioning);
+        ASSERT_TRUE(reaches(player, PlayState::Playing));
+        EXPECT_TRUE(waitFor([&] { return player.currentPosition() > 0.3; }));
+        EXPECT_NEAR(player.duration(), row.length, 0.1);
+        EXPECT_EQ(player.currentPositionString(), u"00:00");
+    }
+}
+
+TEST_F(MpvPlayerTest, UnplayableFile_EndsInStopped_AndTheNextOnePlays) {
+    const std::string wav = listening::noiseWav(1);
+    const std::pair<std::string, std::string> rows[] = {
+        {"text.txt", "one two three\n"},
+        {"text.mp3", std::string(5000, 'x')},
+        {"nothing.mp3", ""},
+        {"head.wav", wav.substr(0, 30)},
+        {"list.m3u", "#EXTM3U\na.wav\n"},
+        {"list.mp3", "#EXTM3U\nhttp://127.0.0.1:9/a.mp3\n"},
+        {"cuts.mp3", "# mpv EDL v0\na.wav\n"},
+        {"tracks.cue", "FILE \"a.wav\" WAVE\n  TRACK 01 AUDIO\n    INDEX 01 00:00:00\n"},
+        {"parts.ffconcat", "ffconcat version 1.0\nfile a.wav\n"},
+        {"call.sdp",
+         "v=0\no=- 0 0 IN IP4 127.0.0.1\ns=x\nc=IN IP4 127.0.0.1\nt=0 0\nm=audio 5004 RTP/AVP 0\n"},
+    };
+    for (const auto& [name, bytes] : rows) {
+        SCOPED_TRACE(name);
+        folder_.write(name, bytes);
+        expectRefused(folder_.text(name));
+    }
+    expectRefused(folder_.text("missing.mp3"));
+    expectRefused(base::fromUtf8(folder_.path().string()));
+    start();
+}
+
+TEST_F(MpvPlayerTest, PlayAfterAFailedLoad_TriesTheFileAgain) {
+    expectRefused(folder_.text("late.wav"));
+    folder_.write("late.wav", listening::noiseWav(1));
+    player_.play();
+    EXPECT_TRUE(reaches(PlayState::Playing));
+}
+
+TEST_F(MpvPlayerTest, AnyFileName_IsAFileName) {
+    std::filesystem::current_path(folder_.path());
+    for (const std::string name :
+         {"-x.wav", "--volume=0", "a%20b.wav", "%d.wav", "it's \"x\", \\y;.wav", "two\nlines.wav",
+          "~~home.wav", "http:x.wav", "file://x.wav", "memory://x.wav", "edl://a.wav", "av://lavfi:sine",
+          "\xFF\xFE.wav", "перо 🪶.wav", " .wav"}) {
+        SCOPED_TRACE(name);
+        folder_.write(name, listening::noiseWav(1));
+        for (const base::Text& path : {base::fromUtf8(name), folder_.text(name)}) {
+            player_.setURL(path);
+            EXPECT_TRUE(waitFor([&] { return player_.currentPosition() > 0.01; }));
+            EXPECT_NEAR(player_.duration(), 1, 0.01);
+        }
+    }
+    std::filesystem::current_path("/");
+}
+
+TEST_F(MpvPlayerTest, SecondFile_IsNotDisturbedByTheFirst) {
+    folder_.write("b.wav", listening::noiseWav(2));
+    for (const int delay : {0, 1, 3, 8, 20, 60}) {
+        player_.setURL(folder_.text("a.wav"));
+        runLoop(delay);
+        player_.pause();
+        player_.setURL(folder_.text("b.wav"));
+        ASSERT_TRUE(waitFor([&] {
+            EXPECT_NE(player_.playState(), PlayState::Stopped);
+            EXPECT_NE(player_.duration(), wavLength);
+            return player_.currentPosition() > 0.05;
+        })) << delay;
+        EXPECT_EQ(player_.duration(), 2) << delay;
+    }
+}
+
+TEST_F(MpvPlayerTest, Close_Unloads_AtAnyMoment) {
+    for (const int delay : {0, 2, 5, 10, 20, 100}) {
+        player_.setURL(folder_.text("a.wav"));
+        runLoop(delay);
+        player_.setURL(u"");
+        player_.close();
+        runLoop(20);
+        EXPECT_EQ(player_.playState(), PlayState::Undefined);
+        EXPECT_EQ(player_.currentPosition() + player_.duration(), 0);
+        EXPECT_EQ(player_.durationString(), u"");
+    }
+    player_.play();
+    player_.pause();
+    player_.stop();
+    player_.setCurrentPosition(1);
+    runLoop(50);
+    EXPECT_EQ(player_.playState(), PlayState::Undefined);
+    start();
+}
+
+TEST_F(MpvPlayerTest, FileThatVanishes_LeavesThePlayerUsable) {
+    for (int i = 0; i < 10; ++i) {
+        folder_.write("gone.wav", listening::noiseWav(1));
+        player_.setURL(folder_.text("gone.wav"));
+        std::filesystem::remove(folder_.path() / "gone.wav");
+        EXPECT_TRUE(waitFor([&] { return player_.playState() != PlayState::Transitioning; }));
+    }
+    start();
+}
+
+TEST_F(MpvPlayerTest, Destruction_IsQuickAtAnyMoment) {
+    ASSERT_EQ(::mkfifo((folder_.path() / "pipe.wav").c_str(), 0600), 0);
+    for (const char* name : {"a.wav", "pipe.wav"}) {
+        for (const int delay : {0, 2, 5, 10, 20, 100}) {
+            auto player = std::make_unique<MpvPlayer>(desktop::MpvOptions{"null"});
+            player->setURL(folder_.text(name));
+            runLoop(delay);
+            player->setCurrentPosition(1);
+            QElapsedTimer clock;
+            clock.start();
+            player.reset();
+            EXPECT_LT(clock.elapsed(), 200) << name << delay;
+            runLoop(1); // whatever was posted must not arrive
+        }
+    }
+}
+
+} // namespace listening

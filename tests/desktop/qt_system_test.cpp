@@ -1,0 +1,77 @@
+#include "desktop/qt_system.h"
+
+#include "desktop/conversions.h"
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <gtest/gtest.h>
+#include <optional>
+
+namespace {
+
+// Another process of this program, and what it tells.
+class OtherProcess : public QProcess {
+public:
+    explicit OtherProcess(const QString& locale = QStringLiteral("C.UTF-8")) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("LC_ALL"), locale);
+        setProcessEnvironment(environment);
+        start(QCoreApplication::applicationFilePath(), {QStringLiteral("--tell-system")});
+        while (facts.size() < 4 && (canReadLine() || waitForReadyRead(10'000)))
+            facts << QString::fromUtf8(readLine()).chopped(1);
+    }
+    ~OtherProcess() override {
+        closeWriteChannel();
+        waitForFinished();
+    }
+    QStringList facts{};
+};
+
+} // namespace
+
+TEST(QtSystem, SecondInstance_IsRefused_UntilTheFirstIsGone) {
+    std::optional<desktop::QtSystem> here(std::in_place);
+    {
+        OtherProcess first;
+        EXPECT_EQ(first.facts.value(0), QStringLiteral("first"));
+        EXPECT_TRUE(here->previousInstance());
+        first.kill();
+        ASSERT_TRUE(first.waitForFinished());
+    }
+    EXPECT_FALSE(here->previousInstance());
+    EXPECT_FALSE(here->previousInstance()) << "asked again by the one who runs";
+    EXPECT_EQ(OtherProcess().facts.value(0), QStringLiteral("refused"));
+    // What was started from here may live on: it is not this program.
+    QProcess child;
+    child.start(QStringLiteral("cat"), {});
+    ASSERT_TRUE(child.waitForStarted());
+    here.reset();
+    EXPECT_EQ(OtherProcess().facts.value(0), QStringLiteral("first"));
+    child.closeWriteChannel();
+    child.waitForFinished();
+}
+
+TEST(QtSystem, ProgramFolder_IsThatOfTheExecutable) {
+    EXPECT_EQ(desktop::qstring(desktop::QtSystem().programFolder()), QCoreApplication::applicationDirPath());
+}
+
+TEST(QtSystem, UsersLocale_GivesCountryAndCodePage) {
+    struct Row {
+        const char* locale;
+        const char* country;
+        const char* byteE5; // in the code page of the language
+    } const rows[] = {
+        {"it_IT.UTF-8", "Italy", "å"},
+        {"en_GB.UTF-8", "United Kingdom", "å"},
+        {"pt_BR.UTF-8", "Brazil", "å"},
+        {"ru_RU.UTF-8", "Russia", "е"},
+        {"hu_HU.UTF-8", "Hungary", "ĺ"},
+        {"fr_FR@euro", "France", "å"},
+        {"C.UTF-8", "", "å"},
+    };
+    for (const Row& row : rows) {
+        const OtherProcess process(QString::fromLatin1(row.locale));
+        EXPECT_EQ(process.facts.value(2), QString::fromUtf8(row.country)) << row.locale;
+        EXPECT_EQ(process.facts.value(3), QString::fromUtf8(row.byteE5)) << row.locale;
+    }
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "editor/document.h"
+#include "fakes/fake_desktop.h"
+#include "fakes/fake_rich_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace fakes {
+
+// The editor's document on fakes, in a language of entries "&En0" to "&En135".
+class EditorBench : public testing::Test {
+protected:
+    EditorBench() {
+        Lingua.FileLingua = u"English.lng";
+        Lingua.load();
+    }
+
+    fakes::FakeDesktop desktop;
+    fakes::FakeDialogs& dialogs = desktop.dialogPort;
+    base::TextFiles files{base::CodePage(1252)};
+    base::ProgramFolder folder{desktop.folder.text("")};
+    lang::LanguageTable Lingua{files, folder};
+    fakes::FakeRichText text;
+    editor::Form2 form{desktop.loop, text, Lingua, folder};
+    player::Preferences preferences;
+    controls::RecentFiles recent{{&form.mnuRecent1, &form.mnuRecent2, &form.mnuRecent3, &form.mnuRecent4},
+                                 form.mnur,
+                                 files,
+                                 folder.files(u"LastFilesEditor.ini")};
+    editor::Document document{form, dialogs, desktop.systemPort, preferences, recent};
+};
+
+} // namespace fakes

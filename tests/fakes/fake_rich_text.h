@@ -1,0 +1,102 @@
+#pragma once
+
+#include "base/carry_on.h"
+#include "base/files.h"
+#include "platform/rich_text.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace fakes {
+
+// A rich-text control without a screen: plain text with one set of formats for all of it. It notes what is
+// asked of it.
+class FakeRichText : public platform::RichText {
+public:
+    std::vector<std::string> commands; // in order: "bold on", "align 2", "size 13", "focus", "load", "save"
+    platform::Setting style = platform::Setting::Off;
+    std::optional<double> size = 12;
+
+    // Types at the caret, as the user does.
+    void type(base::TextView typed) { setSelText(typed); }
+
+    base::Text Text() const override { return text_; }
+    void setText(base::TextView text) override {
+        text_ = text;
+        start_ = length_ = 0;
+        Change();
+    }
+    std::int32_t textLength() const override { return static_cast<std::int32_t>(text_.size()); }
+    std::int32_t SelStart() const override { return start_; }
+    void setSelStart(std::int32_t position) override {
+        start_ = std::clamp(position, 0, textLength());
+        length_ = 0;
+    }
+    std::int32_t SelLength() const override { return length_; }
+    void setSelLength(std::int32_t length) override {
+        length_ = std::clamp(length, 0, textLength() - start_);
+    }
+    base::Text SelText() const override {
+        return text_.substr(static_cast<std::size_t>(start_), static_cast<std::size_t>(length_));
+    }
+    void setSelText(base::TextView text) override {
+        text_.replace(static_cast<std::size_t>(start_), static_cast<std::size_t>(length_), text);
+        start_ += static_cast<std::int32_t>(text.size());
+        length_ = 0;
+        Change();
+    }
+    base::Text SelRTF() const override { return u"{\\rtf1 " + SelText() + u"}"; }
+    void setSelRTF(base::TextView source) override {
+        const bool isRtf = source.starts_with(u"{\\rtf1 ");
+        setSelText(isRtf ? source.substr(7, source.size() - 8) : source);
+    }
+    void setSelFontName(base::TextView name) override { commands.push_back("font " + base::toUtf8(name)); }
+    std::optional<double> SelFontSize() const override { return size; }
+    void setSelFontSize(double points) override {
+        if (points < 1)
+            throw base::Failure("Invalid property value");
+        size = points;
+        commands.push_back("size " + std::to_string(static_cast<int>(points)));
+    }
+    void setSelColor(std::uint32_t color) override { commands.push_back("color " + std::to_string(color)); }
+    platform::Setting SelBold() const override { return style; }
+    void setSelBold(bool on) override { set("bold", on); }
+    platform::Setting SelItalic() const override { return style; }
+    void setSelItalic(bool on) override { set("italic", on); }
+    platform::Setting SelUnderline() const override { return style; }
+    void setSelUnderline(bool on) override { set("underline", on); }
+    platform::Setting SelStrikeThru() const override { return style; }
+    void setSelStrikeThru(bool on) override { set("strike", on); }
+    platform::Setting SelBullet() const override { return style; }
+    void setSelBullet(bool on) override { set("bullet", on); }
+    void setSelAlignment(platform::ParagraphAlignment alignment) override {
+        commands.push_back("align " + std::to_string(static_cast<int>(alignment)));
+    }
+    void LoadFile(base::TextView path) override {
+        const std::string bytes = base::readFile(path);
+        commands.emplace_back("load");
+        setText(base::fromUtf8(bytes));
+    }
+    void SaveFile(base::TextView path) override {
+        commands.emplace_back("save");
+        base::replaceFile(path, "{\\rtf1 " + base::toUtf8(text_) + "}");
+    }
+    std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int) override {
+        const auto hit = text_.find(text, static_cast<std::size_t>(start.value_or(start_)));
+        return hit == base::Text::npos ? -1 : static_cast<std::int32_t>(hit);
+    }
+    void SetFocus() override { commands.emplace_back("focus"); }
+
+private:
+    void set(const std::string& what, bool on) {
+        style = on ? platform::Setting::On : platform::Setting::Off;
+        commands.push_back(what + (on ? " on" : " off"));
+    }
+
+    base::Text text_;
+    std::int32_t start_ = 0;
+    std::int32_t length_ = 0;
+};
+
+} // namespace fakes
