@@ -102,6 +102,16 @@ TEST(RtfHostile, NumberedThings_EachANewOne_CostTimeAndMemoryInProportion) {
     }
 }
 
+TEST(RtfHostile, LongLink_OverManyParagraphs_IsNotWrittenForEachOfThem) {
+    const std::string field = R"({\field{\*\fldinst HYPERLINK )" + std::string(2000, 'u') + "}{\\fldrslt ";
+    const rtf::Document read = document(field + repeated("a\\par ", 100000));
+    EXPECT_EQ(read.paragraphs.size(), 100000U);
+    EXPECT_LT(rtf::write(read).size(), 100U << 20U);
+    EXPECT_EQ(document(field + repeated("\\fldrslt ", 100000) + "a").links.size(), 1U);
+    EXPECT_TRUE(document(R"({\field{\*\fldinst HYPERLINK )" + std::string(3000, 'u') + "}{\\fldrslt a}}")
+                    .links.empty());
+}
+
 TEST(RtfHostile, FontTable_Of32768Fonts_TellsThemAll) {
     std::string bytes = "{\\rtf1{\\fonttbl";
     std::string text;
