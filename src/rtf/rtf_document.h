@@ -128,7 +128,9 @@ struct Document {
     Text text;
     std::vector<Run> runs;
     std::vector<Paragraph> paragraphs; // at least one, once read
-    bool lastParagraphEnds = false;    // the last paragraph has an end of its own: it matters when pasted
+    // A piece of text may stop within its last paragraph or take the end with it, which matters when it is
+    // pasted. A whole document ends its last paragraph; an empty one behind that end is not there.
+    bool lastParagraphEnds = false;
 
     std::vector<CharFormat> formats;
     std::vector<ParagraphFormat> paragraphFormats;

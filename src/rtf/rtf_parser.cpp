@@ -133,19 +133,15 @@ void Parser::enter(const KnownWord& known, const Token& word) {
     case Destination::FieldResult:
         if (state().field == none)
             break;
-        fields_[state().field].hasResult = true;
-        state().destination = fields_[state().field].outer;
-        if (Text target = linkTarget(fields_[state().field].instruction); !target.empty()) {
-            state().link = static_cast<std::uint32_t>(links_.size());
-            links_.push_back({std::move(target)});
-        }
+        enterResult(fields_[state().field]);
         break;
     case Destination::Alternatives:
         state().outer = state().destination;
         state().destination = destination;
         break;
     case Destination::UnicodeAlternative:
-        state().destination = state().outer;
+        state().destination =
+            state().destination == Destination::Alternatives ? state().outer : Destination::Skipped;
         break;
     case Destination::FontTable:
     case Destination::ColourTable:
@@ -162,6 +158,18 @@ void Parser::enterField() {
     state().field = static_cast<std::uint32_t>(fields_.size());
     fields_.push_back({.instruction = {}, .outer = state().destination});
     state().destination = Destination::Field;
+}
+
+void Parser::enterResult(FieldState& field) {
+    state().destination = field.outer;
+    if (std::exchange(field.hasResult, true))
+        return;
+    constexpr std::size_t longestTarget = 2048;
+    Text target = linkTarget(field.instruction);
+    if (target.empty() || target.size() > longestTarget)
+        return;
+    state().link = static_cast<std::uint32_t>(links_.size());
+    links_.push_back({std::move(target)});
 }
 
 void Parser::passOverGroup() {

@@ -28,6 +28,7 @@ private:
     void leaveGroup(const GroupState& inner);
     void enter(const KnownWord& known, const Token& word);
     void enterField();
+    void enterResult(FieldState& field);
     void passOverGroup();
     void keep(Destination destination, const Token& word);
     void placeKept(Destination destination, std::string range);
@@ -49,6 +50,7 @@ private:
     void letters(TextView text);
     void prepareBody();
     void refreshFormat(std::uint32_t link);
+    std::uint32_t documentLink(std::uint32_t link);
     const Encoding& encoding();
     void lettersChanged();
 
@@ -77,6 +79,7 @@ private:
     Text label_;
     std::string keptBefore_;
     std::size_t deeperGroups_ = 0; // open groups beyond the deepest that has a state
+    std::size_t linkUnits_ = 0;    // of the targets of all linked stretches
     std::size_t emptyCells_ = 0;   // cell ends that wait for text behind them
     std::int32_t defaultFont_ = 0;
     int codePage_ = 1252;

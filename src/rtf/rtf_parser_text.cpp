@@ -91,11 +91,9 @@ void Parser::refreshFormat(std::uint32_t link) {
     FontEntry& font = fonts_.find(letters.font);
     if (font.index == none)
         font.index = builder_.font(font.font);
-    if (link != none && links_[link].index == none)
-        links_[link].index = builder_.link(links_[link].target);
     builder_.useFormat({
         .font = font.index,
-        .link = link == none ? none : links_[link].index,
+        .link = documentLink(link),
         .size = letters.size,
         .bold = (letters.marks & Bold) != 0,
         .italic = (letters.marks & Italic) != 0,
@@ -108,6 +106,20 @@ void Parser::refreshFormat(std::uint32_t link) {
         .colour = colours_.find(letters.colour),
         .background = colours_.find(letters.background),
     });
+}
+
+// Each linked stretch of a paragraph is written with its target, so a long target over many paragraphs would
+// make a file many times the size of the one that was read. Beyond what any real document has, links become
+// plain text.
+std::uint32_t Parser::documentLink(std::uint32_t link) {
+    constexpr std::size_t mostUnits = 1U << 26U;
+    if (link == none || linkUnits_ > mostUnits)
+        return none;
+    LinkState& used = links_[link];
+    linkUnits_ += used.target.size();
+    if (used.index == none)
+        used.index = builder_.link(used.target);
+    return used.index;
 }
 
 const Encoding& Parser::encoding() {
@@ -136,6 +148,7 @@ void Parser::endParagraph(bool endsSection) {
         builder_.endSection(paragraphFormat());
     else
         builder_.endParagraph(paragraphFormat());
+    formatIsOld_ = formatIsOld_ || state().link != none;
     keptBefore_.clear();
     bulletLabel_ = false;
     typedLabel_ = false;

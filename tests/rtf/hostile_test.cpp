@@ -23,7 +23,7 @@ std::size_t sizeOf(const rtf::Document& read) {
     for (const rtf::ParagraphFormat& format : read.paragraphFormats)
         size += sizeof format + format.kept.capacity() + format.list.capacity();
     for (const std::string& range : read.kept)
-        size += sizeof range + range.capacity();
+        size += sizeof(std::string) + range.capacity();
     for (const rtf::Section& section : read.sections)
         size += sizeof section + section.words.capacity() + section.headers.capacity();
     return size;
@@ -92,7 +92,7 @@ TEST(RtfHostile, NumberedThings_EachANewOne_CostTimeAndMemoryInProportion) {
     for (const auto& [before, behind] : rows) {
         std::string bytes = "{\\rtf1";
         for (int number = 0; number < 40000; ++number)
-            bytes += before + std::to_string(number) + behind;
+            bytes.append(before).append(std::to_string(number)).append(behind);
         const auto start = std::chrono::steady_clock::now();
         const rtf::Document read = rtf::read(bytes);
         const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
@@ -102,12 +102,22 @@ TEST(RtfHostile, NumberedThings_EachANewOne_CostTimeAndMemoryInProportion) {
     }
 }
 
+TEST(RtfHostile, LongLink_OverManyParagraphs_IsNotWrittenForEachOfThem) {
+    const std::string field = R"({\field{\*\fldinst HYPERLINK )" + std::string(2000, 'u') + "}{\\fldrslt ";
+    const rtf::Document read = document(field + repeated("a\\par ", 100000));
+    EXPECT_EQ(read.paragraphs.size(), 100000U);
+    EXPECT_LT(rtf::write(read).size(), 100U << 20U);
+    EXPECT_EQ(document(field + repeated("\\fldrslt ", 100000) + "a").links.size(), 1U);
+    EXPECT_TRUE(document(R"({\field{\*\fldinst HYPERLINK )" + std::string(3000, 'u') + "}{\\fldrslt a}}")
+                    .links.empty());
+}
+
 TEST(RtfHostile, FontTable_Of32768Fonts_TellsThemAll) {
     std::string bytes = "{\\rtf1{\\fonttbl";
     std::string text;
     for (int number = 0; number < 32768; ++number) {
         bytes += "{\\f" + std::to_string(number) + " Font " + std::to_string(number) + ";}";
-        text += "\\f" + std::to_string(number) + " a";
+        text.append("\\f").append(std::to_string(number)).append(" a");
     }
     const rtf::Document read = rtf::read(bytes + '}' + text);
     EXPECT_EQ(read.fonts.size(), 32768U);

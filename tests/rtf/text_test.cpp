@@ -39,7 +39,9 @@ TEST(RtfText, DocumentCodePage_HoldsWhereTheFontTellsNone) {
         {"", "\\'e9", "é"},
     };
     for (const auto& [page, bytes, text] : rows)
-        EXPECT_EQ(base::toUtf8(rtf::plainText(rtf::read("{\\rtf1" + page + ' ' + bytes + '}'))), text)
+        EXPECT_EQ(base::toUtf8(rtf::plainText(
+                      rtf::read(std::string("{\\rtf1").append(page).append(" ").append(bytes).append("}")))),
+                  text)
             << page;
 }
 
@@ -107,6 +109,7 @@ TEST(RtfText, WordsAndSymbols_StandForLetters) {
         {"a{\\*\\unknown b{c}}d", "ad"},
         {"a{\\v b}c", "ac"},
         {"a{\\xe b}c", "ac"},
+        {R"(a{\*\ud b}c)", "ac"},
         {R"(\upr{a}{\*\ud b})", "b"},
         {R"({\upr{a}{\*\ud b}}c)", "bc"},
         {"a{\\*\\bkmkstart b}c", "ac"},

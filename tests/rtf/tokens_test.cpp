@@ -15,7 +15,7 @@ std::string cut(std::string_view bytes) {
         const std::string number = token.hasNumber ? std::to_string(token.number) : "";
         switch (token.kind) {
         case rtf::TokenKind::Word:
-            all += "\\" + text + number;
+            all.append("\\").append(text).append(number);
             break;
         case rtf::TokenKind::Symbol:
             all += "\\" + text;

@@ -17,8 +17,7 @@ TEST(RtfWriting, Samples_ReadTheSameAgain) {
         R"({\pntext\'95\tab}{\*\pn\pnlvlblt}\ls1\tx720 a\par b\par\pard c)",
         R"({\field{\*\fldinst HYPERLINK "u"}{\fldrslt a{\b b}\par c}}d)",
         R"(\b {\field{\*\fldinst HYPERLINK "u"}{\fldrslt\i a}} b)",
-        "{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt a}}{\\field{\\*\\fldinst HYPERLINK "
-        "\"v\"}{\\fldrslt b}}",
+        R"({\field{\*\fldinst HYPERLINK "u"}{\fldrslt a}}{\field{\*\fldinst HYPERLINK "v"}{\fldrslt b}})",
         R"(\f1 \'b7 \u97?\u1071?\{\tab\f2 \'cf)",
         R"(\{\}\\\~\-\_\line\page\tab\u-10179?\u-8704?\u-4?\'7f)",
         "a\\u8203?1\\u1071?1",
