@@ -20,17 +20,6 @@ TEST(Text, Ampersands_AreTakenAwayOrDoubled) {
     EXPECT_EQ(base::doubledAmp(u"R&B & soul"), u"R&&B && soul");
 }
 
-TEST(Text, Trimmed_TakesBlanksAlone) {
-    EXPECT_EQ(base::trimmed(u"  a\t b  "), u"a\t b");
-    EXPECT_EQ(base::trimmed(u"   "), u"");
-}
-
-TEST(Text, AfterLast_WithoutSeparator_IsTheWhole) {
-    EXPECT_EQ(base::afterLast(u"/a/b.mp3", u'/'), u"b.mp3");
-    EXPECT_EQ(base::afterLast(u"b.mp3", u'/'), u"b.mp3");
-    EXPECT_EQ(base::afterLast(u"/a/", u'/'), u"");
-}
-
 TEST(CodePage, EveryByte_OfEveryPage_SurvivesReadingAndWriting) {
     std::string all;
     for (int byte = 1; byte < 256; ++byte)

@@ -56,13 +56,3 @@ TEST(Timer, Handler_MayStopItselfOrRunTheLoop) {
     EXPECT_EQ(onces, 1);
     EXPECT_EQ(others, 20);
 }
-
-TEST(Property, SameValue_TellsNobody) {
-    controls::Label label("label", {});
-    int changes = 0;
-    label.observe([&] { ++changes; });
-    label.caption = u"a";
-    label.caption = u"a";
-    label.width = 0;
-    EXPECT_EQ(changes, 1);
-}

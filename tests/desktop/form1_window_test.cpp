@@ -126,21 +126,6 @@ protected:
     std::optional<desktop::Form1Window> window;
 };
 
-TEST_F(Form1WindowTest, ACommand_AloneSetsItsMark) {
-    int calls = 0;
-    form.mnuPrimoPiano.Click = [&] { ++calls; };
-    form.mnuTitoloCompleto.Click = [&] { form.mnuTitoloCompleto.checked = !form.mnuTitoloCompleto.checked; };
-    show();
-    action(form.mnuPrimoPiano).trigger();
-    EXPECT_EQ(calls, 1);
-    EXPECT_TRUE(action(form.mnuPrimoPiano).isChecked());
-    for (const bool marked : {true, false}) {
-        QTest::keyClick(&*window, Qt::Key_F11);
-        EXPECT_EQ(form.mnuTitoloCompleto.checked, marked);
-        EXPECT_EQ(action(form.mnuTitoloCompleto).isChecked(), marked);
-    }
-}
-
 TEST_F(Form1WindowTest, Fill_IsCutAtItsWidth_NotStretched) {
     show();
     form.Shape1.width = 20 * 15;
@@ -237,17 +222,6 @@ TEST_F(Form1WindowTest, Click_IsAPressAndAReleaseInside) {
     }
 }
 
-TEST_F(Form1WindowTest, MouseOverADisabledControl_IsOverTheWindow) {
-    int onButton = 0;
-    std::vector<double> onWindow;
-    form.cmdStop.MouseMove = [&](const controls::MouseEvent&) { ++onButton; };
-    form.MouseMove = [&](const controls::MouseEvent& event) { onWindow.push_back(event.x); };
-    show();
-    move(view(form.cmdStop), {5, 5});
-    EXPECT_EQ(onButton, 0);
-    EXPECT_EQ(onWindow, (std::vector<double>{form.cmdStop.left + 75}));
-}
-
 TEST_F(Form1WindowTest, OverlappingControls_LieInTheirOrder) {
     form.Image1.top = form.Image2.top + form.Image2.height - form.Image1.height;
     show();
@@ -261,15 +235,6 @@ TEST_F(Form1WindowTest, OverlappingControls_LieInTheirOrder) {
     for (const auto& [control, place] : rows)
         EXPECT_EQ(skin().childAt(view(*control).mapToParent(place)), &view(*control)) << control->name;
     EXPECT_EQ(color(form.Image1, 9, 3), Qt::green);
-}
-
-TEST_F(Form1WindowTest, Mnemonic_IsNotShown_ButItsDoubleIs) {
-    show();
-    const auto width = [&](const base::Text& caption) { return ink(picture(form.Label2, caption)).width(); };
-    EXPECT_EQ(picture(form.Label2, u"&Tom"), picture(form.Label2, u"Tom"));
-    EXPECT_EQ(picture(form.Label2, u"Tom&"), picture(form.Label2, u"Tom"));
-    EXPECT_GT(width(u"Tom&&Anna"), width(u"TomAnna"));
-    EXPECT_GT(width(u"Tom&&&&Anna"), width(u"Tom&&Anna"));
 }
 
 TEST_F(Form1WindowTest, LongCaption_IsWrapped_AndCutWithAnEllipsis) {
@@ -302,16 +267,6 @@ TEST_F(Form1WindowTest, Place_FollowsTheData_AndTheUser) {
     form.caption = u"talk.mp3";
     EXPECT_EQ(window->frameGeometry().topLeft(), QPoint(300, 250));
     EXPECT_EQ(form.height, window->frameGeometry().height() * 15);
-}
-
-TEST_F(Form1WindowTest, Close_AsksAndStays) {
-    int asked = 0;
-    form.Unload = [&] { return ++asked > 0; };
-    show();
-    window->close();
-    EXPECT_EQ(asked, 1);
-    EXPECT_TRUE(window->isVisible());
-    EXPECT_TRUE(form.visible);
 }
 
 TEST_F(Form1WindowTest, Minimising_IsToldWithItsState) {

@@ -1,5 +1,5 @@
-// A window that lets what it is given be dragged off it: `drag_source TITLE ADDRESS...`, paths or web addresses. For the
-// journeys, where a drop has to come from another program.
+// A window that lets what it is given be dragged off it: `drag_source TITLE ADDRESS...`, paths or web
+// addresses. For the journeys, where a drop has to come from another program.
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>

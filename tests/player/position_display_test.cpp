@@ -39,20 +39,3 @@ TEST_F(PositionDisplayTest, TickWithoutAChange_TellsNobody) {
     form.Timer1.Tick();
     EXPECT_EQ(changes, 0);
 }
-
-TEST_F(PositionDisplayTest, PathWithoutASeparator_ShowsWhole) {
-    form.Label4.tag = u"bare.mp3";
-    for (const bool whole : {false, true}) {
-        form.mnuTitoloCompleto.checked = whole;
-        form.Timer1.Tick();
-        EXPECT_EQ(form.Label4.caption.get(), u"bare.mp3");
-    }
-}
-
-TEST_F(PositionDisplayTest, HoverOverPlay_KeepsThePausePicture) {
-    bench.open("talk.mp3", 180);
-    EXPECT_EQ(form.HoverPlay, 1);
-    form.load(form.cmdPlay, u"play.jpg");
-    form.Timer1.Tick();
-    EXPECT_EQ(form.cmdPlay.picture.get(), form.folder.files(u"pause.jpg"));
-}

@@ -100,13 +100,3 @@ TEST(TransportCycle, Period_IsSixteenBitsWide) {
         EXPECT_FALSE(bench.form().Timer5.enabled());
     }
 }
-
-TEST_F(TransportTest, HammeredToggle_EndsInAStateThatFitsThePlayer) {
-    openAt(100);
-    for (int i = 0; i < 101; ++i) {
-        form.cmdPlay.Click();
-        bench.desktop.loop.advance(7);
-    }
-    EXPECT_FALSE(form.isPlaying());
-    EXPECT_EQ(bench.desktop.player.playState(), platform::PlayState::Paused);
-}

@@ -110,13 +110,6 @@ TEST_F(PlayerWindowTest, Language_FollowsTheLastLangFolderOfTheChosenPath) {
     EXPECT_EQ(dialogs.requests[1].filter, u"&I\0*.lng"s);
 }
 
-TEST_F(PlayerWindowTest, Language_SetWhilePlaying_ShowsTheWordForPlay) {
-    bench.open("a.mp3", 60);
-    form.mnuLingua.Click();
-    EXPECT_FALSE(form.isPlaying());
-    EXPECT_EQ(bench.desktop.player.playState(), platform::PlayState::Transitioning);
-}
-
 class VideoPictureTest : public PlayerWindowTest {
 protected:
     void show(platform::PictureSize size) {

@@ -53,13 +53,6 @@ TEST_F(MpvPlayerTest, UnplayableFile_EndsInStopped_AndTheNextOnePlays) {
     start();
 }
 
-TEST_F(MpvPlayerTest, PlayAfterAFailedLoad_TriesTheFileAgain) {
-    expectRefused(folder_.text("late.wav"));
-    folder_.write("late.wav", listening::noiseWav(1));
-    player_.play();
-    EXPECT_TRUE(reaches(PlayState::Playing));
-}
-
 TEST_F(MpvPlayerTest, AnyFileName_IsAFileName) {
     std::filesystem::current_path(folder_.path());
     for (const std::string name :
