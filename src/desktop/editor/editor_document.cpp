@@ -1,0 +1,88 @@
+#include "desktop/editor/editor_document.h"
+
+#include "desktop/conversions.h"
+#include "rtf/rtf_picture.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QUrl>
+
+namespace desktop {
+
+namespace {
+
+// Stands for what is kept and cannot be drawn.
+QImage keptMark() {
+    QImage mark(7, 11, QImage::Format_ARGB32_Premultiplied);
+    mark.fill(Qt::transparent);
+    QPainter painter(&mark);
+    painter.setPen(QColor(0x9A, 0xA3, 0xB0));
+    painter.drawRect(1, 1, 4, 8);
+    return mark;
+}
+
+} // namespace
+
+QTextListFormat bulletFormat() {
+    QTextListFormat format;
+    format.setStyle(QTextListFormat::ListDisc);
+    format.setIndent(0);
+    return format;
+}
+
+void giveBullet(QTextBlockFormat& format, const QTextList& list) {
+    const int first = static_cast<int>(twips(format.textIndent()));
+    format.setObjectIndex(list.objectIndex());
+    format.setProperty(FirstIndent, first);
+    format.setTextIndent(0);
+}
+
+void takeBullet(QTextBlockFormat& format) {
+    const int first = format.intProperty(FirstIndent);
+    const bool itsOwn = first == -bulletIndent && format.leftMargin() == pixelsOfTwips(bulletIndent);
+    format.setObjectIndex(-1);
+    format.clearProperty(FirstIndent);
+    format.clearProperty(ListWords);
+    format.setTextIndent(itsOwn ? 0 : pixelsOfTwips(first));
+    if (itsOwn)
+        format.setLeftMargin(0);
+}
+
+EditorDocument::EditorDocument(const QFont& font) {
+    setUndoRedoEnabled(false);
+    setDefaultFont(font);
+}
+
+QTextImageFormat EditorDocument::anchorOf(std::string range, const QTextCharFormat& letters) {
+    QTextImageFormat format;
+    format.merge(letters);
+    format.setObjectType(QTextFormat::ImageObject);
+    format.setProperty(KeptRange, static_cast<int>(kept.size()));
+    format.setName(QStringLiteral("kept:mark"));
+    if (const auto picture = rtf::pictureOf(range)) {
+        format.setName(QStringLiteral("kept:%1").arg(kept.size()));
+        if (picture->width > 0 && picture->height > 0) {
+            format.setWidth(pixelsOfTwips(picture->width));
+            format.setHeight(pixelsOfTwips(picture->height));
+        }
+    }
+    kept.push_back(std::move(range));
+    return format;
+}
+
+QVariant EditorDocument::loadResource(int type, const QUrl& name) {
+    if (type != ImageResource || name.scheme() != QStringLiteral("kept"))
+        return {};
+    bool isNumber = false;
+    const std::size_t index = name.path().toUInt(&isNumber);
+    if (!isNumber || index >= kept.size())
+        return keptMark();
+    const auto picture = rtf::pictureOf(kept[index]);
+    if (!picture)
+        return keptMark();
+    const QImage image = QImage::fromData(reinterpret_cast<const uchar*>(picture->bytes.data()),
+                                          static_cast<int>(picture->bytes.size()));
+    return image.isNull() ? keptMark() : image;
+}
+
+} // namespace desktop

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "rtf/rtf_document.h"
+
+#include <QTextDocument>
+#include <QTextFormat>
+#include <QTextList>
+#include <string>
+#include <vector>
+
+namespace desktop {
+
+// What formats of Qt have no place for, so that it can be written again.
+enum FormatProperty {
+    KeptRange = QTextFormat::UserProperty + 1, // of an image: index in EditorDocument::kept
+    Charset,                                   // of letters: number of the Windows character set
+    Hidden,                                    // of letters
+    FirstIndent, // of a paragraph with a bullet, twips: Qt sets the sign itself into the margin
+    ListWords,   // of a paragraph: bytes of RTF
+    KeptWords,
+    SectionIndex // of a paragraph that begins a section: index in EditorDocument::sections
+};
+
+// Twips from the margin to the text of a paragraph that becomes an item of a list.
+inline constexpr int bulletIndent = 360;
+
+inline double pixelsOfTwips(std::int32_t twips) {
+    return twips / 15.0;
+}
+
+// A sign in front of the paragraph, without an indent of the list's own.
+QTextListFormat bulletFormat();
+void giveBullet(QTextBlockFormat& format, const QTextList& list);
+// With the indents that came with it.
+void takeBullet(QTextBlockFormat& format);
+
+// The document of the editor: text and formats as Qt has them, and beside them what a file holds that has no
+// place in the text. It keeps no undo.
+class EditorDocument : public QTextDocument {
+public:
+    explicit EditorDocument(const QFont& font);
+
+    // What an image stands for that goes into the text. The range is kept.
+    QTextImageFormat anchorOf(std::string range, const QTextCharFormat& letters);
+
+    std::vector<std::string> kept; // RTF of pictures, objects, footnotes
+    std::vector<rtf::Section> sections = {{}};
+    std::string pageWords;
+    std::string head;
+    rtf::KeptTables keptTables;
+    bool lastParagraphEnds = true;
+
+protected:
+    // Pictures are read when they are first seen.
+    QVariant loadResource(int type, const QUrl& name) override;
+};
+
+} // namespace desktop

@@ -1,0 +1,241 @@
+#include "desktop/editor/rich_text_edit.h"
+
+#include "base/carry_on.h"
+#include "base/files.h"
+#include "desktop/conversions.h"
+#include "desktop/editor/rtf_bridge.h"
+#include "desktop/editor/rtf_source.h"
+#include "desktop/editor/selection_formats.h"
+#include "desktop/editor/text_search.h"
+#include "desktop/editor/text_units.h"
+#include "rtf/rtf_reader.h"
+#include "rtf/rtf_writer.h"
+
+#include <QTextBlock>
+#include <cmath>
+
+namespace desktop {
+
+namespace {
+
+constexpr double smallestSize = 1;   // points
+constexpr double largestSize = 1638; // points
+
+std::unique_ptr<EditorDocument> documentOfText(base::TextView text, const QFont& font) {
+    auto document = std::make_unique<EditorDocument>(font);
+    document->setPlainText(documentText(text));
+    return document;
+}
+
+} // namespace
+
+RichTextEdit::RichTextEdit(const base::CodePage& page, QWidget* parent) : QTextEdit(parent), page_(page) {
+    setFont(QFont(QStringLiteral("Arial"), 12));
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    show(std::make_unique<EditorDocument>(font()));
+}
+
+RichTextEdit::~RichTextEdit() {
+    document_->disconnect(this);
+}
+
+// Built apart and then set: a document that is watched while it grows costs many times as much.
+void RichTextEdit::show(std::unique_ptr<EditorDocument> document) {
+    EditorDocument* const before = document_;
+    document_ = document.release();
+    document_->setParent(this);
+    connect(document_, &QTextDocument::contentsChange, this,
+            [this](int, int removed, int added) { noteChange(removed, added); });
+    setDocument(document_);
+    delete before;
+}
+
+void RichTextEdit::noteChange(int removed, int added) {
+    if (removed == added && sameLength_ == SameLength::Format)
+        return;
+    changed_ = true;
+    if (editing_ == 0)
+        edit(SameLength::Format, [] {});
+}
+
+base::Text RichTextEdit::Text() const {
+    return programText(document_->toRawText());
+}
+
+void RichTextEdit::setText(base::TextView text) {
+    edit(SameLength::Format, [&] {
+        show(documentOfText(text, font()));
+        changed_ = true;
+    });
+}
+
+std::int32_t RichTextEdit::textLength() const {
+    return programLength(*document_);
+}
+
+std::int32_t RichTextEdit::SelStart() const {
+    return programPosition(*document_, textCursor().selectionStart());
+}
+
+void RichTextEdit::setSelStart(std::int32_t position) {
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(documentPosition(*document_, position));
+    setTextCursor(cursor);
+}
+
+std::int32_t RichTextEdit::SelLength() const {
+    const QTextCursor cursor = textCursor();
+    return programPosition(*document_, cursor.selectionEnd()) -
+           programPosition(*document_, cursor.selectionStart());
+}
+
+void RichTextEdit::setSelLength(std::int32_t length) {
+    QTextCursor cursor = textCursor();
+    const int start = cursor.selectionStart();
+    const std::int64_t end = programPosition(*document_, start) + std::int64_t{std::max(length, 0)};
+    cursor.setPosition(start);
+    cursor.setPosition(documentPosition(*document_, end), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+base::Text RichTextEdit::SelText() const {
+    return programText(textCursor().selectedText());
+}
+
+void RichTextEdit::setSelText(base::TextView text) {
+    edit(SameLength::Replacement, [&] { replaceSelection(text); });
+}
+
+void RichTextEdit::replaceSelection(base::TextView text) {
+    QTextCursor cursor = textCursor();
+    cursor.insertText(documentText(text));
+    setTextCursor(cursor);
+}
+
+base::Text RichTextEdit::SelRTF() const {
+    const QTextCursor cursor = textCursor();
+    const std::string source =
+        rtf::write(rtfOf(*document_, {cursor.selectionStart(), cursor.selectionEnd()}));
+    return {source.begin(), source.end()};
+}
+
+void RichTextEdit::setSelRTF(base::TextView source) {
+    edit(SameLength::Replacement, [&] {
+        if (!isRtfSource(source)) {
+            replaceSelection(source);
+            return;
+        }
+        QTextCursor cursor = textCursor();
+        insertRtf(cursor, *document_, rtf::read(rtfBytes(source)));
+        setTextCursor(cursor);
+    });
+}
+
+void RichTextEdit::setSelFontName(base::TextView name) {
+    QTextCharFormat format;
+    format.setFontFamilies({qstring(name)});
+    format.setProperty(Charset, 0);
+    mergeCurrentCharFormat(format);
+}
+
+std::optional<double> RichTextEdit::SelFontSize() const {
+    return letterSize(textCursor());
+}
+
+void RichTextEdit::setSelFontSize(double points) {
+    if (!(points >= smallestSize && points <= largestSize))
+        throw base::Failure("a font has from 1 to 1638 points");
+    QTextCharFormat format;
+    format.setFontPointSize(std::round(points * 2) / 2);
+    mergeCurrentCharFormat(format);
+}
+
+void RichTextEdit::setSelColor(std::uint32_t color) {
+    QTextCharFormat format;
+    format.setForeground(QColor(color));
+    mergeCurrentCharFormat(format);
+}
+
+platform::Setting RichTextEdit::SelBold() const {
+    return letterStyle(textCursor(), LetterStyle::Bold);
+}
+
+void RichTextEdit::setSelBold(bool on) {
+    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Bold, on));
+}
+
+platform::Setting RichTextEdit::SelItalic() const {
+    return letterStyle(textCursor(), LetterStyle::Italic);
+}
+
+void RichTextEdit::setSelItalic(bool on) {
+    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Italic, on));
+}
+
+platform::Setting RichTextEdit::SelUnderline() const {
+    return letterStyle(textCursor(), LetterStyle::Underline);
+}
+
+void RichTextEdit::setSelUnderline(bool on) {
+    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Underline, on));
+}
+
+platform::Setting RichTextEdit::SelStrikeThru() const {
+    return letterStyle(textCursor(), LetterStyle::StrikeThru);
+}
+
+void RichTextEdit::setSelStrikeThru(bool on) {
+    mergeCurrentCharFormat(withLetterStyle(LetterStyle::StrikeThru, on));
+}
+
+platform::Setting RichTextEdit::SelBullet() const {
+    return bullets(textCursor());
+}
+
+void RichTextEdit::setSelBullet(bool on) {
+    setBullets(textCursor(), on);
+}
+
+void RichTextEdit::setSelAlignment(platform::ParagraphAlignment alignment) {
+    using platform::ParagraphAlignment;
+    desktop::setAlignment(textCursor(), alignment == ParagraphAlignment::Right    ? Qt::AlignRight
+                                        : alignment == ParagraphAlignment::Centre ? Qt::AlignHCenter
+                                                                                  : Qt::AlignLeft);
+}
+
+void RichTextEdit::LoadFile(base::TextView path) {
+    const std::string bytes = base::readFile(path);
+    edit(SameLength::Format, [&] {
+        show(rtf::isRtf(bytes) ? documentOfRtf(rtf::read(bytes), font())
+                               : documentOfText(decodeText(bytes, page_), font()));
+        changed_ = true;
+    });
+}
+
+void RichTextEdit::SaveFile(base::TextView path) {
+    base::replaceFile(path, rtf::write(rtfOf(*document_)));
+}
+
+std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t> start, int options) {
+    const int from = start ? documentPosition(*document_, *start) : textCursor().selectionStart();
+    const auto hit = findText(*document_, text, from,
+                              {.wholeWords = (options & platform::findWholeWord) != 0,
+                               .matchCase = (options & platform::findMatchCase) != 0});
+    if (!hit)
+        return -1;
+    if ((options & platform::findNoHighlight) == 0) {
+        QTextCursor cursor = textCursor();
+        cursor.setPosition(hit->begin);
+        cursor.setPosition(hit->end, QTextCursor::KeepAnchor);
+        setTextCursor(cursor);
+    }
+    return programPosition(*document_, hit->begin);
+}
+
+void RichTextEdit::SetFocus() {
+    if (!isActiveWindow())
+        activateWindow();
+    setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace desktop

@@ -1,0 +1,100 @@
+#pragma once
+
+#include "base/code_page.h"
+#include "desktop/editor/editor_document.h"
+#include "platform/rich_text.h"
+
+#include <QTextEdit>
+#include <memory>
+
+namespace desktop {
+
+// The rich-text control of the editor, on Qt's.
+class RichTextEdit : public QTextEdit, public platform::RichText {
+public:
+    // `page` is that of text files without a mark.
+    explicit RichTextEdit(const base::CodePage& page, QWidget* parent = nullptr);
+    ~RichTextEdit() override;
+
+    base::Text Text() const override;
+    void setText(base::TextView text) override;
+    std::int32_t textLength() const override;
+
+    std::int32_t SelStart() const override;
+    void setSelStart(std::int32_t position) override;
+    std::int32_t SelLength() const override;
+    void setSelLength(std::int32_t length) override;
+
+    base::Text SelText() const override;
+    void setSelText(base::TextView text) override;
+    base::Text SelRTF() const override;
+    void setSelRTF(base::TextView source) override;
+
+    void setSelFontName(base::TextView name) override;
+    std::optional<double> SelFontSize() const override;
+    void setSelFontSize(double points) override;
+    void setSelColor(std::uint32_t color) override;
+    platform::Setting SelBold() const override;
+    void setSelBold(bool on) override;
+    platform::Setting SelItalic() const override;
+    void setSelItalic(bool on) override;
+    platform::Setting SelUnderline() const override;
+    void setSelUnderline(bool on) override;
+    platform::Setting SelStrikeThru() const override;
+    void setSelStrikeThru(bool on) override;
+    platform::Setting SelBullet() const override;
+    void setSelBullet(bool on) override;
+    void setSelAlignment(platform::ParagraphAlignment alignment) override;
+
+    void LoadFile(base::TextView path) override;
+    void SaveFile(base::TextView path) override;
+    std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override;
+    void SetFocus() override;
+
+protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+private:
+    // What a change of the document that leaves its length alone is taken for.
+    enum class SameLength { Format, Replacement };
+
+    // Does something that may change the text; tells of the change, once, when all is done.
+    template <typename Work>
+    void edit(SameLength meaning, Work&& work);
+    void noteChange(int removed, int added);
+    void show(std::unique_ptr<EditorDocument> document);
+    void replaceSelection(base::TextView text);
+
+    base::CodePage page_;
+    EditorDocument* document_ = nullptr; // a child of this
+    int editing_ = 0;                    // how many edits are under way, one within the other
+    SameLength sameLength_ = SameLength::Format;
+    bool changed_ = false;
+};
+
+// Runs in the control's own files only.
+template <typename Work>
+void RichTextEdit::edit(SameLength meaning, Work&& work) {
+    const SameLength before = sameLength_;
+    if (meaning == SameLength::Replacement)
+        sameLength_ = meaning;
+    ++editing_;
+    work();
+    --editing_;
+    sameLength_ = before;
+    if (editing_ > 0 || !changed_)
+        return;
+    changed_ = false;
+    Change();
+}
+
+} // namespace desktop

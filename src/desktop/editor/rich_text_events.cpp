@@ -1,0 +1,155 @@
+#include "desktop/editor/rich_text_edit.h"
+
+#include "desktop/conversions.h"
+#include "desktop/editor/rtf_bridge.h"
+#include "desktop/editor/rtf_source.h"
+#include "desktop/editor/text_units.h"
+#include "rtf/rtf_reader.h"
+#include "rtf/rtf_writer.h"
+
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextDocumentFragment>
+
+namespace desktop {
+
+namespace {
+
+// Letters that do something with Ctrl in the text: a shortcut of a menu must not take them away. The save
+// key is the menu's.
+constexpr std::string_view textLetters = "BCGIMOQUVWXYZ";
+
+constexpr int firstFunctionKey = 112;
+
+bool isFunctionKey(int key) {
+    return key >= Qt::Key_F1 && key <= Qt::Key_F12;
+}
+
+bool isLetter(int key) {
+    return key >= Qt::Key_A && key <= Qt::Key_Z;
+}
+
+Qt::KeyboardModifiers heldKeys(const QKeyEvent& event) {
+    return event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+}
+
+// The key as the program numbers it; 0 for one that it has no name for.
+platform::KeyEvent keyEvent(const QKeyEvent& event) {
+    const int key = event.key();
+    const auto held = heldKeys(event);
+    return {.keyCode = isLetter(key)        ? key
+                       : isFunctionKey(key) ? key - Qt::Key_F1 + firstFunctionKey
+                                            : 0,
+            .shift = (held.testFlag(Qt::ShiftModifier) ? platform::shiftKey : 0) +
+                     (held.testFlag(Qt::ControlModifier) ? platform::controlKey : 0) +
+                     (held.testFlag(Qt::AltModifier) ? platform::altKey : 0)};
+}
+
+const QStringList& rtfTypes() {
+    static const QStringList types{QStringLiteral("text/rtf"), QStringLiteral("application/rtf"),
+                                   QStringLiteral("text/richtext")};
+    return types;
+}
+
+QByteArray rtfOffered(const QMimeData& offer) {
+    for (const QString& type : rtfTypes())
+        if (offer.hasFormat(type))
+            return offer.data(type);
+    return {};
+}
+
+} // namespace
+
+bool RichTextEdit::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto& key = static_cast<const QKeyEvent&>(*event);
+        const bool letterWithControl = isLetter(key.key()) && heldKeys(key) == Qt::ControlModifier;
+        if (isFunctionKey(key.key()) || letterWithControl) {
+            event->setAccepted(!letterWithControl ||
+                               textLetters.find(static_cast<char>(key.key())) != std::string_view::npos);
+            return true;
+        }
+    }
+    return QTextEdit::event(event);
+}
+
+void RichTextEdit::keyPressEvent(QKeyEvent* event) {
+    if (platform::KeyEvent key = keyEvent(*event); key.keyCode != 0) {
+        KeyDown(key);
+        if (key.keyCode == 0) {
+            event->accept();
+            return;
+        }
+    }
+    // A key pressed with nothing selected replaces nothing; it may take a bullet away.
+    const bool replaces = textCursor().hasSelection();
+    edit(replaces ? SameLength::Replacement : SameLength::Format, [&] { QTextEdit::keyPressEvent(event); });
+    // The window would take it for its own.
+    if (event->key() == Qt::Key_Escape)
+        event->accept();
+}
+
+void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
+    // A key that is held is released and pressed again and again, where the user did neither.
+    const platform::KeyEvent key = keyEvent(*event);
+    if (key.keyCode != 0 && !event->isAutoRepeat())
+        KeyUp(key);
+    QTextEdit::keyReleaseEvent(event);
+}
+
+void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
+    // What is being composed is shown in the text but no part of it yet.
+    const bool commits = !event->commitString().isEmpty() || event->replacementLength() > 0;
+    edit(commits ? SameLength::Replacement : SameLength::Format, [&] { QTextEdit::inputMethodEvent(event); });
+}
+
+void RichTextEdit::mousePressEvent(QMouseEvent* event) {
+    QTextEdit::mousePressEvent(event);
+    // Qt numbers left, right and middle as the program does.
+    MouseDown(static_cast<int>(event->button()) & 7);
+}
+
+void RichTextEdit::dropEvent(QDropEvent* event) {
+    edit(SameLength::Replacement, [&] { QTextEdit::dropEvent(event); });
+}
+
+void RichTextEdit::focusOutEvent(QFocusEvent* event) {
+    QTextEdit::focusOutEvent(event);
+    // An open menu borrows the keyboard; the text has it still.
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::MenuBarFocusReason)
+        LostFocus();
+}
+
+QMimeData* RichTextEdit::createMimeDataFromSelection() const {
+    const QTextCursor cursor = textCursor();
+    const std::string source =
+        rtf::write(rtfOf(*document_, {cursor.selectionStart(), cursor.selectionEnd()}));
+    auto* const offer = new QMimeData;
+    offer->setText(QString::fromStdU16String(programText(cursor.selectedText())));
+    offer->setData(rtfTypes().front(), QByteArray(source.data(), static_cast<qsizetype>(source.size())));
+    return offer;
+}
+
+bool RichTextEdit::canInsertFromMimeData(const QMimeData* source) const {
+    // A file is no text, though Qt would offer its name as one.
+    return source->hasFormat(QStringLiteral("text/plain")) || source->hasHtml() ||
+           !rtfOffered(*source).isEmpty();
+}
+
+void RichTextEdit::insertFromMimeData(const QMimeData* source) {
+    edit(SameLength::Replacement, [&] {
+        const std::string bytes = rtfOffered(*source).toStdString();
+        if (rtf::isRtf(bytes)) {
+            QTextCursor cursor = textCursor();
+            insertRtf(cursor, *document_, rtf::read(bytes));
+            setTextCursor(cursor);
+        } else if (source->hasText()) {
+            setSelRTF(text(source->text()));
+        } else if (source->hasHtml()) {
+            replaceSelection(text(QTextDocumentFragment::fromHtml(source->html()).toPlainText()));
+        }
+    });
+}
+
+} // namespace desktop
