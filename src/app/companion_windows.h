@@ -21,7 +21,6 @@ public:
     void PosizionaEditor() override;
     void applyLanguage() override;
     void enableTimeStamp(bool) override {}
-    void endSmartPlay() override {}
     void leaveBookmarks() override {}
     bool openBookmarks(base::TextView) override { return false; }
     void unloadForm3() override;

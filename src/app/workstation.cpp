@@ -34,7 +34,9 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_), videoPicture_(form1_),
       window_(form1_, companions_.Form2, companions_.Form3, display_, settings_),
       drop_(form1_, session_, desktop.dialogs()),
-      languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_) {
+      languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_),
+      smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
+      cycle_(form1_, transport_, preferences_, companions_) {
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.KeyDown = [this](int keyCode) {

@@ -4,6 +4,8 @@
 #include "app/desktop.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
+#include "dictation/smart_play.h"
+#include "dictation/timed_cycle.h"
 #include "player/file_drop.h"
 #include "player/form1.h"
 #include "player/language_menu.h"
@@ -68,6 +70,8 @@ private:
     player::PlayerWindow window_;
     player::FileDrop drop_;
     player::LanguageMenu languageMenu_;
+    dictation::SmartPlay smartPlay_;
+    dictation::TimedCycle cycle_;
 };
 
 } // namespace app

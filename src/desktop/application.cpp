@@ -2,6 +2,7 @@
 
 #include <QFont>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyleFactory>
 #include <filesystem>
 #include <system_error>
@@ -18,6 +19,19 @@ int& choosePlatform(int& argc) {
         qputenv("QT_QPA_PLATFORM", "xcb");
     return argc;
 }
+
+// Qt's own style, less the pictures on the buttons of dialogs: they are of no family with the skin.
+class SkinStyle : public QProxyStyle {
+public:
+    SkinStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("fusion"))) {}
+
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+};
 
 // One light palette, whatever the desktop's theme: the skin is drawn for it, and text is ink on paper.
 QPalette skinPalette() {
@@ -43,7 +57,7 @@ Application::Application(int& argc, char** argv) : QApplication(choosePlatform(a
     // No display name: Qt would add it to the title of every box.
     setApplicationName(QStringLiteral("Quillmere"));
     setQuitOnLastWindowClosed(false);
-    setStyle(QStyleFactory::create(QStringLiteral("fusion")));
+    setStyle(new SkinStyle);
     setPalette(skinPalette());
     setFont(QFont(QStringLiteral("Arial"), interfaceFontSize));
 }

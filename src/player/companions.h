@@ -18,8 +18,6 @@ public:
 
     // Offers the time stamp in the editor, or withdraws it.
     virtual void enableTimeStamp(bool enabled) = 0;
-    // Turns smart play off: a stop always does.
-    virtual void endSmartPlay() = 0;
 
     // Saves the marks of the file that is left and forgets them.
     virtual void leaveBookmarks() = 0;

@@ -90,7 +90,9 @@ void Transport::mnuStop_Click() {
     form_.Label2.caption = u"0:00 / " + base::replaced(form_.WMP1.durationString(), u".", u":");
     form_.cmdPlay.tag = form_.Lingua(7);
     form_.load(form_.cmdPlay, u"play.jpg");
-    companions_.endSmartPlay();
+    // A stop always leaves smart play off: its button sees the mark and takes that way.
+    form_.mnuSmartPlay.checked = true;
+    form_.imgDetta.Click();
 }
 
 void Transport::Timer4_Timer() {

@@ -13,7 +13,8 @@ namespace fakes {
 // are 5 s, every pause goes 2 s back.
 class Workbench {
 public:
-    explicit Workbench(std::string tempoPlay = "5", std::string smartPlay = "0") {
+    explicit Workbench(std::string tempoPlay = "5", std::string smartPlay = "0",
+                       std::string tempoPause = "3") {
         desktop.laySettings({"English.lng",
                              "80",
                              "561",
@@ -35,7 +36,7 @@ public:
                              "0",
                              "0",
                              std::move(tempoPlay),
-                             "3",
+                             std::move(tempoPause),
                              std::move(smartPlay),
                              "0",
                              "1"});

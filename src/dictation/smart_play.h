@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/dialogs.h"
+#include "platform/options.h"
+#include "player/form1.h"
+#include "player/transport.h"
+
+namespace dictation {
+
+// The mode that turns the player into a dictation machine. Its state is the mark of mnuSmartPlay. The two
+// ways of turning it on differ on purpose: the menu explains and leaves the player alone, the button starts
+// it. Only a play arms the cycle.
+class SmartPlay {
+public:
+    SmartPlay(player::Form1& form, player::Transport& transport, platform::Dialogs& dialogs,
+              platform::Options& options);
+
+    void mnuSmartPlay_Click();
+    void imgDetta_Click();
+    void mnuNoPlayOnWrite_Click();
+    // The typing watch has run out.
+    void Timer6_Timer();
+
+private:
+    void turnOff();
+    void turnOn();
+
+    player::Form1& form_;
+    player::Transport& transport_;
+    platform::Dialogs& dialogs_;
+    platform::Options& options_;
+};
+
+} // namespace dictation

@@ -1,0 +1,43 @@
+#include "dictation/timed_cycle.h"
+
+#include "base/carry_on.h"
+#include "base/numbers.h"
+
+namespace dictation {
+
+namespace {
+
+constexpr std::int16_t msPerSecond = 1000;
+
+} // namespace
+
+TimedCycle::TimedCycle(player::Form1& form, player::Transport& transport, player::Preferences& preferences,
+                       player::Companions& companions)
+    : form_(form), transport_(transport), preferences_(preferences), companions_(companions) {
+    form_.Timer5.Tick = [this] { Timer5_Timer(); };
+}
+
+void TimedCycle::Timer5_Timer() {
+    if (form_.mnuNoPlayOnWrite.checked && form_.Timer6.interval() != 0)
+        form_.Timer5.setInterval(form_.Timer6.interval());
+    else if (form_.cmdPlay.tag.get() != form_.Lingua(7))
+        beginPause();
+    else
+        transport_.cmdPlay_Click();
+}
+
+void TimedCycle::beginPause() {
+    form_.cmdPlay.tag = form_.Lingua(7);
+    form_.mnuPlay.caption = form_.Lingua(7);
+    // Before the step back and the pause, so that the phase is as long as it was set to be. A period of 33 s
+    // or more does not fit its 16 bits, and the one before stays.
+    base::carryOn(
+        [&] { form_.Timer5.setInterval(base::productInt16(preferences_.TempoPause, msPerSecond)); });
+    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() - preferences_.SecIndietro);
+    form_.WMP1.pause();
+    if (form_.HoverPlay == 0 && form_.Label4.visible)
+        form_.load(form_.cmdPlay, u"play.jpg");
+    companions_.TornaAllEditor();
+}
+
+} // namespace dictation
