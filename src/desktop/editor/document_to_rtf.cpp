@@ -147,8 +147,7 @@ rtf::Document rtfOf(const EditorDocument& document) {
         builder.endSection(paragraphOf(block));
         builder.section() = document.sections[section];
     }
-    rtf::Document whole = builder.finish();
-    whole.lastParagraphEnds = document.lastParagraphEnds;
+    rtf::Document whole = builder.finish(document.lastParagraphEnds);
     whole.pageWords = document.pageWords;
     whole.head = document.head;
     whole.keptTables = document.keptTables;
@@ -166,8 +165,7 @@ rtf::Document rtfOf(const EditorDocument& document, TextRange range) {
         ends = block.position() + block.length() <= range.end && block.next().isValid();
         block = block.next();
     } while (block.isValid() && block.position() < range.end);
-    rtf::Document part = extraction.builder().finish();
-    part.lastParagraphEnds = ends;
+    rtf::Document part = extraction.builder().finish(ends);
     if (!part.kept.empty())
         part.keptTables = document.keptTables;
     return part;
