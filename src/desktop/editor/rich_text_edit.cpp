@@ -59,7 +59,7 @@ void RichTextEdit::noteChange(int removed, int added) {
 }
 
 base::Text RichTextEdit::Text() const {
-    return programText(document_->toRawText());
+    return programText(document_->toRawText(), document_->blockCount() - 1);
 }
 
 void RichTextEdit::setText(base::TextView text) {
@@ -98,8 +98,14 @@ void RichTextEdit::setSelLength(std::int32_t length) {
     setTextCursor(cursor);
 }
 
+TextRange RichTextEdit::selectedRange() const {
+    const QTextCursor cursor = textCursor();
+    return {cursor.selectionStart(), cursor.selectionEnd()};
+}
+
 base::Text RichTextEdit::SelText() const {
-    return programText(textCursor().selectedText());
+    const QString selected = textCursor().selectedText();
+    return programText(selected, static_cast<int>(selected.count(QChar(documentParagraphEnd))));
 }
 
 void RichTextEdit::setSelText(base::TextView text) {
@@ -113,9 +119,7 @@ void RichTextEdit::replaceSelection(base::TextView text) {
 }
 
 base::Text RichTextEdit::SelRTF() const {
-    const QTextCursor cursor = textCursor();
-    const std::string source =
-        rtf::write(rtfOf(*document_, {cursor.selectionStart(), cursor.selectionEnd()}));
+    const std::string source = rtf::write(rtfOf(*document_, selectedRange()));
     return {source.begin(), source.end()};
 }
 

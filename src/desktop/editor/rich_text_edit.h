@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "desktop/editor/editor_document.h"
+#include "desktop/editor/text_units.h"
 #include "platform/rich_text.h"
 
 #include <QTextEdit>
@@ -72,6 +73,7 @@ private:
     void edit(SameLength meaning, Work&& work);
     void noteChange(int removed, int added);
     void show(std::unique_ptr<EditorDocument> document);
+    TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
 
     base::CodePage page_;

@@ -3,7 +3,6 @@
 #include "desktop/conversions.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
-#include "desktop/editor/text_units.h"
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
@@ -123,11 +122,9 @@ void RichTextEdit::focusOutEvent(QFocusEvent* event) {
 }
 
 QMimeData* RichTextEdit::createMimeDataFromSelection() const {
-    const QTextCursor cursor = textCursor();
-    const std::string source =
-        rtf::write(rtfOf(*document_, {cursor.selectionStart(), cursor.selectionEnd()}));
+    const std::string source = rtf::write(rtfOf(*document_, selectedRange()));
     auto* const offer = new QMimeData;
-    offer->setText(QString::fromStdU16String(programText(cursor.selectedText())));
+    offer->setText(QString::fromStdU16String(SelText()));
     offer->setData(rtfTypes().front(), QByteArray(source.data(), static_cast<qsizetype>(source.size())));
     return offer;
 }

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/editor/editor_document.h"
-#include "desktop/editor/text_search.h"
+#include "desktop/editor/text_units.h"
 
 #include <QTextCursor>
 #include <memory>

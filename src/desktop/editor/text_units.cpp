@@ -54,23 +54,17 @@ QString documentText(base::TextView text) {
     return result;
 }
 
-base::Text programText(QStringView text) {
-    const base::TextView units(text.utf16(), static_cast<std::size_t>(text.size()));
-    base::Text result;
-    result.reserve(units.size() +
-                   static_cast<std::size_t>(std::count(units.begin(), units.end(), documentParagraphEnd)));
-    for (std::size_t begin = 0; begin < units.size();) {
-        const std::size_t end =
-            std::min(static_cast<std::size_t>(std::find(units.begin() + static_cast<std::ptrdiff_t>(begin),
-                                                        units.end(), documentParagraphEnd) -
-                                              units.begin()),
-                     units.size());
-        result += units.substr(begin, end - begin);
-        if (end < units.size())
-            result += u"\r\n";
-        begin = end + 1;
+base::Text programText(QStringView text, int paragraphEnds) {
+    base::Text result(static_cast<std::size_t>(text.size() + paragraphEnds), u'\0');
+    char16_t* to = result.data();
+    for (const QChar unit : text) {
+        if (unit == documentParagraphEnd) {
+            *to++ = u'\r';
+            *to++ = u'\n';
+        } else {
+            *to++ = unit == documentLineBreak ? programLineBreak : unit.unicode();
+        }
     }
-    std::replace(result.begin(), result.end(), documentLineBreak, programLineBreak);
     return result;
 }
 

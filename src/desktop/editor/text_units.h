@@ -20,8 +20,16 @@ inline constexpr char16_t documentParagraphEnd = u'\u2029';
 // The text as it goes into a document: CR LF, CR and LF each end a paragraph.
 QString documentText(base::TextView text);
 
-// A text of a document as the program has it.
-base::Text programText(QStringView text);
+// A stretch of a document.
+struct TextRange {
+    int begin = 0;
+    int end = 0;
+
+    bool operator==(const TextRange&) const = default;
+};
+
+// A text of a document as the program has it; it holds so many ends of paragraphs.
+base::Text programText(QStringView text, int paragraphEnds);
 
 // Len(Text), in constant time.
 std::int32_t programLength(const QTextDocument& document);
