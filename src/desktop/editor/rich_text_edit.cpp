@@ -3,6 +3,7 @@
 #include "base/carry_on.h"
 #include "base/files.h"
 #include "desktop/conversions.h"
+#include "desktop/editor/load_document.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
 #include "desktop/editor/selection_formats.h"
@@ -21,18 +22,12 @@ namespace {
 constexpr double smallestSize = 1;   // points
 constexpr double largestSize = 1638; // points
 
-std::unique_ptr<EditorDocument> documentOfText(base::TextView text, const QFont& font) {
-    auto document = std::make_unique<EditorDocument>(font);
-    document->setPlainText(documentText(text));
-    return document;
-}
-
 } // namespace
 
 RichTextEdit::RichTextEdit(const base::CodePage& page, QWidget* parent) : QTextEdit(parent), page_(page) {
     setFont(QFont(QStringLiteral("Arial"), 12));
     setContextMenuPolicy(Qt::PreventContextMenu);
-    show(std::make_unique<EditorDocument>(font()));
+    exchangeDocument(std::make_unique<EditorDocument>(font()));
 }
 
 RichTextEdit::~RichTextEdit() {
@@ -40,7 +35,7 @@ RichTextEdit::~RichTextEdit() {
 }
 
 // Built apart and then set: a document that is watched while it grows costs many times as much.
-void RichTextEdit::show(std::unique_ptr<EditorDocument> document) {
+void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     EditorDocument* const before = document_;
     document_ = document.release();
     document_->setParent(this);
@@ -64,7 +59,7 @@ base::Text RichTextEdit::Text() const {
 
 void RichTextEdit::setText(base::TextView text) {
     edit(SameLength::Format, [&] {
-        show(documentOfText(text, font()));
+        exchangeDocument(documentOfText(text, font()));
         changed_ = true;
     });
 }
@@ -208,10 +203,9 @@ void RichTextEdit::setSelAlignment(platform::ParagraphAlignment alignment) {
 }
 
 void RichTextEdit::LoadFile(base::TextView path) {
-    const std::string bytes = base::readFile(path);
+    auto document = loadDocument(path, page_, font());
     edit(SameLength::Format, [&] {
-        show(rtf::isRtf(bytes) ? documentOfRtf(rtf::read(bytes), font())
-                               : documentOfText(decodeText(bytes, page_), font()));
+        exchangeDocument(std::move(document));
         changed_ = true;
     });
 }

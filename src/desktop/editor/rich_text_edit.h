@@ -72,7 +72,7 @@ private:
     template <typename Work>
     void edit(SameLength meaning, Work&& work);
     void noteChange(int removed, int added);
-    void show(std::unique_ptr<EditorDocument> document);
+    void exchangeDocument(std::unique_ptr<EditorDocument> document);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
 

@@ -23,7 +23,7 @@ TEST_F(RichText, LoadFile_OfPlainText_ReadsItByItsMarkOrInThePage) {
         {"\xFF\xFE\x16\x04\x0D"s, u"\u0416"},
         {"\xFF\xFE"s, u""},
         {"a {\\rtf1 is no start}", u"a {\\rtf1 is no start}"},
-        {"{\\rtf1\\ansi\\ansicpg1251 \\'c6 {\\b bold}\\par}", u"\u0416 bold"},
+        {R"({\rtf1\ansi\ansicpg1251 \'c6 {\b bold}\par})", u"\u0416 bold"},
         {"\r\n{\\rtf1 late}", u"late"},
     };
     const fakes::TemporaryFolder folder;
@@ -53,6 +53,22 @@ TEST_F(RichText, LoadFile_OfWhatCannotBeRead_LeavesTheOldText) {
     rtb.setText(u"before");
     changes = 0;
     for (const char* const name : {"none", "folder", "folder/none"}) {
+        EXPECT_THROW(rtb.LoadFile(folder.text(name)), base::Failure) << name;
+        EXPECT_EQ(rtb.Text(), u"before");
+        EXPECT_EQ(changes, 0);
+    }
+}
+
+TEST_F(RichText, LoadFile_OfWhatIsTooLong_LeavesTheOldText) {
+    const fakes::TemporaryFolder folder;
+    const std::string line(10'000'001, 'x');
+    folder.write("large", "");
+    std::filesystem::resize_file(folder.path() / "large", 200'000'000);
+    folder.write("line", line);
+    folder.write("rtf", "{\\rtf1 " + line + '}');
+    rtb.setText(u"before");
+    changes = 0;
+    for (const char* const name : {"large", "line", "rtf"}) {
         EXPECT_THROW(rtb.LoadFile(folder.text(name)), base::Failure) << name;
         EXPECT_EQ(rtb.Text(), u"before");
         EXPECT_EQ(changes, 0);

@@ -20,29 +20,25 @@ std::string pictureRtf() {
     QByteArray png;
     QBuffer buffer(&png);
     image.save(&buffer, "PNG");
-    return "{\\pict\\pngblip\\picwgoal300\\pichgoal150 " + png.toHex().toStdString() + "}";
+    return R"({\pict\pngblip\picwgoal300\pichgoal150 )" + png.toHex().toStdString() + "}";
 }
 
 // Documents with each of the things that the control shows or keeps.
 const std::string documents[] = {
-    "{\\rtf1 }",
-    "{\\rtf1\\ansi one line}",
-    "{\\rtf1\\ansi one\\par two\\par\\par}",
-    "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1\\fcharset204 Times New Roman;}}\\f0 a{\\f1\\fs28 "
-    "b}\\par\\fs20\\par c}",
-    "{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}{\\b b}{\\i i}{\\ul u}{\\strike s}{\\cf1 red}{\\v hid}"
-    "{\\super up}{\\sub low}{\\caps big}{\\scaps small}{\\highlight1 lit}\\par}",
-    "{\\rtf1\\ansi\\qr right\\par\\pard\\qc centre\\par\\pard\\qj "
-    "even\\par\\pard\\li720\\ri360\\fi-180\\sb120\\sa60 in\\par}",
-    "{\\rtf1\\ansi{\\pntext\\'b7\\tab}{\\*\\pn\\pnlvlblt{\\pntxtb\\'b7}}\\fi-360\\li720 one\\par "
-    "{\\pntext\\'b7\\tab}two\\par\\pard plain\\par}",
-    "{\\rtf1\\ansi a\\line b\\tab c\\page d\\~e\\u1087?\\u-10179?\\u-8704?\\par}",
-    "{\\rtf1\\ansi see {\\field{\\*\\fldinst{HYPERLINK \"https://example.org/\"}}{\\fldrslt there}} "
-    "now\\par}",
-    "{\\rtf1\\ansi pic " + pictureRtf() + " and note{\\footnote a {\\b note}} end\\par}",
-    "{\\rtf1\\ansi{\\stylesheet{\\s1 Heading;}}{\\info{\\author A}}\\paperw11906{\\header "
-    "top\\par}\\s1\\tx720 a\\par"
-    "\\sect\\sectd\\sbknone{\\footer low\\par}b\\par c\\par}",
+    R"({\rtf1 })",
+    R"({\rtf1\ansi one line})",
+    R"({\rtf1\ansi one\par two\par\par})",
+    R"({\rtf1\ansi{\fonttbl{\f0 Arial;}{\f1\fcharset204 Times New Roman;}}\f0 a{\f1\fs28 b}\par\fs20\par c})",
+    R"({\rtf1\ansi{\colortbl;\red255\green0\blue0;}{\b b}{\i i}{\ul u}{\strike s}{\cf1 red}{\v hid})" +
+        std::string(R"({\super up}{\sub low}{\caps big}{\scaps small}{\highlight1 lit}\par})"),
+    R"({\rtf1\ansi\qr right\par\pard\qc centre\par\pard\qj even\par\pard\li720\ri360\fi-180\sb120\sa60 in\par})",
+    R"({\rtf1\ansi{\pntext\'b7\tab}{\*\pn\pnlvlblt{\pntxtb\'b7}}\fi-360\li720 one\par )" +
+        std::string(R"({\pntext\'b7\tab}two\par\pard plain\par})"),
+    R"({\rtf1\ansi a\line b\tab c\page d\~e\u1087?\u-10179?\u-8704?\par})",
+    R"({\rtf1\ansi see {\field{\*\fldinst{HYPERLINK "https://example.org/"}}{\fldrslt there}} now\par})",
+    R"({\rtf1\ansi pic )" + pictureRtf() + R"( and note{\footnote a {\b note}} end\par})",
+    R"({\rtf1\ansi{\stylesheet{\s1 Heading;}}{\info{\author A}}\paperw11906{\header top\par}\s1\tx720 a\par)" +
+        std::string(R"(\sect\sectd\sbknone{\footer low\par}b\par c\par})"),
 };
 
 } // namespace
@@ -169,7 +165,7 @@ TEST_F(RichText, Bullets_OfAFile_CanBeTakenAwayAndGiven) {
 TEST_F(RichText, SaveFile_AfterASectionsParagraphWasCut_WritesTheSectionOnce) {
     const fakes::TemporaryFolder folder;
     rtb.setText(u"");
-    folder.write("in.rtf", "{\\rtf1 a\\par\\sect\\sectd\\sbknone bc\\par}");
+    folder.write("in.rtf", R"({\rtf1 a\par\sect\sectd\sbknone bc\par})");
     rtb.LoadFile(folder.text("in.rtf"));
     rtb.Find(u"c", 0, 0);
     rtb.setSelText(u"\r\nc");

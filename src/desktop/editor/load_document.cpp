@@ -1,0 +1,85 @@
+#include "desktop/editor/load_document.h"
+
+#include "base/carry_on.h"
+#include "base/files.h"
+#include "desktop/editor/rtf_bridge.h"
+#include "desktop/editor/text_units.h"
+#include "rtf/rtf_reader.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace desktop {
+
+namespace {
+
+// Qt lays a paragraph out as a whole, 2 million units in a second, each in 45 bytes.
+constexpr std::ptrdiff_t longestParagraph = 10'000'000; // units
+constexpr std::uintmax_t largestFile = 100'000'000;     // bytes
+
+[[noreturn]] void refuse(base::TextView path) {
+    throw base::Failure("The file is too large: " + base::toUtf8(path));
+}
+
+base::Text decodeUtf16(std::string_view bytes, std::size_t low, std::size_t high) {
+    base::Text text(bytes.size() / 2, u'\0');
+    for (std::size_t i = 0; i < text.size(); ++i)
+        text[i] = static_cast<char16_t>(static_cast<unsigned char>(bytes[2 * i + low]) |
+                                        static_cast<unsigned char>(bytes[2 * i + high]) << 8U);
+    return text;
+}
+
+base::Text decode(std::string_view bytes, const base::CodePage& page) {
+    if (bytes.starts_with("\xFF\xFE"))
+        return decodeUtf16(bytes.substr(2), 0, 1);
+    if (bytes.starts_with("\xFE\xFF"))
+        return decodeUtf16(bytes.substr(2), 1, 0);
+    return base::decodeFile(bytes, page);
+}
+
+bool hasLongParagraph(base::TextView text) {
+    for (auto begin = text.begin(); text.end() - begin > longestParagraph;) {
+        const auto limit = begin + longestParagraph;
+        const auto end = std::find_if(std::make_reverse_iterator(limit), std::make_reverse_iterator(begin),
+                                      [](char16_t unit) { return unit == u'\n' || unit == u'\r'; });
+        if (end.base() == begin)
+            return true;
+        begin = end.base();
+    }
+    return false;
+}
+
+bool hasLongParagraph(const rtf::Document& document) {
+    return std::any_of(document.paragraphs.begin(), document.paragraphs.end(),
+                       [](const rtf::Paragraph& paragraph) { return paragraph.length > longestParagraph; });
+}
+
+} // namespace
+
+std::unique_ptr<EditorDocument> documentOfText(base::TextView text, const QFont& font) {
+    auto document = std::make_unique<EditorDocument>(font);
+    document->setPlainText(documentText(text));
+    return document;
+}
+
+std::unique_ptr<EditorDocument> loadDocument(base::TextView path, const base::CodePage& page,
+                                             const QFont& font) {
+    std::error_code unknown;
+    if (const auto size = std::filesystem::file_size(base::toUtf8(path), unknown);
+        !unknown && size > largestFile)
+        refuse(path);
+    const std::string bytes = base::readFile(path);
+    if (rtf::isRtf(bytes)) {
+        rtf::Document source = rtf::read(bytes);
+        if (hasLongParagraph(source))
+            refuse(path);
+        return documentOfRtf(std::move(source), font);
+    }
+    const base::Text text = decode(bytes, page);
+    if (hasLongParagraph(text))
+        refuse(path);
+    return documentOfText(text, font);
+}
+
+} // namespace desktop
