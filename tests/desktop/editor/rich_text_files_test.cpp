@@ -61,7 +61,8 @@ TEST_F(RichText, LoadFile_OfWhatCannotBeRead_LeavesTheOldText) {
 
 TEST_F(RichText, LoadFile_OfWhatIsTooLong_LeavesTheOldText) {
     const fakes::TemporaryFolder folder;
-    const std::string line(10'000'001, 'x');
+    std::string line;
+    line.resize(10'000'001, 'x');
     folder.write("large", "");
     std::filesystem::resize_file(folder.path() / "large", 200'000'000);
     folder.write("line", line);

@@ -29,8 +29,9 @@ const std::string documents[] = {
     R"({\rtf1\ansi one line})",
     R"({\rtf1\ansi one\par two\par\par})",
     R"({\rtf1\ansi{\fonttbl{\f0 Arial;}{\f1\fcharset204 Times New Roman;}}\f0 a{\f1\fs28 b}\par\fs20\par c})",
-    R"({\rtf1\ansi{\colortbl;\red255\green0\blue0;}{\b b}{\i i}{\ul u}{\strike s}{\cf1 red}{\v hid})" +
-        std::string(R"({\super up}{\sub low}{\caps big}{\scaps small}{\highlight1 lit}\par})"),
+    R"({\rtf1\ansi{\colortbl;\red255\green0\blue0;}{\b b}{\i i}{\ul u}{\strike s})" +
+        std::string(
+            R"({\cf1 red}{\v hid}{\super up}{\sub low}{\caps big}{\scaps small}{\highlight1 lit}\par})"),
     R"({\rtf1\ansi\qr right\par\pard\qc centre\par\pard\qj even\par\pard\li720\ri360\fi-180\sb120\sa60 in\par})",
     R"({\rtf1\ansi{\pntext\'b7\tab}{\*\pn\pnlvlblt{\pntxtb\'b7}}\fi-360\li720 one\par )" +
         std::string(R"({\pntext\'b7\tab}two\par\pard plain\par})"),
