@@ -28,7 +28,7 @@ QTextBlock blockAt(const QTextDocument& document, std::int64_t position) {
 
 QString documentText(base::TextView text) {
     QString result(static_cast<qsizetype>(text.size()), Qt::Uninitialized);
-    char16_t* const begin = reinterpret_cast<char16_t*>(result.data());
+    auto* const begin = reinterpret_cast<char16_t*>(result.data());
     char16_t* to = begin;
     for (std::size_t i = 0; i < text.size(); ++i) {
         switch (const char16_t unit = text[i]) {
