@@ -108,6 +108,7 @@ void RichTextEdit::mousePressEvent(QMouseEvent* event) {
     QTextEdit::mousePressEvent(event);
     // Qt numbers left, right and middle as the program does.
     MouseDown(static_cast<int>(event->button()) & 7);
+    event->accept();
 }
 
 void RichTextEdit::dropEvent(QDropEvent* event) {

@@ -17,22 +17,22 @@ base::Text decodeUtf16(std::string_view bytes, std::size_t low, std::size_t high
     return text;
 }
 
+// The source from its first brace on: a mark or blanks in front of it are no part of the text.
+base::TextView withoutBlanks(base::TextView source) {
+    return source.substr(std::min(source.find_first_not_of(u"\uFEFF \t\r\n"), source.size()));
+}
+
 } // namespace
 
 bool isRtfSource(base::TextView source) {
-    constexpr base::TextView mark = u"\uFEFF";
-    constexpr base::TextView whiteSpace = u" \t\r\n";
-    if (source.starts_with(mark))
-        source.remove_prefix(mark.size());
-    source.remove_prefix(std::min(source.find_first_not_of(whiteSpace), source.size()));
     constexpr std::size_t longestOpening = 16;
-    return rtf::isRtf(rtfBytes(source.substr(0, longestOpening)));
+    return rtf::isRtf(rtfBytes(withoutBlanks(source).substr(0, longestOpening)));
 }
 
 std::string rtfBytes(base::TextView source) {
     std::string bytes;
     bytes.reserve(source.size());
-    for (const char16_t unit : source) {
+    for (const char16_t unit : withoutBlanks(source)) {
         if (unit < 0x80)
             bytes += static_cast<char>(unit);
         else

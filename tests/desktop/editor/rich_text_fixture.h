@@ -8,6 +8,15 @@
 
 namespace tests {
 
+// The control with its clipboard side open.
+class Control : public desktop::RichTextEdit {
+public:
+    using RichTextEdit::canInsertFromMimeData;
+    using RichTextEdit::createMimeDataFromSelection;
+    using RichTextEdit::insertFromMimeData;
+    using RichTextEdit::RichTextEdit;
+};
+
 // A text window with its changes counted.
 class RichText : public testing::Test {
 protected:
@@ -21,15 +30,16 @@ protected:
     }
     // The text with its selection between brackets: "a[b]c", "a|bc".
     std::string shown() const {
-        std::string text = base::toUtf8(rtb.Text());
+        base::Text text = rtb.Text();
         const auto start = static_cast<std::size_t>(rtb.SelStart());
         const auto length = static_cast<std::size_t>(rtb.SelLength());
-        if (length == 0)
-            return text.insert(start, "|");
-        return text.insert(start + length, "]").insert(start, "[");
+        if (length > 0)
+            text.insert(start + length, u"]");
+        text.insert(start, length > 0 ? u"[" : u"|");
+        return base::toUtf8(text);
     }
 
-    desktop::RichTextEdit rtb{base::CodePage(1252)};
+    Control rtb{base::CodePage(1252)};
     int changes = 0;
 };
 
