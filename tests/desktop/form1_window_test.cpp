@@ -15,7 +15,6 @@
 #include <gtest/gtest.h>
 #include <optional>
 
-using desktop::pixels;
 using desktop::qstring;
 using fakes::eventually;
 

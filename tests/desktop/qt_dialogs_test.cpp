@@ -15,6 +15,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+using namespace std::string_literals;
 using desktop::qstring;
 using fakes::eventually;
 using platform::Answer;
@@ -40,7 +41,8 @@ void whenOpen(std::function<void(Dialog&)> act) {
     });
 }
 
-class FileDlgTest : public testing::Test {
+class FileDlgTest
+    : public testing::Test { // NOLINT(cppcoreguidelines-virtual-class-destructor): as gtest's own
 protected:
     FileDlgTest() {
         request.open = true;
@@ -157,7 +159,7 @@ TEST_F(FileDlgTest, Filters_LetThroughWhatTheyName) {
     for (const char* name : {"a.mp3", "B.MP3", "c.wav", "d.txt", "noPoint"})
         folder.write(name, "");
     request.title = u"Open media file";
-    request.filter = base::Text(u"Media files\0*.mp3;*.wav\0All files\0*.*\0\0", 40);
+    request.filter = u"Media files\0*.mp3;*.wav\0All files\0*.*\0\0"s;
     const base::Text chosen = ask([](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Open media file"));
         EXPECT_EQ(dialog.nameFilters().size(), 2);

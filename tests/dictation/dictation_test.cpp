@@ -1,7 +1,5 @@
 #include "fakes/workbench.h"
 
-using testing::ElementsAre;
-
 // Phases are 5 s of play and 3 s of pause, with 2 s back; typing holds a phase.
 class DictationTest : public testing::Test {
 protected:
