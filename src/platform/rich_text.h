@@ -36,8 +36,9 @@ struct KeyEvent {
 
 // One document of rich text with a selection. Positions and lengths count UTF-16 units, the end of a
 // paragraph counting two (CR LF); one that lies outside the text is taken as the nearest inside, one inside a
-// pair as the place before it. What the control cannot do throws base::Failure and changes nothing. The
-// control keeps no undo of its own.
+// pair as the place before it. A line break inside of a paragraph is the one unit U+000B, a picture or
+// another object U+FFFC. What the control cannot do throws base::Failure and changes nothing. The control
+// keeps no undo of its own.
 class RichText {
 public:
     RichText() = default;
