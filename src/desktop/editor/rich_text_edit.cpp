@@ -22,6 +22,11 @@ namespace {
 constexpr double smallestSize = 1;   // points
 constexpr double largestSize = 1638; // points
 
+base::Text selectedText(const QTextCursor& cursor) {
+    const QString selected = cursor.selectedText();
+    return programText(selected, static_cast<int>(selected.count(QChar(documentParagraphEnd))));
+}
+
 } // namespace
 
 RichTextEdit::RichTextEdit(const base::CodePage& page, QWidget* parent) : QTextEdit(parent), page_(page) {
@@ -40,14 +45,16 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     document_ = document.release();
     document_->setParent(this);
     connect(document_, &QTextDocument::contentsChange, this,
-            [this](int, int removed, int added) { noteChange(removed, added); });
+            [this](int position, int removed, int added) { noteChange(position, removed, added); });
     setDocument(document_);
     delete before;
+    stretch_.noteAll(*document_);
 }
 
-void RichTextEdit::noteChange(int removed, int added) {
+void RichTextEdit::noteChange(int position, int removed, int added) {
     if (removed == added && sameLength_ == SameLength::Format)
         return;
+    stretch_.note(*document_, position, added);
     changed_ = true;
     if (editing_ == 0)
         edit(SameLength::Format, [] {});
@@ -66,6 +73,14 @@ void RichTextEdit::setText(base::TextView text) {
 
 std::int32_t RichTextEdit::textLength() const {
     return programLength(*document_);
+}
+
+platform::TextChange RichTextEdit::takeChange() {
+    const ChangedStretch::Range range = stretch_.take();
+    QTextCursor cursor(document_);
+    cursor.setPosition(documentUnit(*document_, range.begin));
+    cursor.setPosition(documentUnit(*document_, range.begin + range.added), QTextCursor::KeepAnchor);
+    return {range.begin, range.removed, selectedText(cursor)};
 }
 
 std::int32_t RichTextEdit::SelStart() const {
@@ -99,8 +114,7 @@ TextRange RichTextEdit::selectedRange() const {
 }
 
 base::Text RichTextEdit::SelText() const {
-    const QString selected = textCursor().selectedText();
-    return programText(selected, static_cast<int>(selected.count(QChar(documentParagraphEnd))));
+    return selectedText(textCursor());
 }
 
 void RichTextEdit::setSelText(base::TextView text) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/code_page.h"
+#include "desktop/editor/changed_stretch.h"
 #include "desktop/editor/editor_document.h"
 #include "desktop/editor/text_units.h"
 #include "platform/rich_text.h"
@@ -20,6 +21,7 @@ public:
     base::Text Text() const override;
     void setText(base::TextView text) override;
     std::int32_t textLength() const override;
+    platform::TextChange takeChange() override;
 
     std::int32_t SelStart() const override;
     void setSelStart(std::int32_t position) override;
@@ -71,7 +73,7 @@ private:
     // Does something that may change the text; tells of the change, once, when all is done.
     template <typename Work>
     void edit(SameLength meaning, Work&& work);
-    void noteChange(int removed, int added);
+    void noteChange(int position, int removed, int added);
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
@@ -81,6 +83,7 @@ private:
     int editing_ = 0;                    // how many edits are under way, one within the other
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
+    ChangedStretch stretch_; // of what nobody has asked for yet
 };
 
 // Runs in the control's own files only.
