@@ -11,7 +11,6 @@ using Routine = std::function<void()>;
 
 // Key codes; a letter is its own.
 enum Key {
-    escapeKey = 27,
     f1 = 112,
     f3 = 114,
     f4 = 115,
@@ -48,7 +47,7 @@ EditorKeys::EditorKeys(Form2& form, Toolbar& toolbar, player::Form1& player)
     form_.RTB.KeyDown = [this](platform::KeyEvent& key) { RTB_KeyDown(key); };
     form_.RTB.KeyUp = [this](const platform::KeyEvent& key) { RTB_KeyUp(key); };
     form_.RTB.MouseDown = [this](int button) { RTB_MouseDown(button); };
-    form_.KeyDown = [this](int keyCode) { Form_KeyDown(keyCode); };
+    form_.KeyDown = [this](const platform::KeyEvent& key) { Form_KeyDown(key); };
 }
 
 void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
@@ -143,8 +142,8 @@ void EditorKeys::RTB_MouseDown(int button) {
         form_.PopupMenu(form_.mnuModifica);
 }
 
-void EditorKeys::Form_KeyDown(int keyCode) {
-    if (keyCode == escapeKey)
+void EditorKeys::Form_KeyDown(const platform::KeyEvent& key) {
+    if (key.keyCode == platform::escapeKey)
         run(player_.mnuEsci.Click);
 }
 

@@ -16,7 +16,7 @@ public:
     // The right button opens the edit menu at the pointer.
     void RTB_MouseDown(int button);
     // A key that no control of the window has taken.
-    void Form_KeyDown(int keyCode);
+    void Form_KeyDown(const platform::KeyEvent& key);
 
 private:
     // Commands of the editor and the player, whose keys are pressed with Ctrl alone.
