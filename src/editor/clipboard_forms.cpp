@@ -25,16 +25,12 @@ void ClipboardForms::Form_Load() {
 }
 
 void ClipboardForms::copySelection() {
-    base::Text rtf;
-    base::carryOn([&] { rtf = form_.RTB.SelRTF(); });
-    replaceBy(rtf);
-    form_.Combo1.tag = rtf;
-    form_.Combo2.tag = form_.RTB.SelText();
-}
-
-void ClipboardForms::replaceBy(const base::Text& text) {
     base::carryOn([&] { clipboard_.Clear(); });
-    base::carryOn([&] { clipboard_.SetText(text); });
+    base::carryOn([&] {
+        form_.Combo1.tag = form_.RTB.SelRTF();
+        clipboard_.SetText(form_.Combo1.tag.get());
+    });
+    form_.Combo2.tag = form_.RTB.SelText();
 }
 
 void ClipboardForms::mnuCopia_Click() {
@@ -63,7 +59,9 @@ void ClipboardForms::mnuIncolla_Click() {
 void ClipboardForms::Timer1_Timer() {
     if (ClipRtfOn == form_.active)
         return;
-    replaceBy(form_.active ? form_.Combo1.tag : form_.Combo2.tag);
+    const base::Text& form = form_.active ? form_.Combo1.tag : form_.Combo2.tag;
+    base::carryOn([&] { clipboard_.Clear(); });
+    base::carryOn([&] { clipboard_.SetText(form); });
     ClipRtfOn = form_.active;
 }
 

@@ -5,9 +5,9 @@
 
 namespace editor {
 
-// Copy, cut and paste through one clipboard in two forms: while the editor is in front it holds the RTF source of
-// the last copy, for the editor's own paste, and behind any other window the plain text of it. The change of
-// sides replaces whatever the clipboard holds. The tags of the two font boxes keep the two forms.
+// Copy, cut and paste through one clipboard in two forms: while the editor is in front it holds the RTF
+// source of the last copy, for the editor's own paste, and behind any other window the plain text of it. The
+// change of sides replaces whatever the clipboard holds. The tags of the two font boxes keep the two forms.
 class ClipboardForms {
 public:
     ClipboardForms(Form2& form, platform::Clipboard& clipboard);
@@ -21,7 +21,6 @@ public:
 
 private:
     void copySelection();
-    void replaceBy(const base::Text& text);
 
     Form2& form_;
     platform::Clipboard& clipboard_;

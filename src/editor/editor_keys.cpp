@@ -22,14 +22,10 @@ enum Key {
     f11 = 122,
 };
 
-constexpr int rightButton = 2;
+constexpr int rightMouseButton = 2;
 
-// Buttons of the toolbar.
-constexpr int bold = 4;
-constexpr int italic = 5;
-constexpr int underline = 6;
-
-// Letters that act when they are released: what the control itself would do with them at the press never runs.
+// Letters that act when they are released: what the control itself would do with them at the press never
+// runs.
 constexpr base::TextView actOnRelease = u"XCVZIY";
 
 constexpr base::TextView italian = u"italiano.lng";
@@ -114,22 +110,19 @@ void EditorKeys::giveEditCommand(int keyCode) {
 void EditorKeys::giveStyleCommand(int keyCode) {
     const bool isItalian = base::lowered(form_.Lingua.FileLingua) == italian;
     if (keyCode == 'I')
-        toolbar_.Label2_Click(italic);
+        toolbar_.Label2_Click(italicButton);
     if (keyCode == (isItalian ? 'G' : 'B'))
-        toolbar_.Label2_Click(bold);
+        toolbar_.Label2_Click(boldButton);
     if (keyCode == (isItalian ? 'S' : 'U'))
-        toolbar_.Label2_Click(underline);
+        toolbar_.Label2_Click(underlineButton);
 }
 
 // With any modifier: Ctrl+F6 slows down on its press and steps back on its release.
 void EditorKeys::givePlayerCommand(int keyCode) {
     const std::pair<int, const Routine&> rows[] = {
-        {f1, player_.mnuGuida.Click},
-        {f5, player_.cmdPlay.Click},
-        {f6, player_.cmdIndietro.Click},
-        {f7, player_.cmdAvanz.Click},
-        {f8, player_.mnuBookMark.Click},
-        {f9, player_.mnuImpostaAudio.Click},
+        {f1, player_.mnuGuida.Click},           {f5, player_.cmdPlay.Click},
+        {f6, player_.cmdIndietro.Click},        {f7, player_.cmdAvanz.Click},
+        {f8, player_.mnuBookMark.Click},        {f9, player_.mnuImpostaAudio.Click},
         {f11, player_.mnuTitoloCompleto.Click},
     };
     for (const auto& [code, command] : rows)
@@ -138,7 +131,7 @@ void EditorKeys::givePlayerCommand(int keyCode) {
 }
 
 void EditorKeys::RTB_MouseDown(int button) {
-    if (button == rightButton)
+    if (button == rightMouseButton)
         form_.PopupMenu(form_.mnuModifica);
 }
 

@@ -6,7 +6,8 @@
 
 namespace editor {
 
-// The keys and the mouse in the text: what is taken from the control and given to the player or to the program.
+// The keys and the mouse in the text: what is taken from the control and given to the player or to the
+// program.
 class EditorKeys {
 public:
     EditorKeys(Form2& form, Toolbar& toolbar, player::Form1& player);

@@ -7,11 +7,8 @@ namespace editor {
 
 template <typename Thing>
 std::uint32_t SnapshotStore::Slab<Thing>::take() {
-    if (!free_.empty()) {
-        const std::uint32_t number = free_.back();
-        free_.pop_back();
-        return number;
-    }
+    if (free_ != 0)
+        return std::exchange(free_, (*this)[free_].length);
     if (next_ / blockSize >= blocks_.size())
         blocks_.push_back(std::make_unique<Thing[]>(blockSize));
     return next_++;
@@ -179,7 +176,8 @@ void SnapshotText::replace(std::int32_t position, std::int32_t removed, base::Te
     assert(position >= 0 && removed >= 0 && removed <= length() - position);
     if (removed > 0 && !inserted.empty()) {
         const base::Text before = text(position, removed);
-        const auto [old, fresh] = std::mismatch(before.begin(), before.end(), inserted.begin(), inserted.end());
+        const auto [old, fresh] =
+            std::mismatch(before.begin(), before.end(), inserted.begin(), inserted.end());
         const auto same = old - before.begin();
         const base::TextView oldRest = base::TextView(before).substr(static_cast<std::size_t>(same));
         inserted.remove_prefix(static_cast<std::size_t>(same));

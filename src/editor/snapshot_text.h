@@ -10,9 +10,10 @@
 
 namespace editor {
 
-// What the snapshots of one text share: a tree of short pieces, of which a changed text copies no more than the
-// path to the piece that changed. A copy of the whole text for each letter typed would take 40 GB for a hundred
-// thousand letters in 200 KB; these take some 300 bytes a letter. Snapshots must not outlive their store.
+// What the snapshots of one text share: a tree of short pieces, of which a changed text copies no more than
+// the path to the piece that changed. A copy of the whole text for each letter typed would take 40 GB for a
+// hundred thousand letters in 200 KB; these take some 300 bytes a letter. Snapshots must not outlive their
+// store.
 class SnapshotStore {
 public:
     SnapshotStore() = default;
@@ -25,8 +26,9 @@ public:
 private:
     friend class SnapshotText;
 
-    // A piece or a node by its number, so that a node with both of its children takes 16 bytes; 0 is the empty
-    // text. A function takes over the ids that it is given as `Owned`, and hands over the one that it returns.
+    // A piece or a node by its number, so that a node with both of its children takes 16 bytes; 0 is the
+    // empty text. A function takes over the ids that it is given as `Owned`, and hands over the one that it
+    // returns.
     using Id = std::uint32_t;
     using Owned = std::uint32_t;
 
@@ -57,17 +59,15 @@ private:
             return blocks_[number / blockSize][number % blockSize];
         }
         std::uint32_t take();
-        void giveBack(std::uint32_t number) { free_.push_back(number); }
-        std::size_t bytes() const {
-            return blocks_.size() * blockSize * sizeof(Thing) + free_.capacity() * sizeof(std::uint32_t);
-        }
+        void giveBack(std::uint32_t number) { (*this)[number].length = std::exchange(free_, number); }
+        std::size_t bytes() const { return blocks_.size() * blockSize * sizeof(Thing); }
 
     private:
         static constexpr std::uint32_t blockSize = 4096;
 
         std::vector<std::unique_ptr<Thing[]>> blocks_;
-        std::vector<std::uint32_t> free_;
-        std::uint32_t next_ = 1;
+        std::uint32_t free_ = 0; // given back last; its length is the number of the one given back before
+        std::uint32_t next_ = 1; // never taken yet
     };
 
     static bool isLeaf(Id id) { return (id & leafFlag) != 0; }
@@ -95,14 +95,15 @@ private:
     Slab<Node> nodes_;
 };
 
-// One state of a text. A copy costs nothing and shares everything; a change of it leaves all copies as they are
-// and takes a time and a memory that grow with the logarithm of the text alone. Positions and lengths are
+// One state of a text. A copy costs nothing and shares everything; a change of it leaves all copies as they
+// are and takes a time and a memory that grow with the logarithm of the text alone. Positions and lengths are
 // UTF-16 units.
 class SnapshotText {
 public:
     explicit SnapshotText(SnapshotStore& store, base::TextView text = {});
     SnapshotText(const SnapshotText& other) : store_(other.store_), root_(store_->retain(other.root_)) {}
-    SnapshotText(SnapshotText&& other) noexcept : store_(other.store_), root_(std::exchange(other.root_, 0)) {}
+    SnapshotText(SnapshotText&& other) noexcept
+        : store_(other.store_), root_(std::exchange(other.root_, 0)) {}
     SnapshotText& operator=(SnapshotText other) noexcept {
         std::swap(store_, other.store_);
         std::swap(root_, other.root_);

@@ -11,6 +11,8 @@ constexpr int typingWatch = 1300; // ms
 Typing::Typing(Form2& form, Document& document, UndoRedo& undoRedo, player::Form1& player)
     : document_(document), undoRedo_(undoRedo), player_(player) {
     form.RTB.Change = [this] { RTB_Change(); };
+    form.mnuAnnulla.Click = [this] { mnuAnnulla_Click(); };
+    form.mnuRipeti.Click = [this] { mnuRipeti_Click(); };
 }
 
 void Typing::Form_Load() {
@@ -27,6 +29,15 @@ void Typing::RTB_Change() {
         player_.Timer6.setInterval(typingWatch);
     if (undoRedo_.RegistraUndo)
         undoRedo_.record();
+}
+
+void Typing::mnuAnnulla_Click() {
+    undoRedo_.EseguiUndo();
+    document_.TestoModificato = 1;
+}
+
+void Typing::mnuRipeti_Click() {
+    undoRedo_.EseguiRedo();
 }
 
 } // namespace editor

@@ -6,7 +6,7 @@
 
 namespace editor {
 
-// What every change of the text sets off, by whomever it was made.
+// What every change of the text sets off, by whomever it was made, and the commands that take it back.
 class Typing {
 public:
     Typing(Form2& form, Document& document, UndoRedo& undoRedo, player::Form1& player);
@@ -14,6 +14,8 @@ public:
     // After the document's own.
     void Form_Load();
     void RTB_Change();
+    void mnuAnnulla_Click();
+    void mnuRipeti_Click();
 
 private:
     Document& document_;

@@ -21,13 +21,8 @@ base::Text DifferenzaTesto(const SnapshotText& a, const SnapshotText& b, std::in
     return longer.text(posizione - d - 1, d);
 }
 
-UndoRedo::UndoRedo(Form2& form, Document& document) : form_(form), document_(document) {
-    form_.mnuAnnulla.Click = [this] { mnuAnnulla_Click(); };
-    form_.mnuRipeti.Click = [this] { mnuRipeti_Click(); };
-}
-
 const SnapshotText& UndoRedo::current() {
-    const platform::TextChange change = form_.RTB.takeChange();
+    const platform::TextChange change = RTB_.takeChange();
     text_.replace(change.position, change.removed, change.inserted);
     return text_;
 }
@@ -35,16 +30,7 @@ const SnapshotText& UndoRedo::current() {
 void UndoRedo::record() {
     redo_.clear();
     const SnapshotText& text = current();
-    undo_.push_back({form_.RTB.SelStart(), text.length(), text});
-}
-
-void UndoRedo::mnuAnnulla_Click() {
-    EseguiUndo();
-    document_.TestoModificato = 1;
-}
-
-void UndoRedo::mnuRipeti_Click() {
-    EseguiRedo();
+    undo_.push_back({RTB_.SelStart(), text.length(), text});
 }
 
 void UndoRedo::EseguiUndo() {
@@ -55,7 +41,7 @@ void UndoRedo::EseguiUndo() {
         undo_.pop_back();
     }
     RegistraUndo = true;
-    form_.RTB.SetFocus();
+    RTB_.SetFocus();
 }
 
 void UndoRedo::undoLast() {
@@ -80,12 +66,12 @@ void UndoRedo::EseguiRedo() {
         redo_.pop_back();
     }
     RegistraUndo = true;
-    form_.RTB.SetFocus();
+    RTB_.SetFocus();
 }
 
 void UndoRedo::redoLast() {
     const UndoElement& next = redo_.back();
-    const std::int32_t shorter = form_.RTB.textLength() - next.TextLen;
+    const std::int32_t shorter = RTB_.textLength() - next.TextLen;
     if (shorter > 0) {
         takeOut(next.SelStart, shorter);
         return;
@@ -98,23 +84,21 @@ void UndoRedo::redoLast() {
 }
 
 void UndoRedo::takeOut(std::int32_t position, std::int32_t length) {
-    platform::RichText& RTB = form_.RTB;
-    RTB.setSelStart(position);
-    RTB.setSelLength(length);
-    base::carryOn([&] { RTB.setSelText({}); });
+    RTB_.setSelStart(position);
+    RTB_.setSelLength(length);
+    base::carryOn([&] { RTB_.setSelText({}); });
 }
 
 void UndoRedo::putIn(std::int32_t position, const base::Text& chg) {
-    platform::RichText& RTB = form_.RTB;
     const auto length = static_cast<std::int32_t>(chg.size());
-    RTB.setSelStart(position);
-    RTB.setSelLength(0);
-    base::carryOn([&] { RTB.setSelText(chg); });
-    RTB.setSelStart(position);
+    RTB_.setSelStart(position);
+    RTB_.setSelLength(0);
+    base::carryOn([&] { RTB_.setSelText(chg); });
+    RTB_.setSelStart(position);
     if (length < 2 || chg == lineBreak)
-        RTB.setSelStart(RTB.SelStart() + length);
+        RTB_.setSelStart(RTB_.SelStart() + length);
     else
-        RTB.setSelLength(length);
+        RTB_.setSelLength(length);
 }
 
 } // namespace editor

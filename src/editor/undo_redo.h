@@ -1,8 +1,7 @@
 #pragma once
 
-#include "editor/document.h"
-#include "editor/form2.h"
 #include "editor/snapshot_text.h"
+#include "platform/rich_text.h"
 
 #include <deque>
 
@@ -19,17 +18,15 @@ struct UndoElement {
 // counted from 1. It compares nothing. Throws base::Failure for a run that would begin before the text.
 base::Text DifferenzaTesto(const SnapshotText& a, const SnapshotText& b, std::int32_t posizione);
 
-// Undo and redo of the plain text, a record a change, without a limit of depth. Formats are neither recorded nor
-// restored.
+// Undo and redo of the plain text, a record a change, without a limit of depth. Formats are neither recorded
+// nor restored.
 class UndoRedo {
 public:
-    UndoRedo(Form2& form, Document& document);
+    explicit UndoRedo(platform::RichText& text) : RTB_(text) {}
 
     // Records the text as a change has left it, which ends the redo chain.
     void record();
 
-    void mnuAnnulla_Click();
-    void mnuRipeti_Click();
     void EseguiUndo();
     void EseguiRedo();
 
@@ -49,8 +46,7 @@ private:
     void takeOut(std::int32_t position, std::int32_t length);
     void putIn(std::int32_t position, const base::Text& chg);
 
-    Form2& form_;
-    Document& document_;
+    platform::RichText& RTB_;
     SnapshotStore store_;
     SnapshotText text_{store_}; // what the control held when it was last asked for its changes
     std::deque<UndoElement> undo_;

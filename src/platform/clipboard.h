@@ -20,8 +20,8 @@ public:
     // Holds this text, as plain text and in no other form.
     virtual void SetText(base::TextView text) = 0;
     // What the clipboard holds in that form: for RTF a source of ASCII; for Text the plain text of any other
-    // form too. Empty when it does not hold the form, when its owner does not answer within a moment, and when it
-    // is larger than anybody could want in a text.
+    // form too. Empty when it does not hold the form, when its owner does not answer within a moment, and
+    // when it is larger than anybody could want in a text.
     virtual base::Text GetText(ClipboardFormat format) = 0;
 };
 

@@ -22,9 +22,7 @@ public:
     void type(base::TextView typed) { setSelText(typed); }
 
     base::Text Text() const override { return text_; }
-    platform::TextChange takeChange() override {
-        return {0, std::exchange(told_, textLength()), text_};
-    }
+    platform::TextChange takeChange() override { return {0, std::exchange(told_, textLength()), text_}; }
     void setText(base::TextView text) override {
         text_ = text;
         start_ = length_ = 0;

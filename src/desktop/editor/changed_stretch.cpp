@@ -30,7 +30,8 @@ void ChangedStretch::add(Range change) {
     }
     const std::int32_t begin = std::min(range_.begin, change.begin);
     const std::int32_t end = std::max(range_.begin + range_.added, change.begin + change.removed);
-    range_ = {begin, end - begin + range_.removed - range_.added, end - begin + change.added - change.removed};
+    range_ = {begin, end - begin + range_.removed - range_.added,
+              end - begin + change.added - change.removed};
 }
 
 ChangedStretch::Range ChangedStretch::take() {
