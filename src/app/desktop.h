@@ -2,6 +2,7 @@
 
 #include "base/code_page.h"
 #include "editor/form2.h"
+#include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/media_player.h"
@@ -20,6 +21,7 @@ public:
     virtual platform::EventLoop& eventLoop() = 0;
     virtual platform::Dialogs& dialogs() = 0;
     virtual platform::MediaPlayer& mediaPlayer() = 0;
+    virtual platform::Clipboard& clipboard() = 0;
     // The text of the editor, which its window shows.
     virtual platform::RichText& richText() = 0;
     // The single-byte page that goes with the user's language.

@@ -8,6 +8,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEventLoop>
+#include <QMenu>
 #include <QMimeData>
 #include <QWindow>
 
@@ -44,6 +45,10 @@ void FormWindow::begin() {
         activateWindow();
     };
     form_.showModal = [this] { showModal(); };
+    form_.PopupMenu = [this](const controls::MenuItem& item) {
+        if (auto* const menu = findChild<QMenu*>(qstring(item.name)))
+            menu->popup(QCursor::pos());
+    };
     adjustSize();
     form_.observe([this] { follow(); });
     follow();

@@ -10,7 +10,9 @@ constexpr int quietAfter = 1500; // ms from the first window on
 
 } // namespace
 
-QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {}
+QtDesktop::QtDesktop()
+    : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {
+}
 
 void QtDesktop::show(player::Form1& form) {
     form1_ = std::make_unique<Form1Window>(form);

@@ -4,7 +4,9 @@
 #include "desktop/editor/rich_text_edit.h"
 #include "desktop/form1_window.h"
 #include "desktop/form2_window.h"
+#include "desktop/key_repeats.h"
 #include "desktop/lazy_player.h"
+#include "desktop/qt_clipboard.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
 #include "desktop/qt_system.h"
@@ -22,6 +24,7 @@ public:
     platform::EventLoop& eventLoop() override { return eventLoop_; }
     platform::Dialogs& dialogs() override { return dialogs_; }
     platform::MediaPlayer& mediaPlayer() override { return player_; }
+    platform::Clipboard& clipboard() override { return clipboard_; }
     platform::RichText& richText() override { return text_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void show(player::Form1& form) override;
@@ -37,6 +40,8 @@ private:
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
+    QtClipboard clipboard_{QClipboard::Clipboard};
+    KeyRepeats keyRepeats_;
     RichTextEdit text_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;

@@ -4,10 +4,12 @@
 #include "desktop/editor/changed_stretch.h"
 #include "desktop/editor/editor_document.h"
 #include "desktop/editor/text_units.h"
+#include "desktop/qt_clipboard.h"
 #include "platform/rich_text.h"
 
 #include <QTextEdit>
 #include <memory>
+#include <set>
 
 namespace desktop {
 
@@ -60,6 +62,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
@@ -84,6 +87,8 @@ private:
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
     ChangedStretch stretch_; // of what nobody has asked for yet
+    std::set<int> pressed_;  // keys of Qt that went down in the text and are not up again
+    QtClipboard selection_{QClipboard::Selection};
 };
 
 // Runs in the control's own files only.
