@@ -6,6 +6,7 @@
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
 #include "desktop/qt_system.h"
+#include "desktop/standard_words.h"
 
 #include <memory>
 
@@ -21,6 +22,7 @@ public:
     platform::Dialogs& dialogs() override { return dialogs_; }
     platform::MediaPlayer& mediaPlayer() override { return player_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
+    void speak(const base::Text& fileLingua) override;
     void show(player::Form1& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
@@ -33,6 +35,7 @@ private:
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
+    std::unique_ptr<StandardWords> words_;
     std::unique_ptr<Form1Window> form1_;
 };
 

@@ -116,6 +116,7 @@ public:
     platform::Dialogs& dialogs() override { return dialogPort; }
     platform::MediaPlayer& mediaPlayer() override { return player; }
     base::CodePage codePage() override { return base::CodePage(1252); }
+    void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
         form1 = &form;
         form.screen.width = 28800;
