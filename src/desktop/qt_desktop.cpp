@@ -11,7 +11,7 @@ constexpr int quietAfter = 1500; // ms from the first window on
 
 } // namespace
 
-QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so") {}
+QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {}
 
 void QtDesktop::speak(const base::Text& fileLingua) {
     words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));
@@ -22,8 +22,13 @@ void QtDesktop::show(player::Form1& form) {
     form1_ = std::make_unique<Form1Window>(form);
 }
 
+void QtDesktop::show(editor::Form2& form) {
+    form2_ = std::make_unique<Form2Window>(form, text_);
+}
+
 void QtDesktop::closeWindows() {
     player_.release();
+    form2_.reset();
     form1_.reset();
 }
 
