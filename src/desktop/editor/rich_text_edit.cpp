@@ -3,6 +3,7 @@
 #include "base/carry_on.h"
 #include "base/files.h"
 #include "desktop/conversions.h"
+#include "desktop/editor/layout_limits.h"
 #include "desktop/editor/load_document.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
@@ -21,6 +22,14 @@ namespace {
 
 constexpr double smallestSize = 1;   // points
 constexpr double largestSize = 1638; // points
+
+// Text that goes in at the caret is laid out at once, not in idle moments as that of a file is.
+constexpr std::size_t largestInsertion = 10'000'000; // units, some seconds
+
+void refuseIf(bool tooLarge) {
+    if (tooLarge)
+        throw base::Failure("The text is too large to be inserted");
+}
 
 base::Text selectedText(const QTextCursor& cursor) {
     const QString selected = cursor.selectedText();
@@ -134,14 +143,20 @@ base::Text RichTextEdit::SelRTF() const {
 
 void RichTextEdit::setSelRTF(base::TextView source) {
     edit(SameLength::Replacement, [&] {
-        if (!isRtfSource(source)) {
-            replaceSelection(source);
+        if (isRtfSource(source)) {
+            insertSource(rtf::read(rtfBytes(source)));
             return;
         }
-        QTextCursor cursor = textCursor();
-        insertRtf(cursor, *document_, rtf::read(rtfBytes(source)));
-        setTextCursor(cursor);
+        refuseIf(source.size() > largestInsertion || cannotBeLaidOut(source));
+        replaceSelection(source);
     });
+}
+
+void RichTextEdit::insertSource(const rtf::Document& source) {
+    refuseIf(source.text.size() > largestInsertion || cannotBeLaidOut(source));
+    QTextCursor cursor = textCursor();
+    insertRtf(cursor, *document_, source);
+    setTextCursor(cursor);
 }
 
 void RichTextEdit::setSelFontName(base::TextView name) {

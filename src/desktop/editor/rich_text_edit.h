@@ -73,6 +73,26 @@ private:
     // What a change of the document that leaves its length alone is taken for.
     enum class SameLength { Format, Replacement };
 
+    // An edit that is under way, also when it fails.
+    class Editing {
+    public:
+        Editing(RichTextEdit& control, SameLength meaning) : control_(control), before_(control.sameLength_) {
+            ++control_.editing_;
+            if (meaning == SameLength::Replacement)
+                control_.sameLength_ = meaning;
+        }
+        Editing(const Editing&) = delete;
+        Editing& operator=(const Editing&) = delete;
+        ~Editing() {
+            --control_.editing_;
+            control_.sameLength_ = before_;
+        }
+
+    private:
+        RichTextEdit& control_;
+        SameLength before_;
+    };
+
     // Does something that may change the text; tells of the change, once, when all is done.
     template <typename Work>
     void edit(SameLength meaning, Work&& work);
@@ -80,6 +100,7 @@ private:
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
+    void insertSource(const rtf::Document& source);
 
     base::CodePage page_;
     EditorDocument* document_ = nullptr; // a child of this
@@ -94,13 +115,10 @@ private:
 // Runs in the control's own files only.
 template <typename Work>
 void RichTextEdit::edit(SameLength meaning, Work&& work) {
-    const SameLength before = sameLength_;
-    if (meaning == SameLength::Replacement)
-        sameLength_ = meaning;
-    ++editing_;
-    work();
-    --editing_;
-    sameLength_ = before;
+    {
+        const Editing whileAtIt(*this, meaning);
+        work();
+    }
     if (editing_ > 0 || !changed_)
         return;
     changed_ = false;

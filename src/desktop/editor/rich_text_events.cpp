@@ -152,11 +152,9 @@ void RichTextEdit::insertFromMimeData(const QMimeData* source) {
     edit(SameLength::Replacement, [&] {
         const std::string bytes = rtfOffered(*source).toStdString();
         if (rtf::isRtf(bytes)) {
-            QTextCursor cursor = textCursor();
-            insertRtf(cursor, *document_, rtf::read(bytes));
-            setTextCursor(cursor);
+            base::carryOn([&] { insertSource(rtf::read(bytes)); });
         } else if (source->hasText()) {
-            setSelRTF(text(source->text()));
+            base::carryOn([&] { setSelRTF(text(source->text())); });
         } else if (source->hasHtml()) {
             replaceSelection(text(QTextDocumentFragment::fromHtml(source->html()).toPlainText()));
         }
