@@ -5,11 +5,12 @@
 
 namespace desktop {
 
-// The stretch of a document in which all changes lie since it was last taken, in units of the program.
+// The stretch of a document in which all changes lie since it was last taken.
 class ChangedStretch {
 public:
-    // The document tells of a change when it is done; what it tells may be more than what changed.
-    void note(const QTextDocument& document, int position, int added);
+    // The document tells of a change when it is done, in its own units; what it tells may be more than what
+    // changed.
+    void note(const QTextDocument& document, int position, int removed, int added);
     // All of the text gave way to this document's.
     void noteAll(const QTextDocument& document);
 
@@ -18,14 +19,18 @@ public:
         std::int32_t removed = 0; // units that stood here
         std::int32_t added = 0;   // units that stand here now
     };
-    Range take();
+    struct Both {
+        Range program;  // in units of the program
+        Range document; // in those of the document
+    };
+    Both take();
 
 private:
-    void add(Range change);
+    void add(const Both& change);
 
-    Range range_;
+    Both both_;
     bool isEmpty_ = true;
-    std::int32_t length_ = 0; // of the text as it was last told
+    std::int32_t length_ = 0; // of the program's text as it was last told
 };
 
 } // namespace desktop

@@ -14,6 +14,7 @@
 #include "rtf/rtf_writer.h"
 
 #include <QTextBlock>
+#include <algorithm>
 #include <cmath>
 
 namespace desktop {
@@ -31,9 +32,25 @@ void refuseIf(bool tooLarge) {
         throw base::Failure("The text is too large to be inserted");
 }
 
-base::Text selectedText(const QTextCursor& cursor) {
-    const QString selected = cursor.selectedText();
-    return programText(selected, static_cast<int>(selected.count(QChar(documentParagraphEnd))));
+base::Text withCrLf(const QString& text) {
+    return programText(text, static_cast<int>(text.count(QChar(documentParagraphEnd))));
+}
+
+// The end of the last paragraph, which a document counts too, is left out.
+QString textBetween(QTextDocument& document, int begin, int end) {
+    end = std::min(end, document.characterCount() - 1);
+    // A letter or two, which is what most changes are, cost less than a cursor.
+    constexpr int few = 4;
+    if (end - begin <= few) {
+        QString text;
+        for (int place = begin; place < end; ++place)
+            text += document.characterAt(place);
+        return text;
+    }
+    QTextCursor cursor(&document);
+    cursor.setPosition(begin);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    return cursor.selectedText();
 }
 
 } // namespace
@@ -53,6 +70,7 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     EditorDocument* const before = document_;
     document_ = document.release();
     document_->setParent(this);
+    direction_.begin(*document_);
     connect(document_, &QTextDocument::contentsChange, this,
             [this](int position, int removed, int added) { noteChange(position, removed, added); });
     setDocument(document_);
@@ -63,7 +81,8 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
 void RichTextEdit::noteChange(int position, int removed, int added) {
     if (removed == added && sameLength_ == SameLength::Format)
         return;
-    stretch_.note(*document_, position, added);
+    stretch_.note(*document_, position, removed, added);
+    direction_.noteInserted(textBetween(*document_, position, position + added));
     changed_ = true;
     if (editing_ == 0)
         edit(SameLength::Format, [] {});
@@ -85,11 +104,10 @@ std::int32_t RichTextEdit::textLength() const {
 }
 
 platform::TextChange RichTextEdit::takeChange() {
-    const ChangedStretch::Range range = stretch_.take();
-    QTextCursor cursor(document_);
-    cursor.setPosition(documentUnit(*document_, range.begin));
-    cursor.setPosition(documentUnit(*document_, range.begin + range.added), QTextCursor::KeepAnchor);
-    return {range.begin, range.removed, selectedText(cursor)};
+    const ChangedStretch::Both stretch = stretch_.take();
+    const int begin = stretch.document.begin;
+    return {stretch.program.begin, stretch.program.removed,
+            withCrLf(textBetween(*document_, begin, begin + stretch.document.added))};
 }
 
 std::int32_t RichTextEdit::SelStart() const {
@@ -123,7 +141,7 @@ TextRange RichTextEdit::selectedRange() const {
 }
 
 base::Text RichTextEdit::SelText() const {
-    return selectedText(textCursor());
+    return withCrLf(textCursor().selectedText());
 }
 
 void RichTextEdit::setSelText(base::TextView text) {

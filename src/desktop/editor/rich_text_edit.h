@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "desktop/editor/changed_stretch.h"
 #include "desktop/editor/editor_document.h"
+#include "desktop/editor/text_direction.h"
 #include "desktop/editor/text_units.h"
 #include "desktop/qt_clipboard.h"
 #include "platform/rich_text.h"
@@ -107,6 +108,7 @@ private:
     int editing_ = 0;                    // how many edits are under way, one within the other
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
+    TextDirection direction_;
     ChangedStretch stretch_; // of what nobody has asked for yet
     std::set<int> pressed_;  // keys of Qt that went down in the text and are not up again
     QtClipboard selection_{QClipboard::Selection};
@@ -122,6 +124,7 @@ void RichTextEdit::edit(SameLength meaning, Work&& work) {
     if (editing_ > 0 || !changed_)
         return;
     changed_ = false;
+    direction_.settle(*document_);
     Change();
 }
 

@@ -1,0 +1,221 @@
+// What a key press costs in the editor with all that it sets off, beside a bare text control with the same
+// text, and what the records of undo take. On a display that only exists in memory.
+#include "desktop/application.h"
+#include "desktop/conversions.h"
+#include "desktop/editor/rich_text_edit.h"
+#include "desktop/qt_event_loop.h"
+#include "editor/editor_keys.h"
+#include "editor/typing.h"
+#include "fakes/fake_desktop.h"
+#include "table.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QKeyEvent>
+#include <chrono>
+#include <functional>
+#include <malloc.h>
+#include <random>
+
+namespace {
+
+constexpr int keyPresses = 60;
+constexpr double ratioGoal = 1.1; // times the bare control
+constexpr double medianGoal = 10; // microseconds
+constexpr double tailGoal = 50;   // microseconds
+constexpr double megabyte = 1'000'000;
+
+base::Text transcript(std::size_t letters) {
+    base::Text text;
+    for (int turn = 0; text.size() < letters; ++turn)
+        text += u"Speaker " + base::fromUtf8(std::to_string(turn % 5)) +
+                u" [00:01:05]: what was said in this turn, Привет, is a sentence or two with a pause.\r\n";
+    return text;
+}
+
+double microseconds(const std::function<void()>& work) {
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double, std::micro>(std::chrono::steady_clock::now() - start).count();
+}
+
+double percentile99(std::vector<double> values) {
+    const auto place = values.begin() + static_cast<std::ptrdiff_t>(values.size() * 99 / 100);
+    std::nth_element(values.begin(), place, values.end());
+    return *place;
+}
+
+void press(QTextEdit& control) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+    QApplication::sendEvent(&control, &down);
+    QKeyEvent up(QEvent::KeyRelease, Qt::Key_X, Qt::NoModifier);
+    QApplication::sendEvent(&control, &up);
+    QApplication::processEvents();
+}
+
+// The editor as the program wires it, with the typing watch on.
+struct Editor {
+    explicit Editor(desktop::RichTextEdit& rtb)
+        : form(loop, rtb, Lingua, folder),
+          recent({&form.mnuRecent1, &form.mnuRecent2, &form.mnuRecent3, &form.mnuRecent4}, form.mnur, files,
+                 folder.files(u"LastFilesEditor.ini")) {
+        form1.mnuNoPlayOnWrite.checked = true;
+        typing.Form_Load();
+    }
+
+    fakes::FakeDesktop desktop;
+    desktop::QtEventLoop loop;
+    base::TextFiles files{base::CodePage(1252)};
+    base::ProgramFolder folder{desktop.folder.text("")};
+    lang::LanguageTable Lingua{files, folder};
+    editor::Form2 form;
+    player::Preferences preferences;
+    controls::RecentFiles recent;
+    editor::Document document{form, desktop.dialogPort, desktop.systemPort, preferences, recent};
+    player::Form1 form1{loop, desktop.player, Lingua, folder};
+    editor::UndoRedo undoRedo{form.RTB};
+    editor::Typing typing{form, document, undoRedo, form1};
+    editor::Toolbar toolbar{form, document, desktop.systemPort, desktop.dialogPort};
+    editor::EditorKeys keys{form, toolbar, form1};
+};
+
+void measureKeys(const std::string& size, QTextEdit& own, QTextEdit& bare) {
+    for (const auto& [where, place] : {std::pair{"start", 0.0}, {"middle", 0.5}, {"end", 1.0}}) {
+        for (QTextEdit* const control : {&own, &bare}) {
+            QTextCursor cursor = control->textCursor();
+            cursor.setPosition(static_cast<int>(place * (control->document()->characterCount() - 1)));
+            control->setTextCursor(cursor);
+            press(*control);
+        }
+        std::vector<double> ownTimes;
+        std::vector<double> bareTimes;
+        for (int i = 0; i < keyPresses; ++i) {
+            ownTimes.push_back(microseconds([&] { press(own); }));
+            bareTimes.push_back(microseconds([&] { press(bare); }));
+        }
+        const double ratio = bench::median(ownTimes) / bench::median(bareTimes);
+        bench::print({"Key press until painted, " + std::string(where) + " of " + size,
+                      bench::measure("%.2f ms", bench::median(ownTimes) / 1000),
+                      bench::measure("%.2f ms", bench::median(bareTimes) / 1000),
+                      bench::measure("x %.2f", ratio), bench::measure("<= x %.1f", ratioGoal),
+                      ratio <= ratioGoal});
+    }
+}
+
+void printTimes(const std::string& what, const std::vector<double>& times) {
+    const double median = bench::median(times);
+    const double tail = percentile99(times);
+    bench::print({what + ", median", bench::measure("%.1f us", median), "", "",
+                  bench::measure("<= %.0f us", medianGoal), median <= medianGoal});
+    bench::print({what + ", p99", bench::measure("%.1f us", tail), "", "",
+                  bench::measure("<= %.0f us", tailGoal), tail <= tailGoal});
+}
+
+// All that the program does when a letter has been typed somewhere in the text, Qt's own work left out.
+void measureChange(const std::string& size, desktop::RichTextEdit& rtb) {
+    std::vector<double> times;
+    const auto handler = rtb.Change;
+    rtb.Change = [&] { times.push_back(microseconds(handler)); };
+    std::mt19937 random(1);
+    for (int i = 0; i < 1000; ++i) {
+        rtb.setSelStart(static_cast<std::int32_t>(random() % static_cast<unsigned>(rtb.textLength())));
+        rtb.setSelText(u"x");
+    }
+    rtb.Change = handler;
+    printTimes("A change recorded in " + size, times);
+}
+
+void measureUndo(const std::string& size, Editor& editor, QTextEdit& bare) {
+    struct Row {
+        const char* what;
+        std::function<void()> own;
+        std::function<void()> bare;
+    };
+    const Row rows[] = {{"undone", [&] { editor.form.mnuAnnulla.Click(); }, [&] { bare.undo(); }},
+                        {"redone", [&] { editor.form.mnuRipeti.Click(); }, [&] { bare.redo(); }}};
+    for (const Row& row : rows) {
+        std::vector<double> own;
+        std::vector<double> yardstick;
+        for (int i = 0; i < 200; ++i) {
+            own.push_back(microseconds(row.own));
+            yardstick.push_back(microseconds(row.bare));
+        }
+        bench::print({std::string("A letter ") + row.what + " in " + size,
+                      bench::measure("%.2f ms", bench::median(own) / 1000),
+                      bench::measure("%.2f ms", bench::median(yardstick) / 1000),
+                      bench::measure("x %.2f", bench::median(own) / bench::median(yardstick)), ""});
+    }
+}
+
+void measureTyping(const std::string& size, std::size_t letters) {
+    desktop::RichTextEdit rtb{base::CodePage(1252)};
+    Editor editor(rtb);
+    QTextEdit bare;
+    const base::Text text = transcript(letters);
+    rtb.setText(text);
+    bare.setFont(rtb.font());
+    bare.setPlainText(desktop::qstring(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+    for (QTextEdit* const control : {static_cast<QTextEdit*>(&rtb), &bare}) {
+        control->resize(645, 229);
+        control->show();
+        // Qt lays a long text out in idle moments, which would be measured too.
+        control->document()->documentLayout()->documentSize();
+        QApplication::processEvents();
+    }
+    measureKeys(size, rtb, bare);
+    measureChange(size, rtb);
+    std::mt19937 random(1);
+    for (int i = 0; i < 250; ++i) {
+        QTextCursor cursor(bare.document());
+        cursor.setPosition(
+            static_cast<int>(random() % static_cast<unsigned>(bare.document()->characterCount())));
+        cursor.insertText(QStringLiteral("x"));
+    }
+    measureUndo(size, editor, bare);
+}
+
+// A text that only counts: what is left is the records.
+class CountedText : public fakes::FakeRichText {
+public:
+    platform::TextChange change;
+
+    platform::TextChange takeChange() override { return change; }
+    std::int32_t SelStart() const override { return change.position + 1; }
+};
+
+double heapBytes() {
+    const auto heap = mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd);
+}
+
+void measureMemory(int changes, double goal) {
+    constexpr std::size_t letters = 200'000;
+    const double before = heapBytes();
+    CountedText text;
+    editor::UndoRedo undoRedo(text);
+    text.change = {0, 0, transcript(letters)};
+    undoRedo.record();
+    std::mt19937 random(1);
+    const double withText = heapBytes() - before;
+    for (int i = 0; i < changes; ++i) {
+        text.change = {static_cast<std::int32_t>(random() % letters), 0, u"x"};
+        undoRedo.record();
+    }
+    const double taken = heapBytes() - before - withText;
+    const double whole = undoRedo.ListaUndo().back().Text.length() * 2.0 * changes;
+    bench::print({std::to_string(changes) + " changes spread over 200 KB, memory of the records",
+                  bench::measure("%.0f MB", taken / megabyte),
+                  bench::measure("%.0f GB", whole / megabyte / 1000), "", bench::measure("<= %.0f MB", goal),
+                  taken / megabyte <= goal});
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const desktop::Application application(argc, argv);
+    measureTyping("200 KB", 200'000);
+    measureTyping("1 MB", 1'000'000);
+    measureTyping("5 MB", 5'000'000);
+    measureMemory(100'000, 60);
+    measureMemory(1'000'000, 600);
+}
