@@ -11,6 +11,8 @@ using Routine = std::function<void()>;
 
 // Key codes; a letter is its own.
 enum Key {
+    insertKey = 45,
+    deleteKey = 46,
     f1 = 112,
     f3 = 114,
     f4 = 115,
@@ -53,7 +55,7 @@ void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
         if (actOnRelease.find(static_cast<char16_t>(key.keyCode)) != base::TextView::npos)
             key = {};
     }
-    if (key.keyCode != f3 && key.keyCode != f4)
+    if (givesOldEditCommand(key) || (key.keyCode != f3 && key.keyCode != f4))
         return;
     run(key.keyCode == f3 ? player_.mnuDiminuisciVelocità.Click : player_.mnuAumentaVelocità.Click);
     key.keyCode = 0;
@@ -62,19 +64,19 @@ void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
 // A command may open a modal window, which then gets the release: the key is spent before it runs.
 bool EditorKeys::givesPlayerCommand(platform::KeyEvent& key) {
     struct Row {
-        int keyCode;
         const Routine& command;
+        int keyCode;
         bool spent; // else the control still sees the key, without its Ctrl
     };
     const Row rows[] = {
-        {'M', player_.mnuAddBM.Click, true},
-        {'O', player_.mnuApri.Click, true},
-        {'Q', player_.mnuEsci.Click, true},
-        {'W', player_.mnuLingua.Click, true},
-        {f1, player_.mnuInfo.Click, true},
-        {f4, player_.mnuChiudi.Click, true},
-        {f6, player_.mnuDiminuisciVelocità.Click, false},
-        {f7, player_.mnuAumentaVelocità.Click, false},
+        {player_.mnuAddBM.Click, 'M', true},
+        {player_.mnuApri.Click, 'O', true},
+        {player_.mnuEsci.Click, 'Q', true},
+        {player_.mnuLingua.Click, 'W', true},
+        {player_.mnuInfo.Click, f1, true},
+        {player_.mnuChiudi.Click, f4, true},
+        {player_.mnuDiminuisciVelocità.Click, f6, false},
+        {player_.mnuAumentaVelocità.Click, f7, false},
     };
     const Row* const row = std::find_if(std::begin(rows), std::end(rows),
                                         [&](const Row& each) { return each.keyCode == key.keyCode; });
@@ -84,6 +86,21 @@ bool EditorKeys::givesPlayerCommand(platform::KeyEvent& key) {
     if (row->spent)
         key.keyCode = 0;
     run(row->command);
+    return true;
+}
+
+// The control's own copy, cut and paste know one form only, and would wait for a program that hangs.
+bool EditorKeys::givesOldEditCommand(platform::KeyEvent& key) {
+    const bool withShift = key.shift == platform::shiftKey;
+    if (key.keyCode == insertKey && withShift)
+        run(form_.mnuIncolla.Click);
+    else if (key.keyCode == insertKey && key.shift == platform::controlKey)
+        run(form_.mnuCopia.Click);
+    else if (key.keyCode == deleteKey && withShift)
+        run(form_.mnuTaglia.Click);
+    else
+        return false;
+    key = {};
     return true;
 }
 

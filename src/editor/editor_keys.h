@@ -22,6 +22,8 @@ public:
 private:
     // Commands of the editor and the player, whose keys are pressed with Ctrl alone.
     bool givesPlayerCommand(platform::KeyEvent& key);
+    // The keys of copy, cut and paste before there were letters for them.
+    bool givesOldEditCommand(platform::KeyEvent& key);
     void giveEditCommand(int keyCode);
     void giveStyleCommand(int keyCode);
     void givePlayerCommand(int keyCode);

@@ -32,6 +32,7 @@ void SnapshotStore::release(Owned id) {
     if (isLeaf(id)) {
         if (--leaves_[id & ~leafFlag].references == 0)
             leaves_.giveBack(id & ~leafFlag);
+        // NOLINTNEXTLINE(bugprone-narrowing-conversions): a bit field counts as an int there
     } else if (--nodes_[id].references == 0) {
         release(nodes_[id].left);
         release(nodes_[id].right);

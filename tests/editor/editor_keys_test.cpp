@@ -2,6 +2,7 @@
 #include "editor/editor_keys.h"
 #include "editor/time_stamp.h"
 #include "fakes/editor_bench.h"
+#include "fakes/workbench.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -78,6 +79,11 @@ TEST_F(EditorKeysTest, APress_RunsItsCommand_AndLeavesOfTheKeyWhatTheControlMayS
         {114, 2, {"slower", "0/2"}},
         {115, 0, {"faster", "0/0"}},
         {115, 4, {"faster", "0/4"}},
+        {45, 1, {"mnuIncolla", "0/0"}},
+        {45, 2, {"mnuCopia", "0/0"}},
+        {46, 1, {"mnuTaglia", "0/0"}},
+        {46, 0, {"46/0"}},
+        {45, 0, {"45/0"}},
         {'M', 3, {"77/3"}},
         {'M', 0, {"77/0"}},
         {'Z', 6, {"90/6"}},
@@ -120,6 +126,31 @@ TEST_F(EditorKeysTest, ARelease_RunsItsCommand_LettersWithControlAloneAndFunctio
         text.style = platform::Setting::Off;
         EXPECT_EQ(release(row.keyCode, row.shift), row.expected) << row.keyCode << '/' << row.shift;
     }
+}
+
+TEST_F(EditorKeysTest, UndoHeldForAMinute_IsOneUndo) {
+    for (int repeat = 0; repeat < 1800; ++repeat)
+        ASSERT_THAT(press('Z', 2), ElementsAre("0/0"));
+    EXPECT_THAT(release('Z', 2), ElementsAre("mnuAnnulla"));
+}
+
+TEST(EditorKeys, HammeredWhileThePlayerLoads_LeaveTextAndPlayerInStep) {
+    fakes::Workbench bench;
+    bench.desktop.player.loadingTime = 2000;
+    bench.open("talk.mp3", 600);
+    for (int key = 0; key < 301; ++key) {
+        for (const int code : {116, int{'X'}, 118, 115}) {
+            platform::KeyEvent pressed{code, 0};
+            bench.desktop.text.KeyDown(pressed);
+            bench.desktop.text.KeyUp({code, 0});
+        }
+        bench.desktop.text.type(u"x");
+        bench.desktop.loop.advance(10);
+    }
+    EXPECT_EQ(bench.desktop.text.textLength(), 301);
+    EXPECT_FALSE(bench.form().isPlaying()) << "an odd number of presses";
+    EXPECT_EQ(bench.desktop.player.playState(), platform::PlayState::Paused);
+    EXPECT_LE(bench.desktop.player.rate(), 5.0);
 }
 
 TEST_F(EditorKeysTest, LettersOfBoldAndUnderline_GoByTheNameOfTheLanguageFile) {

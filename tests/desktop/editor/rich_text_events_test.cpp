@@ -74,6 +74,26 @@ TEST_F(RichTextEvents, AKeyHeld_RepeatsItsPressAndReleasesOnce) {
     EXPECT_EQ(told, (std::vector<std::string>{"down 114/0", "down 114/0", "down 114/0", "up 114/0"}));
 }
 
+TEST_F(RichTextEvents, ARelease_OfAKeyThatWentDownElsewhere_IsNotTold) {
+    // A key of the player, which gave the keyboard back before it was up.
+    send(QEvent::KeyRelease, Qt::Key_F5);
+    send(QEvent::KeyPress, Qt::Key_F5, {}, true);
+    send(QEvent::KeyRelease, Qt::Key_F5);
+    EXPECT_EQ(told, std::vector<std::string>{"down 116/0"});
+    // One that went down here, and a menu took the press.
+    told.clear();
+    send(QEvent::ShortcutOverride, Qt::Key_S, Qt::ControlModifier);
+    send(QEvent::KeyRelease, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(told, std::vector<std::string>{"up 83/2"});
+    // One that went down here, and another control has the keyboard since.
+    send(QEvent::KeyPress, Qt::Key_F6);
+    QFocusEvent gone(QEvent::FocusOut, Qt::MouseFocusReason);
+    QApplication::sendEvent(&rtb, &gone);
+    told.clear();
+    send(QEvent::KeyRelease, Qt::Key_F6);
+    EXPECT_TRUE(told.empty());
+}
+
 TEST_F(RichTextEvents, AKeyClearedAtItsPress_DoesNothingToTheText) {
     rtb.setText(u"ab");
     select(0, 1);
@@ -84,6 +104,14 @@ TEST_F(RichTextEvents, AKeyClearedAtItsPress_DoesNothingToTheText) {
     QTest::keyClick(&rtb, Qt::Key_Q);
     EXPECT_EQ(shown(), "[a]b");
     EXPECT_EQ(changes, 0);
+}
+
+TEST_F(RichTextEvents, LettersOfTheProgram_WithControl_ChangeNoTextByThemselves) {
+    rtb.setText(u"ab cd");
+    select(1, 2);
+    for (const char letter : std::string_view("BUGSIM"))
+        send(QEvent::KeyPress, letter, Qt::ControlModifier);
+    EXPECT_EQ(shown(), "a[b ]cd");
 }
 
 TEST_F(RichTextEvents, Shortcuts_OfMenus_AreTakenAwayForTheKeysOfTheTextOnly) {
