@@ -99,6 +99,10 @@ public:
 
     virtual void SetFocus() = 0;
 
+    // Does several edits of selections, with searches between them, and shows what came of them once, when all are
+    // done. Each raises its Change as ever.
+    virtual void together(const std::function<void()>& edits) = 0;
+
     // After every change of the text, the program's own included; never for a mere change of format.
     std::function<void()> Change = [] {};
     std::function<void(KeyEvent&)> KeyDown = [](KeyEvent&) {};

@@ -87,6 +87,10 @@ public:
         return hit == base::Text::npos ? -1 : static_cast<std::int32_t>(hit);
     }
     void SetFocus() override { commands.emplace_back("focus"); }
+    void together(const std::function<void()>& edits) override {
+        commands.emplace_back("together");
+        edits();
+    }
 
 private:
     void set(const std::string& what, bool on) {

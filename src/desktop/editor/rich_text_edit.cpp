@@ -14,6 +14,7 @@
 
 #include <QTextBlock>
 #include <cmath>
+#include <utility>
 
 namespace desktop {
 
@@ -39,8 +40,11 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     EditorDocument* const before = document_;
     document_ = document.release();
     document_->setParent(this);
-    connect(document_, &QTextDocument::contentsChange, this,
-            [this](int, int removed, int added) { noteChange(removed, added); });
+    connect(document_, &QTextDocument::contentsChange, this, [this](int, int removed, int added) {
+        // Of edits that are done together each has told of itself.
+        if (!ahead_)
+            noteChange(removed, added);
+    });
     setDocument(document_);
     delete before;
 }
@@ -69,37 +73,44 @@ std::int32_t RichTextEdit::textLength() const {
 }
 
 std::int32_t RichTextEdit::SelStart() const {
-    return programPosition(*document_, textCursor().selectionStart());
+    return programPosition(*document_, caret().selectionStart());
 }
 
 void RichTextEdit::setSelStart(std::int32_t position) {
-    QTextCursor cursor = textCursor();
+    QTextCursor cursor = caret();
     cursor.setPosition(documentPosition(*document_, position));
-    setTextCursor(cursor);
+    setCaret(cursor);
 }
 
 std::int32_t RichTextEdit::SelLength() const {
-    const QTextCursor cursor = textCursor();
+    const QTextCursor cursor = caret();
     return programPosition(*document_, cursor.selectionEnd()) -
            programPosition(*document_, cursor.selectionStart());
 }
 
 void RichTextEdit::setSelLength(std::int32_t length) {
-    QTextCursor cursor = textCursor();
+    QTextCursor cursor = caret();
     const int start = cursor.selectionStart();
     const std::int64_t end = programPosition(*document_, start) + std::int64_t{std::max(length, 0)};
     cursor.setPosition(start);
     cursor.setPosition(documentPosition(*document_, end), QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
+    setCaret(cursor);
+}
+
+void RichTextEdit::setCaret(const QTextCursor& cursor) {
+    if (ahead_)
+        ahead_ = cursor;
+    else
+        setTextCursor(cursor);
 }
 
 TextRange RichTextEdit::selectedRange() const {
-    const QTextCursor cursor = textCursor();
+    const QTextCursor cursor = caret();
     return {cursor.selectionStart(), cursor.selectionEnd()};
 }
 
 base::Text RichTextEdit::SelText() const {
-    const QString selected = textCursor().selectedText();
+    const QString selected = caret().selectedText();
     return programText(selected, static_cast<int>(selected.count(QChar(documentParagraphEnd))));
 }
 
@@ -108,9 +119,18 @@ void RichTextEdit::setSelText(base::TextView text) {
 }
 
 void RichTextEdit::replaceSelection(base::TextView text) {
-    QTextCursor cursor = textCursor();
-    cursor.insertText(documentText(text));
-    setTextCursor(cursor);
+    replaceSelection([&](QTextCursor& cursor) { cursor.insertText(documentText(text)); });
+}
+
+void RichTextEdit::replaceSelection(const std::function<void(QTextCursor&)>& insert) {
+    QTextCursor cursor = caret();
+    const int before = document_->characterCount();
+    const int start = cursor.selectionStart();
+    const int removed = cursor.selectionEnd() - start;
+    insert(cursor);
+    if (const int added = document_->characterCount() - before + removed; ahead_ && removed + added > 0)
+        noteChange(removed, added);
+    setCaret(cursor);
 }
 
 base::Text RichTextEdit::SelRTF() const {
@@ -124,9 +144,8 @@ void RichTextEdit::setSelRTF(base::TextView source) {
             replaceSelection(source);
             return;
         }
-        QTextCursor cursor = textCursor();
-        insertRtf(cursor, *document_, rtf::read(rtfBytes(source)));
-        setTextCursor(cursor);
+        replaceSelection(
+            [&](QTextCursor& cursor) { insertRtf(cursor, *document_, rtf::read(rtfBytes(source))); });
     });
 }
 
@@ -215,19 +234,39 @@ void RichTextEdit::SaveFile(base::TextView path) {
 }
 
 std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t> start, int options) {
-    const int from = start ? documentPosition(*document_, *start) : textCursor().selectionStart();
+    const int from = start ? documentPosition(*document_, *start) : caret().selectionStart();
     const auto hit = findText(*document_, text, from,
                               {.wholeWords = (options & platform::findWholeWord) != 0,
                                .matchCase = (options & platform::findMatchCase) != 0});
     if (!hit)
         return -1;
     if ((options & platform::findNoHighlight) == 0) {
-        QTextCursor cursor = textCursor();
+        QTextCursor cursor = caret();
         cursor.setPosition(hit->begin);
         cursor.setPosition(hit->end, QTextCursor::KeepAnchor);
-        setTextCursor(cursor);
+        setCaret(cursor);
     }
     return programPosition(*document_, hit->begin);
+}
+
+void RichTextEdit::together(const std::function<void()>& edits) {
+    if (ahead_)
+        return edits();
+    // Laid out anew for each one, a long text would take seconds.
+    struct Block {
+        explicit Block(RichTextEdit& control) : rtb(control), cursor(control.textCursor()) {
+            rtb.ahead_ = cursor;
+            cursor.beginEditBlock();
+        }
+        ~Block() {
+            cursor.endEditBlock();
+            rtb.setTextCursor(*std::exchange(rtb.ahead_, std::nullopt));
+        }
+        RichTextEdit& rtb;
+        QTextCursor cursor;
+    };
+    const Block block(*this);
+    edits();
 }
 
 void RichTextEdit::SetFocus() {

@@ -7,6 +7,7 @@
 
 #include <QTextEdit>
 #include <memory>
+#include <optional>
 
 namespace desktop {
 
@@ -51,6 +52,7 @@ public:
     void SaveFile(base::TextView path) override;
     std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override;
     void SetFocus() override;
+    void together(const std::function<void()>& edits) override;
 
 protected:
     bool event(QEvent* event) override;
@@ -73,14 +75,19 @@ private:
     void edit(SameLength meaning, Work&& work);
     void noteChange(int removed, int added);
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
+    // The selection, which runs ahead of the one on the screen while several edits are under way.
+    QTextCursor caret() const { return ahead_ ? *ahead_ : textCursor(); }
+    void setCaret(const QTextCursor& cursor);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
+    void replaceSelection(const std::function<void(QTextCursor&)>& insert);
 
     base::CodePage page_;
     EditorDocument* document_ = nullptr; // a child of this
     int editing_ = 0;                    // how many edits are under way, one within the other
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
+    std::optional<QTextCursor> ahead_; // only while several edits are done together
 };
 
 // Runs in the control's own files only.
