@@ -187,7 +187,11 @@ QComboBox* addView(controls::ComboBox& box, QWidget& parent) {
     };
     if (box.editable)
         QObject::connect(view->lineEdit(), &QLineEdit::textEdited, view, report);
-    QObject::connect(view, &QComboBox::textActivated, view, report);
+    QObject::connect(view, &QComboBox::textActivated, view, [&box, report](const QString& chosen) {
+        report(chosen);
+        if (box.Click)
+            box.Click();
+    });
     return view;
 }
 

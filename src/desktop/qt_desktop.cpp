@@ -10,7 +10,9 @@ constexpr int quietAfter = 1500; // ms from the first window on
 
 } // namespace
 
-QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {}
+QtDesktop::QtDesktop()
+    : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()),
+      printing_(base::toUtf8(system_.programFolder()) + "/Modules/printing.so") {}
 
 void QtDesktop::show(player::Form1& form) {
     form1_ = std::make_unique<Form1Window>(form);
@@ -20,8 +22,13 @@ void QtDesktop::show(editor::Form2& form) {
     form2_ = std::make_unique<Form2Window>(form, text_);
 }
 
+void QtDesktop::show(editor::FrmFind& form) {
+    frmFind_ = std::make_unique<FrmFindWindow>(form);
+}
+
 void QtDesktop::closeWindows() {
     player_.release();
+    frmFind_.reset();
     form2_.reset();
     form1_.reset();
 }

@@ -3,7 +3,8 @@
 #include "base/carry_on.h"
 #include "base/numbers.h"
 
-#include <algorithm>
+#include <initializer_list>
+#include <utility>
 
 namespace editor {
 
@@ -65,6 +66,7 @@ void FindReplace::mnuSostituisci_Click() {
 
 void FindReplace::show(base::TextView use) {
     editor_.tag = base::Text(use);
+    std::exchange(Load, [] {})();
     if (!loaded_)
         Form_Load();
     form_.visible = true;

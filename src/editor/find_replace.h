@@ -12,6 +12,9 @@ class FindReplace {
 public:
     FindReplace(FrmFind& form, Form2& editor, platform::Dialogs& dialogs);
 
+    // Asked once, before the window is first loaded, to build what shows it.
+    std::function<void()> Load = [] {};
+
     // Show the window for one of its two uses. While it is loaded it keeps the look of its first one.
     void mnuTrova_Click();
     void mnuSostituisci_Click();

@@ -14,6 +14,7 @@ enum Button {
     newButton = 0,
     openButton = 1,
     saveButton = 2,
+    printButton = 3,
     boldButton = 4,
     italicButton = 5,
     underlineButton = 6,
@@ -89,6 +90,8 @@ void Toolbar::Label2_Click(int index) {
             return document_.openDocument();
         case saveButton:
             return document_.save();
+        case printButton:
+            return form_.mnuStampa.Click ? form_.mnuStampa.Click() : void();
         case boldButton:
             return toggle(text.SelBold(), &platform::RichText::setSelBold);
         case italicButton:

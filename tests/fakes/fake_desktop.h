@@ -2,6 +2,7 @@
 
 #include "app/desktop.h"
 #include "fakes/fake_player.h"
+#include "fakes/fake_printer.h"
 #include "fakes/fake_rich_text.h"
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
@@ -84,8 +85,10 @@ public:
     FakeDialogs dialogPort;
     FakePlayer player{loop};
     FakeRichText text;
+    FakePrinter printerPort;
     player::Form1* form1 = nullptr;
     editor::Form2* form2 = nullptr;
+    editor::FrmFind* frmFind = nullptr;
 
     FakeDesktop() {
         systemPort.folder = base::fromUtf8(folder.path().string());
@@ -119,6 +122,7 @@ public:
     platform::Dialogs& dialogs() override { return dialogPort; }
     platform::MediaPlayer& mediaPlayer() override { return player; }
     platform::RichText& richText() override { return text; }
+    platform::Printer& printer() override { return printerPort; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     void show(player::Form1& form) override {
         form1 = &form;
@@ -126,6 +130,7 @@ public:
         form.screen.height = 16200;
     }
     void show(editor::Form2& form) override { form2 = &form; }
+    void show(editor::FrmFind& form) override { frmFind = &form; }
 };
 
 } // namespace fakes

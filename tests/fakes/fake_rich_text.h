@@ -106,6 +106,9 @@ public:
         }
         return static_cast<std::int32_t>(at);
     }
+    void SelPrint(platform::PrintDevice&) override {
+        commands.push_back("print " + base::toUtf8(length_ > 0 ? SelText() : text_));
+    }
     void SetFocus() override { commands.emplace_back("focus"); }
     void together(const std::function<void()>& edits) override {
         commands.emplace_back("together");

@@ -4,11 +4,13 @@
 #include "base/files.h"
 #include "desktop/conversions.h"
 #include "desktop/editor/load_document.h"
+#include "desktop/editor/pages.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
 #include "desktop/editor/selection_formats.h"
 #include "desktop/editor/text_search.h"
 #include "desktop/editor/text_units.h"
+#include "desktop/print_device.h"
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
@@ -231,6 +233,15 @@ void RichTextEdit::LoadFile(base::TextView path) {
 
 void RichTextEdit::SaveFile(base::TextView path) {
     base::replaceFile(path, rtf::write(rtfOf(*document_)));
+}
+
+void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {
+    if (document_->isEmpty())
+        return;
+    const TextRange range = selectedRange();
+    const bool all = range.begin == range.end;
+    const auto pages = documentOfRtf(all ? rtfOf(*document_) : rtfOf(*document_, range), font());
+    printPages(*pages, static_cast<QtPrintDevice&>(hDC).paper());
 }
 
 std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t> start, int options) {

@@ -50,6 +50,7 @@ public:
 
     void LoadFile(base::TextView path) override;
     void SaveFile(base::TextView path) override;
+    void SelPrint(platform::PrintDevice& hDC) override;
     std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override;
     void SetFocus() override;
     void together(const std::function<void()>& edits) override;
