@@ -68,6 +68,7 @@ void addBox(controls::ComboBox& box, QWidget& parent) {
 
 FrmFindWindow::FrmFindWindow(editor::FrmFind& form)
     : FormWindow(form, Size::Fixed, Qt::WindowCloseButtonHint) {
+    setWindowFlag(Qt::Dialog);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -84,7 +85,7 @@ FrmFindWindow::FrmFindWindow(editor::FrmFind& form)
     addView(form.chkMatchCase, *surface);
     for (controls::CommandButton* button :
          {&form.cmdFind, &form.cmdReplace, &form.cmdReplaceAll, &form.cmdCancel})
-        addView(*button, *surface)->setAutoDefault(true);
+        addView(*button, *surface);
     begin();
 }
 

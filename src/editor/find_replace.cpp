@@ -76,6 +76,7 @@ void FindReplace::show(base::TextView use) {
 
 void FindReplace::Form_Load() {
     loaded_ = true;
+    form_.icon = editor_.icon.get();
     TagliatoCrLf = false;
     form_.topmost = true;
     form_.left = windowPlace;
