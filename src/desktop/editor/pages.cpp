@@ -56,6 +56,27 @@ void fitPictures(QTextDocument& document, QSizeF page) {
     }
 }
 
+// Qt brings letters and pictures to the resolution of the paper, but takes the measures of paragraphs for
+// dots of it.
+void scaleParagraphs(QTextDocument& document, double scale) {
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const QTextBlockFormat format = block.blockFormat();
+        QTextBlockFormat scaled = format;
+        scaled.setLeftMargin(format.leftMargin() * scale);
+        scaled.setRightMargin(format.rightMargin() * scale);
+        scaled.setTopMargin(format.topMargin() * scale);
+        scaled.setBottomMargin(format.bottomMargin() * scale);
+        scaled.setTextIndent(format.textIndent() * scale);
+        if (scaled == format)
+            continue;
+        cursor.setPosition(block.position());
+        cursor.setBlockFormat(scaled);
+    }
+    cursor.endEditBlock();
+}
+
 } // namespace
 
 void printPages(EditorDocument& document, QPagedPaintDevice& paper) {
@@ -66,7 +87,9 @@ void printPages(EditorDocument& document, QPagedPaintDevice& paper) {
     // What is kept and cannot be drawn has a sign on the screen only.
     document.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("kept:mark")),
                          QImage(1, 1, QImage::Format_ARGB32_Premultiplied));
-    fitPictures(document, page * pixelsPerInch / paper.logicalDpiX());
+    const double scale = paper.logicalDpiX() / pixelsPerInch;
+    fitPictures(document, page / scale);
+    scaleParagraphs(document, scale);
     QAbstractTextDocumentLayout& layout = *document.documentLayout();
     layout.setPaintDevice(&paper);
     document.setDocumentMargin(0);
