@@ -30,4 +30,4 @@ list(APPEND laid ${CMAKE_BINARY_DIR}/art.stamp)
 add_custom_target(portable ALL
     COMMAND ${CMAKE_COMMAND} -DFROM=${CMAKE_SOURCE_DIR}/data/Files/Quillmere.ini
             -DTO=${PORTABLE_DIR}/Files/Quillmere.ini -P ${CMAKE_SOURCE_DIR}/cmake/lay_settings.cmake
-    DEPENDS quillmere ${laid})
+    DEPENDS quillmere quillmere_mpv quillmere_printing ${laid})

@@ -11,11 +11,10 @@ namespace {
 using platform::PrinterProperty;
 
 // In the order in which a printer takes them.
-constexpr PrinterProperty copied[] = {PrinterProperty::Copies,       PrinterProperty::Duplex,
-                                      PrinterProperty::Orientation,  PrinterProperty::PaperSize,
-                                      PrinterProperty::PrintQuality, PrinterProperty::ColorMode,
-                                      PrinterProperty::PaperBin,     PrinterProperty::Margins,
-                                      PrinterProperty::File,         PrinterProperty::DriverOptions};
+constexpr PrinterProperty copied[] = {
+    PrinterProperty::Copies,    PrinterProperty::Duplex,       PrinterProperty::Orientation,
+    PrinterProperty::PaperSize, PrinterProperty::PrintQuality, PrinterProperty::ColorMode,
+    PrinterProperty::PaperBin,  PrinterProperty::Margins,      PrinterProperty::File};
 
 constexpr base::TextView richTextEnd = u".rtf";
 

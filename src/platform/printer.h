@@ -42,8 +42,7 @@ struct PrinterSettings {
     ColorMode colorMode = ColorMode::Color;
     int PaperBin = 0; // number of the tray; 0: the printer's own
     PageMargins margins{1134, 1134, 1134, 1134};
-    base::Text file;                       // path of the file that is written instead of paper
-    std::vector<base::Text> driverOptions; // what only this printer knows: names and values in turn
+    base::Text file; // path of the file that is written instead of paper
 };
 
 // One of the settings above.
@@ -56,8 +55,7 @@ enum class PrinterProperty {
     ColorMode,
     PaperBin,
     Margins,
-    File,
-    DriverOptions
+    File
 };
 
 // What the dialog begins with, and what the user chose there.

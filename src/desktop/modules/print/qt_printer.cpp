@@ -80,16 +80,16 @@ void QtPrinter::set(platform::PrinterProperty property, const platform::PrinterS
     case PrinterProperty::File:
         settings_.file = from.file;
         break;
-    case PrinterProperty::DriverOptions:
-        settings_.driverOptions = from.driverOptions;
-        break;
     }
 }
 
 std::optional<platform::PrinterChoice> QtPrinter::PrintDlg(std::string_view owner, base::TextView document,
                                                            const platform::PrinterChoice& start) {
-    document_ = document;
-    return askForPrinter(windowNamed(owner), document, start);
+    document_ = qstring(document).replace(u'/', u'-');
+    PrinterDialog dialog(start, document_, windowNamed(owner));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.choice();
 }
 
 platform::PrintDevice& QtPrinter::hDC() {
@@ -97,7 +97,7 @@ platform::PrintDevice& QtPrinter::hDC() {
     setPrinter(base::Text(deviceName_));
     job_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
     apply(*job_, {deviceName_, settings_});
-    job_->setDocName(qstring(base::TextView(document_)));
+    job_->setDocName(document_);
     job_->setCreator(QApplication::applicationName());
     return *this;
 }

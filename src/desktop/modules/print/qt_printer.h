@@ -27,7 +27,7 @@ private:
 
     base::Text deviceName_;
     platform::PrinterSettings settings_;
-    base::Text document_; // name of the job
+    QString document_; // name of the job
     std::unique_ptr<QPrinter> job_;
 };
 
