@@ -10,6 +10,7 @@
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
 #include "desktop/qt_system.h"
+#include "desktop/standard_words.h"
 
 #include <memory>
 
@@ -27,6 +28,7 @@ public:
     platform::RichText& richText() override { return text_; }
     platform::Printer& printer() override { return printing_.printer(); }
     base::CodePage codePage() override { return QtSystem::codePage(); }
+    void speak(const base::Text& fileLingua) override;
     void show(player::Form1& form) override;
     void show(editor::Form2& form) override;
     void show(editor::FrmFind& form) override;
@@ -41,6 +43,7 @@ private:
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
+    std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
     PrintModule printing_;
     std::unique_ptr<Form1Window> form1_;

@@ -124,6 +124,7 @@ public:
     platform::RichText& richText() override { return text; }
     platform::Printer& printer() override { return printerPort; }
     base::CodePage codePage() override { return base::CodePage(1252); }
+    void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
         form1 = &form;
         form.screen.width = 28800;
