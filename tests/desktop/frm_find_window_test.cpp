@@ -6,9 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
-#include <QDropEvent>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -65,23 +63,7 @@ TEST_F(FrmFindWindow, ABox_HoldsWhateverIsPasted_AndTellsOfWhatIsChosen) {
     EXPECT_EQ(form.cboFind.text->size(), 100'002U);
     form.cboFind.items = std::vector<base::Text>{form.cboFind.text.get(), u"one"};
     EXPECT_EQ(box.currentText(), huge) << "a longer list leaves the text alone";
-    box.showPopup();
-    box.hidePopup();
-    box.setCurrentIndex(1);
     Q_EMIT box.textActivated(QStringLiteral("one"));
     EXPECT_EQ(form.cboFind.text.get(), u"one");
     EXPECT_EQ(pressed, "chosen ");
-}
-
-TEST_F(FrmFindWindow, ADroppedText_IsTheProgramsAffair) {
-    base::Text dropped;
-    form.cboReplace.Drop = [&](const base::Text& text) { dropped = text; };
-    QMimeData data;
-    data.setText(QStringLiteral("one\ntwo"));
-    QDragEnterEvent enter(QPoint(3, 3), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view<QComboBox>("cboReplace").lineEdit(), &enter);
-    QDropEvent drop(QPointF(3, 3), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(view<QComboBox>("cboReplace").lineEdit(), &drop);
-    EXPECT_EQ(dropped, u"one\ntwo");
-    EXPECT_EQ(form.cboReplace.text.get(), u"");
 }

@@ -38,7 +38,6 @@ TEST_F(PrintingTest, TheExchange_ChoosesAndRestoresThePrinter) {
         {{u"Office", u"Back OFFICE", u"PDF"}, u"Office", "Back OFFICE", "Back OFFICE", u"Back OFFICE", true},
         // One that nobody has installed changes nothing.
         {{u"Office", u"PDF"}, u"Office", "office", "Office", u"Office", true},
-        {{u"PDF"}, u"PDF", "PDF", "PDF", u"PDF", true},
         // The printer has gone before the dialog.
         {{u"PDF"}, u"Office", "PDF", "Office", u"PDF", true},
         {{u"PDF"}, u"Office", "", "Office", u"Office", false},
@@ -74,22 +73,10 @@ TEST_F(PrintingTest, AChoice_IsCopiedInItsOrder_WithoutWhatThePrinterRefuses_And
     EXPECT_THAT(printer.commands, testing::Contains("dialog PDF file x 3 for Interview"));
 }
 
-TEST_F(PrintingTest, TheSelection_IsPrintedAlone_ElseAll) {
-    choose(u"Office", 1);
-    form.mnuStampa.Click();
-    text.setSelStart(4);
-    text.setSelLength(3);
-    form.mnuStampa.Click();
-    EXPECT_THAT(text.commands, ElementsAre("print one two", "print two"));
-}
-
 TEST_F(PrintingTest, APrinterThatVanishes_EndsTheCommandInSilence) {
     choose(u"Office", 1);
     printer.whileOpen = [this] { printer.installed = {u"PDF file"}; };
     form.mnuStampa.Click();
     EXPECT_TRUE(text.commands.empty());
-    EXPECT_TRUE(dialogs.boxes.empty());
-    editor::Printing none(form, []() -> platform::Printer& { throw base::Failure("no module"); });
-    form.mnuStampa.Click();
     EXPECT_TRUE(dialogs.boxes.empty());
 }

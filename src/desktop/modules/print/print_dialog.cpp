@@ -8,6 +8,7 @@
 #include <QPageSetupDialog>
 #include <QPushButton>
 #include <algorithm>
+#include <utility>
 
 namespace desktop {
 
@@ -102,7 +103,8 @@ void apply(QPrinter& printer, const platform::PrinterChoice& choice) {
     printer.setPageLayout(pageLayout(printer, settings));
 }
 
-StartPrinter::StartPrinter(const platform::PrinterChoice& start, const QString& document) : chosen(start) {
+StartPrinter::StartPrinter(platform::PrinterChoice start, const QString& document)
+    : chosen(std::move(start)) {
     // A file of the document's name, beside the one that was written last.
     const QString folder = QFileInfo(qstring(base::TextView(chosen.settings.file))).path();
     chosen.settings.file = text(QDir(folder).absoluteFilePath(document + QStringLiteral(".pdf")));
@@ -110,8 +112,8 @@ StartPrinter::StartPrinter(const platform::PrinterChoice& start, const QString& 
     target.setDocName(document);
 }
 
-PrinterDialog::PrinterDialog(const platform::PrinterChoice& start, const QString& document, QWidget* owner)
-    : StartPrinter(start, document), QPrintDialog(&target, owner) {
+PrinterDialog::PrinterDialog(platform::PrinterChoice start, const QString& document, QWidget* owner)
+    : StartPrinter(std::move(start), document), QPrintDialog(&target, owner) {
     setObjectName(QStringLiteral("PrintDlg"));
     setWindowFlag(Qt::WindowStaysOnTopHint);
     // Qt's own page set-up behind this button begins with the printer's usual paper each time, not with what

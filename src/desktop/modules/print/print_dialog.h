@@ -15,7 +15,7 @@ void apply(QPrinter& printer, const platform::PrinterChoice& choice);
 
 // A printer that has been set to the choice that a dialog begins with: Qt's needs it before it exists itself.
 struct StartPrinter {
-    StartPrinter(const platform::PrinterChoice& start, const QString& document);
+    StartPrinter(platform::PrinterChoice start, const QString& document);
 
     QPrinter target{QPrinter::HighResolution};
     platform::PrinterChoice chosen; // the page in it is what counts, whatever a dialog does to the printer
@@ -24,7 +24,7 @@ struct StartPrinter {
 // Qt's printer dialog, with its page set-up behind a button.
 class PrinterDialog : private StartPrinter, public QPrintDialog {
 public:
-    PrinterDialog(const platform::PrinterChoice& start, const QString& document, QWidget* owner);
+    PrinterDialog(platform::PrinterChoice start, const QString& document, QWidget* owner);
 
     // What the user chose, once the dialog is accepted.
     platform::PrinterChoice choice() const;

@@ -28,7 +28,7 @@ QWidget* windowNamed(std::string_view name) {
 
 QtPrinter::QtPrinter() : deviceName_(text(QPrinterInfo::defaultPrinterName())) {
     if (deviceName_.empty())
-        deviceName_ = Printers().front();
+        deviceName_ = QtPrinter::Printers().front();
 }
 
 QtPrinter::~QtPrinter() = default;
