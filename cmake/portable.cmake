@@ -4,7 +4,7 @@ set(QUILLMERE_PORTABLE_DIR ${CMAKE_BINARY_DIR}/portable CACHE PATH "Where the po
 set(PORTABLE_DIR ${QUILLMERE_PORTABLE_DIR})
 
 set_target_properties(quillmere PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PORTABLE_DIR})
-set_target_properties(quillmere_mpv PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${PORTABLE_DIR}/Modules)
+set_target_properties(quillmere_mpv quillmere_printing PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${PORTABLE_DIR}/Modules)
 file(GLOB_RECURSE PORTABLE_DATA CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/data ${CMAKE_SOURCE_DIR}/data/*)
 set(laid)
 foreach(file ${PORTABLE_DATA})
@@ -44,4 +44,4 @@ list(APPEND laid ${CMAKE_BINARY_DIR}/art.stamp)
 add_custom_target(portable ALL
     COMMAND ${CMAKE_COMMAND} -DFROM=${CMAKE_SOURCE_DIR}/data/Files/Quillmere.ini
             -DTO=${PORTABLE_DIR}/Files/Quillmere.ini -P ${CMAKE_SOURCE_DIR}/cmake/lay_settings.cmake
-    DEPENDS quillmere ${laid})
+    DEPENDS quillmere quillmere_mpv quillmere_printing ${laid})

@@ -2,10 +2,12 @@
 
 #include "base/code_page.h"
 #include "editor/form2.h"
+#include "editor/frm_find.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/media_player.h"
+#include "platform/printer.h"
 #include "platform/rich_text.h"
 #include "platform/system.h"
 #include "player/form1.h"
@@ -24,6 +26,9 @@ public:
     virtual platform::Clipboard& clipboard() = 0;
     // The text of the editor, which its window shows.
     virtual platform::RichText& richText() = 0;
+    // The printers. The first call takes a moment; it throws base::Failure when there is no printing on this
+    // system.
+    virtual platform::Printer& printer() = 0;
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
@@ -35,6 +40,7 @@ public:
     // data does.
     virtual void show(player::Form1& form) = 0;
     virtual void show(editor::Form2& form) = 0;
+    virtual void show(editor::FrmFind& form) = 0;
 };
 
 } // namespace app

@@ -25,7 +25,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder),
       recentMedia_({&form1_.mnuRecent1, &form1_.mnuRecent2, &form1_.mnuRecent3, &form1_.mnuRecent4},
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
-      editor_(desktop, form1_, preferences_, files), companions_(form1_, recentMedia_, editor_, language),
+      editor_(desktop, form1_, preferences_, files), findAndPrint_(desktop, editor_.form()),
+      companions_(form1_, recentMedia_, editor_, language),
       settings_(files, folder, {language, form1_, editor_.form(), companions_.Form3, preferences_}),
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
@@ -130,6 +131,7 @@ bool Workstation::Form_Unload() {
     drop_.remove();
     settings_.Salva();
     companions_.Form3.visible = false;
+    findAndPrint_.leave();
     form1_.WMP1.stop();
     editor_.form().visible = false;
     desktop_.system().endProcess();

@@ -103,7 +103,7 @@ struct PictureButton : Picture {
     bool offered() const { return enabled && Click; }
 };
 
-// A box for text over a list to choose from.
+// A box for text over a list to choose from. `Click` is told when an entry was chosen, after `Change`.
 struct ComboBox : Control {
     using Control::Control;
 

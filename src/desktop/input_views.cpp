@@ -5,6 +5,7 @@
 #include "desktop/pictures.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDropEvent>
@@ -12,6 +13,7 @@
 #include <QListView>
 #include <QMimeData>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QStringListModel>
 
@@ -102,6 +104,12 @@ private:
     controls::ListBox& list_;
 };
 
+// A key of the whole window, beside the mnemonic of the button's caption.
+template <typename Press>
+void pressWith(QPushButton& button, Qt::Key key, Press press) {
+    QObject::connect(new QShortcut(key, &button), &QShortcut::activated, &button, press);
+}
+
 } // namespace
 
 QPushButton* addView(controls::CommandButton& button, QWidget& parent) {
@@ -109,7 +117,14 @@ QPushButton* addView(controls::CommandButton& button, QWidget& parent) {
     view->setDefault(button.isDefault);
     view->setAutoDefault(button.isDefault);
     if (button.isCancel)
-        view->setShortcut(Qt::Key_Escape);
+        pressWith(*view, Qt::Key_Escape, [view] { view->click(); });
+    if (button.isDefault) {
+        for (const Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter})
+            pressWith(*view, enter, [view] {
+                auto* const focused = qobject_cast<QPushButton*>(QApplication::focusWidget());
+                (focused ? focused : view)->click();
+            });
+    }
     tie(*view, button, [view, &button] {
         if (const QString caption = qstring(button.caption); caption != view->text())
             view->setText(caption);
@@ -187,7 +202,11 @@ QComboBox* addView(controls::ComboBox& box, QWidget& parent) {
     };
     if (box.editable)
         QObject::connect(view->lineEdit(), &QLineEdit::textEdited, view, report);
-    QObject::connect(view, &QComboBox::textActivated, view, report);
+    QObject::connect(view, &QComboBox::textActivated, view, [&box, report](const QString& chosen) {
+        report(chosen);
+        if (box.Click)
+            box.Click();
+    });
     return view;
 }
 

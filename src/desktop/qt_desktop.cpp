@@ -12,8 +12,8 @@ constexpr int quietAfter = 1500; // ms from the first window on
 } // namespace
 
 QtDesktop::QtDesktop()
-    : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {
-}
+    : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()),
+      printing_(base::toUtf8(system_.programFolder()) + "/Modules/printing.so") {}
 
 void QtDesktop::speak(const base::Text& fileLingua) {
     words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));
@@ -28,8 +28,13 @@ void QtDesktop::show(editor::Form2& form) {
     form2_ = std::make_unique<Form2Window>(form, text_);
 }
 
+void QtDesktop::show(editor::FrmFind& form) {
+    frmFind_ = std::make_unique<FrmFindWindow>(form);
+}
+
 void QtDesktop::closeWindows() {
     player_.release();
+    frmFind_.reset();
     form2_.reset();
     form1_.reset();
 }

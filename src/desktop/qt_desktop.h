@@ -4,8 +4,10 @@
 #include "desktop/editor/rich_text_edit.h"
 #include "desktop/form1_window.h"
 #include "desktop/form2_window.h"
+#include "desktop/frm_find_window.h"
 #include "desktop/key_repeats.h"
 #include "desktop/lazy_player.h"
+#include "desktop/print_module.h"
 #include "desktop/qt_clipboard.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
@@ -27,10 +29,12 @@ public:
     platform::MediaPlayer& mediaPlayer() override { return player_; }
     platform::Clipboard& clipboard() override { return clipboard_; }
     platform::RichText& richText() override { return text_; }
+    platform::Printer& printer() override { return printing_.printer(); }
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void speak(const base::Text& fileLingua) override;
     void show(player::Form1& form) override;
     void show(editor::Form2& form) override;
+    void show(editor::FrmFind& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
@@ -46,8 +50,10 @@ private:
     KeyRepeats keyRepeats_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
+    PrintModule printing_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;
+    std::unique_ptr<FrmFindWindow> frmFind_;
 };
 
 } // namespace desktop

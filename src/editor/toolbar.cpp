@@ -71,6 +71,8 @@ void Toolbar::Label2_Click(int index) {
             return document_.openDocument();
         case saveButton:
             return document_.save();
+        case printButton:
+            return form_.mnuStampa.Click ? form_.mnuStampa.Click() : void();
         case boldButton:
             return toggle(text.SelBold(), &platform::RichText::setSelBold);
         case italicButton:

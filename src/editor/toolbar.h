@@ -11,6 +11,7 @@ enum ToolbarButton {
     newButton = 0,
     openButton = 1,
     saveButton = 2,
+    printButton = 3,
     boldButton = 4,
     italicButton = 5,
     underlineButton = 6,

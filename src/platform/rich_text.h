@@ -12,6 +12,8 @@
 
 namespace platform {
 
+class PrintDevice;
+
 // A property of a selection whose parts may differ.
 enum class Setting { Off, On, Mixed };
 
@@ -92,11 +94,19 @@ public:
     // Writes the whole document as RTF, whatever the file's name.
     virtual void SaveFile(base::TextView path) = 0;
 
+    // Prints the selection, or all when nothing is selected, with margins, paper and the like as the device
+    // has them; an empty document takes no page. Timers run on between the pages.
+    virtual void SelPrint(PrintDevice& hDC) = 0;
+
     // The first place at or after `start` (the caret when left out) that holds `text`, by the options; -1 for
     // none. The hit becomes the selection unless findNoHighlight is given.
     virtual std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) = 0;
 
     virtual void SetFocus() = 0;
+
+    // Does several edits of selections, with searches between them, and shows what came of them once, when
+    // all are done. Each raises its Change as ever.
+    virtual void together(const std::function<void()>& edits) = 0;
 
     // After every change of the text, the program's own included; never for a mere change of format.
     std::function<void()> Change = [] {};

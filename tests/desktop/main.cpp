@@ -34,6 +34,8 @@ int main(int argc, char* argv[]) {
     const QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     qputenv("XDG_DATA_HOME", home.path().toUtf8());
+    // Nor does a sheet of paper leave a printer.
+    qputenv("CUPS_SERVER", (home.path() + QStringLiteral("/no-printers")).toUtf8());
     testing::InitGoogleTest(&argc, argv);
     const desktop::Application application(argc, argv);
     return RUN_ALL_TESTS();

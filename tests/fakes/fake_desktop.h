@@ -3,6 +3,7 @@
 #include "app/desktop.h"
 #include "fakes/fake_clipboard.h"
 #include "fakes/fake_player.h"
+#include "fakes/fake_printer.h"
 #include "fakes/fake_rich_text.h"
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
@@ -86,8 +87,10 @@ public:
     FakePlayer player{loop};
     FakeClipboard clipboardPort;
     FakeRichText text;
+    FakePrinter printerPort;
     player::Form1* form1 = nullptr;
     editor::Form2* form2 = nullptr;
+    editor::FrmFind* frmFind = nullptr;
 
     FakeDesktop() {
         systemPort.folder = base::fromUtf8(folder.path().string());
@@ -122,6 +125,7 @@ public:
     platform::MediaPlayer& mediaPlayer() override { return player; }
     platform::Clipboard& clipboard() override { return clipboardPort; }
     platform::RichText& richText() override { return text; }
+    platform::Printer& printer() override { return printerPort; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
@@ -130,6 +134,7 @@ public:
         form.screen.height = 16200;
     }
     void show(editor::Form2& form) override { form2 = &form; }
+    void show(editor::FrmFind& form) override { frmFind = &form; }
 };
 
 } // namespace fakes

@@ -17,6 +17,7 @@ public:
     std::vector<std::string> commands; // in order: "bold on", "align 2", "size 13", "focus", "load", "save"
     platform::Setting style = platform::Setting::Off;
     std::optional<double> size = 12;
+    bool refusesSearch = false;
 
     // Types at the caret, as the user does.
     void type(base::TextView typed) { setSelText(typed); }
@@ -83,11 +84,37 @@ public:
         commands.emplace_back("save");
         base::replaceFile(path, "{\\rtf1 " + base::toUtf8(text_) + "}");
     }
-    std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int) override {
-        const auto hit = text_.find(text, static_cast<std::size_t>(start.value_or(start_)));
-        return hit == base::Text::npos ? -1 : static_cast<std::int32_t>(hit);
+    std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override {
+        if (refusesSearch)
+            throw base::Failure("the search broke off");
+        const auto folded = [&](base::TextView any) {
+            return (options & platform::findMatchCase) != 0 ? base::Text(any) : base::lowered(any);
+        };
+        const base::Text all = folded(text_);
+        const auto isLetter = [&](std::size_t at) {
+            return at < all.size() && all[at] > u' ' && all[at] < 0x80;
+        };
+        auto at = static_cast<std::size_t>(start.value_or(start_)) - 1;
+        do
+            at = text.empty() ? base::Text::npos : all.find(folded(text), at + 1);
+        while (at != base::Text::npos && (options & platform::findWholeWord) != 0 &&
+               ((at > 0 && isLetter(at - 1)) || isLetter(at + text.size())));
+        if (at == base::Text::npos)
+            return -1;
+        if ((options & platform::findNoHighlight) == 0) {
+            start_ = static_cast<std::int32_t>(at);
+            length_ = static_cast<std::int32_t>(text.size());
+        }
+        return static_cast<std::int32_t>(at);
+    }
+    void SelPrint(platform::PrintDevice&) override {
+        commands.push_back("print " + base::toUtf8(length_ > 0 ? SelText() : text_));
     }
     void SetFocus() override { commands.emplace_back("focus"); }
+    void together(const std::function<void()>& edits) override {
+        commands.emplace_back("together");
+        edits();
+    }
 
 private:
     void set(const std::string& what, bool on) {

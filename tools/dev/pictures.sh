@@ -111,8 +111,36 @@ transcript() { # LANGUAGE PICTURE TITLE (SPEAKER WORDS)...
   kill -KILL "$program"
 }
 
+# The two looks of the find window, over a text that it has searched.
+find_windows() { # LANGUAGE
+  local shown=() shortcut
+  folder=$(lay_folder)
+  sed -i "1s/.*/$1.lng\r/" "$folder/Files/Quillmere.ini"
+  start_program "$folder"
+  for shortcut in ctrl+f ctrl+h; do
+    wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
+    xdotool windowactivate --sync "$window"
+    key ctrl+Home "$shortcut"
+    wait_until 10 'window=$(xdotool search --onlyvisible --name "\.\.\.$")'
+    xdotool windowactivate --sync "$window"
+    type_text 'harbour'
+    xdotool mousemove 900 700
+    sleep 0.3
+    import -window "$window" "$scratch/$1-$shortcut.png"
+    shown+=("$scratch/$1-$shortcut.png")
+    key Escape
+    sleep 0.3
+  done
+  kill -KILL "$program"
+  convert "${shown[@]}" -bordercolor '#8a94a3' -border 6 +append "$scratch/find-$1.png"
+}
+
 start_display
 start_sound
+find_windows English
+find_windows Russian
+convert "$scratch/find-English.png" "$scratch/find-Russian.png" -append "$docs/find.png"
+[[ ${1-} != find ]] || exit 0
 transcript English editor 'The Harbour Hour' \
   Interviewer 'Thomas, what does a harbour pilot do?' \
   Reed 'I meet the ship out at sea and bring her in.'

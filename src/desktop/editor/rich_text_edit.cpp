@@ -5,17 +5,20 @@
 #include "desktop/conversions.h"
 #include "desktop/editor/layout_limits.h"
 #include "desktop/editor/load_document.h"
+#include "desktop/editor/pages.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
 #include "desktop/editor/selection_formats.h"
 #include "desktop/editor/text_search.h"
 #include "desktop/editor/text_units.h"
+#include "desktop/print_device.h"
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
 #include <QTextBlock>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace desktop {
 
@@ -71,8 +74,11 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     document_ = document.release();
     document_->setParent(this);
     direction_.begin(*document_);
-    connect(document_, &QTextDocument::contentsChange, this,
-            [this](int position, int removed, int added) { noteChange(position, removed, added); });
+    connect(document_, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
+        // Of edits that are done together each has told of itself.
+        if (!ahead_)
+            noteChange(position, removed, added);
+    });
     setDocument(document_);
     delete before;
     stretch_.noteAll(*document_);
@@ -111,37 +117,44 @@ platform::TextChange RichTextEdit::takeChange() {
 }
 
 std::int32_t RichTextEdit::SelStart() const {
-    return programPosition(*document_, textCursor().selectionStart());
+    return programPosition(*document_, caret().selectionStart());
 }
 
 void RichTextEdit::setSelStart(std::int32_t position) {
-    QTextCursor cursor = textCursor();
+    QTextCursor cursor = caret();
     cursor.setPosition(documentPosition(*document_, position));
-    setTextCursor(cursor);
+    setCaret(cursor);
 }
 
 std::int32_t RichTextEdit::SelLength() const {
-    const QTextCursor cursor = textCursor();
+    const QTextCursor cursor = caret();
     return programPosition(*document_, cursor.selectionEnd()) -
            programPosition(*document_, cursor.selectionStart());
 }
 
 void RichTextEdit::setSelLength(std::int32_t length) {
-    QTextCursor cursor = textCursor();
+    QTextCursor cursor = caret();
     const int start = cursor.selectionStart();
     const std::int64_t end = programPosition(*document_, start) + std::int64_t{std::max(length, 0)};
     cursor.setPosition(start);
     cursor.setPosition(documentPosition(*document_, end), QTextCursor::KeepAnchor);
-    setTextCursor(cursor);
+    setCaret(cursor);
+}
+
+void RichTextEdit::setCaret(const QTextCursor& cursor) {
+    if (ahead_)
+        ahead_ = cursor;
+    else
+        setTextCursor(cursor);
 }
 
 TextRange RichTextEdit::selectedRange() const {
-    const QTextCursor cursor = textCursor();
+    const QTextCursor cursor = caret();
     return {cursor.selectionStart(), cursor.selectionEnd()};
 }
 
 base::Text RichTextEdit::SelText() const {
-    return withCrLf(textCursor().selectedText());
+    return withCrLf(caret().selectedText());
 }
 
 void RichTextEdit::setSelText(base::TextView text) {
@@ -149,9 +162,18 @@ void RichTextEdit::setSelText(base::TextView text) {
 }
 
 void RichTextEdit::replaceSelection(base::TextView text) {
-    QTextCursor cursor = textCursor();
-    cursor.insertText(documentText(text));
-    setTextCursor(cursor);
+    replaceSelection([&](QTextCursor& cursor) { cursor.insertText(documentText(text)); });
+}
+
+void RichTextEdit::replaceSelection(const std::function<void(QTextCursor&)>& insert) {
+    QTextCursor cursor = caret();
+    const int before = document_->characterCount();
+    const int start = cursor.selectionStart();
+    const int removed = cursor.selectionEnd() - start;
+    insert(cursor);
+    if (const int added = document_->characterCount() - before + removed; ahead_ && removed + added > 0)
+        noteChange(start, removed, added);
+    setCaret(cursor);
 }
 
 base::Text RichTextEdit::SelRTF() const {
@@ -172,9 +194,7 @@ void RichTextEdit::setSelRTF(base::TextView source) {
 
 void RichTextEdit::insertSource(const rtf::Document& source) {
     refuseIf(source.text.size() > largestInsertion || cannotBeLaidOut(source));
-    QTextCursor cursor = textCursor();
-    insertRtf(cursor, *document_, source);
-    setTextCursor(cursor);
+    replaceSelection([&](QTextCursor& cursor) { insertRtf(cursor, *document_, source); });
 }
 
 void RichTextEdit::setSelFontName(base::TextView name) {
@@ -261,20 +281,49 @@ void RichTextEdit::SaveFile(base::TextView path) {
     base::replaceFile(path, rtf::write(rtfOf(*document_)));
 }
 
+void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {
+    if (document_->isEmpty())
+        return;
+    const TextRange range = selectedRange();
+    const bool all = range.begin == range.end;
+    const auto pages = documentOfRtf(all ? rtfOf(*document_) : rtfOf(*document_, range), font());
+    printPages(*pages, static_cast<QtPrintDevice&>(hDC).paper());
+}
+
 std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t> start, int options) {
-    const int from = start ? documentPosition(*document_, *start) : textCursor().selectionStart();
+    const int from = start ? documentPosition(*document_, *start) : caret().selectionStart();
     const auto hit = findText(*document_, text, from,
                               {.wholeWords = (options & platform::findWholeWord) != 0,
                                .matchCase = (options & platform::findMatchCase) != 0});
     if (!hit)
         return -1;
     if ((options & platform::findNoHighlight) == 0) {
-        QTextCursor cursor = textCursor();
+        QTextCursor cursor = caret();
         cursor.setPosition(hit->begin);
         cursor.setPosition(hit->end, QTextCursor::KeepAnchor);
-        setTextCursor(cursor);
+        setCaret(cursor);
     }
     return programPosition(*document_, hit->begin);
+}
+
+void RichTextEdit::together(const std::function<void()>& edits) {
+    if (ahead_)
+        return edits();
+    // Laid out anew for each one, a long text would take seconds.
+    struct Block {
+        explicit Block(RichTextEdit& control) : rtb(control), cursor(control.textCursor()) {
+            rtb.ahead_ = cursor;
+            cursor.beginEditBlock();
+        }
+        ~Block() {
+            cursor.endEditBlock();
+            rtb.setTextCursor(*std::exchange(rtb.ahead_, std::nullopt));
+        }
+        RichTextEdit& rtb;
+        QTextCursor cursor;
+    };
+    const Block block(*this);
+    edits();
 }
 
 void RichTextEdit::SetFocus() {

@@ -10,6 +10,7 @@
 
 #include <QTextEdit>
 #include <memory>
+#include <optional>
 #include <set>
 
 namespace desktop {
@@ -54,8 +55,10 @@ public:
 
     void LoadFile(base::TextView path) override;
     void SaveFile(base::TextView path) override;
+    void SelPrint(platform::PrintDevice& hDC) override;
     std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override;
     void SetFocus() override;
+    void together(const std::function<void()>& edits) override;
 
 protected:
     bool event(QEvent* event) override;
@@ -99,9 +102,13 @@ private:
     void edit(SameLength meaning, Work&& work);
     void noteChange(int position, int removed, int added);
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
+    // The selection, which runs ahead of the one on the screen while several edits are under way.
+    QTextCursor caret() const { return ahead_ ? *ahead_ : textCursor(); }
+    void setCaret(const QTextCursor& cursor);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
     void insertSource(const rtf::Document& source);
+    void replaceSelection(const std::function<void(QTextCursor&)>& insert);
 
     base::CodePage page_;
     EditorDocument* document_ = nullptr; // a child of this
@@ -112,6 +119,7 @@ private:
     ChangedStretch stretch_; // of what nobody has asked for yet
     std::set<int> pressed_;  // keys of Qt that went down in the text and are not up again
     QtClipboard selection_{QClipboard::Selection};
+    std::optional<QTextCursor> ahead_; // only while several edits are done together
 };
 
 // Runs in the control's own files only.

@@ -36,6 +36,8 @@ TEST_F(RichText, Find_ByItsOptions_TellsTheFirstPlace) {
         {u"подкат кат", u"кат", 0, word, 7},
         {u"Cats Cat cat", u"cat", 0, word + exact, 9},
         {u"3.14 3", u"3", 0, word, 5},
+        {u"a_cat cat9 cat", u"cat", 0, word, 11},
+        {u"cat́ cat", u"cat", 0, word, 5},
         {u"(cat)", u"cat", 0, word, 1},
         {u"cat", u"cat", 0, word, 0},
         {u"the cat sat", u"cat sat", 0, word, 4},
@@ -86,4 +88,28 @@ TEST_F(RichText, Find_WithoutHighlight_LeavesTheSelection) {
     select(1, 1);
     EXPECT_EQ(rtb.Find(u"two", 0, platform::findNoHighlight), 4);
     EXPECT_EQ(shown(), "o[n]e two");
+}
+
+TEST_F(RichText, EditsTogether_EachTellOfItself_AndShowOnce) {
+    base::Text words;
+    for (int i = 0; i < 1500; ++i)
+        words += u"one\r\n"; // farther than the first piece that a search looks into
+    rtb.setText(words);
+    std::vector<std::int32_t> lengths;
+    rtb.Change = [&] { lengths.push_back(rtb.textLength()); };
+    rtb.together([&] {
+        EXPECT_EQ(rtb.Find(u"ONE", 7490, 0), 7490);
+        rtb.setSelRTF(u"three");
+        EXPECT_EQ(rtb.SelStart(), 7495);
+        rtb.setSelStart(0);
+        rtb.setSelRTF(u""); // changes nothing
+        EXPECT_EQ(rtb.Find(u"three", std::nullopt, 0), 7490);
+        rtb.setSelText(u"two");
+        EXPECT_EQ(rtb.textCursor().position(), 0) << "was shown while the edits ran";
+    });
+    EXPECT_EQ(lengths, (std::vector<std::int32_t>{7502, 7500}));
+    EXPECT_EQ(rtb.SelStart(), 7493);
+    EXPECT_EQ(rtb.Text().substr(7485, 10), u"one\r\ntwo\r\n");
+    rtb.setSelText(u"!");
+    EXPECT_EQ(lengths.size(), 3U);
 }

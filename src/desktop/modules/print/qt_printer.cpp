@@ -1,0 +1,109 @@
+#include "qt_printer.h"
+
+#include "base/carry_on.h"
+#include "desktop/conversions.h"
+#include "print_dialog.h"
+
+#include <QApplication>
+#include <QPrinterInfo>
+#include <QWidget>
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+constexpr int mostCopies = 999;
+
+QWidget* windowNamed(std::string_view name) {
+    const QString wanted = qstring(name);
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == wanted)
+            return widget;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QtPrinter::QtPrinter() : deviceName_(text(QPrinterInfo::defaultPrinterName())) {
+    if (deviceName_.empty())
+        deviceName_ = QtPrinter::Printers().front();
+}
+
+QtPrinter::~QtPrinter() = default;
+
+std::vector<base::Text> QtPrinter::Printers() const {
+    std::vector<base::Text> names;
+    for (const QString& name : QPrinterInfo::availablePrinterNames())
+        names.push_back(text(name));
+    names.emplace_back(pdfPrinter);
+    return names;
+}
+
+void QtPrinter::setPrinter(base::TextView deviceName) {
+    const std::vector<base::Text> installed = Printers();
+    if (std::find(installed.begin(), installed.end(), deviceName) == installed.end())
+        throw base::Failure("no such printer");
+    deviceName_ = deviceName;
+}
+
+void QtPrinter::set(platform::PrinterProperty property, const platform::PrinterSettings& from) {
+    using platform::PrinterProperty;
+    switch (property) {
+    case PrinterProperty::Copies:
+        if (from.Copies < 1 || from.Copies > mostCopies)
+            throw base::Failure("not that many copies");
+        settings_.Copies = from.Copies;
+        break;
+    case PrinterProperty::Duplex:
+        settings_.duplex = from.duplex;
+        break;
+    case PrinterProperty::Orientation:
+        settings_.Orientation = from.Orientation;
+        break;
+    case PrinterProperty::PaperSize:
+        settings_.PaperSize = from.PaperSize;
+        break;
+    case PrinterProperty::PrintQuality:
+        settings_.PrintQuality = from.PrintQuality;
+        break;
+    case PrinterProperty::ColorMode:
+        settings_.colorMode = from.colorMode;
+        break;
+    case PrinterProperty::PaperBin:
+        settings_.PaperBin = from.PaperBin;
+        break;
+    case PrinterProperty::Margins:
+        settings_.margins = from.margins;
+        break;
+    case PrinterProperty::File:
+        settings_.file = from.file;
+        break;
+    }
+}
+
+std::optional<platform::PrinterChoice> QtPrinter::PrintDlg(std::string_view owner, base::TextView document,
+                                                           const platform::PrinterChoice& start) {
+    document_ = qstring(document).replace(u'/', u'-');
+    PrinterDialog dialog(start, document_, windowNamed(owner));
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.choice();
+}
+
+platform::PrintDevice& QtPrinter::hDC() {
+    // A printer may have gone since it was chosen. Qt would print on another one, or wait for nobody.
+    setPrinter(base::Text(deviceName_));
+    job_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    apply(*job_, {deviceName_, settings_});
+    job_->setDocName(document_);
+    job_->setCreator(QApplication::applicationName());
+    return *this;
+}
+
+QPagedPaintDevice& QtPrinter::paper() {
+    return *job_;
+}
+
+} // namespace desktop

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "desktop/print_device.h"
+
+#include <QPrinter>
+#include <memory>
+
+namespace desktop {
+
+// The printers that Qt finds on this system, CUPS's, and one that writes PDF files.
+class QtPrinter : public platform::Printer, private QtPrintDevice {
+public:
+    QtPrinter();
+    ~QtPrinter() override;
+
+    std::vector<base::Text> Printers() const override;
+    base::Text DeviceName() const override { return deviceName_; }
+    void setPrinter(base::TextView deviceName) override;
+    platform::PrinterSettings settings() const override { return settings_; }
+    void set(platform::PrinterProperty property, const platform::PrinterSettings& from) override;
+    std::optional<platform::PrinterChoice> PrintDlg(std::string_view owner, base::TextView document,
+                                                    const platform::PrinterChoice& start) override;
+    platform::PrintDevice& hDC() override;
+
+private:
+    QPagedPaintDevice& paper() override;
+
+    base::Text deviceName_;
+    platform::PrinterSettings settings_;
+    QString document_; // name of the job
+    std::unique_ptr<QPrinter> job_;
+};
+
+} // namespace desktop

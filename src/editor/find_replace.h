@@ -1,0 +1,57 @@
+#pragma once
+
+#include "editor/form2.h"
+#include "editor/frm_find.h"
+#include "platform/dialogs.h"
+
+namespace editor {
+
+// Find and replace over the editor's text. Where a search goes on is told by the caption of the find button,
+// whether a press replaces by that of the replace button.
+class FindReplace {
+public:
+    FindReplace(FrmFind& form, Form2& editor, platform::Dialogs& dialogs);
+
+    // Asked once, before the window is first loaded, to build what shows it.
+    std::function<void()> Load = [] {};
+
+    // Show the window for one of its two uses. While it is loaded it keeps the look of its first one.
+    void mnuTrova_Click();
+    void mnuSostituisci_Click();
+
+    void Form_Load();
+    void cboFind_Click();
+    void cboFind_OLEDragDrop(base::TextView dropped);
+    void cboReplace_OLEDragDrop(base::TextView dropped);
+    void cmdFind_Click();
+    void cmdReplace_Click();
+    void cmdReplaceAll_Click();
+    void cmdCancel_Click();
+    void Timer1_Timer();
+
+private:
+    void show(base::TextView use);
+    void writeCaptions();
+    void StoriaFind();
+    void StoriaReplace();
+    int options() const;
+    void find();
+    void replace();
+    void replaceHit(int options);
+    template <typename Routine>
+    void orTell(Routine&& routine);
+    void tell(base::TextView message, platform::BoxStyle style);
+    base::Text findCaption() const;
+
+    FrmFind& form_;
+    Form2& editor_;
+    platform::Dialogs& dialogs_;
+    const lang::LanguageTable& Lingua;
+
+    bool loaded_ = false;
+    bool TagliatoCrLf =
+        false; // the text to find was cut at a line break, which the next replacement puts back
+    std::int32_t ContaSostituzioni = 0;
+};
+
+} // namespace editor

@@ -1,0 +1,73 @@
+#include "editor/printing.h"
+
+#include "base/carry_on.h"
+
+#include <algorithm>
+
+namespace editor {
+
+namespace {
+
+using platform::PrinterProperty;
+
+// In the order in which a printer takes them.
+constexpr PrinterProperty copied[] = {
+    PrinterProperty::Copies,    PrinterProperty::Duplex,       PrinterProperty::Orientation,
+    PrinterProperty::PaperSize, PrinterProperty::PrintQuality, PrinterProperty::ColorMode,
+    PrinterProperty::PaperBin,  PrinterProperty::Margins,      PrinterProperty::File};
+
+constexpr base::TextView richTextEnd = u".rtf";
+
+} // namespace
+
+Printing::Printing(Form2& form, std::function<platform::Printer&()> printer)
+    : form_(form), printer_(std::move(printer)) {
+    form_.mnuStampa.Click = [this] { mnuStampa_Click(); };
+}
+
+void Printing::mnuStampa_Click() {
+    platform::Printer* printer = nullptr;
+    if (!base::carryOn([&] { printer = &printer_(); }))
+        return;
+    bool ok = false;
+    base::carryOn([&] { ok = ScegliStampante(*printer, printer->DeviceName()); });
+    if (ok)
+        base::carryOn([&] { form_.RTB.SelPrint(printer->hDC()); });
+}
+
+bool Printing::ScegliStampante(platform::Printer& printer, base::TextView nomeStampante) {
+    const base::Text vecchia = printer.DeviceName();
+    const std::vector<base::Text> installed = printer.Printers();
+    const base::Text wanted = base::lowered(nomeStampante);
+    if (!wanted.empty()) {
+        // Of several whose names hold it the last one wins.
+        for (const base::Text& name : installed)
+            if (base::lowered(name).find(wanted) != base::Text::npos)
+                base::carryOn([&] { printer.setPrinter(name); });
+    }
+    const auto choice =
+        printer.PrintDlg(form_.name, documentName(), {printer.DeviceName(), printer.settings()});
+    if (!choice) {
+        if (std::find(installed.begin(), installed.end(), vecchia) != installed.end())
+            base::carryOn([&] { printer.setPrinter(vecchia); });
+        return false;
+    }
+    if (choice->deviceName != printer.DeviceName())
+        base::carryOn([&] { printer.setPrinter(choice->deviceName); });
+    for (const PrinterProperty property : copied)
+        base::carryOn([&] { printer.set(property, choice->settings); });
+    return true;
+}
+
+// What the window's title calls the document, less the end of a file's name.
+base::Text Printing::documentName() const {
+    base::Text name = form_.caption;
+    const base::Text before = form_.Lingua(96) + u" - ";
+    if (name.starts_with(before))
+        name.erase(0, before.size());
+    if (base::lowered(name).ends_with(richTextEnd))
+        name.resize(name.size() - richTextEnd.size());
+    return name;
+}
+
+} // namespace editor

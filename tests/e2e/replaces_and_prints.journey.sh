@@ -1,0 +1,82 @@
+#!/usr/bin/env bash
+# A transcript is corrected by find and replace, printed to a file where there is no printer, then on a queue of a
+# print server of its own.
+source "$(dirname "$0")/lib.sh"
+
+use_editor() { use_window 'Text Editor - .*' || fail "no editor"; }
+
+start_print_server() {  # false where none can run
+  local dir=$scratch/cups
+  PATH=$PATH:/usr/sbin
+  command -v cupsd >/dev/null && command -v lpadmin >/dev/null || return 1
+  mkdir -p "$dir"/{conf,spool/tmp,cache,state}
+  chmod 755 "$scratch" "$dir"
+  printf '%s\n' "Listen $dir/socket" 'Browsing No' 'DefaultAuthType None' 'WebInterface No' '<Policy default>' \
+    '<Limit All>' 'Allow all' '</Limit>' '</Policy>' >"$dir/conf/cupsd.conf"
+  printf '%s\n' "ServerRoot $dir/conf" "RequestRoot $dir/spool" "TempDir $dir/spool/tmp" "CacheDir $dir/cache" \
+    "StateDir $dir/state" "ErrorLog $dir/error.log" "AccessLog $dir/access.log" "PageLog $dir/page.log" \
+    'FileDevice Yes' >"$dir/conf/cups-files.conf"
+  export CUPS_SERVER=$dir/socket
+  as_companion cupsd -f -c "$dir/conf/cupsd.conf" -s "$dir/conf/cups-files.conf" >"$scratch/cups.log" 2>&1 &
+  companions+=($!)
+  printf '%s\n' '*PPD-Adobe: "4.3"' '*LanguageEncoding: ISOLatin1' '*NickName: "Office"' '*cupsFilter2: "application/pdf application/pdf 0 -"' \
+    '*OpenUI *PageSize: PickOne' '*DefaultPageSize: A4' '*PageSize A4/A4: ""' '*CloseUI: *PageSize' \
+    '*DefaultImageableArea: A4' '*ImageableArea A4/A4: "12 12 583 830"' '*DefaultPaperDimension: A4' \
+    '*PaperDimension A4/A4: "595 842"' >"$dir/office.ppd"
+  wait_until 10 'lpadmin -p Office -E -v file:/dev/null -P "$dir/office.ppd" 2>/dev/null' && lpadmin -d Office
+}
+
+job() {  # N: the pages that arrived at the server
+  pdftotext -layout "$scratch/cups/spool/d0000$1-001" - 2>/dev/null | tr -d '\f'
+}
+
+cd "$HOME"
+export CUPS_SERVER=$scratch/nobody
+start_display
+folder=$(lay_folder)
+start_program "$folder"
+use_editor
+type_text 'the pilot and the harbour'
+key ctrl+Home ctrl+h
+use_window 'Replace\.\.\.' || fail "no window to replace in"
+expect_eq "the frame stands 50 pixels from the corner" '50 50' "$(xwininfo -id "$window" | awk '
+  /Absolute/ { at[++n] = $NF } /Relative/ { at[++m] -= $NF } END { print at[1], at[2] }')"
+type_text 'THE'
+key Tab
+type_text 'a'
+screenshot replacing
+key alt+a
+expect_soon "the window gives way to the count" 5 '! xdotool search --onlyvisible --name "^Replace" >/dev/null 2>&1'
+sleep 0.3
+key Return
+use_editor
+key ctrl+p
+use_window Print || fail "no printer dialog"
+screenshot printing
+key Return
+expect_soon "a file is written where there is no printer" 10 \
+  '[[ $(pdftotext "$HOME/Untitled 1.pdf" - 2>/dev/null) == "a pilot and a harbour"* ]]'
+kill "$program"
+
+start_print_server || { echo "No print server can run here: printing on a queue is left out."; exit 0; }
+start_program "$folder"
+use_editor
+type_text 'all of the text'
+key ctrl+Home shift+ctrl+Right
+key ctrl+p
+use_window Print || fail "no printer dialog"
+key Return
+expect_soon "the selection arrives at the printer" 10 '[[ $(job 1) == all* && $(job 1) != *text* ]]'
+use_editor
+key ctrl+End ctrl+p
+use_window Print
+key Return
+expect_soon "all of the text arrives at the printer" 10 '[[ $(job 2) == "all of the text"* ]]'
+use_editor
+key ctrl+p
+use_window Print
+lpadmin -x Office
+key Return
+sleep 1
+use_editor
+expect "a printer that vanishes does not end the program" running
