@@ -6,6 +6,7 @@
 #include "desktop/input_views.h"
 #include "desktop/menus.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QMouseEvent>
 #include <QPainter>
@@ -119,6 +120,14 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
     text_.show();
     text_.setFocus();
     begin();
+}
+
+void Form2Window::keyPressEvent(QKeyEvent* event) {
+    // A box that has the keyboard leaves some keys alone, Escape for one; the window gets none of them.
+    if (isAncestorOf(QApplication::focusWidget()))
+        event->accept();
+    else
+        FormWindow::keyPressEvent(event);
 }
 
 void Form2Window::showEvent(QShowEvent* event) {

@@ -15,6 +15,7 @@ public:
     ~Form2Window() override;
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:

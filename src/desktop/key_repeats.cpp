@@ -19,7 +19,8 @@ constexpr std::size_t rememberedPresses = 100;
 // A held shortcut goes on running its command where the command wants that.
 bool isRepeatingShortcut(const QKeyEvent& event) {
     const QWidget* const window = QApplication::activeWindow();
-    const QList<QAction*> actions = window ? window->findChildren<QAction*>() : QList<QAction*>();
+    const QList<QAction*> actions =
+        window ? window->findChildren<QAction*>() + window->actions() : QList<QAction*>();
     return std::any_of(actions.begin(), actions.end(), [&](const QAction* action) {
         return action->autoRepeat() && action->shortcut() == QKeySequence(event.keyCombination());
     });

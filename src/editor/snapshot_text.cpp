@@ -10,7 +10,7 @@ std::uint32_t SnapshotStore::Slab<Thing>::take() {
     if (free_ != 0)
         return std::exchange(free_, (*this)[free_].length);
     if (next_ / blockSize >= blocks_.size())
-        blocks_.push_back(std::make_unique<Thing[]>(blockSize));
+        blocks_.push_back(std::make_unique_for_overwrite<Thing[]>(blockSize));
     return next_++;
 }
 

@@ -7,6 +7,7 @@
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QTest>
@@ -103,4 +104,18 @@ TEST_F(Form2WindowTest, Buttons_LieOverTheirLettersAndTakeTheMouse) {
     std::vector<int> all(form.Label2.size());
     std::iota(all.begin(), all.end(), 0);
     EXPECT_EQ(pressed, all);
+}
+
+TEST_F(Form2WindowTest, Escape_InATextOrABox_DoesNotReachTheWindow) {
+    int told = 0;
+    form.KeyDown = [&](const platform::KeyEvent& key) { told += key.keyCode == platform::escapeKey; };
+    window.activateWindow();
+    for (QWidget* const control : {static_cast<QWidget*>(&text), &view(form.Combo1)}) {
+        control->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        EXPECT_EQ(told, 0);
+    }
+    QApplication::focusWidget()->clearFocus();
+    QTest::keyClick(&window, Qt::Key_Escape);
+    EXPECT_EQ(told, 1);
 }

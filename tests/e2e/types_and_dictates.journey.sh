@@ -110,7 +110,15 @@ sleep 0.3
 expect_eq "the editor has the keyboard back" "$editor" "$(xdotool getactivewindow)"
 type_text "?"
 expect "playing again" playing
+xdotool windowactivate --sync "$player" 2>/dev/null
+xdotool keydown F5 sleep 1 keyup F5
+expect_soon "F5 held in the player pauses once, though the text gets its release" 1 resting
+expect_eq "and gives the keyboard back" "$editor" "$(xdotool getactivewindow)"
 [[ $(text) == *"alive?" ]] || fail "the caret is gone: $(text)"
+xdotool mousemove --window "$editor" 300 120 click 3
+sleep 0.3
+screenshot edit_menu
+key Escape
 for _ in {1..60}; do xdotool key --delay 5 F5 a; done
 expect "alive under hammered keys" running
 use_window Quillmere

@@ -1,8 +1,6 @@
 #include "editor/toolbar.h"
 #include "fakes/editor_bench.h"
 
-using testing::ElementsAre;
-
 // What the text control really does under random edits is tested with the control.
 class UndoRedoTest : public fakes::EditorBench {
 protected:
