@@ -39,7 +39,7 @@ protected:
         const QRect letters(captionIndent, 0, metrics.horizontalAdvance(caption), metrics.height());
         painter.setClipRegion(QRegion(rect()) - letters.adjusted(-captionGap, 0, captionGap, 0));
         painter.setPen(ruleColor);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, letters.height() / 2 + 0.5, -0.5, -0.5), corner,
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, letters.center().y() + 0.5, -0.5, -0.5), corner,
                                 corner);
         painter.setClipping(false);
         painter.setPen(palette().color(QPalette::WindowText));

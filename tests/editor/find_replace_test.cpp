@@ -15,7 +15,7 @@ protected:
     // last look.
     std::string seen() {
         base::Text shown = text.Text();
-        shown.insert(static_cast<std::size_t>(text.SelStart() + text.SelLength()), u"]");
+        shown.insert(static_cast<std::size_t>(text.SelStart()) + text.SelText().size(), u"]");
         shown.insert(static_cast<std::size_t>(text.SelStart()), u"[");
         std::string told = base::toUtf8(base::replaced(shown, u"\r\n", u"/"));
         told += find.cmdFind.caption.get() == u"&" + Lingua(56) ? " top" : " next";
@@ -27,13 +27,13 @@ protected:
     }
     // F find, R replace, A replace all, C an entry is chosen from the list, v the user moves the caret.
     void press(const std::string& keys) {
-        const std::map<char, std::function<void()>> presses{{'F', find.cmdFind.Click},
-                                                             {'R', find.cmdReplace.Click},
-                                                             {'A', find.cmdReplaceAll.Click},
-                                                             {'C', find.cboFind.Click},
-                                                             {'v', [this] { select(4, 0); }}};
+        const std::map<char, std::function<void()>> actions{{'F', find.cmdFind.Click},
+                                                            {'R', find.cmdReplace.Click},
+                                                            {'A', find.cmdReplaceAll.Click},
+                                                            {'C', find.cboFind.Click},
+                                                            {'v', [this] { select(4, 0); }}};
         for (const char key : keys)
-            presses.at(key)();
+            actions.at(key)();
     }
 
     editor::FrmFind find{desktop.loop};
