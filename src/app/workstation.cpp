@@ -8,7 +8,6 @@ namespace app {
 namespace {
 
 constexpr base::TextView applicationTitle = u"Quillmere";
-constexpr int escapeKey = 27;
 
 // Makes a companion window fit between its place and the end of the screen; it is never moved.
 void keepOnScreen(controls::Window& window, const controls::Screen& screen) {
@@ -39,8 +38,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       cycle_(form1_, transport_, preferences_, companions_) {
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
-    form1_.KeyDown = [this](int keyCode) {
-        if (keyCode == escapeKey)
+    form1_.KeyDown = [this](const platform::KeyEvent& key) {
+        if (key.keyCode == platform::escapeKey)
             mnuEsci_Click();
     };
     desktop_.show(form1_);

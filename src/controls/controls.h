@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "controls/property.h"
+#include "platform/key_event.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -103,17 +104,68 @@ struct PictureButton : Picture {
 struct ComboBox : Control {
     using Control::Control;
 
-    std::vector<base::Text> items;
+    Property<std::vector<base::Text>> items{this};
     Property<base::Text> text{this};
+    bool editable = true; // the text may be one that is not in the list
 
     // Place of the text in the list; -1 when it was typed and is no entry.
     int listIndex() const {
-        const auto hit = std::find(items.begin(), items.end(), text.get());
-        return hit == items.end() ? -1 : static_cast<int>(hit - items.begin());
+        const auto hit = std::find(items->begin(), items->end(), text.get());
+        return hit == items->end() ? -1 : static_cast<int>(hit - items->begin());
     }
 
+    // Gives the box the keyboard; the one who shows it fills this in.
+    std::function<void()> setFocus = [] {};
     // The user typed or chose: `text` holds it already.
     std::function<void()> Change = [] {};
+    // A text was dropped on the box: it replaces nothing by itself. Empty: the box takes drops in its own
+    // way.
+    std::function<void(const base::Text&)> Drop;
+};
+
+// A box for one line of text. The selection counts UTF-16 units.
+struct TextBox : Control {
+    using Control::Control;
+
+    Property<base::Text> text{this};
+    Property<int> selStart{this, 0};
+    Property<int> selLength{this, 0};
+    Property<double> fontSize{this, 9.0}; // points
+
+    // Gives the box the keyboard; the one who shows it fills this in.
+    std::function<void()> setFocus = [] {};
+    // The user typed: `text` holds it already.
+    std::function<void()> Change = [] {};
+};
+
+// A list with one entry chosen; it keeps the order in which it is given.
+struct ListBox : Control {
+    using Control::Control;
+
+    Property<std::vector<base::Text>> items{this};
+    Property<int> listIndex{this, -1}; // entry chosen; -1: none
+
+    std::function<void()> setFocus = [] {};
+    std::function<void(platform::KeyEvent&)> KeyDown = [](platform::KeyEvent&) {};
+    std::function<void(const platform::KeyEvent&)> KeyUp = [](const platform::KeyEvent&) {};
+};
+
+// A button with words on it. The default one is also pressed by Enter, the cancel one by Escape.
+struct CommandButton : Control {
+    using Control::Control;
+
+    Property<base::Text> caption{this};
+    bool isDefault = false;
+    bool isCancel = false;
+    std::function<void()> setFocus = [] {};
+};
+
+// A box to tick. `Click` is told after the tick has changed.
+struct CheckBox : Control {
+    using Control::Control;
+
+    Property<base::Text> caption{this};
+    Property<bool> value{this, false};
 };
 
 // An item of a menu: a command, a separator (caption "-") or, with items of its own, a menu. A command is
@@ -151,7 +203,15 @@ struct Window : Control {
     // Gives the window the keyboard; the one who shows it fills this in.
     std::function<void()> setFocus = [] {};
     std::function<void()> Resize = [] {};
-    std::function<void(int keyCode)> KeyDown = [](int) {};
+    // A key that no control of the window took.
+    std::function<void(platform::KeyEvent&)> KeyDown = [](platform::KeyEvent&) {};
+    std::function<void(const platform::KeyEvent&)> KeyUp = [](const platform::KeyEvent&) {};
+    // The window became the active one, or is that no more.
+    std::function<void()> Activate = [] {};
+    std::function<void()> Deactivate = [] {};
+    // Makes the window visible and returns when it is hidden again; timers run on meanwhile, the other
+    // windows take no input. The one who shows it fills this in.
+    std::function<void()> showModal = [] {};
     // Files were dropped on the window: their paths, at least one.
     std::function<void(const std::vector<base::Text>&)> Drop = [](const auto&) {};
     // The user asks for the window to be closed: true when that is refused.

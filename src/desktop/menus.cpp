@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QKeySequence>
 #include <QMenu>
+#include <QPainter>
 
 namespace desktop {
 
@@ -32,7 +33,7 @@ void follow(QAction& action, const controls::MenuItem& item) {
     action.setChecked(item.checked);
 }
 
-void addItem(QMenu& menu, controls::MenuItem& item) {
+void addItem(QWidget& menu, controls::MenuItem& item) {
     auto* const action = new QAction(&menu);
     action->setObjectName(qstring(item.name));
     action->setSeparator(item.caption.get() == separatorCaption);
@@ -51,17 +52,28 @@ void addItem(QMenu& menu, controls::MenuItem& item) {
 
 } // namespace
 
-void buildMenus(QMenuBar& bar, const std::vector<controls::MenuItem*>& menus) {
+MenuBar::MenuBar(const std::vector<controls::MenuItem*>& menus, QWidget* parent) : QMenuBar(parent) {
     for (controls::MenuItem* const item : menus) {
-        auto* const menu = new QMenu(&bar);
+        if (item->items.empty()) {
+            addItem(*this, *item);
+            continue;
+        }
+        auto* const menu = new QMenu(this);
         menu->setObjectName(qstring(item->name));
         menu->setSeparatorsCollapsible(false);
         for (controls::MenuItem* const inner : item->items)
             addItem(*menu, *inner);
         item->observe([menu, item] { follow(*menu->menuAction(), *item); });
         follow(*menu->menuAction(), *item);
-        bar.addMenu(menu);
+        addMenu(menu);
     }
+}
+
+void MenuBar::paintEvent(QPaintEvent* event) {
+    // The style would draw the line item by item, with gaps on fine screens.
+    QMenuBar::paintEvent(event);
+    QPainter painter(this);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(0xE3, 0xE8, 0xEB));
 }
 
 } // namespace desktop

@@ -7,7 +7,14 @@
 
 namespace desktop {
 
-// Fills the menu bar with these menus: each item an action under its given name that follows its data.
-void buildMenus(QMenuBar& bar, const std::vector<controls::MenuItem*>& menus);
+// The menu bar of a window, with one line below it. Each item is an action under its given name that follows
+// its data; one without items of its own is a command on the bar.
+class MenuBar : public QMenuBar {
+public:
+    MenuBar(const std::vector<controls::MenuItem*>& menus, QWidget* parent);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
 
 } // namespace desktop

@@ -1,6 +1,7 @@
 #include "desktop/video_screen.h"
 
 #include "desktop/conversions.h"
+#include "desktop/key_codes.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -13,8 +14,6 @@
 namespace desktop {
 
 namespace {
-
-constexpr int escapeKey = 27;
 
 // Waits until the X server has carried out what Qt has asked of it. The player speaks to the server on a
 // connection of its own, on which a window that was only asked for does not exist yet.
@@ -69,7 +68,7 @@ void VideoWindowView::closeEvent(QCloseEvent* event) {
 
 void VideoWindowView::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
-        form_.VideoWindow.KeyDown(escapeKey);
+        report(form_.VideoWindow.KeyDown, *event);
     else
         QWidget::keyPressEvent(event);
 }

@@ -58,10 +58,11 @@ Toolbar::Toolbar(Form2& form, Document& document, platform::System& system, plat
 }
 
 void Toolbar::Form_Load() {
-    form_.Combo1.items = system_.screenFonts();
+    std::vector<base::Text> fonts = system_.screenFonts();
     // The list has always begun with the second font.
-    if (!form_.Combo1.items.empty())
-        form_.Combo1.items.erase(form_.Combo1.items.begin());
+    if (!fonts.empty())
+        fonts.erase(fonts.begin());
+    form_.Combo1.items = std::move(fonts);
     form_.Combo1.text = u"Arial";
     form_.Combo2.items = fontSizes();
     form_.Combo2.text = u"12";

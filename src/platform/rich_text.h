@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "platform/key_event.h"
 
 #include <cstdint>
 #include <functional>
@@ -21,18 +22,6 @@ enum class ParagraphAlignment { Left = 0, Right = 1, Centre = 2 };
 inline constexpr int findWholeWord = 2;
 inline constexpr int findMatchCase = 4;
 inline constexpr int findNoHighlight = 8;
-
-// Modifier keys of a key event, to be added.
-inline constexpr int shiftKey = 1;
-inline constexpr int controlKey = 2;
-inline constexpr int altKey = 4;
-
-// A key pressed or released in the text: `keyCode` is the letter in upper case, or 112 to 123 for F1 to F12.
-// A handler of a press that sets it to 0 keeps the control from acting on the key.
-struct KeyEvent {
-    int keyCode = 0;
-    int shift = 0;
-};
 
 // One document of rich text with a selection. Positions and lengths count UTF-16 units, the end of a
 // paragraph counting two (CR LF); one that lies outside the text is taken as the nearest inside, one inside a

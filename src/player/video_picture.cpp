@@ -20,7 +20,7 @@ VideoPicture::VideoPicture(Form1& form) : form_(form) {
     form_.WMP1.PictureChanged = [this] { WMP1_PictureChanged(); };
     form_.VideoBox.DblClick = [this] { WMP1_DblClick(); };
     form_.VideoWindow.DblClick = [this] { VideoWindow_DblClick(); };
-    form_.VideoWindow.KeyDown = [this](int keyCode) { VideoWindow_KeyDown(keyCode); };
+    form_.VideoWindow.KeyDown = [this](const platform::KeyEvent& key) { VideoWindow_KeyDown(key.keyCode); };
     form_.VideoWindow.Unload = [this] { return VideoWindow_Unload(); };
 }
 
@@ -62,7 +62,7 @@ void VideoPicture::VideoWindow_DblClick() {
 }
 
 void VideoPicture::VideoWindow_KeyDown(int keyCode) {
-    if (keyCode != escapeKey)
+    if (keyCode != platform::escapeKey)
         return;
     if (form_.VideoWindow.windowState == WindowState::FullScreen)
         form_.VideoWindow.windowState = WindowState::Normal;

@@ -122,7 +122,10 @@ TEST_F(StartTest, Commands_WithoutARoutine_AreNotOffered) {
 
 TEST_F(StartTest, Exit_SavesStopsAndEnds_ByEachOfItsThreeWays) {
     const std::function<void()> ways[] = {[&] { desktop.form1->mnuEsci.Click(); },
-                                          [&] { desktop.form1->KeyDown(27); },
+                                          [&] {
+                                              platform::KeyEvent escape{27};
+                                              desktop.form1->KeyDown(escape);
+                                          },
                                           [&] { EXPECT_FALSE(desktop.form1->Unload()); }};
     for (const auto& way : ways) {
         ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));

@@ -52,9 +52,9 @@ TEST_F(ToolbarTest, SizeStep_WithoutASizeOrBelowTheLeast_ChangesNothing) {
 }
 
 TEST_F(ToolbarTest, FontBoxes_TakeWhatTheirRulesTake) {
-    EXPECT_THAT(form.Combo1.items, ElementsAre(u"Arial", u"Courier New"))
+    EXPECT_THAT(form.Combo1.items.get(), ElementsAre(u"Arial", u"Courier New"))
         << "the list begins with the second font";
-    EXPECT_EQ(form.Combo2.items.size(), 21U);
+    EXPECT_EQ(form.Combo2.items->size(), 21U);
     for (const base::Text typed : {u"0", u"abc", u"", u"1x", u"13"})
         size(typed);
     EXPECT_THAT(text.commands, ElementsAre("size 13"));

@@ -131,7 +131,10 @@ TEST_F(VideoPictureTest, Picture_GoesFromItsBoxToItsWindowAndBack) {
     show({1280, 720});
     const std::function<void()> toWindow = [&] { form.VideoBox.DblClick(); };
     const std::function<void()> doubleClick = [&] { form.VideoWindow.DblClick(); };
-    const std::function<void()> escape = [&] { form.VideoWindow.KeyDown(27); };
+    const std::function<void()> escape = [&] {
+        platform::KeyEvent key{27};
+        form.VideoWindow.KeyDown(key);
+    };
     const std::function<void()> close = [&] { EXPECT_TRUE(form.VideoWindow.Unload()); };
     const std::function<void()> stay = [&] { show({640, 480}); };
     const std::function<void()> soundAlone = [&] { show({}); };

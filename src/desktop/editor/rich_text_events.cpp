@@ -3,6 +3,7 @@
 #include "desktop/conversions.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
+#include "desktop/key_codes.h"
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
@@ -19,8 +20,6 @@ namespace {
 // key is the menu's.
 constexpr std::string_view textLetters = "BCGIMOQUVWXYZ";
 
-constexpr int firstFunctionKey = 112;
-
 bool isFunctionKey(int key) {
     return key >= Qt::Key_F1 && key <= Qt::Key_F12;
 }
@@ -31,18 +30,6 @@ bool isLetter(int key) {
 
 Qt::KeyboardModifiers heldKeys(const QKeyEvent& event) {
     return event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
-}
-
-// The key as the program numbers it; 0 for one that it has no name for.
-platform::KeyEvent keyEvent(const QKeyEvent& event) {
-    const int key = event.key();
-    const auto held = heldKeys(event);
-    return {.keyCode = isLetter(key)        ? key
-                       : isFunctionKey(key) ? key - Qt::Key_F1 + firstFunctionKey
-                                            : 0,
-            .shift = (held.testFlag(Qt::ShiftModifier) ? platform::shiftKey : 0) +
-                     (held.testFlag(Qt::ControlModifier) ? platform::controlKey : 0) +
-                     (held.testFlag(Qt::AltModifier) ? platform::altKey : 0)};
 }
 
 const QStringList& rtfTypes() {

@@ -1,0 +1,190 @@
+#include "desktop/form_window.h"
+
+#include "desktop/conversions.h"
+#include "desktop/key_codes.h"
+#include "desktop/pictures.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QEventLoop>
+#include <QMimeData>
+#include <QWindow>
+
+namespace desktop {
+
+namespace {
+
+constexpr int largestIconAtStart = 64; // pixels, enough for title bars
+constexpr QSize usualFrame(8, 30);     // pixels
+constexpr auto heldState = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+
+// The paths of the local files among what is dragged; web addresses and texts are none.
+std::vector<base::Text> localFiles(const QMimeData& dragged) {
+    std::vector<base::Text> paths;
+    for (const QUrl& url : dragged.urls()) {
+        if (url.isLocalFile())
+            paths.push_back(text(url.toLocalFile()));
+    }
+    return paths;
+}
+
+} // namespace
+
+FormWindow::FormWindow(controls::Window& form, Size size, Qt::WindowFlags buttons)
+    : form_(form), size_(size) {
+    setObjectName(qstring(form.name));
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   buttons);
+}
+
+void FormWindow::begin() {
+    form_.setFocus = [this] {
+        raise();
+        activateWindow();
+    };
+    form_.showModal = [this] { showModal(); };
+    adjustSize();
+    if (size_ == Size::Fixed)
+        reportPlace();
+    form_.observe([this] { follow(); });
+    follow();
+}
+
+void FormWindow::completeIcon() {
+    setWindowIcon(QIcon(qstring(form_.icon)));
+}
+
+void FormWindow::follow() {
+    if (reporting_)
+        return;
+    setWindowTitle(qstring(form_.caption));
+    setAcceptDrops(form_.acceptsDrops);
+    followIcon();
+    followTopmost();
+    followPlace();
+    if (isHidden() == form_.visible)
+        setVisible(form_.visible);
+    if (modal_ && !form_.visible)
+        modal_->quit();
+}
+
+void FormWindow::followIcon() {
+    if (shownIcon_ == form_.icon.get())
+        return;
+    shownIcon_ = form_.icon;
+    setWindowIcon(loadIcon(shownIcon_, largestIconAtStart));
+}
+
+void FormWindow::followTopmost() {
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == form_.topmost)
+        return;
+    // Through the window's own handle: the widget's way of it would hide the window for a moment. The widget
+    // has to know all the same, for it is what tells whether there is something to change.
+    overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, form_.topmost));
+    if (QWindow* const handle = windowHandle())
+        handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
+}
+
+void FormWindow::followPlace() {
+    const QPoint corner(pixels(form_.left), pixels(form_.top));
+    if (corner != frameGeometry().topLeft())
+        move(corner);
+    const QSize whole(pixels(form_.width), pixels(form_.height));
+    if (size_ == Size::Sizable && whole != size() + frame())
+        resize((whole - frame()).expandedTo(QSize(1, 1)));
+}
+
+QSize FormWindow::frame() const {
+    const QSize extra = frameGeometry().size() - size();
+    return extra.isNull() ? usualFrame : extra;
+}
+
+void FormWindow::reportPlace() {
+    reporting_ = true;
+    form_.left = twips(frameGeometry().left());
+    form_.top = twips(frameGeometry().top());
+    const QSize whole = size_ == Size::Sizable ? size() + frame() : frameGeometry().size();
+    form_.width = twips(whole.width());
+    form_.height = twips(whole.height());
+    reporting_ = false;
+}
+
+void FormWindow::reportState() {
+    reporting_ = true;
+    form_.windowState = isMinimized()    ? controls::WindowState::Minimised
+                        : isMaximized()  ? controls::WindowState::Maximised
+                        : isFullScreen() ? controls::WindowState::FullScreen
+                                         : controls::WindowState::Normal;
+    reporting_ = false;
+    form_.Resize();
+}
+
+void FormWindow::showModal() {
+    setWindowModality(Qt::ApplicationModal);
+    QEventLoop loop;
+    modal_ = &loop;
+    form_.visible = true;
+    loop.exec();
+    modal_ = nullptr;
+    setWindowModality(Qt::NonModal);
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange &&
+        (static_cast<const QWindowStateChangeEvent&>(*event).oldState() & heldState) !=
+            (windowState() & heldState))
+        reportState();
+    if (event->type() == QEvent::ActivationChange)
+        isActiveWindow() ? form_.Activate() : form_.Deactivate();
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    // The data says whether the window goes away.
+    event->ignore();
+    form_.Unload();
+}
+
+void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).empty())
+        event->acceptProposedAction();
+}
+
+void FormWindow::dropEvent(QDropEvent* event) {
+    const std::vector<base::Text> paths = localFiles(*event->mimeData());
+    if (paths.empty())
+        return;
+    event->acceptProposedAction();
+    form_.Drop(paths);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    report(form_.KeyDown, *event);
+}
+
+void FormWindow::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat())
+        report(form_.KeyUp, *event);
+}
+
+void FormWindow::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (isVisible())
+        reportPlace();
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (isVisible())
+        reportPlace();
+    if (size_ == Size::Sizable)
+        form_.Resize();
+}
+
+void FormWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    reportPlace();
+}
+
+} // namespace desktop

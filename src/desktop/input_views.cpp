@@ -1,0 +1,223 @@
+#include "desktop/input_views.h"
+
+#include "desktop/conversions.h"
+#include "desktop/key_codes.h"
+#include "desktop/pictures.h"
+
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStringListModel>
+
+namespace desktop {
+
+namespace {
+
+constexpr double pixelsPerPoint = 96.0 / 72;
+
+QStringList strings(const std::vector<base::Text>& texts) {
+    QStringList list;
+    list.reserve(static_cast<qsizetype>(texts.size()));
+    for (const base::Text& one : texts)
+        list << qstring(base::TextView(one));
+    return list;
+}
+
+// What every control has, taken over by its widget now and at every change.
+void followControl(const controls::Control& control, QWidget& view) {
+    view.setGeometry(pixels(control.left), pixels(control.top), pixels(control.width),
+                     pixels(control.height));
+    view.setEnabled(control.enabled);
+    if (view.isHidden() == control.visible)
+        view.setVisible(control.visible);
+    if (const QString tip = qstring(control.toolTip); tip != view.toolTip())
+        view.setToolTip(tip);
+}
+
+// Names the widget and keeps it after its control; `follow` takes over what only this kind of control has.
+template <typename View, typename Data, typename Follow>
+void tie(View& view, Data& control, Follow follow) {
+    view.setObjectName(qstring(control.name));
+    auto takeOver = [&view, &control, follow, pointer = base::Text()]() mutable {
+        followControl(control, view);
+        if (pointer != control.pointerIcon.get()) {
+            pointer = control.pointerIcon;
+            view.setCursor(loadPointer(pointer, view.devicePixelRatioF()));
+        }
+        follow();
+    };
+    takeOver();
+    control.observe(takeOver);
+}
+
+void takeFocus(QWidget& view) {
+    view.window()->activateWindow();
+    view.setFocus();
+}
+
+// A line of text that leaves what is dropped on it to the program, where the program wants it.
+class DropLine : public QLineEdit {
+public:
+    explicit DropLine(controls::ComboBox& box) : box_(box) {}
+
+protected:
+    void dropEvent(QDropEvent* event) override {
+        if (!box_.Drop || !event->mimeData()->hasText()) {
+            QLineEdit::dropEvent(event);
+            return;
+        }
+        event->acceptProposedAction();
+        box_.Drop(desktop::text(event->mimeData()->text()));
+    }
+
+private:
+    controls::ComboBox& box_;
+};
+
+class ListView : public QListView {
+public:
+    ListView(controls::ListBox& list, QWidget* parent) : QListView(parent), list_(list) {}
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        platform::KeyEvent key = keyEvent(*event);
+        const int pressed = key.keyCode;
+        list_.KeyDown(key);
+        if (pressed == 0 || key.keyCode != 0)
+            QListView::keyPressEvent(event);
+    }
+    void keyReleaseEvent(QKeyEvent* event) override {
+        if (!event->isAutoRepeat())
+            list_.KeyUp(keyEvent(*event));
+        QListView::keyReleaseEvent(event);
+    }
+
+private:
+    controls::ListBox& list_;
+};
+
+} // namespace
+
+QPushButton* addView(controls::CommandButton& button, QWidget& parent) {
+    auto* const view = new QPushButton(&parent);
+    view->setDefault(button.isDefault);
+    view->setAutoDefault(button.isDefault);
+    if (button.isCancel)
+        view->setShortcut(Qt::Key_Escape);
+    tie(*view, button, [view, &button] {
+        if (const QString caption = qstring(button.caption); caption != view->text())
+            view->setText(caption);
+    });
+    button.setFocus = [view] { takeFocus(*view); };
+    QObject::connect(view, &QPushButton::clicked, view, [&button] {
+        if (button.Click)
+            button.Click();
+    });
+    return view;
+}
+
+QCheckBox* addView(controls::CheckBox& box, QWidget& parent) {
+    auto* const view = new QCheckBox(&parent);
+    tie(*view, box, [view, &box] {
+        const QSignalBlocker quiet(view);
+        view->setText(qstring(box.caption));
+        view->setChecked(box.value);
+    });
+    QObject::connect(view, &QCheckBox::toggled, view, [&box](bool on) {
+        box.value = on;
+        if (box.Click)
+            box.Click();
+    });
+    return view;
+}
+
+QLineEdit* addView(controls::TextBox& box, QWidget& parent) {
+    auto* const view = new QLineEdit(&parent);
+    QFont font = view->font();
+    font.setPixelSize(static_cast<int>(std::lround(box.fontSize * pixelsPerPoint)));
+    view->setFont(font);
+    tie(*view, box, [view, &box] {
+        const QSignalBlocker quiet(view);
+        if (const QString content = qstring(box.text); content != view->text())
+            view->setText(content);
+        if (const bool selects = box.selLength > 0; selects)
+            view->setSelection(box.selStart, box.selLength);
+    });
+    box.setFocus = [view] { takeFocus(*view); };
+    QObject::connect(view, &QLineEdit::textEdited, view, [&box](const QString& typed) {
+        // The selection is the user's from here on.
+        box.selLength = 0;
+        box.text = text(typed);
+        box.Change();
+    });
+    return view;
+}
+
+QComboBox* addView(controls::ComboBox& box, QWidget& parent) {
+    auto* const view = new QComboBox(&parent);
+    view->setEditable(box.editable);
+    view->setInsertPolicy(QComboBox::NoInsert);
+    if (box.editable) {
+        view->setLineEdit(new DropLine(box));
+        view->setCompleter(nullptr);
+    }
+    const auto items = std::make_shared<QStringList>();
+    tie(*view, box, [view, &box, items] {
+        const QSignalBlocker quiet(view);
+        if (QStringList now = strings(box.items); now != *items) {
+            *items = std::move(now);
+            view->clear();
+            view->addItems(*items);
+        }
+        const QString shown = qstring(box.text);
+        view->setCurrentIndex(box.listIndex());
+        if (view->isEditable() && view->currentText() != shown)
+            view->setEditText(shown);
+    });
+    box.setFocus = [view] { takeFocus(*view); };
+    const auto report = [&box](const QString& now) {
+        box.text = text(now);
+        box.Change();
+    };
+    if (box.editable)
+        QObject::connect(view->lineEdit(), &QLineEdit::textEdited, view, report);
+    QObject::connect(view, &QComboBox::textActivated, view, report);
+    return view;
+}
+
+QListView* addView(controls::ListBox& list, QWidget& parent) {
+    auto* const view = new ListView(list, &parent);
+    auto* const model = new QStringListModel(view);
+    view->setModel(model);
+    view->setUniformItemSizes(true);
+    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    tie(*view, list, [view, model, &list] {
+        const QSignalBlocker quiet(view->selectionModel());
+        if (QStringList now = strings(list.items); now != model->stringList())
+            model->setStringList(now);
+        const QModelIndex chosen = model->index(list.listIndex);
+        if (chosen == view->currentIndex())
+            return;
+        view->selectionModel()->setCurrentIndex(chosen, QItemSelectionModel::ClearAndSelect);
+        view->viewport()->update();
+        if (chosen.isValid())
+            view->scrollTo(chosen);
+    });
+    list.setFocus = [view] { takeFocus(*view); };
+    QObject::connect(view->selectionModel(), &QItemSelectionModel::currentChanged, view,
+                     [&list](const QModelIndex& now) { list.listIndex = now.row(); });
+    QObject::connect(view, &QListView::clicked, view, [&list] {
+        if (list.Click)
+            list.Click();
+    });
+    QObject::connect(view, &QListView::doubleClicked, view, [&list] { list.DblClick(); });
+    return view;
+}
+
+} // namespace desktop
