@@ -14,18 +14,17 @@ void CompanionWindows::TornaAllEditor() {
 }
 
 void CompanionWindows::PosizionaEditor() {
-    Form2.top = form1_.top + form1_.height + gap;
+    if (bookmarks_->empty())
+        Form2.top = form1_.top + form1_.height + gap;
+    else
+        Form2.top = Form3.top + Form3.height + gap;
     Form2.left = form1_.left.get();
 }
 
 void CompanionWindows::applyLanguage() {
     form1_.mnuMostraNascondi.caption = form1_.Lingua(Form2.visible ? 116 : 86);
     form1_.mnuBookMark.caption = form1_.Lingua(Form3.visible ? 85 : 84);
-}
-
-void CompanionWindows::unloadForm3() {
-    Form3.visible = false;
-    form1_.mnuBookMark.caption = form1_.Lingua(84);
+    bookmarks_->window.applyLanguage();
 }
 
 } // namespace app

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/bookmark_room.h"
 #include "controls/controls.h"
 #include "controls/recent_files.h"
 #include "player/companions.h"
@@ -11,25 +12,29 @@ namespace app {
 // them. What a room that is not built yet would answer is left undone, and no command offers it.
 class CompanionWindows : public player::Companions {
 public:
-    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia)
-        : form1_(form1), recentMedia_(recentMedia) {}
+    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, platform::EventLoop& loop)
+        : Form3(loop), form1_(form1), recentMedia_(recentMedia) {}
+
+    // The room that answers for the bookmarks, from before the first question on.
+    void answerBy(BookmarkRoom& bookmarks) { bookmarks_ = &bookmarks; }
 
     controls::Window Form2{"Form2", {0, 0, 10920, 5205}}; // editor
-    controls::Window Form3{"Form3", {0, 0, 6000, 3390}};  // marks
+    bookmarks::Form3 Form3;
 
     void TornaAllEditor() override;
     void PosizionaEditor() override;
     void applyLanguage() override;
     void enableTimeStamp(bool) override {}
-    void leaveBookmarks() override {}
-    bool openBookmarks(base::TextView) override { return false; }
-    void unloadForm3() override;
+    void leaveBookmarks() override { bookmarks_->media.leave(); }
+    bool openBookmarks(base::TextView mediaPath) override { return bookmarks_->open(mediaPath); }
+    void unloadForm3() override { bookmarks_->window.unload(); }
     void rememberMedia(base::TextView path) override { recentMedia_.remember(path); }
     bool isRecordingTo(base::TextView) override { return false; }
 
 private:
     player::Form1& form1_;
     controls::RecentFiles& recentMedia_;
+    BookmarkRoom* bookmarks_ = nullptr;
 };
 
 } // namespace app

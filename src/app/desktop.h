@@ -1,6 +1,8 @@
 #pragma once
 
 #include "base/code_page.h"
+#include "bookmarks/form3.h"
+#include "dictation/form4.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/media_player.h"
@@ -21,9 +23,10 @@ public:
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
-    // Builds the window that shows this data, as visible as the data says. The desktop ends before the data
-    // does.
+    // Shows this data in a window, as visible as the data says. The desktop ends before the data does.
     virtual void show(player::Form1& form) = 0;
+    virtual void show(bookmarks::Form3& form) = 0;
+    virtual void show(dictation::Form4& form) = 0;
 };
 
 } // namespace app

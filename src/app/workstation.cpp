@@ -25,7 +25,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder),
       recentMedia_({&form1_.mnuRecent1, &form1_.mnuRecent2, &form1_.mnuRecent3, &form1_.mnuRecent4},
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
-      companions_(form1_, recentMedia_),
+      companions_(form1_, recentMedia_, desktop.eventLoop()),
       settings_(files, folder, {language, form1_, companions_.Form2, companions_.Form3, preferences_}),
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
@@ -35,7 +35,9 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       drop_(form1_, session_, desktop.dialogs()),
       languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_),
       smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
-      cycle_(form1_, transport_, preferences_, companions_) {
+      cycle_(form1_, transport_, preferences_, companions_), input_(desktop, form1_, preferences_, settings_),
+      bookmarks_(desktop, files, form1_, companions_.Form2, companions_.Form3, input_.dialog) {
+    companions_.answerBy(bookmarks_);
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.KeyDown = [this](const platform::KeyEvent& key) {
@@ -91,6 +93,7 @@ void Workstation::showCompanions(const StartSettings& start) {
         companions_.Form2.visible = true;
     }
     if (start.showForm3 == 1) {
+        bookmarks_.window.Form_Load();
         companions_.Form3.left = start.left3;
         companions_.Form3.top = start.top3;
         companions_.Form3.width = start.width3;
@@ -123,10 +126,11 @@ void Workstation::showHandPointer() {
 }
 
 bool Workstation::Form_Unload() {
-    companions_.leaveBookmarks();
+    bookmarks_.media.SalvaBookMark();
     drop_.remove();
     settings_.Salva();
     companions_.Form3.visible = false;
+    companions_.Form3.Timer1.setInterval(50);
     form1_.WMP1.stop();
     companions_.Form2.visible = false;
     desktop_.system().endProcess();

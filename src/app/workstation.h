@@ -2,6 +2,7 @@
 
 #include "app/companion_windows.h"
 #include "app/desktop.h"
+#include "app/input_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -72,6 +73,8 @@ private:
     player::LanguageMenu languageMenu_;
     dictation::SmartPlay smartPlay_;
     dictation::TimedCycle cycle_;
+    InputRoom input_;
+    BookmarkRoom bookmarks_;
 };
 
 } // namespace app

@@ -23,7 +23,7 @@ void MediaBookmarks::SalvaBookMark() {
             lines.push_back(line);
     }
     base::carryOn([&] { base::createFolder(form1_.folder.bookmarks({})); });
-    base::carryOn([&] { files_.writeLines(fileOf(form1_.Label4.tag), lines); });
+    base::carryOn([&] { files_.writeLines(fileOf(form1_.Label4.tag.get()), lines); });
     clear(form3_.List1);
     clear(form3_.List2);
 }

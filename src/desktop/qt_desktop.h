@@ -2,6 +2,8 @@
 
 #include "app/desktop.h"
 #include "desktop/form1_window.h"
+#include "desktop/form3_window.h"
+#include "desktop/form4_window.h"
 #include "desktop/lazy_player.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
@@ -22,6 +24,9 @@ public:
     platform::MediaPlayer& mediaPlayer() override { return player_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void show(player::Form1& form) override;
+    // The first use builds the window.
+    void show(bookmarks::Form3& form) override;
+    void show(dictation::Form4& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
@@ -29,11 +34,15 @@ public:
     void closeWindows();
 
 private:
+    void showForm4(dictation::Form4& form);
+
     QtSystem system_;
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
     std::unique_ptr<Form1Window> form1_;
+    std::unique_ptr<Form3Window> form3_;
+    std::unique_ptr<Form4Window> form4_;
 };
 
 } // namespace desktop

@@ -14,6 +14,7 @@ struct Form4 : controls::Window {
         // The player may be above all windows, and a dialog behind it would look like a hang.
         topmost = true;
         Command1.isDefault = true;
+        Label1.foreColor = controls::rgb(0x1F, 0x2A, 0x44);
     }
 
     controls::Picture Image1{"Image1", {-420, -180, 7245, 2055}};         // ground

@@ -83,6 +83,9 @@ public:
     FakeDialogs dialogPort;
     FakePlayer player{loop};
     player::Form1* form1 = nullptr;
+    bookmarks::Form3* form3 = nullptr;
+    dictation::Form4* form4 = nullptr;
+    std::function<void()> inForm4 = [] {}; // what the user does while the dialog is open
 
     FakeDesktop() {
         systemPort.folder = base::fromUtf8(folder.path().string());
@@ -120,6 +123,15 @@ public:
         form1 = &form;
         form.screen.width = 28800;
         form.screen.height = 16200;
+    }
+    void show(bookmarks::Form3& form) override { form3 = &form; }
+    void show(dictation::Form4& form) override {
+        form4 = &form;
+        form.showModal = [this] {
+            form4->visible = true;
+            inForm4();
+            form4->visible = false;
+        };
     }
 };
 
