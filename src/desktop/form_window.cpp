@@ -45,10 +45,10 @@ void FormWindow::begin() {
     };
     form_.showModal = [this] { showModal(); };
     adjustSize();
-    if (size_ == Size::Fixed)
-        reportPlace();
     form_.observe([this] { follow(); });
     follow();
+    if (size_ == Size::Fixed)
+        reportPlace();
 }
 
 void FormWindow::completeIcon() {

@@ -52,8 +52,8 @@ TEST_F(RichTextEvents, Keys_PressedAndReleased_AreToldByTheirNumbers) {
         {Qt::Key_F4, Qt::ShiftModifier | Qt::KeypadModifier, {"down 115/1", "up 115/1"}},
         {Qt::Key_Z, Qt::ControlModifier | Qt::AltModifier, {"down 90/6", "up 90/6"}},
         {Qt::Key_A, Qt::ShiftModifier, {"down 65/1", "up 65/1"}},
-        {Qt::Key_Return, {}, {}},
-        {Qt::Key_Left, Qt::ControlModifier, {}},
+        {Qt::Key_Return, {}, {"down 13/0", "up 13/0"}},
+        {Qt::Key_Left, Qt::ControlModifier, {"down 37/2", "up 37/2"}},
         {Qt::Key_Dead_Acute, {}, {}},
     };
     for (const Row& row : rows) {
