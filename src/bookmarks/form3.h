@@ -14,7 +14,7 @@ struct Form3 : controls::Window {
         Command2.caption = u"-";
     }
 
-    static constexpr controls::Box design{0, 0, 6000, 3390};
+    static constexpr controls::Box design{0, 0, 6000, 3180};
 
     controls::ListBox List1{"List1", {30, 30, 5745, 2370}};               // the keys, sorted
     controls::CommandButton Command2{"Command2", {4680, 2480, 525, 375}}; // delete

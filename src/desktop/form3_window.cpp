@@ -62,7 +62,7 @@ Form3Window::Form3Window(bookmarks::Form3& form)
     QPalette white = palette();
     white.setColor(QPalette::Window, Qt::white);
     setPalette(white);
-    setMinimumWidth(leastWidth);
+    setMinimumSize(leastWidth, pixels(form.Command1.top + form.Command1.height) + 2);
 
     QListView* const list = addView(form.List1, *this);
     list->setItemDelegate(new BookmarkRow(list));

@@ -101,6 +101,11 @@ QSize FormWindow::frame() const {
 }
 
 void FormWindow::reportPlace() {
+    if (size_ == Size::Sizable && !frameKnown_ && frameGeometry().size() != size()) {
+        // Only now it shows how much of the size that was asked for the frame takes.
+        frameKnown_ = true;
+        resize((QSize(pixels(form_.width), pixels(form_.height)) - frame()).expandedTo(QSize(1, 1)));
+    }
     reporting_ = true;
     form_.left = twips(frameGeometry().left());
     form_.top = twips(frameGeometry().top());
