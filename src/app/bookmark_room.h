@@ -11,11 +11,13 @@ namespace app {
 class BookmarkRoom {
 public:
     BookmarkRoom(Desktop& desktop, const base::TextFiles& files, player::Form1& form1,
-                 controls::Window& form2, bookmarks::Form3& form3, dictation::InputDialog& dialog)
-        : media(table_, form3, form1, files), window(form3, table_, form1, dialog),
-          commands_(form1, form2, form3, window, desktop.system()) {
-        desktop.show(form3);
+                 controls::Window& form2, dictation::InputDialog& dialog)
+        : form3_(desktop.eventLoop()), media(table_, form3_, form1, files),
+          window(form3_, table_, form1, dialog), commands_(form1, form2, form3_, window, desktop.system()) {
+        desktop.show(form3_);
     }
+
+    bookmarks::Form3& form() { return form3_; }
 
     bool empty() const { return table_.empty(); }
     // Reads and shows the bookmarks of the media at this path; false when it has no file of them.
@@ -30,6 +32,7 @@ public:
 
 private:
     bookmarks::BookmarkTable table_;
+    bookmarks::Form3 form3_;
 
 public:
     bookmarks::MediaBookmarks media;

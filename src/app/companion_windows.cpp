@@ -9,22 +9,24 @@ constexpr double gap = 30; // twips between two windows
 } // namespace
 
 void CompanionWindows::TornaAllEditor() {
-    if (Form2.visible)
-        Form2.setFocus();
+    if (editor_.form().visible) {
+        editor_.form().setFocus();
+        editor_.form().RTB.SetFocus();
+    }
 }
 
 void CompanionWindows::PosizionaEditor() {
-    if (bookmarks_->empty())
-        Form2.top = form1_.top + form1_.height + gap;
-    else
-        Form2.top = Form3.top + Form3.height + gap;
-    Form2.left = form1_.left.get();
+    const controls::Window& above =
+        bookmarks_.empty() ? static_cast<controls::Window&>(form1_) : bookmarks_.form();
+    editor_.form().top = above.top + above.height + gap;
+    editor_.form().left = form1_.left.get();
 }
 
 void CompanionWindows::applyLanguage() {
-    form1_.mnuMostraNascondi.caption = form1_.Lingua(Form2.visible ? 116 : 86);
-    form1_.mnuBookMark.caption = form1_.Lingua(Form3.visible ? 85 : 84);
-    bookmarks_->window.applyLanguage();
+    form1_.mnuMostraNascondi.caption = Lingua(editor_.form().visible ? 116 : 86);
+    form1_.mnuBookMark.caption = Lingua(bookmarks_.form().visible ? 85 : 84);
+    bookmarks_.window.applyLanguage();
+    editor_.CambiaLingua2(Lingua);
 }
 
 } // namespace app

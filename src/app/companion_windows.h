@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/bookmark_room.h"
+#include "app/editor_room.h"
 #include "controls/controls.h"
 #include "controls/recent_files.h"
 #include "player/companions.h"
@@ -12,29 +13,27 @@ namespace app {
 // them. What a room that is not built yet would answer is left undone, and no command offers it.
 class CompanionWindows : public player::Companions {
 public:
-    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, platform::EventLoop& loop)
-        : Form3(loop), form1_(form1), recentMedia_(recentMedia) {}
-
-    // The room that answers for the bookmarks, from before the first question on.
-    void answerBy(BookmarkRoom& bookmarks) { bookmarks_ = &bookmarks; }
-
-    controls::Window Form2{"Form2", {0, 0, 10920, 5205}}; // editor
-    bookmarks::Form3 Form3;
+    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
+                     BookmarkRoom& bookmarks, lang::LanguageTable& language)
+        : form1_(form1), recentMedia_(recentMedia), editor_(editor), bookmarks_(bookmarks), Lingua(language) {
+    }
 
     void TornaAllEditor() override;
     void PosizionaEditor() override;
     void applyLanguage() override;
-    void enableTimeStamp(bool) override {}
-    void leaveBookmarks() override { bookmarks_->media.leave(); }
-    bool openBookmarks(base::TextView mediaPath) override { return bookmarks_->open(mediaPath); }
-    void unloadForm3() override { bookmarks_->window.unload(); }
+    void enableTimeStamp(bool enabled) override { editor_.form().mnuTimeStamp.enabled = enabled; }
+    void leaveBookmarks() override { bookmarks_.media.leave(); }
+    bool openBookmarks(base::TextView mediaPath) override { return bookmarks_.open(mediaPath); }
+    void unloadForm3() override { bookmarks_.window.unload(); }
     void rememberMedia(base::TextView path) override { recentMedia_.remember(path); }
     bool isRecordingTo(base::TextView) override { return false; }
 
 private:
     player::Form1& form1_;
     controls::RecentFiles& recentMedia_;
-    BookmarkRoom* bookmarks_ = nullptr;
+    EditorRoom& editor_;
+    BookmarkRoom& bookmarks_;
+    lang::LanguageTable& Lingua;
 };
 
 } // namespace app

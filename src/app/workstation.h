@@ -2,6 +2,7 @@
 
 #include "app/companion_windows.h"
 #include "app/desktop.h"
+#include "app/editor_room.h"
 #include "app/input_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
@@ -34,6 +35,7 @@ public:
 
     player::Form1& form1() { return form1_; }
     player::MediaSession& session() { return session_; }
+    EditorRoom& editor() { return editor_; }
     CompanionWindows& companions() { return companions_; }
     player::MediaOpener& opener() { return opener_; }
 
@@ -42,6 +44,8 @@ private:
     void Form_Load(base::TextView commandLine);
     // The exit sequence; true when the user cancelled it.
     bool Form_Unload();
+    // The question about unsaved text; true when it breaks the exit off.
+    bool keepsRunning();
     void mnuEsci_Click();
 
     void placeWindows(const StartSettings& start);
@@ -57,6 +61,9 @@ private:
     player::Preferences preferences_;
     player::Form1 form1_;
     controls::RecentFiles recentMedia_;
+    EditorRoom editor_;
+    InputRoom input_;
+    BookmarkRoom bookmarks_;
     CompanionWindows companions_;
     SettingsFile settings_;
     player::PositionDisplay display_;
@@ -73,8 +80,7 @@ private:
     player::LanguageMenu languageMenu_;
     dictation::SmartPlay smartPlay_;
     dictation::TimedCycle cycle_;
-    InputRoom input_;
-    BookmarkRoom bookmarks_;
+    InputJobs inputJobs_;
 };
 
 } // namespace app

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/desktop.h"
+#include "desktop/editor/rich_text_edit.h"
 #include "desktop/form1_window.h"
+#include "desktop/form2_window.h"
 #include "desktop/form3_window.h"
 #include "desktop/form4_window.h"
 #include "desktop/lazy_player.h"
@@ -22,9 +24,11 @@ public:
     platform::EventLoop& eventLoop() override { return eventLoop_; }
     platform::Dialogs& dialogs() override { return dialogs_; }
     platform::MediaPlayer& mediaPlayer() override { return player_; }
+    platform::RichText& richText() override { return text_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void show(player::Form1& form) override;
-    // The first use builds the window.
+    void show(editor::Form2& form) override;
+    // The first use of these builds the window.
     void show(bookmarks::Form3& form) override;
     void show(dictation::Form4& form) override;
 
@@ -40,7 +44,9 @@ private:
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
+    RichTextEdit text_;
     std::unique_ptr<Form1Window> form1_;
+    std::unique_ptr<Form2Window> form2_;
     std::unique_ptr<Form3Window> form3_;
     std::unique_ptr<Form4Window> form4_;
 };

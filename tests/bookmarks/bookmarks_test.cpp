@@ -185,7 +185,7 @@ TEST_F(BookmarksTest, Jumps_BeginBehindTheFirstSecond_AndReadOldEndsByTheirPlace
 
 TEST_F(BookmarksTest, Window_StandsBesideThePlayer_AndTellsItsState) {
     open();
-    controls::Window& editor = bench.program->workstation().companions().Form2;
+    controls::Window& editor = *bench.desktop.form2;
     form.left = 900;
     form.top = 600;
     form.mnuBookMark.Click();
