@@ -16,6 +16,7 @@ namespace {
 constexpr int rowHeight = 21;    // pixels
 constexpr int leastWidth = 160;  // pixels of the window: both buttons
 constexpr int margin = 7;        // pixels beside a text
+constexpr int leastGap = 2;      // pixels above and below the buttons
 constexpr double buttonGap = 60; // twips between the buttons
 constexpr int gap = 14;          // pixels between the columns
 constexpr qsizetype timeLength = 8;
@@ -62,7 +63,8 @@ Form3Window::Form3Window(bookmarks::Form3& form)
     QPalette white = palette();
     white.setColor(QPalette::Window, Qt::white);
     setPalette(white);
-    setMinimumSize(leastWidth, pixels(form.Command1.top + form.Command1.height) + 2);
+    setMinimumSize(leastWidth,
+                   pixels(form.List1.top + form.List1.height) + pixels(form.Command1.height) + 2 * leastGap);
 
     QListView* const list = addView(form.List1, *this);
     list->setItemDelegate(new BookmarkRow(list));
@@ -76,21 +78,23 @@ Form3Window::Form3Window(bookmarks::Form3& form)
     delete_ = addView(form.Command2, *this);
     for (controls::Control* const control :
          std::initializer_list<controls::Control*>{&form.List1, &form.Command1, &form.Command2})
-        control->observe([this] { alignRight(); });
+        control->observe([this] { align(); });
     begin();
 }
 
 void Form3Window::resizeEvent(QResizeEvent* event) {
     FormWindow::resizeEvent(event);
-    alignRight();
+    align();
 }
 
-void Form3Window::alignRight() {
+void Form3Window::align() {
     const int inside = width() - 2 * list_->x();
     list_->resize(inside, list_->height());
     const int right = list_->x() + inside - margin;
-    add_->move(right - add_->width(), add_->y());
-    delete_->move(add_->x() - delete_->width() - pixels(buttonGap), delete_->y());
+    const int below = list_->y() + list_->height();
+    const int top = std::min(pixels(form_.Command1.top), (below + height() - add_->height()) / 2);
+    add_->move(right - add_->width(), top);
+    delete_->move(add_->x() - delete_->width() - pixels(buttonGap), top);
 }
 
 } // namespace desktop

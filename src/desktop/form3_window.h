@@ -14,9 +14,9 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // The places of the data are made for a frame of one width; here the right edges are those of the window,
-    // whatever frame it has.
-    void alignRight();
+    // The places of the data are made for one frame; here the edges are those of the window, whatever frame
+    // it has, and a low window has its buttons in the middle of the room below the list.
+    void align();
 
     bookmarks::Form3& form_;
     QWidget* list_;
