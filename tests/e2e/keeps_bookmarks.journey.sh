@@ -14,6 +14,7 @@ mark() { # NAME
 }
 
 start_display
+setxkbmap -layout us,ru -variant altgr-intl, # letters that no single-byte page of this place has
 start_sound
 folder=$(lay_folder)
 file=$folder/Bookmarks/Interview.mp3.bm
