@@ -72,10 +72,11 @@ void FormWindow::follow() {
 void FormWindow::followVisibility() {
     if (isHidden() != form_.visible)
         return;
-    // Until the loop runs a window is not shown: the start may still move it, or take it away again, and a window
-    // manager that has not placed it yet gets the place wrong.
+    // Until the loop runs a window is not shown: the start may still move it, or take it away again, and a
+    // window manager that has not placed it yet gets the place wrong.
     if (form_.visible && QThread::currentThread()->loopLevel() == 0)
-        QMetaObject::invokeMethod(this, [this] { setVisible(form_.visible); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { setVisible(form_.visible); }, Qt::QueuedConnection);
     else
         setVisible(form_.visible);
 }
@@ -102,6 +103,7 @@ void FormWindow::followPlace() {
     if (corner != frameGeometry().topLeft())
         move(corner);
     const QSize whole(pixels(form_.width), pixels(form_.height));
+    ordered_ = whole;
     if (size_ == Size::Sizable && whole != size() + frame())
         resize((whole - frame()).expandedTo(QSize(1, 1)));
 }
@@ -115,7 +117,7 @@ void FormWindow::reportPlace() {
     if (size_ == Size::Sizable && !frameKnown_ && frameGeometry().size() != size()) {
         // Only now it shows how much of the size that was asked for the frame takes.
         frameKnown_ = true;
-        resize((QSize(pixels(form_.width), pixels(form_.height)) - frame()).expandedTo(QSize(1, 1)));
+        resize((ordered_ - frame()).expandedTo(QSize(1, 1)));
     }
     reporting_ = true;
     form_.left = twips(frameGeometry().left());

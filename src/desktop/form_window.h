@@ -53,6 +53,7 @@ private:
     Size size_;
     base::Text shownIcon_;
     QEventLoop* modal_ = nullptr; // the loop that waits for a modal window
+    QSize ordered_;               // the whole size that the data asked for last
     bool frameKnown_ = false;     // the window manager has told what it adds
     bool reporting_ = false;      // the data follows the window now, not the other way round
 };
