@@ -1,5 +1,6 @@
 #include "desktop/qt_desktop.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 
 namespace desktop {
@@ -11,6 +12,11 @@ constexpr int quietAfter = 1500; // ms from the first window on
 } // namespace
 
 QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {}
+
+void QtDesktop::speak(const base::Text& fileLingua) {
+    words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));
+    QCoreApplication::installTranslator(words_.get());
+}
 
 void QtDesktop::show(player::Form1& form) {
     form1_ = std::make_unique<Form1Window>(form);

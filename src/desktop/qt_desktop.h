@@ -10,6 +10,7 @@
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
 #include "desktop/qt_system.h"
+#include "desktop/standard_words.h"
 
 #include <memory>
 
@@ -26,6 +27,7 @@ public:
     platform::MediaPlayer& mediaPlayer() override { return player_; }
     platform::RichText& richText() override { return text_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
+    void speak(const base::Text& fileLingua) override;
     void show(player::Form1& form) override;
     void show(editor::Form2& form) override;
     // The first use of these builds the window.
@@ -44,6 +46,7 @@ private:
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
+    std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;

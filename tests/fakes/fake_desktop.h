@@ -123,6 +123,7 @@ public:
     platform::MediaPlayer& mediaPlayer() override { return player; }
     platform::RichText& richText() override { return text; }
     base::CodePage codePage() override { return base::CodePage(1252); }
+    void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
         form1 = &form;
         form.screen.width = 28800;
