@@ -4,6 +4,7 @@
 #include "bookmarks/form3.h"
 #include "dictation/form4.h"
 #include "editor/form2.h"
+#include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/media_player.h"
@@ -22,6 +23,7 @@ public:
     virtual platform::EventLoop& eventLoop() = 0;
     virtual platform::Dialogs& dialogs() = 0;
     virtual platform::MediaPlayer& mediaPlayer() = 0;
+    virtual platform::Clipboard& clipboard() = 0;
     // The text of the editor, which its window shows.
     virtual platform::RichText& richText() = 0;
     // The single-byte page that goes with the user's language.

@@ -2,10 +2,15 @@
 
 #include "app/desktop.h"
 #include "controls/recent_files.h"
+#include "editor/clipboard_forms.h"
 #include "editor/document.h"
+#include "editor/editor_keys.h"
 #include "editor/editor_window.h"
 #include "editor/form2.h"
+#include "editor/time_stamp.h"
 #include "editor/toolbar.h"
+#include "editor/typing.h"
+#include "editor/undo_redo.h"
 #include "player/form1.h"
 #include "player/preferences.h"
 
@@ -30,7 +35,12 @@ private:
     editor::Form2 form_;
     controls::RecentFiles recent_;
     editor::Document document_;
+    editor::UndoRedo undoRedo_;
+    editor::Typing typing_;
+    editor::ClipboardForms clipboard_;
+    editor::TimeStamp timeStamp_;
     editor::Toolbar toolbar_;
+    editor::EditorKeys keys_;
     editor::EditorWindow window_;
 };
 

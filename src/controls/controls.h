@@ -209,6 +209,9 @@ struct Window : Control {
     // A key that no control of the window took.
     std::function<void(platform::KeyEvent&)> KeyDown = [](platform::KeyEvent&) {};
     std::function<void(const platform::KeyEvent&)> KeyUp = [](const platform::KeyEvent&) {};
+    bool active = false; // the window in front, which has the keyboard
+    // Opens one of the window's menus at the pointer; the one who shows the window fills this in.
+    std::function<void(MenuItem&)> PopupMenu = [](MenuItem&) {};
     // The window became the active one, or is that no more.
     std::function<void()> Activate = [] {};
     std::function<void()> Deactivate = [] {};

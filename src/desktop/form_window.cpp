@@ -8,6 +8,7 @@
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEventLoop>
+#include <QMenu>
 #include <QMimeData>
 #include <QThread>
 #include <QWindow>
@@ -45,6 +46,10 @@ void FormWindow::begin() {
         activateWindow();
     };
     form_.showModal = [this] { showModal(); };
+    form_.PopupMenu = [this](const controls::MenuItem& item) {
+        if (auto* const menu = findChild<QMenu*>(qstring(item.name)))
+            menu->popup(QCursor::pos());
+    };
     adjustSize();
     form_.observe([this] { follow(); });
     follow();
@@ -157,8 +162,10 @@ void FormWindow::changeEvent(QEvent* event) {
         (static_cast<const QWindowStateChangeEvent&>(*event).oldState() & heldState) !=
             (windowState() & heldState))
         reportState();
-    if (event->type() == QEvent::ActivationChange)
-        isActiveWindow() ? form_.Activate() : form_.Deactivate();
+    if (event->type() == QEvent::ActivationChange) {
+        form_.active = isActiveWindow();
+        form_.active ? form_.Activate() : form_.Deactivate();
+    }
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

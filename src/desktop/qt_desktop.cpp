@@ -11,7 +11,9 @@ constexpr int quietAfter = 1500; // ms from the first window on
 
 } // namespace
 
-QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {}
+QtDesktop::QtDesktop()
+    : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {
+}
 
 void QtDesktop::speak(const base::Text& fileLingua) {
     words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));

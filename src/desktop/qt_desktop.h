@@ -6,7 +6,9 @@
 #include "desktop/form2_window.h"
 #include "desktop/form3_window.h"
 #include "desktop/form4_window.h"
+#include "desktop/key_repeats.h"
 #include "desktop/lazy_player.h"
+#include "desktop/qt_clipboard.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
 #include "desktop/qt_system.h"
@@ -25,6 +27,7 @@ public:
     platform::EventLoop& eventLoop() override { return eventLoop_; }
     platform::Dialogs& dialogs() override { return dialogs_; }
     platform::MediaPlayer& mediaPlayer() override { return player_; }
+    platform::Clipboard& clipboard() override { return clipboard_; }
     platform::RichText& richText() override { return text_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void speak(const base::Text& fileLingua) override;
@@ -46,6 +49,8 @@ private:
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
+    QtClipboard clipboard_{QClipboard::Clipboard};
+    KeyRepeats keyRepeats_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
     std::unique_ptr<Form1Window> form1_;

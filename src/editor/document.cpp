@@ -25,7 +25,6 @@ Document::Document(Form2& form, platform::Dialogs& dialogs, platform::System& sy
     for (controls::MenuItem* item :
          {&form_.mnuRecent1, &form_.mnuRecent2, &form_.mnuRecent3, &form_.mnuRecent4})
         item->Click = [this, item] { ApriDocumento(base::Text(item->caption.get())); };
-    form_.RTB.Change = [this] { RTB_Change(); };
 }
 
 void Document::Form_Load() {
@@ -33,17 +32,10 @@ void Document::Form_Load() {
     CambiaLingua2();
     form_.caption = form_.Lingua(96) + u" - " + NomeDocumento + u"1";
     NumeroDocumento = 1;
-    // A fresh editor counts as modified: its first record of the text is laid by the same routine as all
-    // others.
-    RTB_Change();
 }
 
 void Document::CambiaLingua2() {
     NomeDocumento = form_.Lingua(97) + u" ";
-}
-
-void Document::RTB_Change() {
-    TestoModificato = 1;
 }
 
 base::Text Document::untitledName() const {

@@ -28,9 +28,6 @@ public:
     void SalvaFilesRecenti(base::TextView path);
     void mnuSelezionaTutto_Click();
 
-    // The text has changed, by whomever.
-    void RTB_Change();
-
     // The question at the exit of the program: true when the user cancelled the exit. `SavedLate` says that a
     // save was asked for but no file was named.
     enum class ExitAnswer { Go, Cancelled, SaveCancelled };

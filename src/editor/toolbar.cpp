@@ -9,24 +9,6 @@ namespace {
 
 constexpr controls::Color black = 0;
 
-// The buttons by what they do, in their own numbers.
-enum Button {
-    newButton = 0,
-    openButton = 1,
-    saveButton = 2,
-    boldButton = 4,
-    italicButton = 5,
-    underlineButton = 6,
-    strikeButton = 7,
-    leftButton = 8,
-    centreButton = 9,
-    rightButton = 10,
-    largerButton = 11,
-    smallerButton = 12,
-    colorButton = 13,
-    bulletButton = 14,
-};
-
 std::vector<base::Text> fontSizes() {
     std::vector<base::Text> sizes;
     for (int points = 5; points <= 15; ++points)
@@ -111,6 +93,10 @@ void Toolbar::Label2_Click(int index) {
             return stepSize(-1);
         case colorButton:
             return chooseColor();
+        case undoButton:
+            return form_.mnuAnnulla.Click();
+        case redoButton:
+            return form_.mnuRipeti.Click();
         default:
             return;
         }

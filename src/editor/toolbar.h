@@ -6,6 +6,26 @@
 
 namespace editor {
 
+// The buttons of the strip, in their own numbers.
+enum ToolbarButton {
+    newButton = 0,
+    openButton = 1,
+    saveButton = 2,
+    boldButton = 4,
+    italicButton = 5,
+    underlineButton = 6,
+    strikeButton = 7,
+    leftButton = 8,
+    centreButton = 9,
+    rightButton = 10,
+    largerButton = 11,
+    smallerButton = 12,
+    colorButton = 13,
+    bulletButton = 14,
+    undoButton = 15,
+    redoButton = 16,
+};
+
 // The strip over the text: seventeen hot areas over one picture, four letters, the boxes for font and size.
 // All of it acts on the selection, or hands on to the document.
 class Toolbar {

@@ -23,6 +23,13 @@ inline constexpr int findWholeWord = 2;
 inline constexpr int findMatchCase = 4;
 inline constexpr int findNoHighlight = 8;
 
+// A change of a text: `removed` units at `position` gave way to `inserted`.
+struct TextChange {
+    std::int32_t position = 0;
+    std::int32_t removed = 0;
+    base::Text inserted;
+};
+
 // One document of rich text with a selection. Positions and lengths count UTF-16 units, the end of a
 // paragraph counting two (CR LF); one that lies outside the text is taken as the nearest inside, one inside a
 // pair as the place before it. A line break inside of a paragraph is the one unit U+000B, a picture or
@@ -41,6 +48,9 @@ public:
     virtual void setText(base::TextView text) = 0;
     // Len(Text), without building the text.
     virtual std::int32_t textLength() const = 0;
+    // What has changed in Text since this was last asked, at first since the empty document. Changes in many
+    // places are told as one that covers them all; its cost is that of what it covers.
+    virtual TextChange takeChange() = 0;
 
     virtual std::int32_t SelStart() const = 0;
     // Puts the caret there, with nothing selected.

@@ -26,8 +26,8 @@ TEST_F(ToolbarTest, Buttons_ActOnTheSelection_AndGiveTheKeyboardBack) {
                                                              {12, {"size 12"}},
                                                              {14, {"bullet on", "focus"}},
                                                              {13, {}},
-                                                             {15, {}},
-                                                             {16, {}},
+                                                             {15, {"focus"}},
+                                                             {16, {"focus"}},
                                                              {17, {}},
                                                              {-1, {}}};
     for (const auto& [index, commands] : rows) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "editor/document.h"
+#include "editor/typing.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/fake_rich_text.h"
 
@@ -30,6 +30,9 @@ protected:
                                  files,
                                  folder.files(u"LastFilesEditor.ini")};
     editor::Document document{form, dialogs, desktop.systemPort, preferences, recent};
+    player::Form1 form1{desktop.loop, desktop.player, Lingua, folder};
+    editor::UndoRedo undoRedo{text};
+    editor::Typing typing{form, document, undoRedo, form1};
 };
 
 } // namespace fakes

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/desktop.h"
+#include "fakes/fake_clipboard.h"
 #include "fakes/fake_player.h"
 #include "fakes/fake_rich_text.h"
 #include "fakes/temporary_folder.h"
@@ -83,6 +84,7 @@ public:
     FakeSystem systemPort;
     FakeDialogs dialogPort;
     FakePlayer player{loop};
+    FakeClipboard clipboardPort;
     FakeRichText text;
     player::Form1* form1 = nullptr;
     editor::Form2* form2 = nullptr;
@@ -121,6 +123,7 @@ public:
     platform::EventLoop& eventLoop() override { return loop; }
     platform::Dialogs& dialogs() override { return dialogPort; }
     platform::MediaPlayer& mediaPlayer() override { return player; }
+    platform::Clipboard& clipboard() override { return clipboardPort; }
     platform::RichText& richText() override { return text; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     void speak(const base::Text&) override {}

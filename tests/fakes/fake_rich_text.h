@@ -22,6 +22,7 @@ public:
     void type(base::TextView typed) { setSelText(typed); }
 
     base::Text Text() const override { return text_; }
+    platform::TextChange takeChange() override { return {0, std::exchange(told_, textLength()), text_}; }
     void setText(base::TextView text) override {
         text_ = text;
         start_ = length_ = 0;
@@ -97,6 +98,7 @@ private:
     base::Text text_;
     std::int32_t start_ = 0;
     std::int32_t length_ = 0;
+    std::int32_t told_ = 0; // length of the text when its changes were last asked for
 };
 
 } // namespace fakes

@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/files.h"
+#include "desktop/editor/layout_limits.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/text_units.h"
 #include "rtf/rtf_reader.h"
@@ -14,9 +15,7 @@ namespace desktop {
 
 namespace {
 
-// Qt lays a paragraph out as a whole, 2 million units in a second, each in 45 bytes.
-constexpr std::ptrdiff_t longestParagraph = 10'000'000; // units
-constexpr std::uintmax_t largestFile = 100'000'000;     // bytes
+constexpr std::uintmax_t largestFile = 100'000'000; // bytes
 
 [[noreturn]] void refuse(base::TextView path) {
     throw base::Failure("The file is too large: " + base::toUtf8(path));
@@ -38,23 +37,6 @@ base::Text decode(std::string_view bytes, const base::CodePage& page) {
     return base::decodeFile(bytes, page);
 }
 
-bool hasLongParagraph(base::TextView text) {
-    for (auto begin = text.begin(); text.end() - begin > longestParagraph;) {
-        const auto limit = begin + longestParagraph;
-        const auto end = std::find_if(std::make_reverse_iterator(limit), std::make_reverse_iterator(begin),
-                                      [](char16_t unit) { return unit == u'\n' || unit == u'\r'; });
-        if (end.base() == begin)
-            return true;
-        begin = end.base();
-    }
-    return false;
-}
-
-bool hasLongParagraph(const rtf::Document& document) {
-    return std::any_of(document.paragraphs.begin(), document.paragraphs.end(),
-                       [](const rtf::Paragraph& paragraph) { return paragraph.length > longestParagraph; });
-}
-
 } // namespace
 
 std::unique_ptr<EditorDocument> documentOfText(base::TextView text, const QFont& font) {
@@ -72,12 +54,12 @@ std::unique_ptr<EditorDocument> loadDocument(base::TextView path, const base::Co
     const std::string bytes = base::readFile(path);
     if (rtf::isRtf(bytes)) {
         rtf::Document source = rtf::read(bytes);
-        if (hasLongParagraph(source))
+        if (cannotBeLaidOut(source))
             refuse(path);
         return documentOfRtf(std::move(source), font);
     }
     const base::Text text = decode(bytes, page);
-    if (hasLongParagraph(text))
+    if (cannotBeLaidOut(text))
         refuse(path);
     return documentOfText(text, font);
 }

@@ -3,6 +3,7 @@
 #include "base/carry_on.h"
 #include "base/files.h"
 #include "desktop/conversions.h"
+#include "desktop/editor/layout_limits.h"
 #include "desktop/editor/load_document.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
@@ -22,6 +23,19 @@ namespace {
 constexpr double smallestSize = 1;   // points
 constexpr double largestSize = 1638; // points
 
+// Text that goes in at the caret is laid out at once, not in idle moments as that of a file is.
+constexpr std::size_t largestInsertion = 10'000'000; // units, some seconds
+
+void refuseIf(bool tooLarge) {
+    if (tooLarge)
+        throw base::Failure("The text is too large to be inserted");
+}
+
+base::Text selectedText(const QTextCursor& cursor) {
+    const QString selected = cursor.selectedText();
+    return programText(selected, static_cast<int>(selected.count(QChar(documentParagraphEnd))));
+}
+
 } // namespace
 
 RichTextEdit::RichTextEdit(const base::CodePage& page, QWidget* parent) : QTextEdit(parent), page_(page) {
@@ -40,14 +54,16 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     document_ = document.release();
     document_->setParent(this);
     connect(document_, &QTextDocument::contentsChange, this,
-            [this](int, int removed, int added) { noteChange(removed, added); });
+            [this](int position, int removed, int added) { noteChange(position, removed, added); });
     setDocument(document_);
     delete before;
+    stretch_.noteAll(*document_);
 }
 
-void RichTextEdit::noteChange(int removed, int added) {
+void RichTextEdit::noteChange(int position, int removed, int added) {
     if (removed == added && sameLength_ == SameLength::Format)
         return;
+    stretch_.note(*document_, position, added);
     changed_ = true;
     if (editing_ == 0)
         edit(SameLength::Format, [] {});
@@ -66,6 +82,14 @@ void RichTextEdit::setText(base::TextView text) {
 
 std::int32_t RichTextEdit::textLength() const {
     return programLength(*document_);
+}
+
+platform::TextChange RichTextEdit::takeChange() {
+    const ChangedStretch::Range range = stretch_.take();
+    QTextCursor cursor(document_);
+    cursor.setPosition(documentUnit(*document_, range.begin));
+    cursor.setPosition(documentUnit(*document_, range.begin + range.added), QTextCursor::KeepAnchor);
+    return {range.begin, range.removed, selectedText(cursor)};
 }
 
 std::int32_t RichTextEdit::SelStart() const {
@@ -99,8 +123,7 @@ TextRange RichTextEdit::selectedRange() const {
 }
 
 base::Text RichTextEdit::SelText() const {
-    const QString selected = textCursor().selectedText();
-    return programText(selected, static_cast<int>(selected.count(QChar(documentParagraphEnd))));
+    return selectedText(textCursor());
 }
 
 void RichTextEdit::setSelText(base::TextView text) {
@@ -120,14 +143,20 @@ base::Text RichTextEdit::SelRTF() const {
 
 void RichTextEdit::setSelRTF(base::TextView source) {
     edit(SameLength::Replacement, [&] {
-        if (!isRtfSource(source)) {
-            replaceSelection(source);
+        if (isRtfSource(source)) {
+            insertSource(rtf::read(rtfBytes(source)));
             return;
         }
-        QTextCursor cursor = textCursor();
-        insertRtf(cursor, *document_, rtf::read(rtfBytes(source)));
-        setTextCursor(cursor);
+        refuseIf(source.size() > largestInsertion || cannotBeLaidOut(source));
+        replaceSelection(source);
     });
+}
+
+void RichTextEdit::insertSource(const rtf::Document& source) {
+    refuseIf(source.text.size() > largestInsertion || cannotBeLaidOut(source));
+    QTextCursor cursor = textCursor();
+    insertRtf(cursor, *document_, source);
+    setTextCursor(cursor);
 }
 
 void RichTextEdit::setSelFontName(base::TextView name) {

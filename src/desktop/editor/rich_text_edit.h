@@ -1,12 +1,15 @@
 #pragma once
 
 #include "base/code_page.h"
+#include "desktop/editor/changed_stretch.h"
 #include "desktop/editor/editor_document.h"
 #include "desktop/editor/text_units.h"
+#include "desktop/qt_clipboard.h"
 #include "platform/rich_text.h"
 
 #include <QTextEdit>
 #include <memory>
+#include <set>
 
 namespace desktop {
 
@@ -20,6 +23,7 @@ public:
     base::Text Text() const override;
     void setText(base::TextView text) override;
     std::int32_t textLength() const override;
+    platform::TextChange takeChange() override;
 
     std::int32_t SelStart() const override;
     void setSelStart(std::int32_t position) override;
@@ -58,6 +62,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
@@ -68,31 +73,52 @@ private:
     // What a change of the document that leaves its length alone is taken for.
     enum class SameLength { Format, Replacement };
 
+    // An edit that is under way, also when it fails.
+    class Editing {
+    public:
+        Editing(RichTextEdit& control, SameLength meaning) : control_(control), before_(control.sameLength_) {
+            ++control_.editing_;
+            if (meaning == SameLength::Replacement)
+                control_.sameLength_ = meaning;
+        }
+        Editing(const Editing&) = delete;
+        Editing& operator=(const Editing&) = delete;
+        ~Editing() {
+            --control_.editing_;
+            control_.sameLength_ = before_;
+        }
+
+    private:
+        RichTextEdit& control_;
+        SameLength before_;
+    };
+
     // Does something that may change the text; tells of the change, once, when all is done.
     template <typename Work>
     void edit(SameLength meaning, Work&& work);
-    void noteChange(int removed, int added);
+    void noteChange(int position, int removed, int added);
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
+    void insertSource(const rtf::Document& source);
 
     base::CodePage page_;
     EditorDocument* document_ = nullptr; // a child of this
     int editing_ = 0;                    // how many edits are under way, one within the other
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
+    ChangedStretch stretch_; // of what nobody has asked for yet
+    std::set<int> pressed_;  // keys of Qt that went down in the text and are not up again
+    QtClipboard selection_{QClipboard::Selection};
 };
 
 // Runs in the control's own files only.
 template <typename Work>
 void RichTextEdit::edit(SameLength meaning, Work&& work) {
-    const SameLength before = sameLength_;
-    if (meaning == SameLength::Replacement)
-        sameLength_ = meaning;
-    ++editing_;
-    work();
-    --editing_;
-    sameLength_ = before;
+    {
+        const Editing whileAtIt(*this, meaning);
+        work();
+    }
     if (editing_ > 0 || !changed_)
         return;
     changed_ = false;

@@ -1,5 +1,6 @@
 #include "desktop/editor/rich_text_edit.h"
 
+#include "base/carry_on.h"
 #include "desktop/conversions.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
@@ -8,6 +9,7 @@
 #include "rtf/rtf_writer.h"
 
 #include <QFocusEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextDocumentFragment>
@@ -50,6 +52,9 @@ QByteArray rtfOffered(const QMimeData& offer) {
 bool RichTextEdit::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
+        // A shortcut of a menu may take the press; the release comes here all the same.
+        if (!key.isAutoRepeat())
+            pressed_.insert(key.key());
         const bool letterWithControl = isLetter(key.key()) && heldKeys(key) == Qt::ControlModifier;
         if (isFunctionKey(key.key()) || letterWithControl) {
             event->setAccepted(!letterWithControl ||
@@ -61,6 +66,8 @@ bool RichTextEdit::event(QEvent* event) {
 }
 
 void RichTextEdit::keyPressEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat())
+        pressed_.insert(event->key());
     if (platform::KeyEvent key = keyEvent(*event); key.keyCode != 0) {
         KeyDown(key);
         if (key.keyCode == 0) {
@@ -77,9 +84,10 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
 }
 
 void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
-    // A key that is held is released and pressed again and again, where the user did neither.
+    // A key that is held is released and pressed again and again, where the user did neither. One that went
+    // down elsewhere has done its work there: a key of the player gives the keyboard back before it is up.
     const platform::KeyEvent key = keyEvent(*event);
-    if (key.keyCode != 0 && !event->isAutoRepeat())
+    if (!event->isAutoRepeat() && pressed_.erase(event->key()) > 0 && key.keyCode != 0)
         KeyUp(key);
     QTextEdit::keyReleaseEvent(event);
 }
@@ -97,6 +105,22 @@ void RichTextEdit::mousePressEvent(QMouseEvent* event) {
     event->accept();
 }
 
+void RichTextEdit::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() != Qt::MiddleButton || QGuiApplication::clipboard()->ownsSelection()) {
+        QTextEdit::mouseReleaseEvent(event);
+        return;
+    }
+    // Another program's selection is read as its clipboard is.
+    for (const auto format : {platform::ClipboardFormat::Rtf, platform::ClipboardFormat::Text}) {
+        const base::Text held = selection_.GetText(format);
+        if (held.empty())
+            continue;
+        setTextCursor(cursorForPosition(event->position().toPoint()));
+        base::carryOn([&] { setSelRTF(held); });
+        return;
+    }
+}
+
 void RichTextEdit::dropEvent(QDropEvent* event) {
     edit(SameLength::Replacement, [&] { QTextEdit::dropEvent(event); });
 }
@@ -104,8 +128,10 @@ void RichTextEdit::dropEvent(QDropEvent* event) {
 void RichTextEdit::focusOutEvent(QFocusEvent* event) {
     QTextEdit::focusOutEvent(event);
     // An open menu borrows the keyboard; the text has it still.
-    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::MenuBarFocusReason)
-        LostFocus();
+    if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason)
+        return;
+    pressed_.clear();
+    LostFocus();
 }
 
 QMimeData* RichTextEdit::createMimeDataFromSelection() const {
@@ -126,11 +152,9 @@ void RichTextEdit::insertFromMimeData(const QMimeData* source) {
     edit(SameLength::Replacement, [&] {
         const std::string bytes = rtfOffered(*source).toStdString();
         if (rtf::isRtf(bytes)) {
-            QTextCursor cursor = textCursor();
-            insertRtf(cursor, *document_, rtf::read(bytes));
-            setTextCursor(cursor);
+            base::carryOn([&] { insertSource(rtf::read(bytes)); });
         } else if (source->hasText()) {
-            setSelRTF(text(source->text()));
+            base::carryOn([&] { setSelRTF(text(source->text())); });
         } else if (source->hasHtml()) {
             replaceSelection(text(QTextDocumentFragment::fromHtml(source->html()).toPlainText()));
         }

@@ -78,11 +78,15 @@ std::int32_t programPosition(const QTextDocument& document, int position) {
     return inside + document.findBlock(inside).blockNumber();
 }
 
-int documentPosition(const QTextDocument& document, std::int64_t position) {
+int documentUnit(const QTextDocument& document, std::int64_t position) {
     const std::int64_t inside = std::clamp<std::int64_t>(position, 0, programLength(document));
     const QTextBlock block = blockAt(document, inside);
     const std::int64_t offset = inside - block.position() - block.blockNumber();
-    const int place = block.position() + static_cast<int>(std::min<std::int64_t>(offset, block.length() - 1));
+    return block.position() + static_cast<int>(std::min<std::int64_t>(offset, block.length() - 1));
+}
+
+int documentPosition(const QTextDocument& document, std::int64_t position) {
+    const int place = documentUnit(document, position);
     const bool splitsPair = place > 0 && document.characterAt(place).isLowSurrogate() &&
                             document.characterAt(place - 1).isHighSurrogate();
     return splitsPair ? place - 1 : place;

@@ -38,5 +38,7 @@ std::int32_t programLength(const QTextDocument& document);
 // within CR LF or a surrogate pair as the place before it.
 std::int32_t programPosition(const QTextDocument& document, int position);
 int documentPosition(const QTextDocument& document, std::int64_t position);
+// The same for a place that may divide a surrogate pair.
+int documentUnit(const QTextDocument& document, std::int64_t position);
 
 } // namespace desktop

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QTextDocument>
+#include <cstdint>
+
+namespace desktop {
+
+// The stretch of a document in which all changes lie since it was last taken, in units of the program.
+class ChangedStretch {
+public:
+    // The document tells of a change when it is done; what it tells may be more than what changed.
+    void note(const QTextDocument& document, int position, int added);
+    // All of the text gave way to this document's.
+    void noteAll(const QTextDocument& document);
+
+    struct Range {
+        std::int32_t begin = 0;
+        std::int32_t removed = 0; // units that stood here
+        std::int32_t added = 0;   // units that stand here now
+    };
+    Range take();
+
+private:
+    void add(Range change);
+
+    Range range_;
+    bool isEmpty_ = true;
+    std::int32_t length_ = 0; // of the text as it was last told
+};
+
+} // namespace desktop

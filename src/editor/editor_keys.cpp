@@ -1,0 +1,143 @@
+#include "editor/editor_keys.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace editor {
+
+namespace {
+
+using Routine = std::function<void()>;
+
+// Key codes; a letter is its own.
+enum Key {
+    f1 = 112,
+    f3 = 114,
+    f4 = 115,
+    f5 = 116,
+    f6 = 117,
+    f7 = 118,
+    f8 = 119,
+    f9 = 120,
+    f11 = 122,
+};
+
+constexpr int rightMouseButton = 2;
+
+// Letters that act when they are released: what the control itself would do with them at the press never
+// runs.
+constexpr base::TextView actOnRelease = u"XCVZIY";
+
+constexpr base::TextView italian = u"italiano.lng";
+
+// A command whose room is not there does nothing.
+void run(const Routine& routine) {
+    if (routine)
+        routine();
+}
+
+} // namespace
+
+EditorKeys::EditorKeys(Form2& form, Toolbar& toolbar, player::Form1& player)
+    : form_(form), toolbar_(toolbar), player_(player) {
+    form_.RTB.KeyDown = [this](platform::KeyEvent& key) { RTB_KeyDown(key); };
+    form_.RTB.KeyUp = [this](const platform::KeyEvent& key) { RTB_KeyUp(key); };
+    form_.RTB.MouseDown = [this](int button) { RTB_MouseDown(button); };
+    form_.KeyDown = [this](const platform::KeyEvent& key) { Form_KeyDown(key); };
+}
+
+void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
+    if (key.shift == platform::controlKey) {
+        if (givesPlayerCommand(key))
+            return;
+        if (actOnRelease.find(static_cast<char16_t>(key.keyCode)) != base::TextView::npos)
+            key = {};
+    }
+    if (key.keyCode != f3 && key.keyCode != f4)
+        return;
+    run(key.keyCode == f3 ? player_.mnuDiminuisciVelocità.Click : player_.mnuAumentaVelocità.Click);
+    key.keyCode = 0;
+}
+
+// A command may open a modal window, which then gets the release: the key is spent before it runs.
+bool EditorKeys::givesPlayerCommand(platform::KeyEvent& key) {
+    struct Row {
+        int keyCode;
+        const Routine& command;
+        bool spent; // else the control still sees the key, without its Ctrl
+    };
+    const Row rows[] = {
+        {'M', player_.mnuAddBM.Click, true},
+        {'O', player_.mnuApri.Click, true},
+        {'Q', player_.mnuEsci.Click, true},
+        {'W', player_.mnuLingua.Click, true},
+        {f1, player_.mnuInfo.Click, true},
+        {f4, player_.mnuChiudi.Click, true},
+        {f6, player_.mnuDiminuisciVelocità.Click, false},
+        {f7, player_.mnuAumentaVelocità.Click, false},
+    };
+    const Row* const row = std::find_if(std::begin(rows), std::end(rows),
+                                        [&](const Row& each) { return each.keyCode == key.keyCode; });
+    if (row == std::end(rows))
+        return false;
+    key.shift = 0;
+    if (row->spent)
+        key.keyCode = 0;
+    run(row->command);
+    return true;
+}
+
+void EditorKeys::RTB_KeyUp(const platform::KeyEvent& key) {
+    if (key.shift == platform::controlKey) {
+        giveEditCommand(key.keyCode);
+        giveStyleCommand(key.keyCode);
+    }
+    givePlayerCommand(key.keyCode);
+}
+
+void EditorKeys::giveEditCommand(int keyCode) {
+    const std::pair<int, const Routine&> rows[] = {
+        {'Z', form_.mnuAnnulla.Click}, {'Y', form_.mnuRipeti.Click}, {'C', form_.mnuCopia.Click},
+        {'V', form_.mnuIncolla.Click}, {'X', form_.mnuTaglia.Click},
+    };
+    for (const auto& [code, command] : rows)
+        if (code == keyCode)
+            run(command);
+}
+
+// The letters go by the name of the language file alone. In Italian the release of Ctrl+S underlines what its
+// press has saved.
+void EditorKeys::giveStyleCommand(int keyCode) {
+    const bool isItalian = base::lowered(form_.Lingua.FileLingua) == italian;
+    if (keyCode == 'I')
+        toolbar_.Label2_Click(italicButton);
+    if (keyCode == (isItalian ? 'G' : 'B'))
+        toolbar_.Label2_Click(boldButton);
+    if (keyCode == (isItalian ? 'S' : 'U'))
+        toolbar_.Label2_Click(underlineButton);
+}
+
+// With any modifier: Ctrl+F6 slows down on its press and steps back on its release.
+void EditorKeys::givePlayerCommand(int keyCode) {
+    const std::pair<int, const Routine&> rows[] = {
+        {f1, player_.mnuGuida.Click},           {f5, player_.cmdPlay.Click},
+        {f6, player_.cmdIndietro.Click},        {f7, player_.cmdAvanz.Click},
+        {f8, player_.mnuBookMark.Click},        {f9, player_.mnuImpostaAudio.Click},
+        {f11, player_.mnuTitoloCompleto.Click},
+    };
+    for (const auto& [code, command] : rows)
+        if (code == keyCode)
+            run(command);
+}
+
+void EditorKeys::RTB_MouseDown(int button) {
+    if (button == rightMouseButton)
+        form_.PopupMenu(form_.mnuModifica);
+}
+
+void EditorKeys::Form_KeyDown(const platform::KeyEvent& key) {
+    if (key.keyCode == platform::escapeKey)
+        run(player_.mnuEsci.Click);
+}
+
+} // namespace editor

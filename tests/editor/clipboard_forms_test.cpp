@@ -1,0 +1,78 @@
+#include "editor/clipboard_forms.h"
+#include "fakes/editor_bench.h"
+#include "fakes/fake_clipboard.h"
+
+class ClipboardFormsTest : public fakes::EditorBench {
+protected:
+    ClipboardFormsTest() {
+        form.active = true;
+        forms.Form_Load();
+        text.setText(u"one two");
+        text.setSelStart(0);
+        text.setSelLength(3);
+    }
+    base::Text afterTick(bool editorInFront) {
+        form.active = editorInFront;
+        desktop.loop.advance(200);
+        return clipboard.text;
+    }
+
+    fakes::FakeClipboard clipboard;
+    editor::ClipboardForms forms{form, clipboard};
+};
+
+TEST_F(ClipboardFormsTest, ACopy_IsRtfInFrontOfAll_AndPlainTextBehindAnother) {
+    form.mnuCopia.Click();
+    EXPECT_EQ(clipboard.text, u"{\\rtf1 one}");
+    EXPECT_EQ(afterTick(true), u"{\\rtf1 one}");
+    EXPECT_EQ(afterTick(false), u"one");
+    clipboard.text = u"from elsewhere";
+    EXPECT_EQ(afterTick(false), u"from elsewhere") << "only the change of sides replaces it";
+    EXPECT_EQ(afterTick(true), u"{\\rtf1 one}") << "what was copied elsewhere is wiped";
+    EXPECT_EQ(text.Text(), u"one two");
+}
+
+TEST_F(ClipboardFormsTest, ACut_TakesTheSelectionOut_AndAPasteBringsItBack) {
+    form.mnuTaglia.Click();
+    EXPECT_EQ(text.Text(), u" two");
+    EXPECT_EQ(clipboard.text, u"{\\rtf1 one}");
+    form.mnuIncolla.Click();
+    EXPECT_EQ(text.Text(), u"one two");
+}
+
+TEST_F(ClipboardFormsTest, BeforeTheFirstCopy_AnotherWindowInFront_EmptiesTheClipboard) {
+    clipboard.text = u"from before";
+    EXPECT_EQ(afterTick(false), u"");
+}
+
+TEST_F(ClipboardFormsTest, APaste_TakesRtfBeforeText_AndOfNothingNothing) {
+    clipboard.rtf = u"{\\rtf1 rich}";
+    clipboard.text = u"poor";
+    form.mnuIncolla.Click();
+    EXPECT_EQ(text.Text(), u"rich two");
+    clipboard.rtf.clear();
+    form.mnuIncolla.Click();
+    EXPECT_EQ(text.Text(), u"richpoor two");
+    clipboard.text.clear();
+    const std::size_t records = undoRedo.ListaUndo().size();
+    form.mnuIncolla.Click();
+    EXPECT_EQ(undoRedo.ListaUndo().size(), records);
+}
+
+TEST_F(ClipboardFormsTest, AClipboardHeldByAnother_StaysAsItIs_AndTheSideCountsAsChanged) {
+    form.mnuCopia.Click();
+    clipboard.held = true;
+    EXPECT_EQ(afterTick(false), u"{\\rtf1 one}");
+    clipboard.held = false;
+    EXPECT_EQ(afterTick(false), u"{\\rtf1 one}");
+    EXPECT_EQ(afterTick(true), u"{\\rtf1 one}");
+}
+
+TEST_F(ClipboardFormsTest, TheKeyboardGoneElsewhere_LeavesTheSelectionAsText) {
+    form.mnuCopia.Click();
+    text.setSelStart(4);
+    text.setSelLength(3);
+    text.LostFocus();
+    EXPECT_EQ(clipboard.text, u"two");
+    EXPECT_EQ(afterTick(false), u"one");
+}

@@ -1,0 +1,78 @@
+#include "editor/snapshot_text.h"
+
+#include <gtest/gtest.h>
+#include <optional>
+#include <random>
+
+using editor::SnapshotStore;
+using editor::SnapshotText;
+
+namespace {
+
+base::Text letters(std::mt19937& random, std::size_t count) {
+    base::Text text;
+    while (text.size() < count)
+        text += u"abc \r\n\xD83D\xDE00"[random() % 8];
+    return text;
+}
+
+std::size_t upTo(std::mt19937& random, std::size_t limit) {
+    return random() % (limit + 1);
+}
+
+} // namespace
+
+TEST(SnapshotText, ManyStates_EachReadWhole_AreThoseOfWholeCopies) {
+    SnapshotStore store;
+    std::mt19937 random(7);
+    base::Text plain = letters(random, 3000);
+    SnapshotText text(store, plain);
+    std::vector<std::pair<SnapshotText, base::Text>> kept;
+    for (int round = 0; round < 6000; ++round) {
+        const std::size_t at = upTo(random, plain.size());
+        // Mostly letters; now and then a stretch, all of it, or a paste.
+        const std::size_t reach = round % 500 == 0 ? plain.size() : round % 7 == 0 ? 200 : 2;
+        const std::size_t removed = upTo(random, std::min(reach, plain.size() - at));
+        const base::Text inserted = letters(random, upTo(random, round % 90 == 0 ? 2000 : 2));
+        plain.replace(at, removed, inserted);
+        text.replace(static_cast<std::int32_t>(at), static_cast<std::int32_t>(removed), inserted);
+        ASSERT_EQ(text.length(), static_cast<std::int32_t>(plain.size()));
+        if (round % 50 == 0)
+            kept.emplace_back(text, plain);
+        const auto from = static_cast<std::int32_t>(upTo(random, plain.size()));
+        ASSERT_EQ(text.text(from, 40), plain.substr(static_cast<std::size_t>(from), 40));
+    }
+    for (const auto& [snapshot, whole] : kept)
+        ASSERT_EQ(snapshot.text(), whole);
+}
+
+TEST(SnapshotText, AThousandLetters_InALongText_TakeNoCopyEach_AndAreGivenBack) {
+    SnapshotStore store;
+    std::mt19937 random(7);
+    const base::Text whole = letters(random, 200'000);
+    std::optional<SnapshotText> text(std::in_place, store, whole);
+    const std::size_t before = store.bytes();
+    std::vector<SnapshotText> states;
+    for (int i = 0; i < 1000; ++i) {
+        text->replace(static_cast<std::int32_t>(upTo(random, whole.size())), 0, u"x");
+        states.push_back(*text);
+    }
+    EXPECT_LT(store.bytes() - before, 600U * 1000);
+    // The same text in place of itself is the same state.
+    const std::size_t full = store.bytes();
+    text->replace(0, text->length(), text->text());
+    EXPECT_EQ(store.bytes(), full);
+    states.clear();
+    text.reset();
+    const SnapshotText again(store, whole);
+    EXPECT_EQ(store.bytes(), full) << "what nobody holds is used again";
+}
+
+TEST(SnapshotText, AStretch_ReachingOutside_IsCutOff) {
+    SnapshotStore store;
+    const SnapshotText text(store, u"abc");
+    EXPECT_EQ(text.text(-2, 3), u"abc");
+    EXPECT_EQ(text.text(2, 9), u"c");
+    EXPECT_EQ(text.text(9, 9), u"");
+    EXPECT_EQ(SnapshotText(store).text(), u"");
+}
