@@ -4,6 +4,7 @@
 #include "desktop/conversions.h"
 #include "desktop/input_views.h"
 
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -23,8 +24,17 @@ Form4Window::Form4Window(dictation::Form4& form)
     // In the order of the tab key. Enter presses the button that has the keyboard, and the first from
     // anywhere else.
     for (controls::CommandButton* const button : {&form.Command1, &form.Command2})
-        addView(*button, *ground)->setAutoDefault(true);
+        addView(*button, *ground)
+            ->setAutoDefault(false); // the first would give its rim away with the keyboard
     begin();
+}
+
+void Form4Window::keyPressEvent(QKeyEvent* event) {
+    auto* const button = qobject_cast<QPushButton*>(focusWidget());
+    if (button && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        button->click();
+    else
+        FormWindow::keyPressEvent(event);
 }
 
 void Form4Window::showEvent(QShowEvent* event) {

@@ -11,6 +11,7 @@ public:
     explicit Form4Window(dictation::Form4& form);
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
