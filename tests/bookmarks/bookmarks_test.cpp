@@ -21,10 +21,9 @@ protected:
     std::string file(const std::string& media = "a.mp3") {
         return bench.desktop.folder.read("Bookmarks/" + media + ".bm");
     }
-    std::string openLaid(const std::string& bytes) {
+    void openLaid(const std::string& bytes) {
         lay(bytes);
         open();
-        return {};
     }
     void open(const std::string& media = "a.mp3") {
         bench.open(media, length);
