@@ -16,19 +16,17 @@ void CompanionWindows::TornaAllEditor() {
 }
 
 void CompanionWindows::PosizionaEditor() {
-    editor_.form().top = form1_.top + form1_.height + gap;
+    const controls::Window& above =
+        bookmarks_.empty() ? static_cast<controls::Window&>(form1_) : bookmarks_.form();
+    editor_.form().top = above.top + above.height + gap;
     editor_.form().left = form1_.left.get();
 }
 
 void CompanionWindows::applyLanguage() {
     form1_.mnuMostraNascondi.caption = Lingua(editor_.form().visible ? 116 : 86);
-    form1_.mnuBookMark.caption = Lingua(Form3.visible ? 85 : 84);
+    form1_.mnuBookMark.caption = Lingua(bookmarks_.form().visible ? 85 : 84);
+    bookmarks_.window.applyLanguage();
     editor_.CambiaLingua2(Lingua);
-}
-
-void CompanionWindows::unloadForm3() {
-    Form3.visible = false;
-    form1_.mnuBookMark.caption = form1_.Lingua(84);
 }
 
 } // namespace app

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/bookmark_room.h"
 #include "app/editor_room.h"
 #include "controls/controls.h"
 #include "controls/recent_files.h"
@@ -13,18 +14,17 @@ namespace app {
 class CompanionWindows : public player::Companions {
 public:
     CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
-                     lang::LanguageTable& language)
-        : form1_(form1), recentMedia_(recentMedia), editor_(editor), Lingua(language) {}
-
-    controls::Window Form3{"Form3", {0, 0, 6000, 3390}}; // marks
+                     BookmarkRoom& bookmarks, lang::LanguageTable& language)
+        : form1_(form1), recentMedia_(recentMedia), editor_(editor), bookmarks_(bookmarks), Lingua(language) {
+    }
 
     void TornaAllEditor() override;
     void PosizionaEditor() override;
     void applyLanguage() override;
     void enableTimeStamp(bool enabled) override { editor_.form().mnuTimeStamp.enabled = enabled; }
-    void leaveBookmarks() override {}
-    bool openBookmarks(base::TextView) override { return false; }
-    void unloadForm3() override;
+    void leaveBookmarks() override { bookmarks_.media.leave(); }
+    bool openBookmarks(base::TextView mediaPath) override { return bookmarks_.open(mediaPath); }
+    void unloadForm3() override { bookmarks_.window.unload(); }
     void rememberMedia(base::TextView path) override { recentMedia_.remember(path); }
     bool isRecordingTo(base::TextView) override { return false; }
 
@@ -32,6 +32,7 @@ private:
     player::Form1& form1_;
     controls::RecentFiles& recentMedia_;
     EditorRoom& editor_;
+    BookmarkRoom& bookmarks_;
     lang::LanguageTable& Lingua;
 };
 

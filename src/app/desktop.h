@@ -1,6 +1,8 @@
 #pragma once
 
 #include "base/code_page.h"
+#include "bookmarks/form3.h"
+#include "dictation/form4.h"
 #include "editor/form2.h"
 #include "editor/frm_find.h"
 #include "platform/clipboard.h"
@@ -36,10 +38,11 @@ public:
     // this language file; a change of the name is followed. The name outlives the desktop's use.
     virtual void speak(const base::Text& fileLingua) = 0;
 
-    // Each builds the window that shows this data, as visible as the data says. The desktop ends before the
-    // data does.
+    // Each shows this data in a window, as visible as the data says. The desktop ends before the data does.
     virtual void show(player::Form1& form) = 0;
     virtual void show(editor::Form2& form) = 0;
+    virtual void show(bookmarks::Form3& form) = 0;
+    virtual void show(dictation::Form4& form) = 0;
     virtual void show(editor::FrmFind& form) = 0;
 };
 

@@ -25,18 +25,20 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder),
       recentMedia_({&form1_.mnuRecent1, &form1_.mnuRecent2, &form1_.mnuRecent3, &form1_.mnuRecent4},
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
-      editor_(desktop, form1_, preferences_, files), findAndPrint_(desktop, editor_.form()),
-      companions_(form1_, recentMedia_, editor_, language),
-      settings_(files, folder, {language, form1_, editor_.form(), companions_.Form3, preferences_}),
+      editor_(desktop, form1_, preferences_, files), findAndPrint_(desktop, editor_.form()), input_(desktop, form1_),
+      bookmarks_(desktop, files, form1_, editor_.form(), input_.dialog),
+      companions_(form1_, recentMedia_, editor_, bookmarks_, language),
+      settings_(files, folder, {language, form1_, editor_.form(), bookmarks_.form(), preferences_}),
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
       opener_(form1_, session_, desktop.dialogs(), preferences_, companions_), seekBar_(form1_, transport_),
       volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_), videoPicture_(form1_),
-      window_(form1_, editor_.form(), companions_.Form3, display_, settings_),
+      window_(form1_, editor_.form(), bookmarks_.form(), display_, settings_),
       drop_(form1_, session_, desktop.dialogs()),
       languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_),
       smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
-      cycle_(form1_, transport_, preferences_, companions_) {
+      cycle_(form1_, transport_, preferences_, companions_),
+      inputJobs_(input_.dialog, form1_, preferences_, settings_) {
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.KeyDown = [this](const platform::KeyEvent& key) {
@@ -93,11 +95,12 @@ void Workstation::showCompanions(const StartSettings& start) {
         editor_.form().visible = true;
     }
     if (start.showForm3 == 1) {
-        companions_.Form3.left = start.left3;
-        companions_.Form3.top = start.top3;
-        companions_.Form3.width = start.width3;
-        companions_.Form3.height = start.height3;
-        companions_.Form3.visible = true;
+        bookmarks_.window.Form_Load();
+        bookmarks_.form().left = start.left3;
+        bookmarks_.form().top = start.top3;
+        bookmarks_.form().width = start.width3;
+        bookmarks_.form().height = start.height3;
+        bookmarks_.form().visible = true;
     }
 }
 
@@ -125,12 +128,13 @@ void Workstation::showHandPointer() {
 }
 
 bool Workstation::Form_Unload() {
-    companions_.leaveBookmarks();
+    bookmarks_.media.SalvaBookMark();
     if (keepsRunning())
         return true;
     drop_.remove();
     settings_.Salva();
-    companions_.Form3.visible = false;
+    bookmarks_.form().visible = false;
+    bookmarks_.form().Timer1.setInterval(50);
     findAndPrint_.leave();
     form1_.WMP1.stop();
     editor_.form().visible = false;

@@ -4,6 +4,7 @@
 #include "app/desktop.h"
 #include "app/editor_room.h"
 #include "app/find_and_print.h"
+#include "app/input_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -63,6 +64,8 @@ private:
     controls::RecentFiles recentMedia_;
     EditorRoom editor_;
     FindAndPrint findAndPrint_;
+    InputRoom input_;
+    BookmarkRoom bookmarks_;
     CompanionWindows companions_;
     SettingsFile settings_;
     player::PositionDisplay display_;
@@ -79,6 +82,7 @@ private:
     player::LanguageMenu languageMenu_;
     dictation::SmartPlay smartPlay_;
     dictation::TimedCycle cycle_;
+    InputJobs inputJobs_;
 };
 
 } // namespace app

@@ -2,7 +2,9 @@
 
 #include "base/carry_on.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
@@ -58,6 +60,20 @@ std::string finalTarget(const std::string& path) {
     return ignored ? path : target.string();
 }
 
+// The name of the bytes on their way. The longest names that a folder takes leave no room for an addition:
+// they lose their end, whole letters of it.
+std::string nameBeside(const std::string& target) {
+    const std::string addition = ".new";
+    const std::size_t nameAt = target.rfind('/') + 1;
+    std::size_t length = std::min(target.size() - nameAt, std::size_t{NAME_MAX} - addition.size());
+    const auto continuesLetter = [&](std::size_t at) {
+        return (static_cast<unsigned char>(target[at]) & 0xC0U) == 0x80U;
+    };
+    while (nameAt + length < target.size() && length > 0 && continuesLetter(nameAt + length))
+        --length;
+    return target.substr(0, nameAt + length) + addition;
+}
+
 } // namespace
 
 bool fileExists(TextView path) {
@@ -72,6 +88,13 @@ Text currentFolder() {
     if (failed)
         throw Failure(failed.message());
     return fromUtf8(folder.string());
+}
+
+void createFolder(TextView path) {
+    std::error_code failed;
+    std::filesystem::create_directory(toUtf8(path), failed);
+    if (failed)
+        throw Failure(failed.message());
 }
 
 std::string readFile(TextView path) {
@@ -109,7 +132,7 @@ void replaceFile(TextView path, std::string_view bytes) {
             fail(target);
         mode = about.st_mode & 07777U;
     }
-    const std::string beside = target + ".new";
+    const std::string beside = nameBeside(target);
     Descriptor file(beside, O_WRONLY | O_CREAT | O_TRUNC, mode);
     if (!file.isOpen())
         fail(beside);

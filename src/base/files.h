@@ -18,6 +18,9 @@ bool fileExists(TextView path);
 // The process's current directory. Throws Failure when it has gone.
 Text currentFolder();
 
+// Makes the folder; one that is there already is left alone. Throws Failure in the system's words.
+void createFolder(TextView path);
+
 // All bytes of the file. Throws Failure in the system's words.
 std::string readFile(TextView path);
 

@@ -1,9 +1,12 @@
 #include "desktop/application.h"
 
+#include "desktop/skin_button.h"
+
 #include <QFont>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleFactory>
+#include <QStyleOptionButton>
 #include <filesystem>
 #include <system_error>
 
@@ -31,7 +34,8 @@ void forgetPlatform() {
         qunsetenv(platformVariable);
 }
 
-// Qt's own style, less the pictures on the buttons of dialogs: they are of no family with the skin.
+// Qt's own style, with the skin's buttons, and less the pictures on the buttons of dialogs: they are of no
+// family with the skin.
 class SkinStyle : public QProxyStyle {
 public:
     SkinStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("fusion"))) {}
@@ -41,6 +45,15 @@ public:
         return hint == SH_DialogButtonBox_ButtonsHaveIcons
                    ? 0
                    : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        if (const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(option);
+            element == PE_PanelButtonCommand && button)
+            paintButtonTile(*button, *painter);
+        else
+            QProxyStyle::drawPrimitive(element, option, painter, widget);
     }
 };
 

@@ -32,9 +32,32 @@ void QtDesktop::show(editor::FrmFind& form) {
     frmFind_ = std::make_unique<FrmFindWindow>(form);
 }
 
+void QtDesktop::show(bookmarks::Form3& form) {
+    // When the handler that shows it is done: one that is only visible for the length of a handler, as the
+    // start may have it, is never seen. Building it makes it watch the data, which must not be telling then.
+    form.observe([this, &form] {
+        if (form.visible && !form3_)
+            QTimer::singleShot(0, form1_.get(), [this, &form] {
+                if (form.visible && !form3_)
+                    form3_ = std::make_unique<Form3Window>(form);
+            });
+    });
+}
+
+void QtDesktop::show(dictation::Form4& form) {
+    form.showModal = [this, &form] { showForm4(form); };
+}
+
+void QtDesktop::showForm4(dictation::Form4& form) {
+    form4_ = std::make_unique<Form4Window>(form); // puts its own call in the place of this one
+    form.showModal();
+}
+
 void QtDesktop::closeWindows() {
     player_.release();
     frmFind_.reset();
+    form4_.reset();
+    form3_.reset();
     form2_.reset();
     form1_.reset();
 }

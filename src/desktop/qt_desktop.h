@@ -4,6 +4,8 @@
 #include "desktop/editor/rich_text_edit.h"
 #include "desktop/form1_window.h"
 #include "desktop/form2_window.h"
+#include "desktop/form3_window.h"
+#include "desktop/form4_window.h"
 #include "desktop/frm_find_window.h"
 #include "desktop/key_repeats.h"
 #include "desktop/lazy_player.h"
@@ -35,6 +37,9 @@ public:
     void show(player::Form1& form) override;
     void show(editor::Form2& form) override;
     void show(editor::FrmFind& form) override;
+    // The first use of these builds the window.
+    void show(bookmarks::Form3& form) override;
+    void show(dictation::Form4& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
@@ -42,6 +47,8 @@ public:
     void closeWindows();
 
 private:
+    void showForm4(dictation::Form4& form);
+
     QtSystem system_;
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
@@ -54,6 +61,8 @@ private:
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;
     std::unique_ptr<FrmFindWindow> frmFind_;
+    std::unique_ptr<Form3Window> form3_;
+    std::unique_ptr<Form4Window> form4_;
 };
 
 } // namespace desktop

@@ -47,7 +47,7 @@ TEST_F(SettingsFileTest, Salva_WritesTwentyFiveLines_ThatReadBackTheSame) {
     EXPECT_THAT(first,
                 testing::ElementsAre("English.lng", "80", "561", "5", "2", "0", "/home/anna/Interviews", "0",
                                      "750", "750", "0", "2655", "10920", "5205", "0", "1", "0", "0", "6000",
-                                     "3390", "5", "3", "0", "0", "1"));
+                                     "3180", "5", "3", "0", "0", "1"));
     start(first);
     Lines second = saved();
     EXPECT_EQ(second[11], "2655");

@@ -115,8 +115,8 @@ TEST_F(StartTest, Entry133_GreysTheUpdateItem_OnlyAsATruthValue) {
 
 TEST_F(StartTest, Commands_WithoutARoutine_AreNotOffered) {
     ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));
-    EXPECT_TRUE(desktop.form1->mnuBookMark.enabled);
-    EXPECT_FALSE(desktop.form1->mnuBookMark.offered());
+    EXPECT_TRUE(desktop.form1->mnuRegistra.enabled);
+    EXPECT_FALSE(desktop.form1->mnuRegistra.offered());
     EXPECT_TRUE(desktop.form1->mnuStop.offered());
 }
 

@@ -78,3 +78,18 @@ TEST_F(FilesTest, Lines_EndInAnyOfTheWaysThatSystemsEndThem) {
     files.writeLines(folder.text("lines"), {u"é", u""});
     EXPECT_EQ(folder.read("lines"), "\xE9\r\n\r\n");
 }
+
+TEST(ReplaceFile, OfTheLongestNames_LeavesNothingBesideIt) {
+    const fakes::TemporaryFolder folder;
+    // 251 bytes leave room for the addition, the others do not; 127 letters of two bytes are 254.
+    std::string letters = "x";
+    for (int i = 0; i < 127; ++i)
+        letters += "\xD0\x96";
+    for (const std::string& name : {std::string(251, 'a'), std::string(255, 'b'), letters}) {
+        base::replaceFile(folder.text(name), "old");
+        base::replaceFile(folder.text(name), "new");
+        EXPECT_EQ(folder.read(name), "new");
+    }
+    const std::filesystem::directory_iterator files(folder.path());
+    EXPECT_EQ(std::distance(begin(files), end(files)), 3);
+}

@@ -89,22 +89,70 @@ TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
               3); // the first play begins at position 0
 }
 
-TEST_F(DictationTest, Hand_EndsTheCycleInAPlay_AndTheWaitInAPause) {
+// Every way from one state of the cycle to the next. A phase that begins has its whole length, a typing watch
+// that runs makes the end of a phase a delay.
+TEST_F(DictationTest, Cycle_GoesFromStateToState) {
+    const auto tick = [&] { form.Timer5.Tick(); };
+    const auto hand = [&] { form.cmdPlay.Click(); };
+    const auto typed = [&] {
+        type();
+        form.Timer5.Tick();
+    };
+    const auto typedFreely = [&] {
+        form.mnuNoPlayOnWrite.Click();
+        type();
+        form.Timer5.Tick();
+        form.mnuNoPlayOnWrite.Click();
+    };
+    const auto offByMenu = [&] { form.mnuSmartPlay.Click(); };
+    const auto offByButton = [&] { form.imgDetta.Click(); };
+    const auto stop = [&] { form.mnuStop.Click(); };
+    const auto end = [&] {
+        bench.desktop.player.setCurrentPosition(599.9);
+        loop.advance(400);
+    };
+    const std::string playing = "on playing 5000";
+    const std::string pausing = "on paused 3000";
+    struct Row {
+        const char* what;
+        std::string from;
+        std::function<void()> event;
+        std::string to;
+        double moved; // s
+    };
+    const Row rows[] = {
+        {"end of play", playing, tick, pausing, -2},
+        {"typing holds a play", playing, typed, "on playing 1300", 0},
+        {"typing without the option", playing, typedFreely, pausing, -2},
+        {"end of pause", pausing, tick, playing, 0},
+        {"typing holds a pause", pausing, typed, "on paused 1300", 0},
+        {"hand pauses", playing, hand, "on paused idle", -2},
+        {"hand plays", pausing, hand, playing, 0},
+        {"off in a play", playing, offByMenu, "off paused idle", -2},
+        {"off in a pause", pausing, offByMenu, "off paused idle", 0},
+        {"button off in a play", playing, offByButton, "off paused idle", -2},
+        {"button off in a pause", pausing, offByButton, "off paused idle", 0},
+        {"stop in a play", playing, stop, "off paused idle", -100},
+        {"stop in a pause", pausing, stop, "off paused idle", -100},
+        {"end of the media", playing, end, "off paused idle", -100},
+    };
     open();
-    form.cmdPlay.Click();
-    turnOn();
-    form.cmdPlay.Click();
-    loop.advance(2000);
-    form.cmdPlay.Click();
-    EXPECT_EQ(state(), "on paused idle");
-    form.cmdPlay.Click();
-    loop.advance(5000);
-    EXPECT_EQ(state(), "on paused 3000");
-    loop.advance(1000);
-    form.cmdPlay.Click();
-    EXPECT_EQ(state(), "on playing 5000");
-    loop.advance(4999);
-    EXPECT_EQ(state(), "on playing 5000") << "a fresh phase";
+    for (const Row& row : rows) {
+        if (form.isPlaying())
+            form.cmdPlay.Click();
+        form.Timer6.setInterval(0);
+        turnOn();
+        form.cmdPlay.Click();
+        if (row.from == pausing)
+            form.Timer5.Tick();
+        bench.desktop.player.setCurrentPosition(100);
+        ASSERT_EQ(state(), row.from) << row.what;
+        row.event();
+        EXPECT_EQ(state(), row.to) << row.what;
+        EXPECT_EQ(savedMode(), row.to.starts_with("on") ? "1" : "0") << row.what;
+        EXPECT_EQ(picture(), row.to.starts_with("on") ? u"detta2.jpg" : u"detta.jpg") << row.what;
+        EXPECT_EQ(bench.desktop.player.currentPosition() - 100, row.moved) << row.what;
+    }
 }
 
 TEST_F(DictationTest, Typing_HoldsEitherPhase_AndExtendsItsWatch) {
@@ -130,19 +178,6 @@ TEST_F(DictationTest, Typing_HoldsEitherPhase_AndExtendsItsWatch) {
     EXPECT_NE(form.isPlaying(), playing);
 }
 
-TEST_F(DictationTest, StopAndEnd_SwitchTheModeOff) {
-    open();
-    turnOn();
-    form.mnuStop.Click();
-    EXPECT_EQ(state(), "off paused idle");
-    EXPECT_EQ(savedMode(), "0");
-    form.imgDetta.Click();
-    bench.desktop.player.setCurrentPosition(599);
-    loop.advance(2000);
-    EXPECT_EQ(state(), "off paused idle");
-    EXPECT_EQ(picture(), u"detta.jpg");
-}
-
 TEST_F(DictationTest, Cycle_GoesOnBehindAnOpenBox) {
     open();
     form.cmdPlay.Click();
@@ -154,10 +189,20 @@ TEST_F(DictationTest, Cycle_GoesOnBehindAnOpenBox) {
     form.mnuSmartPlay.Click();
 }
 
+// 40 s are 40000 ms: the statement that sets the period is skipped.
 TEST(DictationPeriods, OfMoreThanSixteenBits_LeaveTheOneBefore) {
-    fakes::Workbench bench("5", "1", "40");
-    bench.open("a.mp3", 600);
-    bench.desktop.loop.advance(5000);
-    EXPECT_FALSE(bench.form().isPlaying());
-    EXPECT_EQ(bench.form().Timer5.interval(), 5000);
+    fakes::Workbench longPause("5", "1", "40");
+    longPause.open("a.mp3", 600);
+    longPause.desktop.loop.advance(5000);
+    EXPECT_FALSE(longPause.form().isPlaying());
+    EXPECT_EQ(longPause.form().Timer5.interval(), 5000);
+
+    fakes::Workbench longPlay("40", "1", "3");
+    longPlay.open("a.mp3", 600);
+    longPlay.desktop.loop.advance(60000);
+    EXPECT_TRUE(longPlay.form().isPlaying()) << "no period was set before, so no phase ends";
+    longPlay.form().Timer5.Tick();
+    longPlay.desktop.loop.advance(3000);
+    EXPECT_TRUE(longPlay.form().isPlaying());
+    EXPECT_EQ(longPlay.form().Timer5.interval(), 3000) << "that of the pause";
 }

@@ -91,6 +91,9 @@ public:
     player::Form1* form1 = nullptr;
     editor::Form2* form2 = nullptr;
     editor::FrmFind* frmFind = nullptr;
+    bookmarks::Form3* form3 = nullptr;
+    dictation::Form4* form4 = nullptr;
+    std::function<void()> inForm4 = [] {}; // what the user does while the dialog is open
 
     FakeDesktop() {
         systemPort.folder = base::fromUtf8(folder.path().string());
@@ -135,6 +138,15 @@ public:
     }
     void show(editor::Form2& form) override { form2 = &form; }
     void show(editor::FrmFind& form) override { frmFind = &form; }
+    void show(bookmarks::Form3& form) override { form3 = &form; }
+    void show(dictation::Form4& form) override {
+        form4 = &form;
+        form.showModal = [this] {
+            form4->visible = true;
+            inForm4();
+            form4->visible = false;
+        };
+    }
 };
 
 } // namespace fakes

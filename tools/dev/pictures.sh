@@ -135,12 +135,51 @@ find_windows() { # LANGUAGE
   convert "${shown[@]}" -bordercolor '#8a94a3' -border 6 +append "$scratch/find-$1.png"
 }
 
+# The bookmarks beside the player, and below them the input dialog in two of its jobs.
+bookmarks() { # LANGUAGE X Y DIALOG NAME NAME NAME: X, Y is the length of a play phase in the menu of options
+  local language=$1 x=$2 y=$3 dialog=$4 time=4
+  shift 4
+  folder=$(lay_folder)
+  sed -i "1s/.*/$language.lng\r/; 8s/.*/1\r/" "$folder/Files/Quillmere.ini"
+  for name; do
+    printf '00:00:%02d  %s%15s00:00:%02d\r\n' $time "$name" '' $time
+    time=$((time + 17))
+  done | sed '1s/^/\xEF\xBB\xBF/' >"$folder/Bookmarks/Interview.mp3.bm"
+  start_program "$folder" "$folder/Samples/Interview.mp3"
+  sleep 2
+  xdotool mousemove 560 100 click 1
+  use_window Quillmere
+  xdotool mousemove 900 700
+  sleep 0.3
+  import -window root -crop 728x214+49+49 +repage "$scratch/list.png"
+  key ctrl+m
+  use_window "$dialog"
+  type_text "${1%% *}"
+  sleep 0.2
+  import -frame -window "$window" "$scratch/name.png"
+  key Tab Tab Return
+  use_window Quillmere
+  click "$x" 10
+  sleep 0.3
+  click "$x" "$y"
+  sleep 0.5
+  import -frame -window "$(xdotool getactivewindow)" "$scratch/seconds.png"
+  kill -KILL "$program"
+  mogrify -fill '#8a94a3' -draw 'color 351,100 floodfill' "$scratch/list.png"
+  convert -background '#8a94a3' \( "$scratch/list.png" -gravity south -splice 0x12 \) \
+    \( "$scratch/name.png" \( "$scratch/seconds.png" -gravity west -splice 12x0 \) +append \) -gravity center -append \
+    -bordercolor '#8a94a3' -border 12 "$docs/bookmarks-${language,,}.png"
+}
+
 start_display
 start_sound
 find_windows English
 find_windows Russian
 convert "$scratch/find-English.png" "$scratch/find-Russian.png" -append "$docs/find.png"
 [[ ${1-} != find ]] || exit 0
+bookmarks English 180 122 'Add bookmark' 'First question' 'The night off Skagen' 'Why he stayed'
+bookmarks Russian 225 122 'Добавить закладку' 'Первый вопрос' 'Ночь у Скагена' 'Почему он остался'
+[[ ${1-} != bookmarks ]] || exit 0
 transcript English editor 'The Harbour Hour' \
   Interviewer 'Thomas, what does a harbour pilot do?' \
   Reed 'I meet the ship out at sea and bring her in.'

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/desktop.h"
+#include "bookmarks/bookmark_commands.h"
+#include "bookmarks/bookmark_window.h"
+#include "bookmarks/media_bookmarks.h"
+
+namespace app {
+
+// The bookmarks of the media in use with their window and commands.
+class BookmarkRoom {
+public:
+    BookmarkRoom(Desktop& desktop, const base::TextFiles& files, player::Form1& form1,
+                 controls::Window& form2, dictation::InputDialog& dialog)
+        : form3_(desktop.eventLoop()), media(table_, form3_, form1, files),
+          window(form3_, table_, form1, dialog), commands_(form1, form2, form3_, window, desktop.system()) {
+        desktop.show(form3_);
+    }
+
+    bookmarks::Form3& form() { return form3_; }
+
+    bool empty() const { return table_.empty(); }
+    // Reads and shows the bookmarks of the media at this path; false when it has no file of them.
+    bool open(base::TextView mediaPath) {
+        if (!media.hasFile(mediaPath))
+            return false;
+        window.unload();
+        media.read(mediaPath);
+        commands_.mnuBookMark_Click();
+        return true;
+    }
+
+private:
+    bookmarks::BookmarkTable table_;
+    bookmarks::Form3 form3_;
+
+public:
+    bookmarks::MediaBookmarks media;
+    bookmarks::BookmarkWindow window;
+
+private:
+    bookmarks::BookmarkCommands commands_;
+};
+
+} // namespace app

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "app/desktop.h"
+#include "dictation/go_to.h"
+#include "dictation/input_dialog.h"
+#include "dictation/seconds_setting.h"
+
+namespace app {
+
+// The one input dialog, for all rooms that have a job for it.
+class InputRoom {
+public:
+    InputRoom(Desktop& desktop, player::Form1& form1) : dialog(form4_, form1, desktop.dialogs()) {
+        desktop.show(form4_);
+    }
+
+private:
+    dictation::Form4 form4_;
+
+public:
+    dictation::InputDialog dialog;
+};
+
+// The jobs that dictation itself has for the dialog, in the order in which the dialog tests them: the last
+// one takes whatever no other knows.
+class InputJobs {
+public:
+    InputJobs(dictation::InputDialog& dialog, player::Form1& form1, player::Preferences& preferences,
+              platform::Options& options)
+        : secIndietro_(Setting::secIndietro, dialog, form1, preferences, options),
+          goTo_(dialog, form1, options), tempoPlay_(Setting::tempoPlay, dialog, form1, preferences, options),
+          tempoPause_(Setting::tempoPause, dialog, form1, preferences, options),
+          secSalto_(Setting::secSalto, dialog, form1, preferences, options) {}
+
+private:
+    using Setting = dictation::SecondsSetting;
+
+    Setting secIndietro_;
+    dictation::GoTo goTo_;
+    Setting tempoPlay_;
+    Setting tempoPause_;
+    Setting secSalto_;
+};
+
+} // namespace app

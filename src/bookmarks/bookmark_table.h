@@ -1,0 +1,19 @@
+#pragma once
+
+#include "base/text.h"
+
+#include <array>
+
+namespace bookmarks {
+
+// The bookmark lines of the media in use ("BookMark"). The first empty entry ends the list for every reader.
+struct BookmarkTable {
+    static constexpr std::size_t size = 501;
+
+    std::array<base::Text, size> BookMark;
+
+    bool empty() const { return BookMark[0].empty(); }
+    void SvuotaBookMark() { BookMark.fill({}); }
+};
+
+} // namespace bookmarks

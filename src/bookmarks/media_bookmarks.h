@@ -1,0 +1,38 @@
+#pragma once
+
+#include "base/files.h"
+#include "base/program_folder.h"
+#include "bookmarks/bookmark_table.h"
+#include "bookmarks/form3.h"
+#include "player/form1.h"
+
+namespace bookmarks {
+
+// The bookmarks of a media between its file and the table. The file is called after the media alone, so two
+// media of one name share it. A failure of the disk is skipped in silence and leaves the old file.
+class MediaBookmarks {
+public:
+    MediaBookmarks(BookmarkTable& table, Form3& form3, const player::Form1& form1,
+                   const base::TextFiles& files);
+
+    // Writes the bookmarks of the media in use and empties the lists of the window. Where there are none the
+    // file stays as it is, so that those deleted to the last one come back.
+    void SalvaBookMark();
+    // Saves the bookmarks, if there are any, and forgets them.
+    void leave();
+
+    // True when the media at this path has a bookmark file.
+    bool hasFile(base::TextView mediaPath) const;
+    // Reads the lines of that file into the table, as many as it holds.
+    void read(base::TextView mediaPath);
+
+private:
+    base::Text fileOf(base::TextView mediaPath) const;
+
+    BookmarkTable& table_;
+    Form3& form3_;
+    const player::Form1& form1_;
+    const base::TextFiles& files_;
+};
+
+} // namespace bookmarks

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "desktop/form_window.h"
+#include "dictation/form4.h"
+
+namespace desktop {
+
+// Shows the input dialog: a prompt, a line of text and two buttons on a picture.
+class Form4Window : public FormWindow {
+public:
+    explicit Form4Window(dictation::Form4& form);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    dictation::Form4& form_;
+};
+
+} // namespace desktop

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "dictation/input_dialog.h"
+#include "platform/options.h"
+#include "player/form1.h"
+#include "player/preferences.h"
+
+#include <cstdint>
+
+namespace dictation {
+
+// What makes one of the four settings different from the others. Captions and prompts are entries of the
+// language table.
+struct SecondsKind {
+    // How the dialog, once filled, is known to be about this setting.
+    enum class KnownBy { Caption, PromptBeginning, NothingElse };
+
+    std::int16_t player::Preferences::*seconds;
+    controls::MenuItem player::Form1Menu::*command;
+    std::int16_t floor; // a smaller value becomes this when the command opens the dialog
+    std::int16_t least; // what the dialog accepts
+    std::int16_t most;
+    int caption;
+    int prompt;
+    base::TextView proposal; // the number that the prompt's second part names; empty for none
+    KnownBy knownBy;
+};
+
+// One of the numbers of seconds that the user sets in the dialog. A number out of its limits is corrected and
+// taken, with a warning.
+class SecondsSetting {
+public:
+    static const SecondsKind secIndietro;
+    static const SecondsKind secSalto;
+    static const SecondsKind tempoPlay;
+    static const SecondsKind tempoPause;
+
+    SecondsSetting(const SecondsKind& kind, InputDialog& dialog, player::Form1& form,
+                   player::Preferences& preferences, platform::Options& options);
+
+    // The menu command: mnuSecIndietro_Click, mnuSalto_Click, mnuTempoPlay_Click or mnuTempoPause_Click.
+    void command_Click();
+
+private:
+    std::int16_t& seconds() { return preferences_.*kind_.seconds; }
+    bool isAsked() const;
+    void accept();
+
+    const SecondsKind& kind_;
+    InputDialog& dialog_;
+    player::Form1& form_;
+    player::Preferences& preferences_;
+    platform::Options& options_;
+};
+
+} // namespace dictation
