@@ -24,11 +24,29 @@ QMessageBox::StandardButtons buttons(BoxStyle style) {
         return QMessageBox::Yes | QMessageBox::No;
     case BoxStyle::YesNoCancelExclamation:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case BoxStyle::Plain:
+    case BoxStyle::Critical:
     case BoxStyle::Information:
     case BoxStyle::Exclamation:
         break;
     }
     return QMessageBox::Ok;
+}
+
+QMessageBox::Icon icon(BoxStyle style) {
+    switch (style) {
+    case BoxStyle::Plain:
+        return QMessageBox::NoIcon;
+    case BoxStyle::Critical:
+        return QMessageBox::Critical;
+    case BoxStyle::Information:
+        return QMessageBox::Information;
+    case BoxStyle::Exclamation:
+    case BoxStyle::YesNoExclamation:
+    case BoxStyle::YesNoCancelExclamation:
+        break;
+    }
+    return QMessageBox::Warning;
 }
 
 Answer answer(int button) {
@@ -66,7 +84,7 @@ QStringList nameFilters(const base::Text& filter) {
 Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
     QMessageBox box(QApplication::activeWindow());
     box.setObjectName(QStringLiteral("messageBox"));
-    box.setIcon(style == BoxStyle::Information ? QMessageBox::Information : QMessageBox::Warning);
+    box.setIcon(icon(style));
     box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
     box.setTextFormat(Qt::PlainText);
     QString lines = qstring(text);

@@ -1,0 +1,56 @@
+// A recording in a process of its own, which can be killed:
+//   recording_process FOLDER SECONDS CHANNELS BITS RATE FILE
+// FOLDER takes the journal. At the end one line: buffers recorded, times that the device lost sound, how late the
+// latest buffer came in ms.
+#include "portaudio_input.h"
+#include "quiet_dialogs.h"
+#include "recorder/wave_in.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    if (argc != 7)
+        return 2;
+    const auto number = [argv](int i) { return std::atoi(argv[i]); };
+    const base::TextFiles files(base::CodePage(1252));
+    recorder::RecordingJournal journal(files, base::fromUtf8(argv[1]) + u"/Recordings.ini");
+    desktop::PortAudioInput device;
+    QuietDialogs dialogs;
+    recorder::WaveIn engine(device, dialogs, journal);
+    engine.AggancioCattura(true);
+
+    QElapsedTimer clock;
+    qint64 buffers = 0;
+    double latest = 0;
+    const auto write = device.BufferDone;
+    const double period = 1000.0 * 8192 / (number(3) * number(4) / 8 * number(5));
+    double earliest = 1e9; // of the due times: the first buffer's own delay is no loss
+    device.BufferDone = [&](platform::WaveBuffer& buffer) {
+        ++buffers;
+        const double behind = static_cast<double>(clock.elapsed()) - static_cast<double>(buffers) * period;
+        earliest = std::min(earliest, behind);
+        latest = std::max(latest, behind - earliest);
+        write(buffer);
+    };
+    clock.start();
+    engine.AvviaCattura(static_cast<std::int16_t>(number(3)), static_cast<std::int16_t>(number(4)), number(5),
+                        base::fromUtf8(argv[6]));
+    std::puts("started");
+    std::fflush(stdout);
+    QTimer::singleShot(number(2) * 1000, &application, &QCoreApplication::quit);
+    QCoreApplication::exec();
+    const int lost = device.overflows();
+    engine.AggancioCattura(false);
+    engine.FermaCattura();
+    std::printf("%lld buffers, %d losses, latest %.0f ms late\n", buffers, lost, latest);
+    for (const base::Text& text : dialogs.texts)
+        std::printf("%s\n", base::toUtf8(text).c_str());
+    return dialogs.texts.empty() ? 0 : 1;
+}
