@@ -31,6 +31,7 @@ public:
     QWidget& window() { return *window_; }
 
     platform::MediaPlayer& mediaPlayer() override { return still; }
+    using fakes::FakeDesktop::show;
     void show(player::Form1& form) override {
         form1 = &form;
         window_ = std::make_unique<desktop::Form1Window>(form);

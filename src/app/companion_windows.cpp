@@ -9,18 +9,21 @@ constexpr double gap = 30; // twips between two windows
 } // namespace
 
 void CompanionWindows::TornaAllEditor() {
-    if (Form2.visible)
-        Form2.setFocus();
+    if (editor_.form().visible) {
+        editor_.form().setFocus();
+        editor_.form().RTB.SetFocus();
+    }
 }
 
 void CompanionWindows::PosizionaEditor() {
-    Form2.top = form1_.top + form1_.height + gap;
-    Form2.left = form1_.left.get();
+    editor_.form().top = form1_.top + form1_.height + gap;
+    editor_.form().left = form1_.left.get();
 }
 
 void CompanionWindows::applyLanguage() {
-    form1_.mnuMostraNascondi.caption = form1_.Lingua(Form2.visible ? 116 : 86);
-    form1_.mnuBookMark.caption = form1_.Lingua(Form3.visible ? 85 : 84);
+    form1_.mnuMostraNascondi.caption = Lingua(editor_.form().visible ? 116 : 86);
+    form1_.mnuBookMark.caption = Lingua(Form3.visible ? 85 : 84);
+    editor_.CambiaLingua2(Lingua);
 }
 
 void CompanionWindows::unloadForm3() {

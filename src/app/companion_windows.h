@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/editor_room.h"
 #include "controls/controls.h"
 #include "controls/recent_files.h"
 #include "player/companions.h"
@@ -11,16 +12,16 @@ namespace app {
 // them. What a room that is not built yet would answer is left undone, and no command offers it.
 class CompanionWindows : public player::Companions {
 public:
-    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia)
-        : form1_(form1), recentMedia_(recentMedia) {}
+    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
+                     lang::LanguageTable& language)
+        : form1_(form1), recentMedia_(recentMedia), editor_(editor), Lingua(language) {}
 
-    controls::Window Form2{"Form2", {0, 0, 10920, 5205}}; // editor
-    controls::Window Form3{"Form3", {0, 0, 6000, 3390}};  // marks
+    controls::Window Form3{"Form3", {0, 0, 6000, 3390}}; // marks
 
     void TornaAllEditor() override;
     void PosizionaEditor() override;
     void applyLanguage() override;
-    void enableTimeStamp(bool) override {}
+    void enableTimeStamp(bool enabled) override { editor_.form().mnuTimeStamp.enabled = enabled; }
     void leaveBookmarks() override {}
     bool openBookmarks(base::TextView) override { return false; }
     void unloadForm3() override;
@@ -30,6 +31,8 @@ public:
 private:
     player::Form1& form1_;
     controls::RecentFiles& recentMedia_;
+    EditorRoom& editor_;
+    lang::LanguageTable& Lingua;
 };
 
 } // namespace app

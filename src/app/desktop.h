@@ -1,9 +1,11 @@
 #pragma once
 
 #include "base/code_page.h"
+#include "editor/form2.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/media_player.h"
+#include "platform/rich_text.h"
 #include "platform/system.h"
 #include "player/form1.h"
 
@@ -18,12 +20,15 @@ public:
     virtual platform::EventLoop& eventLoop() = 0;
     virtual platform::Dialogs& dialogs() = 0;
     virtual platform::MediaPlayer& mediaPlayer() = 0;
+    // The text of the editor, which its window shows.
+    virtual platform::RichText& richText() = 0;
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
-    // Builds the window that shows this data, as visible as the data says. The desktop ends before the data
-    // does.
+    // Each builds the window that shows this data, as visible as the data says. The desktop ends before the
+    // data does.
     virtual void show(player::Form1& form) = 0;
+    virtual void show(editor::Form2& form) = 0;
 };
 
 } // namespace app

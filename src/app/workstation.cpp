@@ -25,13 +25,13 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder),
       recentMedia_({&form1_.mnuRecent1, &form1_.mnuRecent2, &form1_.mnuRecent3, &form1_.mnuRecent4},
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
-      companions_(form1_, recentMedia_),
-      settings_(files, folder, {language, form1_, companions_.Form2, companions_.Form3, preferences_}),
+      editor_(desktop, form1_, preferences_, files), companions_(form1_, recentMedia_, editor_, language),
+      settings_(files, folder, {language, form1_, editor_.form(), companions_.Form3, preferences_}),
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
       opener_(form1_, session_, desktop.dialogs(), preferences_, companions_), seekBar_(form1_, transport_),
       volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_), videoPicture_(form1_),
-      window_(form1_, companions_.Form2, companions_.Form3, display_, settings_),
+      window_(form1_, editor_.form(), companions_.Form3, display_, settings_),
       drop_(form1_, session_, desktop.dialogs()),
       languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_),
       smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
@@ -48,6 +48,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
 }
 
 void Workstation::Form_Initialize() {
+    editor_.Form_Load();
     companions_.PosizionaEditor();
 }
 
@@ -62,7 +63,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     showCompanions(start);
     player::ApplicaLingua(form1_, companions_);
     showWithoutMedia();
-    recentMedia_.load(false);
+    editor_.recentDocuments().load(recentMedia_.load(false));
     showHandPointer();
     const bool withFile = !base::trimmed(commandLine).empty();
     if (withFile)
@@ -78,8 +79,8 @@ void Workstation::placeWindows(const StartSettings& start) {
     if (start.hasPositions()) {
         form1_.left = start.left1;
         form1_.top = start.top1;
-        companions_.Form2.left = start.left2;
-        companions_.Form2.top = start.top2;
+        editor_.form().left = start.left2;
+        editor_.form().top = start.top2;
     }
     form1_.mnuPrimoPiano.checked = start.topmost;
     window_.stayOnTop(start.topmost);
@@ -87,8 +88,8 @@ void Workstation::placeWindows(const StartSettings& start) {
 
 void Workstation::showCompanions(const StartSettings& start) {
     if (start.editorHidden == 0) {
-        keepOnScreen(companions_.Form2, form1_.screen);
-        companions_.Form2.visible = true;
+        keepOnScreen(editor_.form(), form1_.screen);
+        editor_.form().visible = true;
     }
     if (start.showForm3 == 1) {
         companions_.Form3.left = start.left3;
@@ -124,13 +125,24 @@ void Workstation::showHandPointer() {
 
 bool Workstation::Form_Unload() {
     companions_.leaveBookmarks();
+    if (keepsRunning())
+        return true;
     drop_.remove();
     settings_.Salva();
     companions_.Form3.visible = false;
     form1_.WMP1.stop();
-    companions_.Form2.visible = false;
+    editor_.form().visible = false;
     desktop_.system().endProcess();
     return false;
+}
+
+bool Workstation::keepsRunning() {
+    const auto answer = editor_.document().askAtExit();
+    if (answer == editor::Document::ExitAnswer::SaveCancelled) {
+        settings_.Salva();
+        form1_.visible = true;
+    }
+    return answer != editor::Document::ExitAnswer::Go;
 }
 
 void Workstation::mnuEsci_Click() {

@@ -2,6 +2,7 @@
 
 #include "app/companion_windows.h"
 #include "app/desktop.h"
+#include "app/editor_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -33,6 +34,7 @@ public:
 
     player::Form1& form1() { return form1_; }
     player::MediaSession& session() { return session_; }
+    EditorRoom& editor() { return editor_; }
     CompanionWindows& companions() { return companions_; }
     player::MediaOpener& opener() { return opener_; }
 
@@ -41,6 +43,8 @@ private:
     void Form_Load(base::TextView commandLine);
     // The exit sequence; true when the user cancelled it.
     bool Form_Unload();
+    // The question about unsaved text; true when it breaks the exit off.
+    bool keepsRunning();
     void mnuEsci_Click();
 
     void placeWindows(const StartSettings& start);
@@ -56,6 +60,7 @@ private:
     player::Preferences preferences_;
     player::Form1 form1_;
     controls::RecentFiles recentMedia_;
+    EditorRoom editor_;
     CompanionWindows companions_;
     SettingsFile settings_;
     player::PositionDisplay display_;

@@ -75,6 +75,9 @@ struct Label : Control {
     Property<base::Text> fontName{this, u"Arial"};
     Property<double> fontSize{this, 9.0}; // points
     Property<bool> fontBold{this, false};
+    Property<bool> fontItalic{this, false};
+    Property<bool> fontUnderline{this, false};
+    Property<bool> fontStrikethru{this, false};
     Property<Color> foreColor{this, rgb(0, 0, 0)};
     Property<Alignment> alignment{this, Alignment::Left};
 };

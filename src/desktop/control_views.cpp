@@ -200,6 +200,9 @@ void LabelView::follow() {
     QFont font(qstring(label_.fontName));
     font.setPixelSize(static_cast<int>(std::lround(label_.fontSize * pixelsPerPoint)));
     font.setBold(label_.fontBold);
+    font.setItalic(label_.fontItalic);
+    font.setUnderline(label_.fontUnderline);
+    font.setStrikeOut(label_.fontStrikethru);
     if (caption_ == label_.caption.get() && font_ == font && color_ == label_.foreColor)
         return;
     caption_ = label_.caption;

@@ -10,14 +10,19 @@ constexpr int quietAfter = 1500; // ms from the first window on
 
 } // namespace
 
-QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so") {}
+QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {}
 
 void QtDesktop::show(player::Form1& form) {
     form1_ = std::make_unique<Form1Window>(form);
 }
 
+void QtDesktop::show(editor::Form2& form) {
+    form2_ = std::make_unique<Form2Window>(form, text_);
+}
+
 void QtDesktop::closeWindows() {
     player_.release();
+    form2_.reset();
     form1_.reset();
 }
 

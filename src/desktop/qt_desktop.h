@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/desktop.h"
+#include "desktop/editor/rich_text_edit.h"
 #include "desktop/form1_window.h"
+#include "desktop/form2_window.h"
 #include "desktop/lazy_player.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
@@ -20,8 +22,10 @@ public:
     platform::EventLoop& eventLoop() override { return eventLoop_; }
     platform::Dialogs& dialogs() override { return dialogs_; }
     platform::MediaPlayer& mediaPlayer() override { return player_; }
+    platform::RichText& richText() override { return text_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void show(player::Form1& form) override;
+    void show(editor::Form2& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
@@ -33,7 +37,9 @@ private:
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
+    RichTextEdit text_;
     std::unique_ptr<Form1Window> form1_;
+    std::unique_ptr<Form2Window> form2_;
 };
 
 } // namespace desktop

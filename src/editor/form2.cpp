@@ -27,7 +27,7 @@ Form2Menu::Form2Menu() {
 
 Form2::Form2(platform::EventLoop& loop, platform::RichText& text, const lang::LanguageTable& language,
              const base::ProgramFolder& programFolder)
-    : Window("Form2", {0, 0, clientWidth, clientHeight}), Lingua(language), folder(programFolder),
+    : Window("Form2", {0, 0, clientWidth + 120, clientHeight + 810}), Lingua(language), folder(programFolder),
       RTB(text), Label2{{{"Label2(0)", hotArea(150, 435)},
                          {"Label2(1)", hotArea(580, 455)},
                          {"Label2(2)", hotArea(1020, 435)},
@@ -60,6 +60,7 @@ Form2::Form2(platform::EventLoop& loop, platform::RichText& text, const lang::La
         Label3[i].foreColor = controls::rgb(0x3B, 0x48, 0x62);
         Label3[i].alignment = controls::Alignment::Centre;
     }
+    Label3[0].fontBold = Label3[1].fontItalic = Label3[2].fontUnderline = Label3[3].fontStrikethru = true;
 }
 
 } // namespace editor

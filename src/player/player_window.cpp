@@ -13,6 +13,7 @@ PlayerWindow::PlayerWindow(Form1& form, controls::Window& form2, controls::Windo
     : form_(form), Form2_(form2), Form3_(form3), display_(display), options_(options) {
     form_.Resize = [this] { Form_Resize(); };
     form_.mnuPrimoPiano.Click = [this] { mnuPrimoPiano_Click(); };
+    form_.mnuMostraNascondi.Click = [this] { mnuMostraNascondi_Click(); };
     form_.mnuTitoloCompleto.Click = [this] { mnuTitoloCompleto_Click(); };
 }
 

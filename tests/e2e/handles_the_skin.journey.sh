@@ -5,6 +5,7 @@ source "$(dirname "$0")/lib.sh"
 start_display
 start_sound
 folder=$(lay_folder)
+hide_editor "$folder"
 start_program "$folder" "$folder/Samples/Interview.mp3"
 
 hover 340 160 # after an open the play button keeps its picture until the mouse was elsewhere

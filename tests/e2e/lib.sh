@@ -77,6 +77,10 @@ lay_folder() {  # prints a fresh copy of the portable folder
   echo "$folder"
 }
 
+hide_editor() {  # FOLDER: the player starts alone and keeps the keyboard
+  sed -i '8s/.*/1\r/' "$1/Files/Quillmere.ini"
+}
+
 # ---- The program -----------------------------------------------------------
 
 start_program() {  # FOLDER [ARGUMENTS]: leaves the player's number in $window

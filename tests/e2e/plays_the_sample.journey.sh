@@ -12,6 +12,7 @@ near() {  # WHAT EXPECTED TENTHS: the position is there, give or take a pixel of
 start_display
 start_sound
 folder=$(lay_folder)
+hide_editor "$folder"
 start_program "$folder" "$folder/Samples/Interview.mp3"
 hover 330 150
 

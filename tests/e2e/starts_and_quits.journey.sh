@@ -5,6 +5,7 @@ source "$(dirname "$0")/lib.sh"
 start_display
 start_sound
 folder=$(lay_folder)
+hide_editor "$folder"
 
 start_program "$folder" "$folder/Samples/Interview.mp3"
 expect_soon "the sample is heard" 10 'pactl list short sink-inputs | grep -q .'

@@ -26,6 +26,7 @@ drag_onto_player() { # ADDRESS...
 start_display
 start_sound
 folder=$(lay_folder)
+hide_editor "$folder"
 cp "$folder/Samples/Interview.mp3" "$scratch/dropped one.mp3"
 start_program "$folder"
 

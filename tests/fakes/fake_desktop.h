@@ -2,6 +2,7 @@
 
 #include "app/desktop.h"
 #include "fakes/fake_player.h"
+#include "fakes/fake_rich_text.h"
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
 
@@ -82,7 +83,9 @@ public:
     FakeSystem systemPort;
     FakeDialogs dialogPort;
     FakePlayer player{loop};
+    FakeRichText text;
     player::Form1* form1 = nullptr;
+    editor::Form2* form2 = nullptr;
 
     FakeDesktop() {
         systemPort.folder = base::fromUtf8(folder.path().string());
@@ -115,12 +118,14 @@ public:
     platform::EventLoop& eventLoop() override { return loop; }
     platform::Dialogs& dialogs() override { return dialogPort; }
     platform::MediaPlayer& mediaPlayer() override { return player; }
+    platform::RichText& richText() override { return text; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     void show(player::Form1& form) override {
         form1 = &form;
         form.screen.width = 28800;
         form.screen.height = 16200;
     }
+    void show(editor::Form2& form) override { form2 = &form; }
 };
 
 } // namespace fakes

@@ -20,7 +20,7 @@ protected:
 };
 
 TEST_F(PlayerWindowTest, Minimise_TakesTheEditorAlong_AndRestoreBringsBackWhatWasOpen) {
-    controls::Window& editor = bench.program->workstation().companions().Form2;
+    controls::Window& editor = *bench.desktop.form2;
     const auto cycle = [&] {
         form.windowState = controls::WindowState::Minimised;
         form.Resize();

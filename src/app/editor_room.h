@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/desktop.h"
+#include "controls/recent_files.h"
+#include "editor/document.h"
+#include "editor/editor_window.h"
+#include "editor/form2.h"
+#include "editor/toolbar.h"
+#include "player/form1.h"
+#include "player/preferences.h"
+
+namespace app {
+
+// The editor with its window, beside the player.
+class EditorRoom {
+public:
+    EditorRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
+               const base::TextFiles& files);
+
+    // Builds the window, hidden.
+    void Form_Load();
+    // Reads the language table again and writes it to the window.
+    void CambiaLingua2(lang::LanguageTable& table);
+
+    editor::Form2& form() { return form_; }
+    editor::Document& document() { return document_; }
+    controls::RecentFiles& recentDocuments() { return recent_; }
+
+private:
+    editor::Form2 form_;
+    controls::RecentFiles recent_;
+    editor::Document document_;
+    editor::Toolbar toolbar_;
+    editor::EditorWindow window_;
+};
+
+} // namespace app
