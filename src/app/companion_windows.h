@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/editor_room.h"
+#include "app/recorder_room.h"
 #include "controls/controls.h"
 #include "controls/recent_files.h"
 #include "player/companions.h"
@@ -13,8 +14,8 @@ namespace app {
 class CompanionWindows : public player::Companions {
 public:
     CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
-                     lang::LanguageTable& language)
-        : form1_(form1), recentMedia_(recentMedia), editor_(editor), Lingua(language) {}
+                     RecorderRoom& recorder, lang::LanguageTable& language)
+        : form1_(form1), recentMedia_(recentMedia), editor_(editor), recorder_(recorder), Lingua(language) {}
 
     controls::Window Form3{"Form3", {0, 0, 6000, 3390}}; // marks
 
@@ -26,12 +27,16 @@ public:
     bool openBookmarks(base::TextView) override { return false; }
     void unloadForm3() override;
     void rememberMedia(base::TextView path) override { recentMedia_.remember(path); }
-    bool isRecordingTo(base::TextView) override { return false; }
+    bool isRecordingTo(base::TextView path) override { return recorder_.isRecordingTo(path); }
+    base::Text wholeRecording(base::TextView path) override {
+        return recorder_.cutOff().wholeRecording(path);
+    }
 
 private:
     player::Form1& form1_;
     controls::RecentFiles& recentMedia_;
     EditorRoom& editor_;
+    RecorderRoom& recorder_;
     lang::LanguageTable& Lingua;
 };
 

@@ -7,7 +7,9 @@
 #include "platform/media_player.h"
 #include "platform/rich_text.h"
 #include "platform/system.h"
+#include "platform/wave_input.h"
 #include "player/form1.h"
+#include "recorder/frm_audio_rec.h"
 
 namespace app {
 
@@ -22,6 +24,7 @@ public:
     virtual platform::MediaPlayer& mediaPlayer() = 0;
     // The text of the editor, which its window shows.
     virtual platform::RichText& richText() = 0;
+    virtual platform::WaveInput& waveInput() = 0;
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
@@ -29,6 +32,7 @@ public:
     // data does.
     virtual void show(player::Form1& form) = 0;
     virtual void show(editor::Form2& form) = 0;
+    virtual void show(recorder::FrmAudioRec& form) = 0;
 };
 
 } // namespace app

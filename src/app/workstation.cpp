@@ -25,7 +25,9 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder),
       recentMedia_({&form1_.mnuRecent1, &form1_.mnuRecent2, &form1_.mnuRecent3, &form1_.mnuRecent4},
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
-      editor_(desktop, form1_, preferences_, files), companions_(form1_, recentMedia_, editor_, language),
+      editor_(desktop, form1_, preferences_, files),
+      recorder_(desktop, form1_, preferences_, files, folder),
+      companions_(form1_, recentMedia_, editor_, recorder_, language),
       settings_(files, folder, {language, form1_, editor_.form(), companions_.Form3, preferences_}),
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
@@ -73,6 +75,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     volumeBar_.ApplicaVolume();
     if (withFile)
         opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
+    recorder_.searchCutOff();
 }
 
 void Workstation::placeWindows(const StartSettings& start) {
@@ -131,6 +134,7 @@ bool Workstation::Form_Unload() {
     settings_.Salva();
     companions_.Form3.visible = false;
     form1_.WMP1.stop();
+    recorder_.close();
     editor_.form().visible = false;
     desktop_.system().endProcess();
     return false;

@@ -3,6 +3,7 @@
 #include "app/companion_windows.h"
 #include "app/desktop.h"
 #include "app/editor_room.h"
+#include "app/recorder_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -61,6 +62,7 @@ private:
     player::Form1 form1_;
     controls::RecentFiles recentMedia_;
     EditorRoom editor_;
+    RecorderRoom recorder_;
     CompanionWindows companions_;
     SettingsFile settings_;
     player::PositionDisplay display_;

@@ -8,9 +8,15 @@ namespace {
 
 constexpr int quietAfter = 1500; // ms from the first window on
 
+std::string modulePath(const platform::System& system, std::string_view name) {
+    return base::toUtf8(system.programFolder()) + "/Modules/" + std::string(name) + ".so";
+}
+
 } // namespace
 
-QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {}
+QtDesktop::QtDesktop()
+    : player_(modulePath(system_, "mpv_player")), waveInput_(modulePath(system_, "portaudio_capture")),
+      text_(QtSystem::codePage()) {}
 
 void QtDesktop::show(player::Form1& form) {
     form1_ = std::make_unique<Form1Window>(form);
@@ -20,8 +26,14 @@ void QtDesktop::show(editor::Form2& form) {
     form2_ = std::make_unique<Form2Window>(form, text_);
 }
 
+void QtDesktop::show(recorder::FrmAudioRec& form) {
+    waveInput_.prepare();
+    frmAudioRec_ = std::make_unique<FrmAudioRecWindow>(form);
+}
+
 void QtDesktop::closeWindows() {
     player_.release();
+    frmAudioRec_.reset();
     form2_.reset();
     form1_.reset();
 }

@@ -4,7 +4,9 @@
 #include "desktop/editor/rich_text_edit.h"
 #include "desktop/form1_window.h"
 #include "desktop/form2_window.h"
+#include "desktop/frm_audio_rec_window.h"
 #include "desktop/lazy_player.h"
+#include "desktop/lazy_wave_input.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
 #include "desktop/qt_system.h"
@@ -23,9 +25,11 @@ public:
     platform::Dialogs& dialogs() override { return dialogs_; }
     platform::MediaPlayer& mediaPlayer() override { return player_; }
     platform::RichText& richText() override { return text_; }
+    platform::WaveInput& waveInput() override { return waveInput_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void show(player::Form1& form) override;
     void show(editor::Form2& form) override;
+    void show(recorder::FrmAudioRec& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
@@ -37,9 +41,11 @@ private:
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;
     LazyPlayer player_;
+    LazyWaveInput waveInput_;
     RichTextEdit text_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;
+    std::unique_ptr<FrmAudioRecWindow> frmAudioRec_;
 };
 
 } // namespace desktop

@@ -31,8 +31,8 @@ FrmAudioRec::FrmAudioRec(platform::EventLoop& loop, const lang::LanguageTable& l
     const std::pair<controls::Label*, base::TextView> names[] = {
         {&Label3, u"Time recorded:"}, {&Label4, u"Bytes written:"}, {&Label5, u"Options"},
         {&Label6, u"Channels:"},      {&Label7, u"Frequency:"},     {&Label8, u"Bits per sec.:"}};
-    for (const auto& [label, caption] : names) {
-        label->caption = base::Text(caption);
+    for (const auto& [label, words] : names) {
+        label->caption = base::Text(words);
         label->foreColor = quiet;
         label->fontSize = captionSize;
     }

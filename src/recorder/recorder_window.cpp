@@ -40,8 +40,6 @@ base::Text FormatTime(std::int64_t secondi, bool millisecondi) {
 RecorderWindow::RecorderWindow(FrmAudioRec& form, player::Form1& player, WaveIn& engine,
                                platform::Dialogs& dialogs, player::Preferences& preferences)
     : form_(form), player_(player), engine_(engine), dialogs_(dialogs), preferences_(preferences) {
-    player_.mnuRegistra.Click = [this] { mnuRegistra_Click(); };
-    player_.cmdRec.Click = [this] { mnuRegistra_Click(); };
     form_.btnStart.Click = [this] { btnStart_Click(); };
     form_.btnStop.Click = [this] { btnStop_Click(); };
     form_.Timer.Tick = [this] { Timer_Timer(); };
