@@ -39,6 +39,8 @@ FrmAudioRec::FrmAudioRec(platform::EventLoop& loop, const lang::LanguageTable& l
     for (controls::Label* label : {&Label1, &Label2, &lblTime, &lblBytesWritten, &Label5})
         label->foreColor = ink;
     Label5.fontBold = true;
+    Label1.alignment = controls::Alignment::Right;
+    Label2.alignment = controls::Alignment::Right;
     lblTime.fontSize = clockSize;
     lblTime.fontBold = true;
     lblBytesWritten.fontSize = counterSize;

@@ -43,14 +43,14 @@ struct FrmAudioRec : controls::Window {
     controls::Label Label4{"Label4", {4590, 945, 1650, 240}}; // names the counter
     controls::Label lblBytesWritten{"lblBytesWritten", {4590, 1185, 1650, 390}};
     controls::Label Label5{"Label5", {420, 2745, 5700, 240}};  // names the options
-    controls::Label Label6{"Label6", {420, 3045, 1800, 240}};  // names cmbChannels
-    controls::Label Label7{"Label7", {2400, 3045, 1800, 240}}; // names cmbFrequency
-    controls::Label Label8{"Label8", {4380, 3045, 1800, 240}}; // names cmbBits
+    controls::Label Label6{"Label6", {420, 3075, 1800, 240}};  // names cmbChannels
+    controls::Label Label7{"Label7", {2400, 3075, 1800, 240}}; // names cmbFrequency
+    controls::Label Label8{"Label8", {4380, 3075, 1800, 240}}; // names cmbBits
 
     controls::TextBox txtFile{"txtFile", {240, 240, 6120, 390}}; // path of the WAV file
-    controls::ComboBox cmbChannels{"cmbChannels", {420, 3300, 1800, 375}};
-    controls::ComboBox cmbFrequency{"cmbFrequency", {2400, 3300, 1800, 375}}; // samples per second
-    controls::ComboBox cmbBits{"cmbBits", {4380, 3300, 1800, 375}};           // bits of a sample
+    controls::ComboBox cmbChannels{"cmbChannels", {420, 3330, 1800, 375}};
+    controls::ComboBox cmbFrequency{"cmbFrequency", {2400, 3330, 1800, 375}}; // samples per second
+    controls::ComboBox cmbBits{"cmbBits", {4380, 3330, 1800, 375}};           // bits of a sample
     controls::CommandButton btnStart{"btnStart", {2880, 4185, 1680, 435}};    // start, pause, resume
     controls::CommandButton btnStop{"btnStop", {4680, 4185, 1680, 435}};
 

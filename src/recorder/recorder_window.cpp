@@ -10,7 +10,8 @@ namespace recorder {
 
 namespace {
 
-constexpr int tickPeriod = 1;         // ms
+// ms; nothing is shown more often than every 50, and a thousand ticks a second would cost three times the recording
+constexpr int tickPeriod = 10;
 constexpr double metersEvery = 0.05;  // seconds
 constexpr double blinkEvery = 0.5;    // seconds
 constexpr double meterMargin = 110;   // twips that a meter stays below its level

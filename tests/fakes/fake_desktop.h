@@ -3,6 +3,7 @@
 #include "app/desktop.h"
 #include "fakes/fake_player.h"
 #include "fakes/fake_rich_text.h"
+#include "fakes/fake_wave_input.h"
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
 
@@ -84,7 +85,9 @@ public:
     FakeDialogs dialogPort;
     FakePlayer player{loop};
     FakeRichText text;
+    FakeWaveInput device;
     player::Form1* form1 = nullptr;
+    recorder::FrmAudioRec* recorder = nullptr; // once it was opened
     editor::Form2* form2 = nullptr;
 
     FakeDesktop() {
@@ -119,6 +122,7 @@ public:
     platform::Dialogs& dialogs() override { return dialogPort; }
     platform::MediaPlayer& mediaPlayer() override { return player; }
     platform::RichText& richText() override { return text; }
+    platform::WaveInput& waveInput() override { return device; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     void show(player::Form1& form) override {
         form1 = &form;
@@ -126,6 +130,7 @@ public:
         form.screen.height = 16200;
     }
     void show(editor::Form2& form) override { form2 = &form; }
+    void show(recorder::FrmAudioRec& form) override { recorder = &form; }
 };
 
 } // namespace fakes
