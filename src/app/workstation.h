@@ -37,6 +37,7 @@ public:
     player::MediaSession& session() { return session_; }
     EditorRoom& editor() { return editor_; }
     CompanionWindows& companions() { return companions_; }
+    RecorderRoom& recorder() { return recorder_; }
     player::MediaOpener& opener() { return opener_; }
 
 private:

@@ -84,6 +84,8 @@ CutOffRecordings::Repairs CutOffRecordings::repairAll(Repairs repairs, const std
 }
 
 void CutOffRecordings::finish() {
+    if (!running_.valid())
+        return;
     alarm_->stop();
     Repairs repairs = running_.get();
     // One of a folder that takes no copy would be told at every start.
@@ -94,8 +96,7 @@ void CutOffRecordings::finish() {
 base::Text CutOffRecordings::wholeRecording(base::TextView path) {
     if (!isCutOff(path))
         return base::Text(path);
-    if (running_.valid())
-        finish();
+    finish();
     Repair repair = repairOf(path);
     carryOut(repair);
     tell({repair});

@@ -25,6 +25,8 @@ public:
     // In a quiet moment, and beside the work of the program, looks for them where the journal says and in
     // these folders.
     void search(std::vector<base::Text> folders);
+    // Waits for a search that runs, and tells what it found.
+    void finish();
     // Ends a search that runs, after the file at hand.
     void stop();
 
@@ -50,7 +52,6 @@ private:
                              const std::atomic_bool& stop);
     void tick();
     void begin();
-    void finish();
     void tell(const Repairs& repairs);
 
     platform::Dialogs& dialogs_;

@@ -1,6 +1,6 @@
 // A recording in a process of its own, which can be killed:
-//   recording_process FOLDER SECONDS CHANNELS BITS RATE FILE
-// FOLDER takes the journal. At the end one line: buffers recorded, times that the device lost sound, how late the
+//   recording_process FOLDER BUFFERS CHANNELS BITS RATE FILE
+// FOLDER takes the journal. It ends after so many buffers, or some seconds after they were due. At the end one line: buffers recorded, times that the device lost sound, how late the
 // latest buffer came in ms.
 #include "portaudio_input.h"
 #include "quiet_dialogs.h"
@@ -13,6 +13,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+
+namespace {
+
+constexpr int patience = 3000; // ms
+
+} // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
@@ -38,13 +44,15 @@ int main(int argc, char** argv) {
         earliest = std::min(earliest, behind);
         latest = std::max(latest, behind - earliest);
         write(buffer);
+        if (buffers == number(2))
+            QCoreApplication::quit();
     };
     clock.start();
     engine.AvviaCattura(static_cast<std::int16_t>(number(3)), static_cast<std::int16_t>(number(4)), number(5),
                         base::fromUtf8(argv[6]));
     std::puts("started");
     std::fflush(stdout);
-    QTimer::singleShot(number(2) * 1000, &application, &QCoreApplication::quit);
+    QTimer::singleShot(dialogs.texts.empty() ? static_cast<int>(number(2) * period) + patience : 100, &application, &QCoreApplication::quit);
     QCoreApplication::exec();
     const int lost = device.overflows();
     engine.AggancioCattura(false);

@@ -1,6 +1,7 @@
 #include "portaudio_device.h"
 
 #include <algorithm>
+#include <alsa/asoundlib.h>
 #include <cstdlib>
 #include <portaudio.h>
 #include <vector>
@@ -13,6 +14,12 @@ constexpr int chunkPerSecond = 50;   // reads of 20 ms
 constexpr std::size_t storeSeconds = 20; // for how long the event loop may be busy
 // Seconds that the device itself holds, should this process not come to its turn.
 constexpr double deviceLatency = 0.2;
+
+// PortAudio ends the process when ALSA's configuration names no default device, as where ALSA's files are missing.
+bool hasDefaultDevice() {
+    snd_config_t* found = nullptr;
+    return snd_config_update() >= 0 && snd_config_search(snd_config, "pcm.default", &found) >= 0;
+}
 
 } // namespace
 
@@ -45,6 +52,10 @@ PortAudioDevice::PortAudioDevice(const platform::WaveFormat& format)
       storeSize_(static_cast<std::size_t>(format.avgBytesPerSec) * storeSeconds) {
     // One of the sound systems would start its server only because somebody looks whether it is there.
     ::setenv("JACK_NO_START_SERVER", "1", 0);
+    if (!hasDefaultDevice()) {
+        fail(paDeviceUnavailable);
+        return;
+    }
     if (const PaError failed = Pa_Initialize(); failed != paNoError) {
         fail(failed);
         return;
