@@ -61,6 +61,7 @@ void RecorderWindow::mnuRegistra_Click() {
     form_.visible = true;
     enableTicks();
     form_.setFocus();
+    form_.btnStart.setFocus();
 }
 
 void RecorderWindow::load() {
