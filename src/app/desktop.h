@@ -28,6 +28,10 @@ public:
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
+    // From now on the desktop's own words, those on the buttons of boxes and dialogs, are in the language of
+    // this language file; a change of the name is followed. The name outlives the desktop's use.
+    virtual void speak(const base::Text& fileLingua) = 0;
+
     // Each builds the window that shows this data, as visible as the data says. The desktop ends before the
     // data does.
     virtual void show(player::Form1& form) = 0;

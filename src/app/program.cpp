@@ -6,7 +6,9 @@ namespace app {
 
 Program::Program(Desktop& desktop)
     : desktop_(desktop), files_(desktop.codePage()), folder_(desktop.system().programFolder()),
-      Lingua(files_, folder_) {}
+      Lingua(files_, folder_) {
+    desktop_.speak(Lingua.FileLingua);
+}
 
 bool Program::Main(base::TextView commandLine) {
     try {

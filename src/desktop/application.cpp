@@ -13,11 +13,22 @@ namespace {
 
 constexpr int interfaceFontSize = 9; // points
 
-// Windows place themselves and stay on top, which the Wayland platform lets no program do.
+constexpr const char* platformVariable = "QT_QPA_PLATFORM";
+bool platformIsOurChoice = false;
+
+// Windows place themselves and stay on top, which the Wayland platform lets no program do. The environment is
+// the one place where Qt reads a choice that the user can still overrule.
 int& choosePlatform(int& argc) {
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "xcb");
+    platformIsOurChoice = !qEnvironmentVariableIsSet(platformVariable);
+    if (platformIsOurChoice)
+        qputenv(platformVariable, "xcb");
     return argc;
+}
+
+// Programs that are started from here choose for themselves.
+void forgetPlatform() {
+    if (platformIsOurChoice)
+        qunsetenv(platformVariable);
 }
 
 // Qt's own style, less the pictures on the buttons of dialogs: they are of no family with the skin.
@@ -54,6 +65,7 @@ QPalette skinPalette() {
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(choosePlatform(argc), argv) {
+    forgetPlatform();
     // No display name: Qt would add it to the title of every box.
     setApplicationName(QStringLiteral("Quillmere"));
     setQuitOnLastWindowClosed(false);

@@ -114,8 +114,19 @@ void ControlView::follow() {
         setToolTip(tip);
     if (pointerIcon_ != control_.pointerIcon.get()) {
         pointerIcon_ = control_.pointerIcon;
-        setCursor(loadPointer(pointerIcon_, devicePixelRatioF()));
+        loadPointerFor(devicePixelRatioF());
     }
+}
+
+void ControlView::loadPointerFor(double density) {
+    pointerDensity_ = density;
+    setCursor(loadPointer(pointerIcon_, density));
+}
+
+void ControlView::enterEvent(QEnterEvent* event) {
+    QWidget::enterEvent(event);
+    if (!pointerIcon_.empty() && pointerDensity_ != devicePixelRatioF())
+        loadPointerFor(devicePixelRatioF());
 }
 
 void ControlView::mousePressEvent(QMouseEvent* event) {
@@ -153,14 +164,15 @@ void PictureView::follow() {
     if (shown_ == picture_.picture.get())
         return;
     shown_ = picture_.picture;
-    read_ = false;
+    readFor_ = 0;
     update();
 }
 
 void PictureView::paintEvent(QPaintEvent*) {
-    // Not before it is seen: a few are hidden until a file is open, and the start does not wait for them.
-    if (!read_) {
-        read_ = true;
+    // Not before it is seen: a few are hidden until a file is open, and the start does not wait for them. A
+    // window that comes to a screen of another density is painted anew.
+    if (readFor_ != devicePixelRatioF()) {
+        readFor_ = devicePixelRatioF();
         if (QPixmap loaded = loadPicture(shown_, devicePixelRatioF()); !loaded.isNull())
             pixmap_ = std::move(loaded);
     }

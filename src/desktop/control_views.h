@@ -19,13 +19,17 @@ protected:
     virtual void follow();
     // False lets the mouse through to the window beneath, as a disabled control does.
     virtual bool takesMouse() const { return control_.enabled; }
+    void enterEvent(QEnterEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    void loadPointerFor(double density);
+
     controls::Control& control_;
     base::Text pointerIcon_;
+    double pointerDensity_ = 0; // of the screen that the pointer was read for
 };
 
 // A picture, stretched over its place.
@@ -45,7 +49,7 @@ protected:
 private:
     controls::Picture& picture_;
     base::Text shown_;
-    bool read_ = false; // pixmap_ is that of shown_
+    double readFor_ = 0; // density of the screen that pixmap_ is the picture shown_ for; 0: not read yet
     QPixmap pixmap_;
 };
 

@@ -1,5 +1,6 @@
 #include "desktop/qt_desktop.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 
 namespace desktop {
@@ -17,6 +18,11 @@ std::string modulePath(const platform::System& system, std::string_view name) {
 QtDesktop::QtDesktop()
     : player_(modulePath(system_, "mpv_player")), waveInput_(modulePath(system_, "portaudio_capture")),
       text_(QtSystem::codePage()) {}
+
+void QtDesktop::speak(const base::Text& fileLingua) {
+    words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));
+    QCoreApplication::installTranslator(words_.get());
+}
 
 void QtDesktop::show(player::Form1& form) {
     form1_ = std::make_unique<Form1Window>(form);

@@ -10,6 +10,7 @@
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
 #include "desktop/qt_system.h"
+#include "desktop/standard_words.h"
 
 #include <memory>
 
@@ -27,6 +28,7 @@ public:
     platform::RichText& richText() override { return text_; }
     platform::WaveInput& waveInput() override { return waveInput_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
+    void speak(const base::Text& fileLingua) override;
     void show(player::Form1& form) override;
     void show(editor::Form2& form) override;
     void show(recorder::FrmAudioRec& form) override;
@@ -42,6 +44,7 @@ private:
     QtDialogs dialogs_;
     LazyPlayer player_;
     LazyWaveInput waveInput_;
+    std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;

@@ -114,6 +114,9 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
     dialog.setAcceptMode(request.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    // The box of filters shows their names alone: dozens of patterns would be cut off in it. The option
+    // counts for what is set after it.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setDefaultSuffix(qstring(request.defaultExtension));
     dialog.setNameFilters(nameFilters(request.filter));
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QMenu>
+#include <QScreen>
 #include <QTest>
 #include <QWindow>
 #include <gtest/gtest.h>
@@ -156,6 +157,23 @@ TEST_F(Form1WindowTest, PictureThatCannotBeRead_LeavesTheOneBefore) {
     form.load(form.cmdPlay, u"play.jpg");
     EXPECT_EQ(color(form.cmdPlay), Qt::black);
     EXPECT_EQ(color(form.cmdPlay, 47, 48), Qt::black) << "stretched over its place";
+}
+
+TEST_F(Form1WindowTest, ScreenOfAnotherDensity_ShowsTheFinerPictures) {
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    if (screens.size() < 2)
+        GTEST_SKIP() << "runs where there are two screens";
+    paint("play@2x.jpg", Qt::cyan, 20);
+    form.cmdPlay.enabled = true;
+    form.cmdPlay.Click = [] {};
+    form.Shape1.visible = false;
+    show();
+    for (const bool fine : {false, true, false}) {
+        const bool wanted = fine == (screens[1]->devicePixelRatio() == 2);
+        window->windowHandle()->setScreen(screens[wanted ? 1 : 0]);
+        EXPECT_EQ(color(form.cmdPlay), fine ? Qt::cyan : Qt::black);
+        EXPECT_EQ(color(form.SeekTrack), Qt::yellow) << "one that has no finer picture";
+    }
 }
 
 TEST_F(Form1WindowTest, ChangeThatIsNotSeen_PaintsNothing) {

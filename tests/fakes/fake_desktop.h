@@ -124,6 +124,7 @@ public:
     platform::RichText& richText() override { return text; }
     platform::WaveInput& waveInput() override { return device; }
     base::CodePage codePage() override { return base::CodePage(1252); }
+    void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
         form1 = &form;
         form.screen.width = 28800;

@@ -1,0 +1,58 @@
+#include "desktop/standard_words.h"
+
+#include "desktop/conversions.h"
+#include "fakes/temporary_folder.h"
+
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <gtest/gtest.h>
+
+namespace {
+
+// What stands on the buttons of a box and over the places of a file dialog.
+QString shownWords() {
+    const QDialogButtonBox box(QDialogButtonBox::Yes | QDialogButtonBox::No);
+    QFileDialog dialog;
+    return QStringList({box.button(QDialogButtonBox::Yes)->text(), box.button(QDialogButtonBox::No)->text(),
+                        dialog.findChild<QLabel*>(QStringLiteral("lookInLabel"))->text()})
+        .join(u' ')
+        .remove(u'&');
+}
+
+} // namespace
+
+TEST(StandardWords, FollowTheLanguageOfTheProgram) {
+    // The folder as it is laid, and a language that somebody else added with two words of its own.
+    const fakes::TemporaryFolder folder;
+    const QDir laid(QStringLiteral(LAID_LANGUAGES));
+    folder.write("Files/Lang/Deutsch.words", "&Yes\t&Ja\nno tab here\n\t\n&No\t&Nein");
+    for (const QString& name : laid.entryList({QStringLiteral("*.qm"), QStringLiteral("*.words")}))
+        ASSERT_TRUE(QFile::copy(laid.filePath(name), desktop::qstring(folder.text("Files/Lang/")) + name));
+
+    base::Text language;
+    desktop::StandardWords words(language, base::ProgramFolder(folder.text("")));
+    QCoreApplication::installTranslator(&words);
+    const std::pair<base::TextView, const char*> rows[] = {
+        {u"Italiano.lng", "Sì No Cerca in:"},
+        {u"English.lng", "Yes No Look in:"},
+        {u"Svenska.lng", "Ja Nej Leta i:"},
+        {u"Français.lng", "Oui Non Voir dans :"},
+        {u"Russian.lng", "Да Нет Перейти к:"},
+        {u"Hungarian.lng", "Igen Nem Keresés itt:"},
+        {u"Deutsch.lng", "Ja Nein Look in:"},
+        {u"Nederlands.lng", "Ja Nee Zoeken in:"},
+        {u"Spanish.lng", "Sí No Ver en:"},
+        {u"Brazilian.lng", "Sim Não Procurar em:"},
+        {u"gone.lng", "Yes No Look in:"},
+        {u"Polish.lng", "Tak Nie Szukaj w:"},
+        {u"", "Yes No Look in:"},
+    };
+    for (const auto& [file, shown] : rows) {
+        language = file;
+        EXPECT_EQ(shownWords().toStdString(), shown) << base::toUtf8(file);
+    }
+}
