@@ -8,7 +8,8 @@
 namespace base {
 
 // A file that is open for writing at any place, and locked against a second writer of this program. Its bytes
-// stand in the file when a call returns, so that they outlive the process; sync makes them outlive the system.
+// stand in the file when a call returns, so that they outlive the process; sync makes them outlive the
+// system.
 class BinaryFile {
 public:
     // Opens the file, which is made when it is not there. Throws Failure in the system's words, also when

@@ -21,9 +21,9 @@ struct WaveFormat {
 
 // One buffer of the queue. It has to stay where it is while it is prepared.
 struct WaveBuffer {
-    static constexpr unsigned WHDR_DONE = 1;      // the device has filled it, or given it back
-    static constexpr unsigned WHDR_PREPARED = 2;  // the device knows it
-    static constexpr unsigned WHDR_INQUEUE = 16;  // it waits to be filled
+    static constexpr unsigned WHDR_DONE = 1;     // the device has filled it, or given it back
+    static constexpr unsigned WHDR_PREPARED = 2; // the device knows it
+    static constexpr unsigned WHDR_INQUEUE = 16; // it waits to be filled
 
     std::vector<std::uint8_t> lpData;  // as long as the buffer is
     std::uint32_t dwBytesRecorded = 0; // how much of it the device filled

@@ -39,10 +39,10 @@ private:
     struct Repair {
         base::Text path;
         platform::WaveFormat format;
-        bool noted = false; // the journal knows its format; else it is the recorder's usual one
+        bool noted = false;   // the journal knows its format; else it is the recorder's usual one
         base::Text copy{};    // empty: there is none
         base::Text failure{}; // why
-        bool made = false;  // the copy is new
+        bool made = false;    // the copy is new
     };
     using Repairs = std::vector<Repair>;
 

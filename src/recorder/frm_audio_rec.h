@@ -1,4 +1,5 @@
-// The recorder's window as data: every control under its given name, with its design place, caption and state.
+// The recorder's window as data: every control under its given name, with its design place, caption and
+// state.
 #pragma once
 
 #include "base/program_folder.h"
@@ -30,8 +31,8 @@ struct FrmAudioRec : controls::Window {
 
     // From the bottom to the top, as they lie over each other. What has no given name is told by its number.
     controls::Picture Picture3{"Picture3", {0, 0, clientWidth, clientHeight}}; // ground of the window
-    controls::Picture Picture4{"Picture4", {345, 1020, 2430, 480}};            // panel of the lamp and the state
-    controls::Picture Picture1{"Picture1", {1410, 1890, 4950, 600}};           // well of the meters
+    controls::Picture Picture4{"Picture4", {345, 1020, 2430, 480}};  // panel of the lamp and the state
+    controls::Picture Picture1{"Picture1", {1410, 1890, 4950, 600}}; // well of the meters
     controls::Fill picPeakLeft{"picPeakLeft", {1485, 1965, 0, 180}};
     controls::Fill picPeakRight{"picPeakRight", {1485, 2235, 0, 180}};
     controls::Label Label1{"Label1", {240, 1920, 1080, 270}};  // name of the left meter

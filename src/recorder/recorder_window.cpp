@@ -10,12 +10,13 @@ namespace recorder {
 
 namespace {
 
-// ms; nothing is shown more often than every 50, and a thousand ticks a second would cost three times the recording
+// ms; nothing is shown more often than every 50, and a thousand ticks a second would cost three times the
+// recording
 constexpr int tickPeriod = 10;
-constexpr double metersEvery = 0.05;  // seconds
-constexpr double blinkEvery = 0.5;    // seconds
-constexpr double meterMargin = 110;   // twips that a meter stays below its level
-constexpr double gap = 30;            // twips between two windows
+constexpr double metersEvery = 0.05; // seconds
+constexpr double blinkEvery = 0.5;   // seconds
+constexpr double meterMargin = 110;  // twips that a meter stays below its level
+constexpr double gap = 30;           // twips between two windows
 constexpr controls::Color red = controls::rgb(0xFF, 0, 0);
 constexpr controls::Color green = controls::rgb(0, 0x80, 0);
 constexpr controls::Color blue = controls::rgb(0, 0, 0xFF);

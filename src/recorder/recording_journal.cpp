@@ -22,7 +22,8 @@ std::optional<RecordingJournal::Entry> parsed(base::TextView line) {
         line.remove_prefix(comma + 1);
     }
     const auto [channels, bits, samples] = numbers;
-    const bool possible = (channels == 1 || channels == 2) && (bits == 8 || bits == 16) && samples > 0 && samples <= 192000;
+    const bool possible =
+        (channels == 1 || channels == 2) && (bits == 8 || bits == 16) && samples > 0 && samples <= 192000;
     if (!possible || line.empty())
         return std::nullopt;
     return RecordingJournal::Entry{base::Text(line), pcmFormat(channels, bits, samples)};
@@ -30,7 +31,8 @@ std::optional<RecordingJournal::Entry> parsed(base::TextView line) {
 
 base::Text line(const RecordingJournal::Entry& entry) {
     base::Text text;
-    for (const int number : {int{entry.format.channels}, int{entry.format.bitsPerSample}, int{entry.format.samplesPerSec}})
+    for (const int number :
+         {int{entry.format.channels}, int{entry.format.bitsPerSample}, int{entry.format.samplesPerSec}})
         text += base::numberText(number) + u',';
     return text + entry.path;
 }

@@ -7,7 +7,7 @@ namespace recorder {
 
 namespace {
 
-constexpr std::uint32_t formatSize = 16; // bytes of the "fmt " chunk
+constexpr std::uint32_t formatSize = 16;   // bytes of the "fmt " chunk
 constexpr std::uint32_t riffOverhead = 36; // bytes of the RIFF chunk beside the samples
 
 void append(std::string& bytes, std::uint32_t value, int count) {

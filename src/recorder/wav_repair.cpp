@@ -63,7 +63,8 @@ bool isCopyOf(base::TextView path, base::TextView copy) {
 bool isCutOff(base::TextView path) {
     const std::string name = base::toUtf8(path);
     std::error_code failed;
-    if (!isSound(path) || !fs::is_regular_file(name, failed) || fs::file_size(name, failed) <= headerSize || failed)
+    if (!isSound(path) || !fs::is_regular_file(name, failed) || fs::file_size(name, failed) <= headerSize ||
+        failed)
         return false;
     return headOf(name) == std::string(headerSize, '\0') && !base::BinaryFile::isHeld(path);
 }

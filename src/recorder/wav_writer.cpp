@@ -7,6 +7,7 @@
 namespace recorder {
 
 void WavWriter::begin(base::TextView fileName) {
+    close();
     position_ = 0;
     withFile_ = !fileName.empty();
     if (!withFile_)

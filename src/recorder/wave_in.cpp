@@ -132,7 +132,8 @@ void WaveIn::FermaCattura() {
 }
 
 void WaveIn::LeggiPicchi(int& sinistro, int& destro) {
-    const auto n = static_cast<std::ptrdiff_t>(std::nearbyint(Formato.samplesPerSec / 1000.0 * Formato.blockAlign));
+    const auto n =
+        static_cast<std::ptrdiff_t>(std::nearbyint(Formato.samplesPerSec / 1000.0 * Formato.blockAlign));
     if (StatoPicco.buffer != UltimoBuffer && !StatoPicco.seenOtherThanFirst)
         StatoPicco.seenOtherThanFirst = true;
     else if (!StatoPicco.seenOtherThanFirst && StatoPicco.buffer == 0)
@@ -143,7 +144,8 @@ void WaveIn::LeggiPicchi(int& sinistro, int& destro) {
         return;
     const bool stereo = Formato.channels == 2;
     const auto value = [&](std::ptrdiff_t i) {
-        return std::abs(Formato.bitsPerSample == 8 ? sound[i] - middleOf8Bits : IntDaByte(sound[i], sound[i + 1]));
+        return std::abs(Formato.bitsPerSample == 8 ? sound[i] - middleOf8Bits
+                                                   : IntDaByte(sound[i], sound[i + 1]));
     };
     int left = 0;
     int right = 0;

@@ -1,8 +1,8 @@
 #include "fakes/fake_desktop.h"
 #include "recorder/wave_in.h"
 
-#include <gmock/gmock.h>
 #include <csignal>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -45,19 +45,23 @@ TEST_F(CaptureTest, File_OfEveryFormatAndLength_IsWholeToTheByte) {
         for (const int bits : {16, 8}) {
             for (const int channels : {2, 1}) {
                 for (const std::size_t buffers : {0U, 1U, 7U}) {
-                    SCOPED_TRACE(testing::Message() << frequency << ' ' << bits << ' ' << channels << ' ' << buffers);
-                    const std::string file = record(static_cast<std::int16_t>(channels), static_cast<std::int16_t>(bits),
-                                                    frequency, static_cast<int>(buffers));
+                    SCOPED_TRACE(testing::Message()
+                                 << frequency << ' ' << bits << ' ' << channels << ' ' << buffers);
+                    const std::string file =
+                        record(static_cast<std::int16_t>(channels), static_cast<std::int16_t>(bits),
+                               frequency, static_cast<int>(buffers));
                     const std::size_t length = buffers == 0 ? 45 : 44 + buffers * 8192 + 1;
                     ASSERT_EQ(file.size(), length);
-                    const std::uint32_t data = buffers == 0 ? 0xFFFFFFD4U : static_cast<std::uint32_t>(length - 44);
+                    const std::uint32_t data =
+                        buffers == 0 ? 0xFFFFFFD4U : static_cast<std::uint32_t>(length - 44);
                     EXPECT_EQ(file.substr(0, 4) + file.substr(8, 8) + file.substr(36, 4), "RIFFWAVEfmt data");
                     const auto block = static_cast<std::uint32_t>(channels * bits / 8);
-                    const std::pair<std::size_t, std::uint32_t> words[] = {{4, data + 36},
-                                                                           {16, 16},
-                                                                           {24, static_cast<std::uint32_t>(frequency)},
-                                                                           {28, frequency * block},
-                                                                           {40, data}};
+                    const std::pair<std::size_t, std::uint32_t> words[] = {
+                        {4, data + 36},
+                        {16, 16},
+                        {24, static_cast<std::uint32_t>(frequency)},
+                        {28, frequency * block},
+                        {40, data}};
                     for (const auto& [at, value] : words)
                         EXPECT_EQ(number(file, at, 4), value) << at;
                     const std::pair<std::size_t, std::uint32_t> halves[] = {
@@ -67,7 +71,8 @@ TEST_F(CaptureTest, File_OfEveryFormatAndLength_IsWholeToTheByte) {
                     EXPECT_EQ(file[44], 0) << "the header is a byte longer than its place";
                     EXPECT_EQ(file.back(), 0);
                     for (std::size_t i = 1; i < buffers * 8192; ++i)
-                        ASSERT_EQ(static_cast<std::uint8_t>(file[44 + i]), (i / 8192 + i % 8192 % 251) % 256) << i;
+                        ASSERT_EQ(static_cast<std::uint8_t>(file[44 + i]), (i / 8192 + i % 8192 % 251) % 256)
+                            << i;
                 }
             }
         }
@@ -79,9 +84,10 @@ TEST_F(CaptureTest, File_OfEveryFormatAndLength_IsWholeToTheByte) {
 TEST_F(CaptureTest, Device_IsUsedInTheGivenOrder) {
     engine.AggancioCattura(true);
     record(2, 16, 44100, 1);
-    EXPECT_THAT(device.calls, ElementsAre("open", "prepare", "add 0", "prepare", "add 1", "prepare", "add 2", "prepare",
-                                          "add 3", "prepare", "add 4", "start", "add 0", "stop", "reset", "unprepare",
-                                          "unprepare", "unprepare", "unprepare", "unprepare", "close"));
+    EXPECT_THAT(device.calls,
+                ElementsAre("open", "prepare", "add 0", "prepare", "add 1", "prepare", "add 2", "prepare",
+                            "add 3", "prepare", "add 4", "start", "add 0", "stop", "reset", "unprepare",
+                            "unprepare", "unprepare", "unprepare", "unprepare", "close"));
     device.calls.clear();
     stop();
     EXPECT_THAT(device.calls, IsEmpty()) << "nothing runs";

@@ -31,8 +31,10 @@ protected:
 };
 
 TEST(FormatTime, ShowsTwoDigitsOfEachField) {
-    const std::tuple<std::int64_t, bool, base::Text> rows[] = {
-        {3725, false, u"01:02:05"}, {0, false, u"00:00:00"}, {3725999, true, u"01:02:05"}, {360000, false, u"100:00:00"}};
+    const std::tuple<std::int64_t, bool, base::Text> rows[] = {{3725, false, u"01:02:05"},
+                                                               {0, false, u"00:00:00"},
+                                                               {3725999, true, u"01:02:05"},
+                                                               {360000, false, u"100:00:00"}};
     for (const auto& [value, thousandths, text] : rows)
         EXPECT_EQ(recorder::FormatTime(value, thousandths), text);
 }
@@ -51,7 +53,8 @@ TEST_F(RecorderTest, Journey_RecordPauseResumeStop_StopWhilePaused_CloseWhileRec
         desktop.device.fill();
     desktop.loop.advance(10);
     EXPECT_EQ(window.lblTime.caption.get(), u"00:00:01");
-    EXPECT_EQ(window.lblBytesWritten.caption.get(), base::fromUtf8(std::to_string(45 + 22 * 8192) + " &En110"));
+    EXPECT_EQ(window.lblBytesWritten.caption.get(),
+              base::fromUtf8(std::to_string(45 + 22 * 8192) + " &En110"));
     for (const char* word : {"", "&En113", "", "&En113"}) {
         desktop.loop.advance(500);
         EXPECT_EQ(state(), std::string("Start|&En8|") + word + " lamp stop") << "the word blinks";
@@ -142,7 +145,10 @@ TEST_F(RecorderTest, FileQuestion_NoKeepsTheFile_YesReplacesIt_EvenTheOneThatPla
     form().cmdPlay.Click();
     const std::size_t before = desktop.player.commands.size();
     opener().ApriMedia(desktop.folder.text("talk.wav"));
-    EXPECT_EQ(std::vector<std::string>(desktop.player.commands.begin() + static_cast<std::ptrdiff_t>(before), desktop.player.commands.end()).size(), 2U)
+    EXPECT_EQ(std::vector<std::string>(desktop.player.commands.begin() + static_cast<std::ptrdiff_t>(before),
+                                       desktop.player.commands.end())
+                  .size(),
+              2U)
         << "paused, and nothing is loaded";
     desktop.device.fill();
     window.btnStop.Click();
@@ -158,7 +164,8 @@ protected:
     void leave(const std::string& name, std::size_t bytes, const std::string& note = {}) {
         desktop.folder.write(name, std::string(44, '\0') + std::string(bytes, 'a'));
         if (!note.empty())
-            desktop.folder.write("Files/Recordings.ini", note + desktop.folder.path().string() + "/" + name + "\r\n");
+            desktop.folder.write("Files/Recordings.ini",
+                                 note + desktop.folder.path().string() + "/" + name + "\r\n");
     }
     void start() {
         program.emplace(desktop);

@@ -93,26 +93,33 @@ protected:
     }
     // A sound server with one sink a format, whose monitors are recorded.
     void startServer(const std::vector<Format>& formats) {
-        std::vector<std::string> arguments = {"-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1", "-L",
-                                              "module-native-protocol-unix auth-anonymous=1 socket=" + path("socket")};
+        std::vector<std::string> arguments = {"-n",
+                                              "--daemonize=no",
+                                              "--use-pid-file=no",
+                                              "--exit-idle-time=-1",
+                                              "-L",
+                                              "module-native-protocol-unix auth-anonymous=1 socket=" +
+                                                  path("socket")};
         for (const Format& format : formats) {
             arguments.emplace_back("-L");
             arguments.push_back("module-null-sink norewinds=1 sink_name=" + format.name() +
-                                " rate=" + std::to_string(format.rate) +
-                                " format=" + sampleFormat(format) + " channels=" + std::to_string(format.channels));
+                                " rate=" + std::to_string(format.rate) + " format=" + sampleFormat(format) +
+                                " channels=" + std::to_string(format.channels));
         }
         server = run(PULSEAUDIO, arguments);
         for (int i = 0; i < 100 && said(PACTL, {"get-default-sink"}).empty(); ++i)
             QThread::msleep(50);
     }
     std::unique_ptr<QProcess> play(const Format& format, const std::string& file) const {
-        return run(PACAT, {"--playback", "--raw", "--latency-msec=500", "--device=" + format.name(), "--rate=" + std::to_string(format.rate),
-                           "--format=" + sampleFormat(format), "--channels=" + std::to_string(format.channels), path(file)});
+        return run(PACAT, {"--playback", "--raw", "--latency-msec=500", "--device=" + format.name(),
+                           "--rate=" + std::to_string(format.rate), "--format=" + sampleFormat(format),
+                           "--channels=" + std::to_string(format.channels), path(file)});
     }
-    std::unique_ptr<QProcess> record(const Format& format, std::size_t buffers, const std::string& file) const {
+    std::unique_ptr<QProcess> record(const Format& format, std::size_t buffers,
+                                     const std::string& file) const {
         return run(RECORDING_PROCESS,
-                   {path(""), std::to_string(buffers), std::to_string(format.channels), std::to_string(format.bits),
-                    std::to_string(format.rate), path(file)},
+                   {path(""), std::to_string(buffers), std::to_string(format.channels),
+                    std::to_string(format.bits), std::to_string(format.rate), path(file)},
                    "PULSE_SOURCE", format.name() + ".monitor");
     }
     static std::string sampleFormat(const Format& format) { return format.bits == 8 ? "u8" : "s16le"; }

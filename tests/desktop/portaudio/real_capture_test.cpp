@@ -13,7 +13,8 @@ class RealCapture : public capture::CaptureFixture {};
 namespace {
 
 std::string words(const Format& format) {
-    return std::to_string(format.rate) + " " + std::to_string(format.channels) + " " + std::to_string(format.bits);
+    return std::to_string(format.rate) + " " + std::to_string(format.channels) + " " +
+           std::to_string(format.bits);
 }
 
 } // namespace
@@ -42,8 +43,9 @@ TEST_F(RealCapture, FromASoundServer_EveryFormat_IsWhatWasPlayed) {
         for (const char* option : {"-r", "-c", "-b"})
             sox += (sox.empty() ? "" : " ") + capture::said(SOXI, {option, path(wav)});
         EXPECT_EQ(sox, words(format));
-        EXPECT_EQ(capture::said(FFPROBE, {"-v", "error", "-show_entries", "stream=sample_rate,channels,bits_per_sample",
-                                          "-of", "default=nw=1:nk=1", path(wav)}),
+        EXPECT_EQ(capture::said(FFPROBE, {"-v", "error", "-show_entries",
+                                          "stream=sample_rate,channels,bits_per_sample", "-of",
+                                          "default=nw=1:nk=1", path(wav)}),
                   words(format));
     }
     for (const auto& player : players)
@@ -64,10 +66,12 @@ TEST_F(RealCapture, WithoutAServer_EveryFormat_IsWhatAlsaReads) {
 }
 
 TEST_F(RealCapture, NoDevice_IsToldInWords_AndLeavesTheEmptyRecording) {
-    for (const char* configuration : {"", "pcm.!default { type pulse }\n"}) { // none at all; no server behind it
+    for (const char* configuration :
+         {"", "pcm.!default { type pulse }\n"}) { // none at all; no server behind it
         useAlsa(configuration);
         const auto recording = record({44100, 16, 2}, 1, "a.wav");
-        EXPECT_THAT(capture::outputOf(*recording), testing::MatchesRegex("started\n0 buffers, .*\n.*[a-z]{4}.*\n"));
+        EXPECT_THAT(capture::outputOf(*recording),
+                    testing::MatchesRegex("started\n0 buffers, .*\n.*[a-z]{4}.*\n"));
         EXPECT_EQ(recording->exitCode(), 1);
         EXPECT_EQ(folder.read("a.wav").size(), 45U);
     }
@@ -106,6 +110,7 @@ TEST_F(RealCapture, KilledRecording_IsRepaired_ButForItsLastMoments) {
     const recorder::RepairedCopy copy = recorder::repairCutOff(noted.path, noted.format);
     EXPECT_EQ(capture::said(SOXI, {"-r", base::toUtf8(copy.path)}), "22050");
     EXPECT_EQ(folder.read("a.wav"), damaged) << "the original stays";
-    EXPECT_GT(alike(folder.read("a repaired.wav"), folder.read("noise"), format), format.rate) << "at most the last second is lost";
+    EXPECT_GT(alike(folder.read("a repaired.wav"), folder.read("noise"), format), format.rate)
+        << "at most the last second is lost";
     end(player);
 }

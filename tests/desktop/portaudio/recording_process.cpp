@@ -1,7 +1,7 @@
 // A recording in a process of its own, which can be killed:
 //   recording_process FOLDER BUFFERS CHANNELS BITS RATE FILE
-// FOLDER takes the journal. It ends after so many buffers, or some seconds after they were due. At the end one line: buffers recorded, times that the device lost sound, how late the
-// latest buffer came in ms.
+// FOLDER takes the journal. It ends after so many buffers, or some seconds after they were due. At the end
+// one line: buffers recorded, times that the device lost sound, how late the latest buffer came in ms.
 #include "portaudio_input.h"
 #include "quiet_dialogs.h"
 #include "recorder/wave_in.h"
@@ -52,7 +52,8 @@ int main(int argc, char** argv) {
                         base::fromUtf8(argv[6]));
     std::puts("started");
     std::fflush(stdout);
-    QTimer::singleShot(dialogs.texts.empty() ? static_cast<int>(number(2) * period) + patience : 100, &application, &QCoreApplication::quit);
+    QTimer::singleShot(dialogs.texts.empty() ? static_cast<int>(number(2) * period) + patience : 100,
+                       &application, &QCoreApplication::quit);
     QCoreApplication::exec();
     const int lost = device.overflows();
     engine.AggancioCattura(false);

@@ -1,5 +1,5 @@
-// The one entry of this module. It is loaded when the recorder opens: PortAudio brings libraries of three sound
-// systems along.
+// The one entry of this module. It is loaded when the recorder opens: PortAudio brings libraries of three
+// sound systems along.
 #include "portaudio_input.h"
 
 // The caller owns the device. The Qt application has to exist.

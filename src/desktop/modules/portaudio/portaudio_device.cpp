@@ -10,12 +10,13 @@ namespace desktop {
 
 namespace {
 
-constexpr int chunkPerSecond = 50;   // reads of 20 ms
+constexpr int chunkPerSecond = 50;       // reads of 20 ms
 constexpr std::size_t storeSeconds = 20; // for how long the event loop may be busy
 // Seconds that the device itself holds, should this process not come to its turn.
 constexpr double deviceLatency = 0.2;
 
-// PortAudio ends the process when ALSA's configuration names no default device, as where ALSA's files are missing.
+// PortAudio ends the process when ALSA's configuration names no default device, as where ALSA's files are
+// missing.
 bool hasDefaultDevice() {
     snd_config_t* found = nullptr;
     return snd_config_update() >= 0 && snd_config_search(snd_config, "pcm.default", &found) >= 0;
@@ -89,7 +90,8 @@ void PortAudioDevice::fail(int error) {
     errorText_ = Pa_GetErrorText(error);
     if (error != paUnanticipatedHostError)
         return;
-    if (const PaHostErrorInfo* const host = Pa_GetLastHostErrorInfo(); host && host->errorText && *host->errorText)
+    if (const PaHostErrorInfo* const host = Pa_GetLastHostErrorInfo();
+        host && host->errorText && *host->errorText)
         errorText_ = host->errorText;
 }
 

@@ -93,7 +93,8 @@ base::Text PortAudioInput::errorText(Result) const {
 
 void PortAudioInput::schedule() {
     if (!scheduled_.exchange(true))
-        QMetaObject::invokeMethod(this, [this] { fill(); }, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(
+            this, [this] { fill(); }, Qt::QueuedConnection);
 }
 
 void PortAudioInput::fill() {
