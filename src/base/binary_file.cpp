@@ -44,7 +44,7 @@ bool BinaryFile::isHeld(TextView path) {
     return held;
 }
 
-void BinaryFile::writeAt(std::uint64_t position, std::string_view bytes) {
+void BinaryFile::writeAt(std::uint64_t position, std::string_view bytes) const {
     while (!bytes.empty()) {
         const auto written = ::pwrite(fd_, bytes.data(), bytes.size(), static_cast<off_t>(position));
         if (written < 0 && errno == EINTR)
@@ -63,7 +63,7 @@ std::uint64_t BinaryFile::length() const {
     return static_cast<std::uint64_t>(about.st_size);
 }
 
-void BinaryFile::sync() {
+void BinaryFile::sync() const {
     if (::fdatasync(fd_) != 0)
         fail(errno);
 }

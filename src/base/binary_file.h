@@ -23,11 +23,11 @@ public:
     static bool isHeld(TextView path);
 
     // Writes at `position`, counted from 0. Throws Failure; as much as could be written stands then.
-    void writeAt(std::uint64_t position, std::string_view bytes);
+    void writeAt(std::uint64_t position, std::string_view bytes) const;
     // Bytes. Throws Failure.
     std::uint64_t length() const;
     // Brings what was written to the disk; may take long, and may be called from any thread. Throws Failure.
-    void sync();
+    void sync() const;
 
 private:
     int fd_;

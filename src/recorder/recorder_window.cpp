@@ -236,7 +236,8 @@ void RecorderWindow::moveMeters() {
     if (form_.now() - lastMeters_ < metersEvery || greatest == 0)
         return;
     const auto show = [greatest](controls::Fill& meter, int peak) {
-        const double width = peak * static_cast<int>(FrmAudioRec::ScaleWidth) / greatest - meterMargin;
+        const int length = peak * static_cast<int>(FrmAudioRec::ScaleWidth) / greatest;
+        const double width = length - meterMargin;
         if (width >= 0) // a control takes no other; the bar keeps its last width
             meter.width = width;
     };
