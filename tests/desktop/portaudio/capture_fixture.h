@@ -18,7 +18,9 @@ namespace capture {
 struct Format {
     int rate, bits, channels;
 
-    std::size_t bytesPerSecond() const { return static_cast<std::size_t>(rate * bits / 8 * channels); }
+    std::size_t bytesPerSecond() const {
+        return static_cast<std::size_t>(rate) * static_cast<std::size_t>(bits * channels) / 8;
+    }
     std::string name() const {
         return "f" + std::to_string(rate) + "_" + std::to_string(bits) + "_" + std::to_string(channels);
     }
@@ -78,7 +80,7 @@ protected:
         qputenv("PULSE_SERVER", ("unix:" + path("socket")).c_str());
         useAlsa("pcm.!default { type pulse }\nctl.!default { type pulse }\n");
     }
-    ~CaptureFixture() override { end(server); }
+    void TearDown() override { end(server); }
     static void end(const std::unique_ptr<QProcess>& process) {
         if (!process)
             return;

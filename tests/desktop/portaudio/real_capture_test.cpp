@@ -54,8 +54,8 @@ TEST_F(RealCapture, FromASoundServer_EveryFormat_IsWhatWasPlayed) {
 
 TEST_F(RealCapture, WithoutAServer_EveryFormat_IsWhatAlsaReads) {
     folder.write("noise", capture::noise(400000));
-    useAlsa("pcm.!default { type file slave.pcm \"null\" file \"/dev/null\" infile \"" + path("noise") +
-            "\" format \"raw\" }\npcm.null { type null }\n");
+    useAlsa(R"(pcm.!default { type file slave.pcm "null" file "/dev/null" infile ")" + path("noise") +
+            R"(" format "raw" } pcm.null { type null })");
     for (const Format& format : capture::allFormats()) {
         const auto recording = record(format, 49, "a.wav");
         EXPECT_THAT(capture::outputOf(*recording), HasSubstr(" 0 losses"));

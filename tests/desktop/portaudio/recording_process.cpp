@@ -24,7 +24,7 @@ int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     if (argc != 7)
         return 2;
-    const auto number = [argv](int i) { return std::atoi(argv[i]); };
+    const auto number = [argv](int i) { return static_cast<int>(std::strtol(argv[i], nullptr, 10)); };
     const base::TextFiles files(base::CodePage(1252));
     recorder::RecordingJournal journal(files, base::fromUtf8(argv[1]) + u"/Recordings.ini");
     desktop::PortAudioInput device;
@@ -36,7 +36,7 @@ int main(int argc, char** argv) {
     qint64 buffers = 0;
     double latest = 0;
     const auto write = device.BufferDone;
-    const double period = 1000.0 * 8192 / (number(3) * number(4) / 8 * number(5));
+    const double period = 1000.0 * 8192 * 8 / (number(3) * number(4) * number(5)); // ms
     double earliest = 1e9; // of the due times: the first buffer's own delay is no loss
     device.BufferDone = [&](platform::WaveBuffer& buffer) {
         ++buffers;
