@@ -8,6 +8,7 @@
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using namespace std::literals;
 
 class CaptureTest : public testing::Test {
 protected:
@@ -24,11 +25,13 @@ protected:
         engine.FermaCattura();
         engine.AggancioCattura(true);
     }
-    static std::uint32_t number(const std::string& bytes, std::size_t at, std::size_t size) {
-        std::uint32_t value = 0;
-        for (std::size_t i = size; i-- > 0;)
-            value = value << 8U | static_cast<std::uint8_t>(bytes.at(at + i));
-        return value;
+    // What so many full buffers bring, in the file: the header is a byte longer than its place, the last
+    // block by a byte longer than its sound.
+    static std::string sound(std::size_t buffers) {
+        std::string bytes(buffers * 8192 + 1, '\0');
+        for (std::size_t i = 1; i < buffers * 8192; ++i)
+            bytes[i] = static_cast<char>(i / 8192 + i % 8192 % 251);
+        return bytes;
     }
 
     fakes::TemporaryFolder folder;
@@ -39,43 +42,26 @@ protected:
     recorder::WaveIn engine{device, dialogs, journal};
 };
 
-TEST_F(CaptureTest, File_OfEveryFormatAndLength_IsWholeToTheByte) {
+TEST_F(CaptureTest, File_IsWholeToTheByte) {
+    struct Row {
+        std::int16_t channels, bits;
+        std::int32_t frequency;
+        int buffers;
+        std::string_view sizes, format; // of the RIFF chunk and of the data; what stands between them
+    };
+    const Row rows[] = {
+        {2, 16, 44100, 1, "\x25\x20\0\0\x01\x20\0\0"sv, "\1\0\2\0\x44\xAC\0\0\x10\xB1\2\0\4\0\x10\0"sv},
+        {1, 8, 8000, 3, "\x25\x60\0\0\x01\x60\0\0"sv, "\1\0\1\0\x40\x1F\0\0\x40\x1F\0\0\1\0\x08\0"sv},
+        {1, 16, 48000, 0, "\xF8\xFF\xFF\xFF\xD4\xFF\xFF\xFF"sv,
+         "\1\0\1\0\x80\xBB\0\0\0\x77\1\0\2\0\x10\0"sv}};
     engine.AggancioCattura(true);
-    for (const int frequency : {48000, 44100, 22050, 11025, 8000}) {
-        for (const int bits : {16, 8}) {
-            for (const int channels : {2, 1}) {
-                for (const std::size_t buffers : {0U, 1U, 7U}) {
-                    SCOPED_TRACE(testing::Message()
-                                 << frequency << ' ' << bits << ' ' << channels << ' ' << buffers);
-                    const std::string file =
-                        record(static_cast<std::int16_t>(channels), static_cast<std::int16_t>(bits),
-                               frequency, static_cast<int>(buffers));
-                    const std::size_t length = buffers == 0 ? 45 : 44 + buffers * 8192 + 1;
-                    ASSERT_EQ(file.size(), length);
-                    const std::uint32_t data =
-                        buffers == 0 ? 0xFFFFFFD4U : static_cast<std::uint32_t>(length - 44);
-                    EXPECT_EQ(file.substr(0, 4) + file.substr(8, 8) + file.substr(36, 4), "RIFFWAVEfmt data");
-                    const auto block = static_cast<std::uint32_t>(channels * bits / 8);
-                    const std::pair<std::size_t, std::uint32_t> words[] = {
-                        {4, data + 36},
-                        {16, 16},
-                        {24, static_cast<std::uint32_t>(frequency)},
-                        {28, frequency * block},
-                        {40, data}};
-                    for (const auto& [at, value] : words)
-                        EXPECT_EQ(number(file, at, 4), value) << at;
-                    const std::pair<std::size_t, std::uint32_t> halves[] = {
-                        {20, 1}, {22, channels}, {32, block}, {34, bits}};
-                    for (const auto& [at, value] : halves)
-                        EXPECT_EQ(number(file, at, 2), value) << at;
-                    EXPECT_EQ(file[44], 0) << "the header is a byte longer than its place";
-                    EXPECT_EQ(file.back(), 0);
-                    for (std::size_t i = 1; i < buffers * 8192; ++i)
-                        ASSERT_EQ(static_cast<std::uint8_t>(file[44 + i]), (i / 8192 + i % 8192 % 251) % 256)
-                            << i;
-                }
-            }
-        }
+    for (const auto& [channels, bits, frequency, buffers, sizes, format] : rows) {
+        const std::string file = record(channels, bits, frequency, buffers);
+        const std::string header = "RIFF" + std::string(sizes.substr(0, 4)) + "WAVEfmt \x10" +
+                                   std::string(3, '\0') + std::string(format) + "data" +
+                                   std::string(sizes.substr(4));
+        EXPECT_EQ(file.substr(0, 44), header) << frequency;
+        EXPECT_TRUE(file.substr(44) == sound(static_cast<std::size_t>(buffers))) << frequency;
     }
     EXPECT_THAT(dialogs.boxes, IsEmpty());
     EXPECT_FALSE(base::fileExists(folder.text("Recordings.ini"))) << "nothing runs, so nothing is noted";
@@ -114,16 +100,6 @@ TEST_F(CaptureTest, Pause_DropsWhatArrives_AndLeavesNoGap) {
     EXPECT_EQ(record(1, 8, 8000, 2).size(), 44U + 2 * 8192 + 1);
 }
 
-TEST_F(CaptureTest, WithoutAFile_OnlyTheCounterRuns) {
-    engine.AggancioCattura(true);
-    engine.AvviaCattura(1, 8, 8000, u"");
-    for (int i = 0; i < 3; ++i)
-        device.fill();
-    EXPECT_EQ(engine.ByteRegistrati(), 3 * 8192);
-    EXPECT_EQ(engine.SecondiRegistrati(), 3);
-    stop();
-}
-
 TEST_F(CaptureTest, Hook_TwiceIsRefused_AndWithoutItNothingIsHeard) {
     engine.AggancioCattura(true);
     engine.AggancioCattura(true);
@@ -137,6 +113,11 @@ TEST_F(CaptureTest, Hook_TwiceIsRefused_AndWithoutItNothingIsHeard) {
     engine.AggancioCattura(false);
     device.fill();
     EXPECT_EQ(engine.ByteRegistrati(), 45 + 8192);
+    stop();
+    engine.AvviaCattura(1, 8, 8000, u"");
+    device.fill();
+    device.fill();
+    EXPECT_EQ(engine.SecondiRegistrati(), 2) << "without a file the counter runs by whole buffers";
 }
 
 TEST_F(CaptureTest, RefusedDevice_IsToldInItsWords_AndTheRestGoesOnInSilence) {
@@ -162,13 +143,11 @@ TEST_F(CaptureTest, RefusedDevice_IsToldInItsWords_AndTheRestGoesOnInSilence) {
 
 TEST_F(CaptureTest, Target_ThatTakesNothing_IsSkippedInSilence) {
     folder.write("full/x", "");
+    engine.AggancioCattura(true);
     for (const base::Text& target : {folder.text("gone/a.wav"), folder.text("full")}) {
-        engine.AggancioCattura(false);
-        engine.AggancioCattura(true);
         engine.AvviaCattura(2, 16, 44100, target);
         device.fill();
-        device.fill();
-        EXPECT_EQ(engine.ByteRegistrati(), 45 + 2 * 8192) << "the counter goes on";
+        EXPECT_EQ(engine.ByteRegistrati(), 45 + 8192) << "the counter goes on";
         EXPECT_NE(engine.TestoErrore(), u"");
         stop();
     }
@@ -186,10 +165,8 @@ TEST_F(CaptureTest, FullDisk_StaysSilent_AndKeepsWhatWasCapturedWhole) {
     engine.AggancioCattura(true);
     const std::string file = record(2, 16, 44100, 6);
     ::setrlimit(RLIMIT_FSIZE, &before);
-    ASSERT_EQ(file.size(), full.rlim_cur);
-    EXPECT_EQ(number(file, 40, 4), file.size() - 44);
-    for (std::size_t i = 1; i < file.size() - 44; ++i)
-        ASSERT_EQ(static_cast<std::uint8_t>(file[44 + i]), i / 8192 + i % 8192 % 251) << i;
+    EXPECT_EQ(file.substr(40, 3), "\xE8\x63"s + '\0') << "the length of what is there";
+    EXPECT_TRUE(file.substr(44) == sound(4).substr(0, 3 * 8192 + 1000));
     EXPECT_EQ(engine.ByteRegistrati(), 45 + 6 * 8192) << "the counter goes on";
     EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
@@ -211,8 +188,6 @@ TEST_F(CaptureTest, Peaks_AreThoseOfOneMillisecondOfTheBufferBeforeTheLast) {
     EXPECT_EQ(left, -1) << "there is no buffer before the first";
     stop();
     for (const Row& row : rows) {
-        engine.AggancioCattura(false);
-        engine.AggancioCattura(true);
         engine.AvviaCattura(row.channels, row.bits, 44100, u"");
         device.fill(101);
         device.fill(1);
