@@ -62,13 +62,9 @@ TEST(FrmAudioRecWindow, ShowsTheMetersCutOff_AndReportsWhatTheUserDoes) {
 TEST(LazyWaveInput, WithoutItsModule_RefusesEveryDevice_AndSaysWhy) {
     for (const char* module : {"/nowhere/capture.so", "libc.so.6"}) {
         desktop::LazyWaveInput device(module);
-        device.prepare();
-        platform::WaveBuffer buffer;
         for (int i = 0; i < 2; ++i) {
-            const auto refused = device.open({});
-            EXPECT_NE(refused, 0);
-            EXPECT_NE(device.errorText(refused), u"") << module;
-            EXPECT_NE(device.addBuffer(buffer), 0);
+            EXPECT_NE(device.open({}), 0);
+            EXPECT_NE(device.errorText(0), u"") << module;
             EXPECT_NE(device.start(), 0);
             device.close();
         }

@@ -2,8 +2,8 @@
 //   recording_process FOLDER BUFFERS CHANNELS BITS RATE FILE
 // FOLDER takes the journal. It ends after so many buffers, or some seconds after they were due. At the end
 // one line: buffers recorded, times that the device lost sound, how late the latest buffer came in ms.
+#include "fakes/fake_desktop.h"
 #include "portaudio_input.h"
-#include "quiet_dialogs.h"
 #include "recorder/wave_in.h"
 
 #include <QCoreApplication>
@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
     const base::TextFiles files(base::CodePage(1252));
     recorder::RecordingJournal journal(files, base::fromUtf8(argv[1]) + u"/Recordings.ini");
     desktop::PortAudioInput device;
-    QuietDialogs dialogs;
+    fakes::FakeDialogs dialogs;
     recorder::WaveIn engine(device, dialogs, journal);
     engine.AggancioCattura(true);
 
@@ -52,14 +52,14 @@ int main(int argc, char** argv) {
                         base::fromUtf8(argv[6]));
     std::puts("started");
     std::fflush(stdout);
-    QTimer::singleShot(dialogs.texts.empty() ? static_cast<int>(number(2) * period) + patience : 100,
+    QTimer::singleShot(dialogs.boxes.empty() ? static_cast<int>(number(2) * period) + patience : 100,
                        &application, &QCoreApplication::quit);
     QCoreApplication::exec();
     const int lost = device.overflows();
     engine.AggancioCattura(false);
     engine.FermaCattura();
     std::printf("%lld buffers, %d losses, latest %.0f ms late\n", buffers, lost, latest);
-    for (const base::Text& text : dialogs.texts)
-        std::printf("%s\n", base::toUtf8(text).c_str());
-    return dialogs.texts.empty() ? 0 : 1;
+    for (const fakes::FakeDialogs::Box& box : dialogs.boxes)
+        std::printf("%s\n", base::toUtf8(box.text).c_str());
+    return dialogs.boxes.empty() ? 0 : 1;
 }
