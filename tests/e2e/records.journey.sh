@@ -46,7 +46,7 @@ sleep 0.5
 expect_eq "a pause writes nothing" "$held" "$(bytes 01)"
 screenshot paused
 start_button
-expect_soon "it goes on" 5 "grown 01 $held"
+expect_soon "it goes on, for long enough to be played below" 20 "grown 01 $((held + 1000000))"
 stop_button
 expect_soon "the header" 5 '[[ $(head -c 4 "$folder/Rec 01.wav") == RIFF ]]'
 expect_whole 01
