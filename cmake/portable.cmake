@@ -4,7 +4,8 @@ set(QUILLMERE_PORTABLE_DIR ${CMAKE_BINARY_DIR}/portable CACHE PATH "Where the po
 set(PORTABLE_DIR ${QUILLMERE_PORTABLE_DIR})
 
 set_target_properties(quillmere PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PORTABLE_DIR})
-set_target_properties(quillmere_mpv quillmere_printing PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${PORTABLE_DIR}/Modules)
+set_target_properties(quillmere_mpv quillmere_portaudio quillmere_printing PROPERTIES
+    LIBRARY_OUTPUT_DIRECTORY ${PORTABLE_DIR}/Modules)
 file(GLOB_RECURSE PORTABLE_DATA CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/data ${CMAKE_SOURCE_DIR}/data/*)
 set(laid)
 foreach(file ${PORTABLE_DATA})

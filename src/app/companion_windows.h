@@ -2,6 +2,7 @@
 
 #include "app/bookmark_room.h"
 #include "app/editor_room.h"
+#include "app/recorder_room.h"
 #include "controls/controls.h"
 #include "controls/recent_files.h"
 #include "player/companions.h"
@@ -14,9 +15,10 @@ namespace app {
 class CompanionWindows : public player::Companions {
 public:
     CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
-                     BookmarkRoom& bookmarks, lang::LanguageTable& language)
-        : form1_(form1), recentMedia_(recentMedia), editor_(editor), bookmarks_(bookmarks), Lingua(language) {
-    }
+    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
+                     BookmarkRoom& bookmarks, RecorderRoom& recorder, lang::LanguageTable& language)
+        : form1_(form1), recentMedia_(recentMedia), editor_(editor), bookmarks_(bookmarks),
+          recorder_(recorder), Lingua(language) {}
 
     void TornaAllEditor() override;
     void PosizionaEditor() override;
@@ -26,13 +28,17 @@ public:
     bool openBookmarks(base::TextView mediaPath) override { return bookmarks_.open(mediaPath); }
     void unloadForm3() override { bookmarks_.window.unload(); }
     void rememberMedia(base::TextView path) override { recentMedia_.remember(path); }
-    bool isRecordingTo(base::TextView) override { return false; }
+    bool isRecordingTo(base::TextView path) override { return recorder_.isRecordingTo(path); }
+    base::Text wholeRecording(base::TextView path) override {
+        return recorder_.cutOff().wholeRecording(path);
+    }
 
 private:
     player::Form1& form1_;
     controls::RecentFiles& recentMedia_;
     EditorRoom& editor_;
     BookmarkRoom& bookmarks_;
+    RecorderRoom& recorder_;
     lang::LanguageTable& Lingua;
 };
 

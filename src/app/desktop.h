@@ -12,7 +12,9 @@
 #include "platform/printer.h"
 #include "platform/rich_text.h"
 #include "platform/system.h"
+#include "platform/wave_input.h"
 #include "player/form1.h"
+#include "recorder/frm_audio_rec.h"
 
 namespace app {
 
@@ -31,6 +33,7 @@ public:
     // The printers. The first call takes a moment; it throws base::Failure when there is no printing on this
     // system.
     virtual platform::Printer& printer() = 0;
+    virtual platform::WaveInput& waveInput() = 0;
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
@@ -44,6 +47,7 @@ public:
     virtual void show(bookmarks::Form3& form) = 0;
     virtual void show(dictation::Form4& form) = 0;
     virtual void show(editor::FrmFind& form) = 0;
+    virtual void show(recorder::FrmAudioRec& form) = 0;
 };
 
 } // namespace app

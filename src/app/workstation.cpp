@@ -27,7 +27,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
       editor_(desktop, form1_, preferences_, files), findAndPrint_(desktop, editor_.form()), input_(desktop, form1_),
       bookmarks_(desktop, files, form1_, editor_.form(), input_.dialog),
-      companions_(form1_, recentMedia_, editor_, bookmarks_, language),
+      recorder_(desktop, form1_, preferences_, files, folder),
+      companions_(form1_, recentMedia_, editor_, bookmarks_, recorder_, language),
       settings_(files, folder, {language, form1_, editor_.form(), bookmarks_.form(), preferences_}),
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
@@ -76,6 +77,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     volumeBar_.ApplicaVolume();
     if (withFile)
         opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
+    recorder_.searchCutOff();
 }
 
 void Workstation::placeWindows(const StartSettings& start) {
@@ -137,6 +139,7 @@ bool Workstation::Form_Unload() {
     bookmarks_.form().Timer1.setInterval(50);
     findAndPrint_.leave();
     form1_.WMP1.stop();
+    recorder_.close();
     editor_.form().visible = false;
     desktop_.system().endProcess();
     return false;

@@ -5,6 +5,7 @@
 #include "app/editor_room.h"
 #include "app/find_and_print.h"
 #include "app/input_room.h"
+#include "app/recorder_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -38,6 +39,7 @@ public:
     player::MediaSession& session() { return session_; }
     EditorRoom& editor() { return editor_; }
     CompanionWindows& companions() { return companions_; }
+    RecorderRoom& recorder() { return recorder_; }
     player::MediaOpener& opener() { return opener_; }
 
 private:
@@ -66,6 +68,7 @@ private:
     FindAndPrint findAndPrint_;
     InputRoom input_;
     BookmarkRoom bookmarks_;
+    RecorderRoom recorder_;
     CompanionWindows companions_;
     SettingsFile settings_;
     player::PositionDisplay display_;

@@ -151,6 +151,12 @@ void replaceFile(TextView path, std::string_view bytes) {
         ::fsync(directory.get());
 }
 
+void removeFile(TextView path) {
+    const std::string name = toUtf8(path);
+    if (::unlink(name.c_str()) != 0 && errno != ENOENT)
+        fail(name);
+}
+
 Text TextFiles::read(TextView path) const {
     return decodeFile(readFile(path), page_);
 }

@@ -29,6 +29,9 @@ std::string readFile(TextView path);
 // alone, permissions stay. Throws Failure in the system's words, with the old file as it was.
 void replaceFile(TextView path, std::string_view bytes);
 
+// Takes the file away; one that is not there is no failure. Throws Failure in the system's words.
+void removeFile(TextView path);
+
 // Text files in the system's code page, by lines.
 class TextFiles {
 public:

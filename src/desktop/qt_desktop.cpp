@@ -9,11 +9,15 @@ namespace {
 
 constexpr int quietAfter = 1500; // ms from the first window on
 
+std::string modulePath(const platform::System& system, std::string_view name) {
+    return base::toUtf8(system.programFolder()) + "/Modules/" + std::string(name) + ".so";
+}
+
 } // namespace
 
 QtDesktop::QtDesktop()
-    : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()),
-      printing_(base::toUtf8(system_.programFolder()) + "/Modules/printing.so") {}
+    : player_(modulePath(system_, "mpv_player")), waveInput_(modulePath(system_, "portaudio_capture")),
+      text_(QtSystem::codePage()), printing_(modulePath(system_, "printing")) {}
 
 void QtDesktop::speak(const base::Text& fileLingua) {
     words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));
@@ -53,11 +57,17 @@ void QtDesktop::showForm4(dictation::Form4& form) {
     form.showModal();
 }
 
+void QtDesktop::show(recorder::FrmAudioRec& form) {
+    waveInput_.prepare();
+    frmAudioRec_ = std::make_unique<FrmAudioRecWindow>(form);
+}
+
 void QtDesktop::closeWindows() {
     player_.release();
     frmFind_.reset();
     form4_.reset();
     form3_.reset();
+    frmAudioRec_.reset();
     form2_.reset();
     form1_.reset();
 }

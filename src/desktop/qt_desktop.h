@@ -6,9 +6,11 @@
 #include "desktop/form2_window.h"
 #include "desktop/form3_window.h"
 #include "desktop/form4_window.h"
+#include "desktop/frm_audio_rec_window.h"
 #include "desktop/frm_find_window.h"
 #include "desktop/key_repeats.h"
 #include "desktop/lazy_player.h"
+#include "desktop/lazy_wave_input.h"
 #include "desktop/print_module.h"
 #include "desktop/qt_clipboard.h"
 #include "desktop/qt_dialogs.h"
@@ -32,6 +34,7 @@ public:
     platform::Clipboard& clipboard() override { return clipboard_; }
     platform::RichText& richText() override { return text_; }
     platform::Printer& printer() override { return printing_.printer(); }
+    platform::WaveInput& waveInput() override { return waveInput_; }
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void speak(const base::Text& fileLingua) override;
     void show(player::Form1& form) override;
@@ -40,6 +43,7 @@ public:
     // The first use of these builds the window.
     void show(bookmarks::Form3& form) override;
     void show(dictation::Form4& form) override;
+    void show(recorder::FrmAudioRec& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
@@ -55,6 +59,7 @@ private:
     LazyPlayer player_;
     QtClipboard clipboard_{QClipboard::Clipboard};
     KeyRepeats keyRepeats_;
+    LazyWaveInput waveInput_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
     PrintModule printing_;
@@ -63,6 +68,7 @@ private:
     std::unique_ptr<FrmFindWindow> frmFind_;
     std::unique_ptr<Form3Window> form3_;
     std::unique_ptr<Form4Window> form4_;
+    std::unique_ptr<FrmAudioRecWindow> frmAudioRec_;
 };
 
 } // namespace desktop

@@ -25,6 +25,7 @@ QMessageBox::StandardButtons buttons(BoxStyle style) {
     case BoxStyle::YesNoCancelExclamation:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case BoxStyle::Plain:
+    case BoxStyle::Critical:
     case BoxStyle::Information:
     case BoxStyle::Exclamation:
         break;
@@ -36,11 +37,16 @@ QMessageBox::Icon icon(BoxStyle style) {
     switch (style) {
     case BoxStyle::Plain:
         return QMessageBox::NoIcon;
+    case BoxStyle::Critical:
+        return QMessageBox::Critical;
     case BoxStyle::Information:
         return QMessageBox::Information;
-    default:
-        return QMessageBox::Warning;
+    case BoxStyle::Exclamation:
+    case BoxStyle::YesNoExclamation:
+    case BoxStyle::YesNoCancelExclamation:
+        break;
     }
+    return QMessageBox::Warning;
 }
 
 Answer answer(int button) {

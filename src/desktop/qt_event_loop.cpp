@@ -1,6 +1,7 @@
 #include "desktop/qt_event_loop.h"
 
 #include <QTimer>
+#include <chrono>
 
 namespace desktop {
 
@@ -23,6 +24,11 @@ private:
 
 std::unique_ptr<platform::Alarm> QtEventLoop::alarm(std::function<void()> call) {
     return std::make_unique<QtAlarm>(std::move(call));
+}
+
+std::int64_t QtEventLoop::now() const {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
 } // namespace desktop

@@ -9,6 +9,7 @@ namespace desktop {
 class QtEventLoop : public platform::EventLoop {
 public:
     std::unique_ptr<platform::Alarm> alarm(std::function<void()> call) override;
+    std::int64_t now() const override;
 };
 
 } // namespace desktop

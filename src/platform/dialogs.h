@@ -12,6 +12,7 @@ namespace platform {
 // The kinds of box that the program shows, by its number for them: icon and buttons together.
 enum class BoxStyle {
     Plain = 0,
+    Critical = 16,
     Information = 64,
     Exclamation = 48,
     YesNoExclamation = 52,

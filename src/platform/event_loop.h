@@ -1,6 +1,7 @@
 // Time, as the program asks it of a desktop.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -26,6 +27,8 @@ class EventLoop {
 public:
     virtual ~EventLoop() = default;
     virtual std::unique_ptr<Alarm> alarm(std::function<void()> call) = 0;
+    // Milliseconds on a clock that runs evenly from an unknown beginning.
+    virtual std::int64_t now() const = 0;
 };
 
 } // namespace platform

@@ -30,6 +30,8 @@ public:
     virtual void rememberMedia(base::TextView path) = 0;
     // True for the file that the recorder writes to.
     virtual bool isRecordingTo(base::TextView path) = 0;
+    // The file to play for this one: the repaired copy of a recording that a crash cut off, else itself.
+    virtual base::Text wholeRecording(base::TextView path) = 0;
 };
 
 } // namespace player

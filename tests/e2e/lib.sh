@@ -67,6 +67,18 @@ start_sound() {
   wait_until 10 'pactl get-default-sink 2>/dev/null | grep -q quill' || fail "no sound: $(<"$scratch/sound.log")"
 }
 
+# What is played on the sink comes in at the recorder's device.
+use_sound_card() {
+  printf 'pcm.!default { type pulse }\nctl.!default { type pulse }\n' >"$scratch/asound.conf"
+  export ALSA_CONFIG_PATH=$scratch/asound.conf
+}
+
+play_noise() {  # SECONDS
+  ffmpeg -v error -f lavfi -i "anoisesrc=d=$1:a=0.9:r=44100:c=pink:seed=1" -af tremolo=f=0.5:d=0.6 -ac 2 "$scratch/noise.wav"
+  as_companion paplay --device=quill "$scratch/noise.wav" &
+  companions+=($!)
+}
+
 lay_folder() {  # prints a fresh copy of the portable folder
   local folder
   folder=$(mktemp -d "$scratch/folder.XXXX")
@@ -130,7 +142,7 @@ skin_top() {  # height of the menu bar
 }
 
 press() {  # NAME: clicks a button of the skin
-  local -A at=([open]="42 109" [play]="94 109" [back]="134 109" [stop]="172 109" [forward]="210 109" [seek]="${2-} 154")
+  local -A at=([open]="42 109" [play]="94 109" [back]="134 109" [stop]="172 109" [forward]="210 109" [record]="245 109" [seek]="${2-} 154")
   local -a place
   read -ra place <<<"${at[$1]}"
   click "${place[0]}" $((place[1] + $(skin_top)))

@@ -5,6 +5,7 @@
 #include "fakes/fake_player.h"
 #include "fakes/fake_printer.h"
 #include "fakes/fake_rich_text.h"
+#include "fakes/fake_wave_input.h"
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
 
@@ -88,7 +89,9 @@ public:
     FakeClipboard clipboardPort;
     FakeRichText text;
     FakePrinter printerPort;
+    FakeWaveInput device;
     player::Form1* form1 = nullptr;
+    recorder::FrmAudioRec* recorder = nullptr; // once it was opened
     editor::Form2* form2 = nullptr;
     editor::FrmFind* frmFind = nullptr;
     bookmarks::Form3* form3 = nullptr;
@@ -129,6 +132,7 @@ public:
     platform::Clipboard& clipboard() override { return clipboardPort; }
     platform::RichText& richText() override { return text; }
     platform::Printer& printer() override { return printerPort; }
+    platform::WaveInput& waveInput() override { return device; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
@@ -147,6 +151,7 @@ public:
             form4->visible = false;
         };
     }
+    void show(recorder::FrmAudioRec& form) override { recorder = &form; }
 };
 
 } // namespace fakes

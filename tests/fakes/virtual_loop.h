@@ -34,7 +34,7 @@ public:
         now_ = std::max(now_, end);
     }
 
-    std::int64_t now() const { return now_; }
+    std::int64_t now() const override { return now_; }
 
 private:
     struct VirtualAlarm : platform::Alarm {

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the pictures of docs/ anew from the program as it was built last by ./run: the player in its states at once and
-# twice the size, and its menus in two languages.
+# twice the size, its menus in two languages, the recorder in its states in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/../../tests/e2e/lib.sh"
 docs=$root/docs
@@ -70,6 +70,36 @@ menus() { # LANGUAGE X...: the menus opened at these places of the menu bar
   done
   quit_program
   montage "${shown[@]}" -tile 2x -geometry +12+12 -gravity northwest -background '#8a94a3' "$docs/menus-${language,,}.png"
+}
+
+recorder() { # LANGUAGE: idle, recording and paused
+  local language=$1 entry
+  entry() { sed -n "$(($1 + 1)){s/\r\$//;s/^\xEF\xBB\xBF//;s/^...//;p;q}" "$folder/Files/Lang/$language.lng"; }
+  folder=/tmp/Quillmere # the path is in the picture
+  rm -rf "$folder"
+  mv "$(lay_folder)" "$folder"
+  sed -i "1s/.*/$language.lng\r/" "$folder/Files/Quillmere.ini"
+  start_program "$folder"
+  press record
+  use_window "$(entry 104)"
+  sleep 0.4
+  picture idle
+  click 240 294
+  use_window "$(entry 105)"
+  key Return
+  use_window "$(entry 104)"
+  sleep 4
+  # The lamp and the word come and go twice a second.
+  until picture recording && [[ $(convert "$scratch/recording.png" -format '%[fx:p{39,84}.g<0.5]' info:) == 1 ]]; do
+    sleep 0.1
+  done
+  click 240 294
+  sleep 0.5
+  picture paused
+  click 360 294
+  quit_program
+  convert "$scratch/"{idle,recording,paused}.png -bordercolor '#8a94a3' -border 8 +append "$docs/recorder-${language,,}.png"
+  rm -rf "$folder"
 }
 
 # A transcript as somebody types it, beside the player that plays its recording.
@@ -187,6 +217,10 @@ transcript Russian editor-russian 'Портовый час' \
   Ведущий 'Томас, чем занимается лоцман?' \
   Рид 'Встречаю судно в море и веду его в порт.'
 [[ ${1-} != editor ]] || exit 0
+use_sound_card
+play_noise 120
+recorder English
+recorder Russian
 in_states 1
 in_states 2
 menus Russian 20 95 180 225

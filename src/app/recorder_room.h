@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/desktop.h"
+#include "player/preferences.h"
+#include "recorder/cut_off_recordings.h"
+#include "recorder/frm_audio_rec.h"
+#include "recorder/recorder_window.h"
+#include "recorder/wave_in.h"
+
+namespace app {
+
+// The recorder with its window, and the care for recordings that a crash cut off.
+class RecorderRoom {
+public:
+    RecorderRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
+                 const base::TextFiles& files, const base::ProgramFolder& folder);
+
+    // True for the path in the recorder's box, whether it records or not. Loads its window, hidden.
+    bool isRecordingTo(base::TextView path);
+    // Where recordings are kept that a crash may have cut off: looks there when the start is over.
+    void searchCutOff();
+    // Ends a recording that runs and finishes its file.
+    void close();
+
+    recorder::FrmAudioRec& form() { return form_; }
+    recorder::CutOffRecordings& cutOff() { return cutOff_; }
+
+private:
+    void open();
+
+    Desktop& desktop_;
+    player::Preferences& preferences_;
+    recorder::RecordingJournal journal_;
+    recorder::CutOffRecordings cutOff_;
+    recorder::FrmAudioRec form_;
+    recorder::WaveIn engine_;
+    recorder::RecorderWindow window_;
+    bool built_ = false; // the window on the screen, which the start does not wait for
+};
+
+} // namespace app

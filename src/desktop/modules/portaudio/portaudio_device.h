@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/wave_input.h"
+
+#include <atomic>
+#include <condition_variable>
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+
+namespace desktop {
+
+// The sound that has come from the device and has not been fetched yet. One thread puts, one takes.
+class SoundStore {
+public:
+    // Holds up to `capacity` bytes.
+    explicit SoundStore(std::size_t capacity) : capacity_(capacity) {}
+
+    // Waits while the store is full; false when it was closed.
+    bool put(const char* bytes, std::size_t count);
+    // As many bytes as there are, `most` at the most; their number.
+    std::size_t take(std::uint8_t* bytes, std::size_t most);
+    // Nobody waits any more, nothing comes in any more.
+    void close();
+
+private:
+    const std::size_t capacity_;
+    std::mutex mutex_;
+    std::condition_variable room_;
+    std::deque<char> bytes_;
+    bool closed_ = false;
+};
+
+// One stream from the default input device. Sound is read on a thread of its own, so that a busy event loop
+// loses none.
+class PortAudioDevice {
+public:
+    // Looks for the devices anew. On failure there is no stream, and error() says why.
+    explicit PortAudioDevice(const platform::WaveFormat& format);
+    PortAudioDevice(const PortAudioDevice&) = delete;
+    PortAudioDevice& operator=(const PortAudioDevice&) = delete;
+    ~PortAudioDevice();
+
+    // PortAudio's number of the failure, 0 when the stream is open; its words for it.
+    int error() const { return error_; }
+    const std::string& errorText() const { return errorText_; }
+
+    // Calls `arrived` on the reading thread whenever there is sound to take.
+    void start(std::function<void()> arrived);
+    // What was not taken is gone.
+    void stop();
+    std::size_t take(std::uint8_t* bytes, std::size_t most);
+
+    // How often the device had to throw sound away, since it was opened.
+    int overflows() const { return overflows_; }
+
+private:
+    void fail(int error);
+    void read(SoundStore& store, const std::function<void()>& arrived);
+
+    void* stream_ = nullptr;
+    std::size_t frameSize_;
+    std::size_t chunkFrames_;
+    std::size_t storeSize_;
+    int error_ = 0;
+    std::string errorText_;
+    std::atomic_int overflows_ = 0;
+    std::unique_ptr<SoundStore> store_; // while the stream runs
+    std::thread reader_;
+};
+
+} // namespace desktop

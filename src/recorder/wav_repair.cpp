@@ -1,0 +1,123 @@
+#include "recorder/wav_repair.h"
+
+#include "base/binary_file.h"
+#include "base/carry_on.h"
+#include "base/files.h"
+#include "base/numbers.h"
+#include "recorder/wav_header.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <system_error>
+
+namespace recorder {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr base::TextView extension = u".wav";
+constexpr int mostCopies = 100;
+
+// The bytes at the head of the file, as many as a header has; fewer when the file is shorter.
+std::string headOf(const std::string& path) {
+    std::string head(headerSize, '\0');
+    std::ifstream file(path, std::ios::binary);
+    file.read(head.data(), static_cast<std::streamsize>(head.size()));
+    head.resize(static_cast<std::size_t>(std::max<std::streamsize>(file.gcount(), 0)));
+    return head;
+}
+
+bool isSound(base::TextView name) {
+    return base::lowered(name.substr(name.size() - std::min(name.size(), extension.size()))) == extension;
+}
+
+// Name number `n` of a copy, from 1.
+base::Text copyName(base::TextView path, int n) {
+    base::Text name(path.substr(0, path.size() - extension.size()));
+    name += u" repaired";
+    if (n > 1)
+        name += u' ' + base::numberText(n);
+    return name + base::Text(path.substr(path.size() - extension.size()));
+}
+
+// True when `copy` is the whole of the file at `path` but for its head.
+bool isCopyOf(base::TextView path, base::TextView copy) {
+    std::error_code failed;
+    const auto length = fs::file_size(base::toUtf8(copy), failed);
+    if (failed || length != fs::file_size(base::toUtf8(path), failed) || failed)
+        return false;
+    const std::string head = headOf(base::toUtf8(copy));
+    const std::string sizes = wavHeader({}, length);
+    return head.substr(0, 8) == sizes.substr(0, 8) && head.substr(40) == sizes.substr(40);
+}
+
+[[noreturn]] void fail(const std::error_code& reason) {
+    throw base::Failure(reason.message());
+}
+
+} // namespace
+
+bool isCutOff(base::TextView path) {
+    const std::string name = base::toUtf8(path);
+    std::error_code failed;
+    if (!isSound(path) || !fs::is_regular_file(name, failed) || fs::file_size(name, failed) <= headerSize ||
+        failed)
+        return false;
+    return headOf(name) == std::string(headerSize, '\0') && !base::BinaryFile::isHeld(path);
+}
+
+std::vector<base::Text> cutOffRecordings(base::TextView folder, const std::atomic_bool& stop) {
+    std::vector<base::Text> found;
+    std::error_code failed;
+    for (fs::directory_iterator file(base::toUtf8(folder), failed), end; !failed && file != end && !stop;
+         file.increment(failed)) {
+        const base::Text path = base::fromUtf8(file->path().string());
+        if (isCutOff(path))
+            found.push_back(path);
+    }
+    std::sort(found.begin(), found.end());
+    return found;
+}
+
+std::optional<base::Text> earlierRepair(base::TextView path) {
+    for (int n = 1; n <= mostCopies; ++n) {
+        const base::Text copy = copyName(path, n);
+        if (!base::fileExists(copy))
+            return std::nullopt;
+        if (isCopyOf(path, copy))
+            return copy;
+    }
+    return std::nullopt;
+}
+
+RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& format) {
+    if (auto earlier = earlierRepair(path))
+        return {std::move(*earlier), false};
+    int n = 1;
+    while (n < mostCopies && base::fileExists(copyName(path, n)))
+        ++n;
+    const base::Text copy = copyName(path, n);
+    // Under this name until it is whole; not one of a sound, so that nobody takes it for one.
+    const base::Text unfinished = copy + u".new";
+    std::error_code failed;
+    fs::copy_file(base::toUtf8(path), base::toUtf8(unfinished), fs::copy_options::overwrite_existing, failed);
+    try {
+        if (failed)
+            fail(failed);
+        base::BinaryFile file(unfinished);
+        file.writeAt(0, wavHeader(format, file.length()));
+        file.sync();
+        fs::rename(base::toUtf8(unfinished), base::toUtf8(copy), failed);
+        if (failed)
+            fail(failed);
+    } catch (const base::Failure&) {
+        base::carryOn([&] { base::removeFile(unfinished); });
+        throw;
+    }
+    return {copy, true};
+}
+
+} // namespace recorder

@@ -1,0 +1,67 @@
+#include "recorder/wav_writer.h"
+
+#include "base/carry_on.h"
+#include "base/files.h"
+#include "recorder/wav_header.h"
+
+namespace recorder {
+
+void WavWriter::begin(base::TextView fileName) {
+    close();
+    position_ = 0;
+    withFile_ = !fileName.empty();
+    if (!withFile_)
+        return;
+    base::carryOn([&] { base::removeFile(fileName); });
+    base::carryOn([&] {
+        file_ = std::make_unique<base::BinaryFile>(fileName);
+        flusher_ = std::make_unique<DiskFlusher>(*file_);
+    });
+    position_ = headerSize + 1;
+    headerWritten_ = false;
+}
+
+void WavWriter::describe(const platform::WaveFormat& format, std::int32_t dimBuffer) {
+    format_ = format;
+    dimBuffer_ = dimBuffer;
+}
+
+void WavWriter::ScriviBlocco(std::string_view dati) {
+    if (dati.empty()) {
+        position_ += dimBuffer_;
+        return;
+    }
+    if (position_ == 0)
+        position_ = 1;
+    try {
+        write(position_, dati);
+    } catch (const base::Failure& failure) {
+        failure_ = base::fromUtf8(failure.what());
+    }
+    position_ += dimBuffer_;
+}
+
+void WavWriter::ScriviIntestazione() {
+    base::carryOn([&] {
+        if (!file_)
+            throw base::Failure("no file is open");
+        write(1, wavHeader(format_, file_->length()) + '\0');
+    });
+    headerWritten_ = true;
+}
+
+void WavWriter::close() {
+    flusher_.reset();
+    if (file_)
+        base::carryOn([&] { file_->sync(); });
+    file_.reset();
+}
+
+void WavWriter::write(std::int64_t position, std::string_view bytes) {
+    if (!file_)
+        throw base::Failure("no file is open");
+    file_->writeAt(static_cast<std::uint64_t>(position) - 1, bytes);
+    flusher_->wake();
+}
+
+} // namespace recorder

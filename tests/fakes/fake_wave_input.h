@@ -1,0 +1,97 @@
+#pragma once
+
+#include "platform/wave_input.h"
+
+#include <algorithm>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace fakes {
+
+// A sound card with the rules of the port, which fills a buffer when the test says so.
+class FakeWaveInput : public platform::WaveInput {
+public:
+    using Buffer = platform::WaveBuffer;
+
+    Result refusal = 0; // what open answers
+    base::Text words;   // for every failure
+    std::vector<std::string> calls;
+    platform::WaveFormat format;
+
+    // Fills the next buffer of the queue with bytes counted up from `first`, and reports it. False when the
+    // device does not run or has no buffer.
+    bool fill(int first = 1) {
+        if (!running_ || queue_.empty())
+            return false;
+        Buffer& buffer = *queue_.front();
+        queue_.pop_front();
+        for (std::size_t i = 0; i < buffer.lpData.size(); ++i)
+            buffer.lpData[i] = static_cast<std::uint8_t>(first + static_cast<int>(i % 251));
+        finish(buffer, buffer.lpData.size());
+        if (BufferDone)
+            BufferDone(buffer);
+        return true;
+    }
+    std::size_t queued() const { return queue_.size(); }
+
+    Result open(const platform::WaveFormat& wanted) override {
+        format = wanted;
+        open_ = refusal == 0;
+        calls.emplace_back("open");
+        return refusal;
+    }
+    void close() override {
+        calls.emplace_back("close");
+        open_ = running_ = false;
+        queue_.clear();
+    }
+    Result prepareHeader(Buffer& buffer) override {
+        return carryOut("prepare", [&] { buffer.dwFlags |= Buffer::WHDR_PREPARED; });
+    }
+    Result unprepareHeader(Buffer& buffer) override {
+        return carryOut("unprepare", [&] { buffer.dwFlags &= ~Buffer::WHDR_PREPARED; });
+    }
+    Result addBuffer(Buffer& buffer) override {
+        if (!open_ || (buffer.dwFlags & Buffer::WHDR_PREPARED) == 0 ||
+            (buffer.dwFlags & Buffer::WHDR_INQUEUE) != 0)
+            return 33;
+        return carryOut("add " + std::to_string(buffer.dwUser), [&] {
+            buffer.dwFlags = Buffer::WHDR_PREPARED | Buffer::WHDR_INQUEUE;
+            queue_.push_back(&buffer);
+        });
+    }
+    Result start() override {
+        return carryOut("start", [&] { running_ = true; });
+    }
+    Result stop() override {
+        return carryOut("stop", [&] { running_ = false; });
+    }
+    Result reset() override {
+        return carryOut("reset", [&] {
+            for (; !queue_.empty(); queue_.pop_front())
+                finish(*queue_.front(), 0);
+        });
+    }
+    base::Text errorText(Result) const override { return words; }
+
+private:
+    template <typename Work>
+    Result carryOut(std::string name, Work work) {
+        if (!open_)
+            return 5;
+        calls.push_back(std::move(name));
+        work();
+        return 0;
+    }
+    static void finish(Buffer& buffer, std::size_t recorded) {
+        buffer.dwBytesRecorded = static_cast<std::uint32_t>(recorded);
+        buffer.dwFlags = Buffer::WHDR_PREPARED | Buffer::WHDR_DONE;
+    }
+
+    std::deque<Buffer*> queue_;
+    bool open_ = false;
+    bool running_ = false;
+};
+
+} // namespace fakes
