@@ -34,7 +34,7 @@ protected:
             {&form.mnuTaglia.Click, "mnuTaglia"},
         };
         for (const auto& [command, name] : commands)
-            *command = [this, name] { text.commands.emplace_back(name); };
+            *command = [this, told = name] { text.commands.emplace_back(told); };
     }
     // What a press leaves of a key, with the commands it ran.
     std::vector<std::string> press(int keyCode, int shift) {
