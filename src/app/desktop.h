@@ -2,10 +2,13 @@
 
 #include "base/code_page.h"
 #include "editor/form2.h"
+#include "outside/frm_informazioni.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/internet.h"
 #include "platform/media_player.h"
 #include "platform/rich_text.h"
+#include "platform/shell.h"
 #include "platform/system.h"
 #include "player/form1.h"
 
@@ -22,6 +25,10 @@ public:
     virtual platform::MediaPlayer& mediaPlayer() = 0;
     // The text of the editor, which its window shows.
     virtual platform::RichText& richText() = 0;
+    virtual platform::Internet& internet() = 0;
+    virtual platform::Shell& shell() = 0;
+    // The libraries that stand behind the ports, with the versions that are in use.
+    virtual std::vector<outside::Library> libraries() = 0;
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
@@ -33,6 +40,7 @@ public:
     // data does.
     virtual void show(player::Form1& form) = 0;
     virtual void show(editor::Form2& form) = 0;
+    virtual void show(outside::FrmInformazioni& form) = 0;
 };
 
 } // namespace app

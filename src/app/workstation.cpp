@@ -35,7 +35,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       drop_(form1_, session_, desktop.dialogs()),
       languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_),
       smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
-      cycle_(form1_, transport_, preferences_, companions_) {
+      cycle_(form1_, transport_, preferences_, companions_),
+      outside_(desktop, form1_, editor_.form(), companions_.Form3) {
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.KeyDown = [this](const platform::KeyEvent& key) {
@@ -73,6 +74,8 @@ void Workstation::Form_Load(base::TextView commandLine) {
     volumeBar_.ApplicaVolume();
     if (withFile)
         opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
+    if (start.checkUpdate == 1)
+        ends_ = outside_.updateCheck().ControllaAggiornamenti();
 }
 
 void Workstation::placeWindows(const StartSettings& start) {

@@ -3,6 +3,7 @@
 #include "app/companion_windows.h"
 #include "app/desktop.h"
 #include "app/editor_room.h"
+#include "app/outside_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -37,6 +38,8 @@ public:
     EditorRoom& editor() { return editor_; }
     CompanionWindows& companions() { return companions_; }
     player::MediaOpener& opener() { return opener_; }
+    // True when the process ends as soon as the start is over, without the player having been shown.
+    bool ends() const { return ends_; }
 
 private:
     void Form_Initialize();
@@ -77,6 +80,8 @@ private:
     player::LanguageMenu languageMenu_;
     dictation::SmartPlay smartPlay_;
     dictation::TimedCycle cycle_;
+    OutsideRoom outside_;
+    bool ends_ = false;
 };
 
 } // namespace app

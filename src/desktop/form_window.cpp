@@ -65,6 +65,8 @@ void FormWindow::follow() {
     followPlace();
     if (isHidden() == form_.visible)
         setVisible(form_.visible);
+    if (form_.windowState == controls::WindowState::Minimised && !isMinimized())
+        setWindowState(windowState() | Qt::WindowMinimized);
     if (modal_ && !form_.visible)
         modal_->quit();
 }

@@ -1,5 +1,7 @@
 #include "desktop/qt_desktop.h"
 
+#include "desktop/libraries.h"
+
 #include <QCoreApplication>
 #include <QTimer>
 
@@ -11,7 +13,9 @@ constexpr int quietAfter = 1500; // ms from the first window on
 
 } // namespace
 
-QtDesktop::QtDesktop() : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()) {}
+QtDesktop::QtDesktop()
+    : player_(base::toUtf8(system_.programFolder()) + "/Modules/mpv_player.so"), text_(QtSystem::codePage()),
+      internet_(base::toUtf8(system_.programFolder()) + "/Modules/internet.so") {}
 
 void QtDesktop::speak(const base::Text& fileLingua) {
     words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));
@@ -26,7 +30,16 @@ void QtDesktop::show(editor::Form2& form) {
     form2_ = std::make_unique<Form2Window>(form, text_);
 }
 
+void QtDesktop::show(outside::FrmInformazioni& form) {
+    about_ = std::make_unique<FrmInformazioniWindow>(form);
+}
+
+std::vector<outside::Library> QtDesktop::libraries() {
+    return librariesInUse(player_);
+}
+
 void QtDesktop::closeWindows() {
+    about_.reset();
     player_.release();
     form2_.reset();
     form1_.reset();

@@ -4,9 +4,12 @@
 #include "desktop/editor/rich_text_edit.h"
 #include "desktop/form1_window.h"
 #include "desktop/form2_window.h"
+#include "desktop/frm_informazioni_window.h"
+#include "desktop/lazy_internet.h"
 #include "desktop/lazy_player.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
+#include "desktop/qt_shell.h"
 #include "desktop/qt_system.h"
 #include "desktop/standard_words.h"
 
@@ -24,15 +27,21 @@ public:
     platform::Dialogs& dialogs() override { return dialogs_; }
     platform::MediaPlayer& mediaPlayer() override { return player_; }
     platform::RichText& richText() override { return text_; }
+    platform::Internet& internet() override { return internet_; }
+    platform::Shell& shell() override { return shell_; }
+    std::vector<outside::Library> libraries() override;
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void speak(const base::Text& fileLingua) override;
     void show(player::Form1& form) override;
     void show(editor::Form2& form) override;
+    void show(outside::FrmInformazioni& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
     // Takes the windows away, while the data that they show is still there.
     void closeWindows();
+    // True when the system is still busy with something that was given up, which nobody should wait for.
+    bool isHanging() const { return internet_.isHanging(); }
 
 private:
     QtSystem system_;
@@ -41,8 +50,11 @@ private:
     LazyPlayer player_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
+    LazyInternet internet_;
+    QtShell shell_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;
+    std::unique_ptr<FrmInformazioniWindow> about_;
 };
 
 } // namespace desktop

@@ -21,6 +21,7 @@ constexpr qsizetype longestPath = 255; // units; a longer one cannot be returned
 QMessageBox::StandardButtons buttons(BoxStyle style) {
     switch (style) {
     case BoxStyle::YesNoExclamation:
+    case BoxStyle::YesNoInformation:
         return QMessageBox::Yes | QMessageBox::No;
     case BoxStyle::YesNoCancelExclamation:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -29,6 +30,10 @@ QMessageBox::StandardButtons buttons(BoxStyle style) {
         break;
     }
     return QMessageBox::Ok;
+}
+
+bool isInformation(BoxStyle style) {
+    return style == BoxStyle::Information || style == BoxStyle::YesNoInformation;
 }
 
 Answer answer(int button) {
@@ -66,7 +71,7 @@ QStringList nameFilters(const base::Text& filter) {
 Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
     QMessageBox box(QApplication::activeWindow());
     box.setObjectName(QStringLiteral("messageBox"));
-    box.setIcon(style == BoxStyle::Information ? QMessageBox::Information : QMessageBox::Warning);
+    box.setIcon(isInformation(style) ? QMessageBox::Information : QMessageBox::Warning);
     box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
     box.setTextFormat(Qt::PlainText);
     QString lines = qstring(text);
