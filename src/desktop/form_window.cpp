@@ -3,6 +3,7 @@
 #include "desktop/conversions.h"
 #include "desktop/key_codes.h"
 #include "desktop/pictures.h"
+#include "desktop/window_hints.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -63,8 +64,11 @@ void FormWindow::follow() {
     followIcon();
     followTopmost();
     followPlace();
-    if (isHidden() == form_.visible)
+    if (isHidden() == form_.visible) {
+        if (form_.visible && windowHandle() && form_.windowState == controls::WindowState::Normal)
+            beginUnminimised(*windowHandle());
         setVisible(form_.visible);
+    }
     if (form_.windowState == controls::WindowState::Minimised && !isMinimized())
         setWindowState(windowState() | Qt::WindowMinimized);
     if (modal_ && !form_.visible)
