@@ -12,6 +12,7 @@
 #include <QTextBlock>
 #include <chrono>
 #include <functional>
+#include <malloc.h>
 
 namespace {
 
@@ -20,6 +21,7 @@ constexpr double openingGoal = 400; // ms
 constexpr double searchGoal = 15;   // ms
 constexpr double placeGoal = 5;     // microseconds
 constexpr double typingGoal = 1.2;  // times the bare control
+constexpr double memoryGoal = 1.3;  // times the bare control
 constexpr int places = 100'000;
 constexpr int replacements = 100;
 
@@ -96,6 +98,49 @@ void measureOpening(desktop::RichTextEdit& rtb, QTextEdit& bare, const base::Tex
     }
 }
 
+// Bytes in use on the heap.
+double heap() {
+    const auto info = mallinfo2();
+    return static_cast<double>(info.uordblks + info.hblkhd);
+}
+
+template <typename Control, typename Fill>
+double memory(Fill&& fill) {
+    const double before = heap();
+    Control control{base::CodePage(1252)};
+    control.resize(645, 229);
+    control.show();
+    fill(control);
+    control.document()->documentLayout()->documentSize();
+    QApplication::processEvents();
+    return heap() - before;
+}
+
+struct BareControl : QTextEdit {
+    explicit BareControl(const base::CodePage&) {}
+};
+
+void measureMemory(const base::Text& text) {
+    constexpr double megabyte = 1024 * 1024;
+    const fakes::TemporaryFolder folder;
+    folder.write("long.rtf", formatted());
+    folder.write("long.txt", base::toUtf8(text).insert(0, "\xEF\xBB\xBF"));
+    for (const char* const name : {"long.txt", "long.rtf"}) {
+        desktop::RichTextEdit reader{base::CodePage(1252)};
+        reader.LoadFile(folder.text(name));
+        const base::Text same = reader.Text();
+        reader.setText({});
+        const double own =
+            memory<desktop::RichTextEdit>([&](auto& control) { control.LoadFile(folder.text(name)); });
+        const double yardstick = memory<BareControl>(
+            [&](auto& control) { control.setPlainText(desktop::qstring(base::TextView(same))); });
+        bench::print({std::string("Memory of 5 MB, ") + name, bench::measure("%.1f MB", own / megabyte),
+                      bench::measure("%.1f MB", yardstick / megabyte),
+                      bench::measure("x %.2f", own / yardstick), bench::measure("<= x %.1f", memoryGoal),
+                      own <= yardstick * memoryGoal});
+    }
+}
+
 void measureTyping(desktop::RichTextEdit& rtb, QTextEdit& bare) {
     for (const auto& [name, where] :
          {std::pair{"start", QTextCursor::Start}, std::pair{"end", QTextCursor::End}}) {
@@ -166,7 +211,9 @@ int main(int argc, char** argv) {
     }
     bare.setFont(rtb.font());
     bare.setUndoRedoEnabled(false);
-    measureOpening(rtb, bare, transcript());
+    const base::Text text = transcript();
+    measureMemory(text);
+    measureOpening(rtb, bare, text);
     // Qt lays a long text out in idle moments, which would be measured too.
     for (QTextEdit* const control : {static_cast<QTextEdit*>(&rtb), &bare})
         control->document()->documentLayout()->documentSize();

@@ -117,6 +117,7 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
     form.RTBPlace.observe(placeText);
     placeText();
     text_.show();
+    text_.setFocus();
     begin();
 }
 

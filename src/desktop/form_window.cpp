@@ -10,6 +10,7 @@
 #include <QDropEvent>
 #include <QEventLoop>
 #include <QMimeData>
+#include <QThread>
 #include <QWindow>
 
 namespace desktop {
@@ -64,15 +65,24 @@ void FormWindow::follow() {
     followIcon();
     followTopmost();
     followPlace();
-    if (isHidden() == form_.visible) {
-        if (form_.visible && windowHandle() && form_.windowState == controls::WindowState::Normal)
-            beginUnminimised(*windowHandle());
-        setVisible(form_.visible);
-    }
+    followVisibility();
     if (form_.windowState == controls::WindowState::Minimised && !isMinimized())
         setWindowState(windowState() | Qt::WindowMinimized);
     if (modal_ && !form_.visible)
         modal_->quit();
+}
+
+void FormWindow::followVisibility() {
+    if (isHidden() != form_.visible)
+        return;
+    if (form_.visible && windowHandle() && form_.windowState == controls::WindowState::Normal)
+        beginUnminimised(*windowHandle());
+    // Until the loop runs a window is not shown: the start may still move it, or take it away again, and a window
+    // manager that has not placed it yet gets the place wrong.
+    if (form_.visible && QThread::currentThread()->loopLevel() == 0)
+        QMetaObject::invokeMethod(this, [this] { setVisible(form_.visible); }, Qt::QueuedConnection);
+    else
+        setVisible(form_.visible);
 }
 
 void FormWindow::followIcon() {
@@ -103,14 +113,14 @@ void FormWindow::followPlace() {
 
 QSize FormWindow::frame() const {
     const QSize extra = frameGeometry().size() - size();
-    return extra.isNull() ? usualFrame : extra;
+    return extra.isNull() && !isVisible() ? usualFrame : extra;
 }
 
 void FormWindow::reportPlace() {
     reporting_ = true;
     form_.left = twips(frameGeometry().left());
     form_.top = twips(frameGeometry().top());
-    const QSize whole = size_ == Size::Sizable ? size() + frame() : frameGeometry().size();
+    const QSize whole = size() + frame();
     form_.width = twips(whole.width());
     form_.height = twips(whole.height());
     reporting_ = false;

@@ -38,6 +38,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void followVisibility();
     void followIcon();
     void followTopmost();
     void followPlace();

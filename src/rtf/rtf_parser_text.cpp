@@ -161,6 +161,19 @@ void Parser::endRow() {
     endParagraph(false);
 }
 
+namespace {
+
+std::string listWords(const ParagraphState& paragraph) {
+    std::string words;
+    if (paragraph.list != noList)
+        words += "\\ls" + std::to_string(paragraph.list);
+    if (paragraph.listLevel != noList)
+        words += "\\ilvl" + std::to_string(paragraph.listLevel);
+    return words;
+}
+
+} // namespace
+
 ParagraphFormat Parser::paragraphFormat() const {
     const ParagraphState& paragraph = stack_.back().paragraph;
     const auto measure = [&](Measure which) { return paragraph.measures[static_cast<std::size_t>(which)]; };
@@ -172,7 +185,7 @@ ParagraphFormat Parser::paragraphFormat() const {
         .firstIndent = measure(Measure::First),
         .spaceBefore = measure(Measure::Before),
         .spaceAfter = measure(Measure::After),
-        .list = typedLabel_ ? std::string() : words_.words(paragraph.listWords),
+        .list = typedLabel_ ? std::string() : listWords(paragraph),
         .kept = words_.words(paragraph.keptWords),
     };
 }

@@ -111,7 +111,7 @@ void Parser::paragraphWord(const KnownWord& known, const Token& token) {
         paragraph.measures[known.argument] = token.number;
         break;
     case Action::ListWord:
-        paragraph.listWords = words_.append(paragraph.listWords, withoutBlank(token.raw));
+        (known.argument == 0 ? paragraph.list : paragraph.listLevel) = token.number;
         break;
     default:
         paragraph.keptWords = words_.append(paragraph.keptWords, withoutBlank(token.raw));

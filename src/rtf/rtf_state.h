@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,10 +25,13 @@ struct CharState {
     bool operator==(const CharState&) const = default;
 };
 
+inline constexpr std::int32_t noList = std::numeric_limits<std::int32_t>::min();
+
 // The stand of a paragraph; lists of words are nodes in a WordChain.
 struct ParagraphState {
     std::int32_t measures[5] = {}; // twips, by Measure
-    std::uint32_t listWords = none;
+    std::int32_t list = noList;    // number in the table of lists
+    std::int32_t listLevel = noList;
     std::uint32_t keptWords = none;
     Alignment alignment = Alignment::Left;
     bool bullet = false;

@@ -14,7 +14,9 @@ namespace {
 // Writes one document, once.
 class Writer {
 public:
-    explicit Writer(const Document& document) : document_(document), fonts_(document), colours_(document) {}
+    explicit Writer(const Document& document)
+        : document_(document), fonts_(document), colours_(document),
+          hasListTable_(document.head.find("\\listtable") != std::string::npos) {}
 
     std::string write() {
         out_.reserve(document_.text.size() + document_.text.size() / 4);
@@ -31,7 +33,7 @@ private:
     void paragraphEnd(std::size_t index);
     void section(std::size_t paragraph);
     void paragraphFormat(const ParagraphFormat& format);
-    void bullet();
+    void bullet(const ParagraphFormat& format);
     void runs(std::size_t count);
     void openLink(std::uint32_t link);
     void letterFormat(const CharFormat& format);
@@ -44,6 +46,7 @@ private:
     const Document& document_;
     FontNumbers fonts_;
     ColourIndices colours_;
+    bool hasListTable_;
     std::string out_;
     std::size_t at_ = 0;  // in the text
     std::size_t run_ = 0; // in the runs
@@ -72,7 +75,7 @@ void Writer::paragraph(std::size_t index) {
         paragraphFormat(format);
     paragraphFormat_ = paragraph.format;
     if (format.bullet)
-        bullet();
+        bullet(format);
     runs(paragraph.runs);
     paragraphEnd(index);
 }
@@ -113,9 +116,15 @@ void Writer::paragraphFormat(const ParagraphFormat& format) {
 }
 
 // Said twice: for readers that know lists of the old kind, and for those that take the sign as it stands.
-void Writer::bullet() {
+// Where the paragraph belongs to a list of the table, one of the old kind beside it makes some readers count
+// it instead.
+void Writer::bullet(const ParagraphFormat& format) {
     const std::string font = std::to_string(fonts_.bulletNumber());
-    out_ += "{\\pntext\\f" + font + R"(\'b7\tab}{\*\pn\pnlvlblt\pnf)" + font + R"(\pnindent0{\pntxtb\'b7}})";
+    if (!format.list.empty() && hasListTable_)
+        out_ += "{\\listtext\\f" + font + R"(\'b7\tab})";
+    else
+        out_ +=
+            "{\\pntext\\f" + font + R"(\'b7\tab}{\*\pn\pnlvlblt\pnf)" + font + R"(\pnindent0{\pntxtb\'b7}})";
 }
 
 void Writer::runs(std::size_t count) {

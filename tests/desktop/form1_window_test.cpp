@@ -68,6 +68,8 @@ protected:
     void show() {
         window.emplace(form);
         form.visible = true;
+        // A window waits for the loop before it shows itself.
+        QCoreApplication::sendPostedEvents();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&*window));
         // So that the next paint is due to what the test does.
         QCoreApplication::sendPostedEvents();

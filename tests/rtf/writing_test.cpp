@@ -46,6 +46,16 @@ TEST(RtfWriting, Document_IsWrittenInPlainWords) {
               "\\pard\\qr b}\r\n");
 }
 
+TEST(RtfWriting, Bullet_OfAListInTheTable_IsSaidInTheNewWayOnly) {
+    const rtf::Document read = document(
+        R"({\*\listtable{\list\listid1}}{\*\listoverridetable{\listoverride\listid1\ls1}}{\listtext\'95\tab}\ls1\ilvl0 a\par {\listtext\'95\tab}\ls1\ilvl0 b)");
+    const std::string written = rtf::write(read);
+    EXPECT_NE(written.find("\\pard\\ls1\\ilvl0\\ql {\\listtext\\f1\\'b7\\tab}"), std::string::npos)
+        << written;
+    EXPECT_EQ(written.find("\\pn"), std::string::npos);
+    EXPECT_EQ(rtf::read(written).paragraphFormats, read.paragraphFormats);
+}
+
 TEST(RtfWriting, Bullet_IsSaidInBothWays) {
     const std::string written = rtf::write(document(R"({\pntext\'95\tab}a)"));
     EXPECT_NE(written.find("{\\f1\\fnil\\fcharset2 Symbol;}"), std::string::npos) << written;

@@ -72,8 +72,54 @@ menus() { # LANGUAGE X...: the menus opened at these places of the menu bar
   montage "${shown[@]}" -tile 2x -geometry +12+12 -gravity northwest -background '#8a94a3' "$docs/menus-${language,,}.png"
 }
 
+# A transcript as somebody types it, beside the player that plays its recording.
+transcript() { # LANGUAGE PICTURE TITLE (SPEAKER WORDS)...
+  local language=$1 picture=$2 title=$3
+  shift 3
+  at_button() { click "$1" 37 && sleep 0.15; }
+  folder=$(lay_folder)
+  sed -i "1s/.*/$language.lng\r/" "$folder/Files/Quillmere.ini"
+  start_program "$folder" "$folder/Samples/Interview.mp3"
+  wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
+  xdotool windowactivate --sync "$window"
+  at_button 357 # in the middle, bold, two sizes larger
+  at_button 207
+  at_button 417
+  at_button 417
+  xdotool mousemove 900 700
+  type_text "$title"
+  key Return
+  at_button 327
+  at_button 447
+  at_button 447
+  while (($#)); do
+    at_button 207
+    key Return
+    at_button 207
+    type_text "$1: "
+    at_button 207
+    at_button 235
+    type_text "$2"
+    at_button 235
+    at_button 207
+    shift 2
+  done
+  xdotool mousemove 900 700
+  sleep 0.3
+  import -window root -crop 724x582+48+48 +repage "$scratch/$picture.png"
+  convert "$scratch/$picture.png" -fill '#8a94a3' -draw 'color 500,100 floodfill' "$docs/$picture.png"
+  kill -KILL "$program"
+}
+
 start_display
 start_sound
+transcript English editor 'The Harbour Hour' \
+  Interviewer 'Thomas, what does a harbour pilot do?' \
+  Reed 'I meet the ship out at sea and bring her in.'
+transcript Russian editor-russian 'Портовый час' \
+  Ведущий 'Томас, чем занимается лоцман?' \
+  Рид 'Встречаю судно в море и веду его в порт.'
+[[ ${1-} != editor ]] || exit 0
 in_states 1
 in_states 2
 menus Russian 20 95 180 225

@@ -1,0 +1,60 @@
+#!/usr/bin/env bash
+# A transcript from its first word to the next day: typed, formatted, guarded at the exit, saved, opened again.
+source "$(dirname "$0")/lib.sh"
+
+use_editor() { use_window "Text Editor - ${1-.*}" || fail "no editor of ${1-any text}"; }
+words() { "$RTF_TEXT" "$HOME/interview.rtf"; }
+quit_keys() {
+  use_window Quillmere
+  key ctrl+q
+  sleep 0.5
+}
+
+start_display
+folder=$(lay_folder)
+start_program "$folder"
+use_editor 'Untitled 1'
+type_text 'Interview'
+key Return
+type_text 'How did it begin? Quietly.'
+key ctrl+Home shift+End
+click 207 37 # bold
+click 387 37 # to the right
+click 357 37 # to the middle
+click 417 37 # a size larger
+sleep 0.3
+screenshot formatted
+
+quit_keys
+screenshot asked
+key Escape
+sleep 0.3
+expect "a cancelled exit keeps the program" running
+quit_keys
+key alt+y
+use_window 'Save document as' || fail "no dialog to save"
+screenshot saving
+type_text "$HOME/interview"
+key Return
+expect_soon "the program ends when the text is saved" 10 '! running'
+expect_eq "the words" $'Interview\nHow did it begin? Quietly.' "$(words)"
+expect "bold" grep -q '\\b[ \\]' "$HOME/interview.rtf"
+expect "in the middle" grep -q '\\qc' "$HOME/interview.rtf"
+expect "13 points" grep -q '\\fs26' "$HOME/interview.rtf"
+
+start_program "$folder"
+use_editor 'Untitled 1'
+key alt+f Down Down Down Down # past open, save and save as to the recent document
+sleep 0.2
+screenshot recent
+key Return
+use_editor interview.rtf
+key ctrl+End
+type_text ' Then loud.'
+sleep 0.2
+screenshot opened
+key ctrl+s
+expect_soon "the text is saved over its file" 5 '[[ $(words) == *"Quietly. Then loud."* ]]'
+click 24 37 # a new document, without a question, since all is saved
+use_editor 'Untitled 2'
+quit_program
