@@ -18,7 +18,7 @@ foreach(file ${PORTABLE_DATA})
         DEPENDS ${CMAKE_SOURCE_DIR}/data/${file})
     list(APPEND laid ${PORTABLE_DIR}/${file})
 endforeach()
-# Qt's own words beside the language file that they belong to. A language that is not here has its words in data/.
+# Qt's own words beside the language file that they belong to; what they lack is in the files ".words" of data/.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
 get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
 execute_process(COMMAND ${qmake} -query QT_INSTALL_TRANSLATIONS OUTPUT_VARIABLE QT_WORDS OUTPUT_STRIP_TRAILING_WHITESPACE)

@@ -121,6 +121,12 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
     begin();
 }
 
+void Form2Window::showEvent(QShowEvent* event) {
+    FormWindow::showEvent(event);
+    // Qt lets the keyboard wander to another control while the window is hidden.
+    text_.setFocus();
+}
+
 Form2Window::~Form2Window() {
     text_.setParent(nullptr);
 }

@@ -14,6 +14,9 @@ public:
     Form2Window(editor::Form2& form, RichTextEdit& text);
     ~Form2Window() override;
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     RichTextEdit& text_;
 };

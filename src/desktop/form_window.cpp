@@ -12,13 +12,13 @@
 #include <QMimeData>
 #include <QThread>
 #include <QWindow>
+#include <utility>
 
 namespace desktop {
 
 namespace {
 
 constexpr int largestIconAtStart = 64; // pixels, enough for title bars
-constexpr QSize usualFrame(8, 30);     // pixels
 constexpr auto heldState = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
 
 // The paths of the local files among what is dragged; web addresses and texts are none.
@@ -75,14 +75,25 @@ void FormWindow::follow() {
 void FormWindow::followVisibility() {
     if (isHidden() != form_.visible)
         return;
-    if (form_.visible && windowHandle() && form_.windowState == controls::WindowState::Normal)
-        beginUnminimised(*windowHandle());
-    // Until the loop runs a window is not shown: the start may still move it, or take it away again, and a window
-    // manager that has not placed it yet gets the place wrong.
-    if (form_.visible && QThread::currentThread()->loopLevel() == 0)
-        QMetaObject::invokeMethod(this, [this] { setVisible(form_.visible); }, Qt::QueuedConnection);
+    // Until the loop runs a window is not shown: the start may still move it, or take it away again, and a
+    // window manager that has not placed it yet gets the place wrong.
+    if (!form_.visible)
+        hide();
+    else if (QThread::currentThread()->loopLevel() == 0)
+        QMetaObject::invokeMethod(
+            this, [this] { showInPlace(); }, Qt::QueuedConnection);
     else
-        setVisible(form_.visible);
+        showInPlace();
+}
+
+void FormWindow::showInPlace() {
+    if (!form_.visible)
+        return;
+    // A window that was hidden has lost its frame, and would come back higher by the title bar.
+    move(pixels(form_.left), pixels(form_.top));
+    if (windowHandle() && form_.windowState == controls::WindowState::Normal)
+        beginUnminimised(*windowHandle());
+    show();
 }
 
 void FormWindow::followIcon() {
@@ -103,26 +114,25 @@ void FormWindow::followTopmost() {
 }
 
 void FormWindow::followPlace() {
-    const QPoint corner(pixels(form_.left), pixels(form_.top));
-    if (corner != frameGeometry().topLeft())
-        move(corner);
-    const QSize whole(pixels(form_.width), pixels(form_.height));
-    if (size_ == Size::Sizable && whole != size() + frame())
-        resize((whole - frame()).expandedTo(QSize(1, 1)));
-}
-
-QSize FormWindow::frame() const {
-    const QSize extra = frameGeometry().size() - size();
-    return extra.isNull() && !isVisible() ? usualFrame : extra;
+    // Against what was asked for or reported last, not against where the window stands: while a window
+    // manager is about to place it, that is nowhere yet.
+    const QRect wanted(pixels(form_.left), pixels(form_.top), pixels(form_.width), pixels(form_.height));
+    const QRect before = std::exchange(place_, wanted);
+    if (wanted.topLeft() != before.topLeft())
+        move(wanted.topLeft());
+    if (size_ == Size::Sizable && wanted.size() != before.size())
+        resize((wanted.size() - frame_).expandedTo(QSize(1, 1)));
 }
 
 void FormWindow::reportPlace() {
     reporting_ = true;
     form_.left = twips(frameGeometry().left());
     form_.top = twips(frameGeometry().top());
-    const QSize whole = size() + frame();
-    form_.width = twips(whole.width());
-    form_.height = twips(whole.height());
+    if (isVisible())
+        frame_ = frameGeometry().size() - size();
+    place_ = QRect(frameGeometry().topLeft(), size() + frame_);
+    form_.width = twips(place_.width());
+    form_.height = twips(place_.height());
     reporting_ = false;
 }
 

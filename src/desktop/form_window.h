@@ -39,18 +39,19 @@ protected:
 
 private:
     void followVisibility();
+    void showInPlace();
     void followIcon();
     void followTopmost();
     void followPlace();
     void reportState();
     // Tells the data where the window stands and how large its frame is.
     void reportPlace();
-    // What the frame adds to the window; a usual one as long as the window manager has not told.
-    QSize frame() const;
     void showModal();
 
     controls::Window& form_;
     Size size_;
+    QRect place_;        // of the frame, as asked for or reported last
+    QSize frame_{8, 30}; // what the frame adds; a usual one as long as the window manager has not told
     base::Text shownIcon_;
     QEventLoop* modal_ = nullptr; // the loop that waits for a modal window
     bool reporting_ = false;      // the data follows the window now, not the other way round

@@ -47,16 +47,13 @@ void QtShell::open(base::TextView target) {
 }
 
 void QtShell::openSoundSettings() {
-    QStringList names;
     for (const Panel& panel : soundPanels()) {
-        names << QString::fromLatin1(panel.program);
-        const QString program = QStandardPaths::findExecutable(names.constLast());
+        const QString program = QStandardPaths::findExecutable(QString::fromLatin1(panel.program));
         if (!program.isEmpty() && QProcess::startDetached(program, panel.arguments))
             return;
     }
-    tell(inLanguage(
-             "This system has no sound settings that could be opened. One of these programs is needed: %1")
-             .arg(names.join(QStringLiteral(", "))));
+    tell(inLanguage("No sound settings were found on this system. One of these programs opens them: %1")
+             .arg(QStringLiteral("pwvucontrol, pavucontrol, gnome-control-center, systemsettings")));
 }
 
 void QtShell::tell(const QString& message) {

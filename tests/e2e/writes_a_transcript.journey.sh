@@ -25,6 +25,15 @@ click 417 37 # a size larger
 sleep 0.3
 screenshot formatted
 
+place=$(xdotool getwindowgeometry "$window")
+use_window Quillmere
+xdotool windowminimize "$window"
+expect_soon "the editor goes with the player" 5 '! xdotool search --onlyvisible --name "^Text Editor" >/dev/null'
+xdotool windowmap "$window"
+use_editor 'Untitled 1'
+sleep 0.3
+expect_eq "the editor comes back where it was" "$place" "$(xdotool getwindowgeometry "$window")"
+
 quit_keys
 screenshot asked
 key Escape

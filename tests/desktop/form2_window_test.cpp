@@ -1,0 +1,106 @@
+#include "desktop/form2_window.h"
+
+#include "desktop/conversions.h"
+#include "desktop/editor/rich_text_edit.h"
+#include "editor/editor_window.h"
+#include "eventually.h"
+#include "fakes/temporary_folder.h"
+#include "fakes/virtual_loop.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <numeric>
+
+using desktop::qstring;
+using fakes::eventually;
+
+namespace {
+
+// The editor on a display that only exists in memory, with the routines of its window.
+class Form2WindowTest : public testing::Test {
+protected:
+    Form2WindowTest() {
+        screen.width = screen.height = 30000;
+        form.top = 1500;
+        form.left = 1500;
+        form.visible = true;
+        QCoreApplication::sendPostedEvents();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    }
+    QWidget& view(const controls::Control& control) {
+        return *window.findChild<QWidget*>(qstring(control.name));
+    }
+
+    fakes::TemporaryFolder place;
+    fakes::VirtualLoop loop;
+    base::TextFiles files{base::CodePage(1252)};
+    base::ProgramFolder folder{place.text("")};
+    lang::LanguageTable Lingua{files, folder};
+    desktop::RichTextEdit text{base::CodePage(1252)};
+    controls::Window player{"Form1", {0, 0, 5000, 3000}};
+    controls::Screen screen;
+    controls::MenuItem command{"mnuMostraNascondi"};
+    editor::Form2 form{loop, text, Lingua, folder};
+    editor::EditorWindow routines{form, player, screen, command};
+    desktop::Form2Window window{form, text};
+};
+
+} // namespace
+
+TEST_F(Form2WindowTest, Size_FromEitherSide_IsFilledByTheText) {
+    const QSize frame = window.frameGeometry().size() - window.size();
+    window.resize(1000, 600);
+    EXPECT_TRUE(eventually([&] { return form.width == (1000 + frame.width()) * 15; }));
+    const int before = text.width();
+    form.width = form.width + 1500;
+    EXPECT_TRUE(eventually([&] { return text.width() == before + 100; }));
+    EXPECT_EQ(text.geometry(), view(form.RTBPlace).geometry());
+    EXPECT_TRUE(window.rect().contains(text.mapTo(&window, text.rect().bottomRight())));
+}
+
+TEST_F(Form2WindowTest, HiddenAndShown_KeepsItsSize_WithTheKeyboardInTheText) {
+    view(form.Combo1).setFocus();
+    const QRect before = window.frameGeometry();
+    window.close();
+    EXPECT_FALSE(window.isVisible()) << "the close button hides the window";
+    form.visible = true;
+    QCoreApplication::sendPostedEvents();
+    EXPECT_TRUE(
+        eventually([&] { return window.isVisible() && window.frameGeometry().size() == before.size(); }));
+    EXPECT_EQ(window.focusWidget(), &text);
+    EXPECT_EQ(form.height, before.height() * 15);
+}
+
+TEST_F(Form2WindowTest, FontBox_TellsWhatIsTypedAndChosen_AndKeepsTheKeyboard) {
+    std::vector<base::Text> told;
+    form.Combo2.items = {u"10", u"12", u"14"};
+    form.Combo2.text = u"12";
+    form.Combo2.Change = [&] { told.push_back(form.Combo2.text); };
+    auto& box = dynamic_cast<QComboBox&>(view(form.Combo2));
+    EXPECT_EQ(box.currentText(), u"12");
+    EXPECT_TRUE(told.empty()) << "what the program sets is not told back";
+    box.lineEdit()->selectAll();
+    QTest::keyClicks(box.lineEdit(), QStringLiteral("9.5"));
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(told, (std::vector<base::Text>{u"9", u"9.", u"9.5", u"10"}));
+}
+
+TEST_F(Form2WindowTest, Buttons_LieOverTheirLettersAndTakeTheMouse) {
+    std::vector<int> pressed;
+    for (std::size_t i = 0; i < form.Label2.size(); ++i) {
+        form.Label2[i].Click = [&pressed, i] { pressed.push_back(static_cast<int>(i)); };
+        const controls::Control& area = form.Label2[i];
+        form.Shape1.left = area.left.get();
+        form.Shape1.visible = true;
+        QWidget& surface = *view(form.Label2[0]).parentWidget();
+        const QPoint middle = view(area).geometry().center();
+        QTest::mouseClick(surface.childAt(middle), Qt::LeftButton, {},
+                          surface.childAt(middle)->rect().center());
+    }
+    std::vector<int> all(form.Label2.size());
+    std::iota(all.begin(), all.end(), 0);
+    EXPECT_EQ(pressed, all);
+}
