@@ -19,6 +19,7 @@ constexpr int firstLine = 80;
 constexpr int lastLine = 224;
 constexpr int tallestLine = 18;
 constexpr int letterSize = 11;
+constexpr int frame = 16; // ms: no screen shows the ticks in between
 // Where each column begins; the last one ends at the same distance from the edge as the first begins.
 constexpr int nameColumn = 34;
 constexpr int versionColumn = 166;
@@ -30,12 +31,15 @@ CreditsView::CreditsView(outside::FrmInformazioni& form, QWidget* parent)
     : ControlView(form.Picture1, parent), form_(form), shownTop_(panelTop()) {
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    nextFrame_.setSingleShot(true);
+    nextFrame_.setInterval(frame);
+    connect(&nextFrame_, &QTimer::timeout, this, [this] { update(); });
     form.Picture2.observe([this] { followPanel(); });
 }
 
 void CreditsView::followPanel() {
-    if (shownTop_ != panelTop())
-        update();
+    if (shownTop_ != panelTop() && !nextFrame_.isActive())
+        nextFrame_.start();
 }
 
 int CreditsView::panelTop() const {
@@ -77,15 +81,27 @@ QPixmap CreditsView::drawPanel() const {
 
 void CreditsView::paintEvent(QPaintEvent*) {
     const double density = devicePixelRatioF();
-    if (panel_.isNull() || panel_.devicePixelRatio() != density)
+    if (panel_.isNull() || panelDensity_ != density) {
         panel_ = drawPanel();
+        panel_.setDevicePixelRatio(1);
+        panelDensity_ = density;
+    }
     shownTop_ = panelTop();
+    // In pixels of the screen, so that the panel is copied and not drawn at a scale, and no pixel is painted
+    // twice: while it scrolls it is painted at every frame.
     QPainter painter(this);
-    const QRect inside = rect().adjusted(1, 1, -1, -1);
-    painter.fillRect(rect(), rim);
-    painter.fillRect(inside, Qt::white);
-    painter.setClipRect(inside);
-    painter.drawPixmap(QPointF(pixels(form_.Picture2.left), shownTop_ / density), panel_);
+    painter.setWorldTransform(QTransform::fromScale(1 / density, 1 / density));
+    const QRect whole(QPoint(0, 0), size() * density);
+    const int edge = static_cast<int>(std::lround(density));
+    const QRect inside = whole.adjusted(edge, edge, -edge, -edge);
+    const QRect panel(QPoint(static_cast<int>(std::lround(pixels(form_.Picture2.left) * density)), shownTop_),
+                      panel_.size());
+    const QRect seen = panel & inside;
+    for (const QRect& part : QRegion(whole) - inside)
+        painter.fillRect(part, rim);
+    for (const QRect& part : QRegion(inside) - seen)
+        painter.fillRect(part, Qt::white);
+    painter.drawPixmap(seen.topLeft(), panel_, seen.translated(-panel.topLeft()));
 }
 
 } // namespace desktop

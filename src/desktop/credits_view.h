@@ -3,6 +3,8 @@
 #include "desktop/control_views.h"
 #include "outside/frm_informazioni.h"
 
+#include <QTimer>
+
 namespace desktop {
 
 // The well of the about box with the panel of credits that scrolls through it. The panel is drawn once for
@@ -23,7 +25,9 @@ private:
 
     outside::FrmInformazioni& form_;
     QPixmap panel_;
+    double panelDensity_ = 0; // of the screen that it was drawn for
     int shownTop_;
+    QTimer nextFrame_;
 };
 
 } // namespace desktop
