@@ -36,9 +36,15 @@ together() { # NAME WINDOW...: the part of the display that these windows cover,
     ((bottom = y + height + south > bottom ? y + height + south : bottom))
   done
   ((width = right - left, height = bottom - top))
-  # The bare display shows through in the upper right corner, if anywhere.
-  import -window root -crop "${width}x$height+$left+$top" +repage png:- |
-    convert png:- -fill '#eef4f5' -fuzz 1% -draw "color $((width - 1)),0 floodfill" -strip -colors 200 "png8:$scratch/$name.png"
+  import -window root -crop "${width}x$height+$left+$top" +repage "$scratch/raw.png"
+  # The bare display that shows through beside and between the windows is black.
+  local fill=() place
+  for place in "$((width - 1)),0" "0,$((height - 1))" "$((width / 2)),$((height - 1))" "$((x - west - left - 4)),$((height / 2))"; do
+    [[ $(convert "$scratch/raw.png" -format "%[pixel:p{$place}]" info: 2>/dev/null) != *"(0,0,0)"* ]] ||
+      fill+=(-draw "color $place floodfill")
+  done
+  convert "$scratch/raw.png" -fill '#eef4f5' "${fill[@]}" -strip -colors 200 "png8:$scratch/$name.png"
+  rm "$scratch/raw.png"
 }
 
 other_window() { # the newest window beside the player and the editor
@@ -48,7 +54,10 @@ other_window() { # the newest window beside the player and the editor
 
 pictures() { # CODE
   local code=$1 time=4 mark editor player
-  folder=$(lay_folder)
+  # A place that reads well: the recorder shows it.
+  rm -rf /tmp/Quillmere
+  mv "$(lay_folder)" /tmp/Quillmere
+  folder=/tmp/Quillmere
   sed -i "1s/.*/${language[$code]}.lng\r/" "$folder/Files/Quillmere.ini"
   cp "$folder/Samples/Interview.mp3" "$scratch/Harbour pilot.mp3"
   transcript "$code" >"$scratch/Harbour pilot.rtf"
@@ -133,5 +142,6 @@ for code in "${@:-en it ru pl}"; do
     rm -f "$scratch"/*.png
     pictures "$each"
     embed "$each"
+    rm -rf /tmp/Quillmere
   done
 done
