@@ -16,7 +16,7 @@ namespace desktop {
 
 namespace {
 
-constexpr std::size_t largestBody = 64 * 1024;
+constexpr std::size_t largestBody = 65'536;
 constexpr int mostRedirections = 1;
 
 // Reads that ran into the limit. What they began in the system may go on, and nothing tells when it ends.
