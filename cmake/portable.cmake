@@ -4,7 +4,7 @@ set(QUILLMERE_PORTABLE_DIR ${CMAKE_BINARY_DIR}/portable CACHE PATH "Where the po
 set(PORTABLE_DIR ${QUILLMERE_PORTABLE_DIR})
 
 set_target_properties(quillmere PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PORTABLE_DIR})
-set_target_properties(quillmere_mpv quillmere_portaudio quillmere_printing PROPERTIES
+set_target_properties(quillmere_internet quillmere_mpv quillmere_portaudio quillmere_printing PROPERTIES
     LIBRARY_OUTPUT_DIRECTORY ${PORTABLE_DIR}/Modules)
 file(GLOB_RECURSE PORTABLE_DATA CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/data ${CMAKE_SOURCE_DIR}/data/*)
 set(laid)
@@ -18,7 +18,7 @@ foreach(file ${PORTABLE_DATA})
         DEPENDS ${CMAKE_SOURCE_DIR}/data/${file})
     list(APPEND laid ${PORTABLE_DIR}/${file})
 endforeach()
-# Qt's own words beside the language file that they belong to. A language that is not here has its words in data/.
+# Qt's own words beside the language file that they belong to; what they lack is in the files ".words" of data/.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
 get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
 execute_process(COMMAND ${qmake} -query QT_INSTALL_TRANSLATIONS OUTPUT_VARIABLE QT_WORDS OUTPUT_STRIP_TRAILING_WHITESPACE)
@@ -45,4 +45,5 @@ list(APPEND laid ${CMAKE_BINARY_DIR}/art.stamp)
 add_custom_target(portable ALL
     COMMAND ${CMAKE_COMMAND} -DFROM=${CMAKE_SOURCE_DIR}/data/Files/Quillmere.ini
             -DTO=${PORTABLE_DIR}/Files/Quillmere.ini -P ${CMAKE_SOURCE_DIR}/cmake/lay_settings.cmake
-    DEPENDS quillmere quillmere_mpv quillmere_printing ${laid})
+    DEPENDS quillmere ${laid})
+add_dependencies(portable quillmere_internet quillmere_mpv quillmere_portaudio quillmere_printing)

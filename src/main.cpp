@@ -2,6 +2,8 @@
 #include "desktop/application.h"
 #include "desktop/qt_desktop.h"
 
+#include <cstdlib>
+
 // Builds the desktop, hands it to the program, runs it.
 int main(int argc, char* argv[]) {
     desktop::Application application(argc, argv);
@@ -12,5 +14,9 @@ int main(int argc, char* argv[]) {
     desktop.prepareInIdleTime();
     const int result = desktop::Application::exec();
     desktop.closeWindows();
+    // All is saved and nothing is left to do: a name that the system still looks up must not keep the
+    // process.
+    if (desktop.isHanging())
+        std::_Exit(result);
     return result;
 }

@@ -5,12 +5,15 @@
 #include "dictation/form4.h"
 #include "editor/form2.h"
 #include "editor/frm_find.h"
+#include "outside/frm_informazioni.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/internet.h"
 #include "platform/media_player.h"
 #include "platform/printer.h"
 #include "platform/rich_text.h"
+#include "platform/shell.h"
 #include "platform/system.h"
 #include "platform/wave_input.h"
 #include "player/form1.h"
@@ -34,6 +37,10 @@ public:
     // system.
     virtual platform::Printer& printer() = 0;
     virtual platform::WaveInput& waveInput() = 0;
+    virtual platform::Internet& internet() = 0;
+    virtual platform::Shell& shell() = 0;
+    // The libraries that stand behind the ports, with the versions that are in use.
+    virtual std::vector<outside::Library> libraries() = 0;
     // The single-byte page that goes with the user's language.
     virtual base::CodePage codePage() = 0;
 
@@ -48,6 +55,7 @@ public:
     virtual void show(dictation::Form4& form) = 0;
     virtual void show(editor::FrmFind& form) = 0;
     virtual void show(recorder::FrmAudioRec& form) = 0;
+    virtual void show(outside::FrmInformazioni& form) = 0;
 };
 
 } // namespace app

@@ -32,7 +32,7 @@ void Program::start(base::TextView commandLine) {
         return;
     }
     workstation_.emplace(desktop_, files_, folder_, Lingua, commandLine);
-    workstation_->form1().visible = true;
+    workstation_->form1().visible = !workstation_->ends();
 }
 
 void Program::fatalEnd(base::TextView reason) {

@@ -39,7 +39,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_),
       smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
       cycle_(form1_, transport_, preferences_, companions_),
-      inputJobs_(input_.dialog, form1_, preferences_, settings_) {
+      inputJobs_(input_.dialog, form1_, preferences_, settings_),
+      outside_(desktop, form1_, editor_.form(), bookmarks_.form()) {
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.KeyDown = [this](const platform::KeyEvent& key) {
@@ -78,6 +79,8 @@ void Workstation::Form_Load(base::TextView commandLine) {
     if (withFile)
         opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
     recorder_.searchCutOff();
+    if (start.checkUpdate == 1)
+        ends_ = outside_.updateCheck().ControllaAggiornamenti();
 }
 
 void Workstation::placeWindows(const StartSettings& start) {

@@ -6,6 +6,7 @@
 #include "app/find_and_print.h"
 #include "app/input_room.h"
 #include "app/recorder_room.h"
+#include "app/outside_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -41,6 +42,8 @@ public:
     CompanionWindows& companions() { return companions_; }
     RecorderRoom& recorder() { return recorder_; }
     player::MediaOpener& opener() { return opener_; }
+    // True when the process ends as soon as the start is over, without the player having been shown.
+    bool ends() const { return ends_; }
 
 private:
     void Form_Initialize();
@@ -86,6 +89,8 @@ private:
     dictation::SmartPlay smartPlay_;
     dictation::TimedCycle cycle_;
     InputJobs inputJobs_;
+    OutsideRoom outside_;
+    bool ends_ = false;
 };
 
 } // namespace app

@@ -67,7 +67,8 @@ struct Control : Observed {
 
 enum class Alignment { Left, Centre, Right };
 
-// A line or a few lines of text. A "&" in its caption is a mnemonic, "&&" shows one.
+// A line or a few lines of text. A "&" in its caption is a mnemonic, "&&" shows one. One that sizes itself is
+// always as wide as its caption, as soon as somebody shows it.
 struct Label : Control {
     using Control::Control;
 
@@ -80,6 +81,7 @@ struct Label : Control {
     Property<bool> fontStrikethru{this, false};
     Property<Color> foreColor{this, rgb(0, 0, 0)};
     Property<Alignment> alignment{this, Alignment::Left};
+    bool autoSize = false;
 };
 
 // A picture, read from its file when `picture` changes. A file that cannot be read leaves what was shown

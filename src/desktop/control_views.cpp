@@ -15,6 +15,8 @@ constexpr double fadedStrength = 0.35;
 constexpr double pixelsPerPoint =
     96.0 / 72; // the skin has a fixed scale, whatever the screen says of its own
 
+constexpr int textMargin = 1; // pixels: some letters reach over their own width
+
 QRect place(const controls::Control& control) {
     return {pixels(control.left), pixels(control.top), pixels(control.width), pixels(control.height)};
 }
@@ -221,6 +223,8 @@ void LabelView::follow() {
     shown_ = withoutMnemonics(caption_);
     font_ = font;
     color_ = label_.foreColor;
+    if (label_.autoSize)
+        label_.width = twips(std::ceil(QFontMetricsF(font_).horizontalAdvance(shown_)) + 2 * textMargin);
     update();
 }
 
@@ -230,8 +234,7 @@ void LabelView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setPen(QColor(color_));
     painter.setFont(font_);
-    // Some letters reach over their own width by a pixel.
-    const QRect place = rect().adjusted(1, 0, -1, 0);
+    const QRect place = rect().adjusted(textMargin, 0, -textMargin, 0);
     const Lines lines(shown_, font_, place.size());
     lines.draw(painter, place, label_.alignment, (height() - lines.height()) / 2);
 }

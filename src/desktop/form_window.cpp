@@ -3,6 +3,7 @@
 #include "desktop/conversions.h"
 #include "desktop/key_codes.h"
 #include "desktop/pictures.h"
+#include "desktop/window_hints.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>
@@ -70,6 +71,8 @@ void FormWindow::follow() {
     followTopmost();
     followPlace();
     followVisibility();
+    if (form_.windowState == controls::WindowState::Minimised && !isMinimized())
+        setWindowState(windowState() | Qt::WindowMinimized);
     if (modal_ && !form_.visible)
         modal_->quit();
 }
@@ -93,6 +96,8 @@ void FormWindow::showInPlace() {
         return;
     // A window that was hidden has lost its frame, and would come back higher by the title bar.
     move(pixels(form_.left), pixels(form_.top));
+    if (windowHandle() && form_.windowState == controls::WindowState::Normal)
+        beginUnminimised(*windowHandle());
     show();
 }
 

@@ -6,9 +6,8 @@
 namespace desktop {
 
 void LazyPlayer::prepare() {
-    if (engine_ || failed_ || reading_.valid())
-        return;
-    reading_ = std::async(std::launch::async, read, module_);
+    if (!reading_.valid())
+        reading_ = std::async(std::launch::async, read, module_).share();
 }
 
 LazyPlayer::Module LazyPlayer::read(const std::string& path) {
@@ -17,19 +16,28 @@ LazyPlayer::Module LazyPlayer::read(const std::string& path) {
     return {handle, handle ? std::string("the engine did not start") : std::string(::dlerror())};
 }
 
+void* LazyPlayer::entry(const char* name) {
+    prepare();
+    const Module& library = reading_.get();
+    return library.handle ? ::dlsym(library.handle, name) : nullptr;
+}
+
+std::string LazyPlayer::versions() {
+    std::string versions;
+    if (const auto ask = reinterpret_cast<void (*)(std::string*)>(entry("quillmere_media_versions")))
+        ask(&versions);
+    return versions;
+}
+
 void LazyPlayer::start() {
     if (engine_ || failed_)
         return;
     using Make = platform::MediaPlayer* (*)();
-    prepare();
-    const Module library = reading_.get();
-    if (library.handle) {
-        if (const auto make = reinterpret_cast<Make>(::dlsym(library.handle, "quillmere_media_player")))
-            engine_.reset(make());
-    }
+    if (const auto make = reinterpret_cast<Make>(entry("quillmere_media_player")))
+        engine_.reset(make());
     failed_ = !engine_;
     if (failed_) {
-        qCritical("The media player could not be loaded: %s", library.failure.c_str());
+        qCritical("The media player could not be loaded: %s", reading_.get().failure.c_str());
         return;
     }
     engine_->setRate(rate_);

@@ -22,6 +22,9 @@ public:
     // Lets the engine go, before the window that it shows pictures in.
     void release() { engine_.reset(); }
 
+    // The versions of mpv and FFmpeg, a line each; empty without the module.
+    std::string versions();
+
     void setURL(base::TextView path) override;
     base::Text URL() const override;
     void close() override;
@@ -47,11 +50,13 @@ private:
         std::string failure;
     };
 
+    // The module's entry of this name; null when there is none.
+    void* entry(const char* name);
     void start();
     static Module read(const std::string& path);
 
     std::string module_;
-    std::future<Module> reading_;
+    std::shared_future<Module> reading_;
     std::unique_ptr<platform::MediaPlayer> engine_;
     bool failed_ = false;
     base::Text url_;

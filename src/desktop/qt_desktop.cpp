@@ -1,5 +1,7 @@
 #include "desktop/qt_desktop.h"
 
+#include "desktop/libraries.h"
+
 #include <QCoreApplication>
 #include <QTimer>
 
@@ -17,7 +19,8 @@ std::string modulePath(const platform::System& system, std::string_view name) {
 
 QtDesktop::QtDesktop()
     : player_(modulePath(system_, "mpv_player")), waveInput_(modulePath(system_, "portaudio_capture")),
-      text_(QtSystem::codePage()), printing_(modulePath(system_, "printing")) {}
+      text_(QtSystem::codePage()), printing_(modulePath(system_, "printing")),
+      internet_(modulePath(system_, "internet")) {}
 
 void QtDesktop::speak(const base::Text& fileLingua) {
     words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));
@@ -62,7 +65,16 @@ void QtDesktop::show(recorder::FrmAudioRec& form) {
     frmAudioRec_ = std::make_unique<FrmAudioRecWindow>(form);
 }
 
+void QtDesktop::show(outside::FrmInformazioni& form) {
+    about_ = std::make_unique<FrmInformazioniWindow>(form);
+}
+
+std::vector<outside::Library> QtDesktop::libraries() {
+    return librariesInUse(player_);
+}
+
 void QtDesktop::closeWindows() {
+    about_.reset();
     player_.release();
     frmFind_.reset();
     form4_.reset();

@@ -8,13 +8,16 @@
 #include "desktop/form4_window.h"
 #include "desktop/frm_audio_rec_window.h"
 #include "desktop/frm_find_window.h"
+#include "desktop/frm_informazioni_window.h"
 #include "desktop/key_repeats.h"
+#include "desktop/lazy_internet.h"
 #include "desktop/lazy_player.h"
 #include "desktop/lazy_wave_input.h"
 #include "desktop/print_module.h"
 #include "desktop/qt_clipboard.h"
 #include "desktop/qt_dialogs.h"
 #include "desktop/qt_event_loop.h"
+#include "desktop/qt_shell.h"
 #include "desktop/qt_system.h"
 #include "desktop/standard_words.h"
 
@@ -35,6 +38,9 @@ public:
     platform::RichText& richText() override { return text_; }
     platform::Printer& printer() override { return printing_.printer(); }
     platform::WaveInput& waveInput() override { return waveInput_; }
+    platform::Internet& internet() override { return internet_; }
+    platform::Shell& shell() override { return shell_; }
+    std::vector<outside::Library> libraries() override;
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void speak(const base::Text& fileLingua) override;
     void show(player::Form1& form) override;
@@ -44,11 +50,14 @@ public:
     void show(bookmarks::Form3& form) override;
     void show(dictation::Form4& form) override;
     void show(recorder::FrmAudioRec& form) override;
+    void show(outside::FrmInformazioni& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
     // Takes the windows away, while the data that they show is still there.
     void closeWindows();
+    // True when the system is still busy with something that was given up, which nobody should wait for.
+    bool isHanging() const { return internet_.isHanging(); }
 
 private:
     void showForm4(dictation::Form4& form);
@@ -63,12 +72,15 @@ private:
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
     PrintModule printing_;
+    LazyInternet internet_;
+    QtShell shell_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;
     std::unique_ptr<FrmFindWindow> frmFind_;
     std::unique_ptr<Form3Window> form3_;
     std::unique_ptr<Form4Window> form4_;
     std::unique_ptr<FrmAudioRecWindow> frmAudioRec_;
+    std::unique_ptr<FrmInformazioniWindow> about_;
 };
 
 } // namespace desktop

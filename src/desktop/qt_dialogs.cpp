@@ -21,6 +21,7 @@ constexpr qsizetype longestPath = 255; // units; a longer one cannot be returned
 QMessageBox::StandardButtons buttons(BoxStyle style) {
     switch (style) {
     case BoxStyle::YesNoExclamation:
+    case BoxStyle::YesNoInformation:
         return QMessageBox::Yes | QMessageBox::No;
     case BoxStyle::YesNoCancelExclamation:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -40,6 +41,7 @@ QMessageBox::Icon icon(BoxStyle style) {
     case BoxStyle::Critical:
         return QMessageBox::Critical;
     case BoxStyle::Information:
+    case BoxStyle::YesNoInformation:
         return QMessageBox::Information;
     case BoxStyle::Exclamation:
     case BoxStyle::YesNoExclamation:

@@ -69,7 +69,9 @@ std::vector<base::Text> QtSystem::screenFonts() const {
 }
 
 void QtSystem::endProcess() {
-    QCoreApplication::exit(0);
+    // By way of the loop: the handler may be one of the start, before there is a loop to leave.
+    QMetaObject::invokeMethod(
+        qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }
 
 base::CodePage QtSystem::codePage() {

@@ -11,7 +11,7 @@ QString StandardWords::translate(const char* context, const char* sourceText, co
     const QMutexLocker alone(&reading_);
     if (shown_ != fileLingua_)
         read(fileLingua_);
-    const auto own = ownWords_.constFind(QByteArray::fromRawData(sourceText, qstrlen(sourceText)));
+    const auto own = ownWords_.constFind(QByteArray(sourceText));
     return own != ownWords_.cend() ? *own : catalogue_.translate(context, sourceText, disambiguation, n);
 }
 

@@ -16,6 +16,7 @@ enum class BoxStyle {
     Information = 64,
     Exclamation = 48,
     YesNoExclamation = 52,
+    YesNoInformation = 68,
     YesNoCancelExclamation = 51
 };
 

@@ -78,6 +78,27 @@ public:
     void endProcess() override { ended = true; }
 };
 
+// An internet with one answer for every address; it notes what is asked.
+class FakeInternet : public platform::Internet {
+public:
+    std::string answer;
+    std::vector<std::string> reads; // "agent address"
+
+    std::string read(const std::string& address, const std::string& agent) override {
+        reads.push_back(agent + ' ' + address);
+        return answer;
+    }
+};
+
+// A shell that notes what it is to open.
+class FakeShell : public platform::Shell {
+public:
+    std::vector<std::string> opened; // in UTF-8; "sound settings"
+
+    void open(base::TextView target) override { opened.push_back(base::toUtf8(target)); }
+    void openSoundSettings() override { opened.emplace_back("sound settings"); }
+};
+
 // A desktop without a screen: virtual time, a temporary program folder with the shipped kind of files in it.
 class FakeDesktop : public app::Desktop {
 public:
@@ -87,6 +108,9 @@ public:
     FakeDialogs dialogPort;
     FakePlayer player{loop};
     FakeClipboard clipboardPort;
+    FakeInternet internetPort;
+    FakeShell shellPort;
+    outside::FrmInformazioni* about = nullptr;
     FakeRichText text;
     FakePrinter printerPort;
     FakeWaveInput device;
@@ -134,6 +158,9 @@ public:
     platform::Printer& printer() override { return printerPort; }
     platform::WaveInput& waveInput() override { return device; }
     base::CodePage codePage() override { return base::CodePage(1252); }
+    platform::Internet& internet() override { return internetPort; }
+    platform::Shell& shell() override { return shellPort; }
+    std::vector<outside::Library> libraries() override { return {{u"Fake library", u"1.0", u"none"}}; }
     void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
         form1 = &form;
@@ -152,6 +179,7 @@ public:
         };
     }
     void show(recorder::FrmAudioRec& form) override { recorder = &form; }
+    void show(outside::FrmInformazioni& form) override { about = &form; }
 };
 
 } // namespace fakes

@@ -1,6 +1,7 @@
-// The one entry of this module. It is loaded when a player is first needed: libmpv brings some two hundred
+// The entries of this module. It is loaded when a player is first needed: libmpv brings some two hundred
 // libraries along, which would more than double the time until the window is up.
 #include "mpv_player.h"
+#include "mpv_versions.h"
 
 #include "base/carry_on.h"
 
@@ -11,4 +12,9 @@ extern "C" Q_DECL_EXPORT platform::MediaPlayer* quillmere_media_player() {
     } catch (const base::Failure&) {
         return nullptr;
     }
+}
+
+// The versions of the libraries behind the player, as mpvVersions() gives them.
+extern "C" Q_DECL_EXPORT void quillmere_media_versions(std::string* versions) {
+    *versions = desktop::mpvVersions();
 }

@@ -1,0 +1,57 @@
+// What the credits of the about box cost while they scroll, on a real display in real time.
+#include "desktop/application.h"
+#include "desktop/frm_informazioni_window.h"
+#include "desktop/qt_event_loop.h"
+#include "outside/about_box.h"
+#include "still_desktop.h"
+#include "table.h"
+
+#include <QEventLoop>
+#include <QTimer>
+#include <ctime>
+
+namespace {
+
+constexpr int watched = 4000; // ms
+
+// The share of a core that this process takes from now on, in per cent.
+double share() {
+    QEventLoop loop;
+    QTimer::singleShot(watched, &loop, &QEventLoop::quit);
+    const std::clock_t before = std::clock();
+    loop.exec();
+    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC * 1000 / watched * 100;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const desktop::Application application(argc, argv);
+    bench::StillDesktop still;
+    const base::ProgramFolder folder(still.systemPort.folder);
+    const base::TextFiles files(still.codePage());
+    const lang::LanguageTable Lingua(files, folder);
+    player::Form1 form1(still.loop, still.still, Lingua, folder);
+    form1.screen.width = form1.screen.height = 15'000;
+    controls::Window none("Form2", {});
+
+    desktop::QtEventLoop loop;
+    outside::FrmInformazioni about(loop, folder);
+    about.credits = std::vector<outside::Library>(8, {u"Library", u"1.2.3", u"A licence or later"});
+    {
+        const desktop::FrmInformazioniWindow window(about);
+        outside::AboutBox box(about, form1, none, none, still.shellPort);
+        box.mnuInfo_Click();
+        share(); // the window comes up, the panel is drawn
+        const double scrolling = share();
+        about.Timer1.setInterval(0);
+        // What its timer alone costs.
+        QTimer bare;
+        bare.callOnTimeout([] {});
+        bare.start(std::chrono::milliseconds(10));
+        const double ticking = share();
+        bench::print({"Credits scrolling, share of a core", bench::measure("%.2f %%", scrolling),
+                      bench::measure("%.2f %%", ticking), bench::measure("x %.1f", scrolling / ticking),
+                      "< 2 %", scrolling < 2});
+    }
+}

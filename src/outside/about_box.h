@@ -1,0 +1,34 @@
+#pragma once
+
+#include "outside/frm_informazioni.h"
+#include "platform/shell.h"
+#include "player/form1.h"
+
+namespace outside {
+
+// The about box: what it says, its credits that scroll by, and the windows that make room for it and come
+// back.
+class AboutBox {
+public:
+    AboutBox(FrmInformazioni& about, player::Form1& form1, controls::Window& form2, controls::Window& form3,
+             platform::Shell& shell);
+
+    void mnuInfo_Click();
+    void Timer1_Timer();
+    void lblHomePage_Click();
+    void Form_Unload();
+
+private:
+    void Form_Load();
+    void fillIn();
+    // The windows that the two menu commands say are shown go with the player.
+    void showOthers(bool shown);
+
+    FrmInformazioni& about_;
+    player::Form1& form1_;
+    controls::Window& Form2_;
+    controls::Window& Form3_;
+    platform::Shell& shell_;
+};
+
+} // namespace outside

@@ -1,0 +1,70 @@
+#!/usr/bin/env bash
+# Out of the program and back: the guide, the list of versions, web pages, the sound settings, the about box, and a start
+# with the update check on and no network.
+source "$(dirname "$0")/lib.sh"
+
+# Programs that note what they are asked to open, in place of the desktop's own.
+mkdir "$scratch/bin"
+for program in xdg-open pavucontrol; do
+  printf '#!/bin/sh\necho "%s ${QT_QPA_PLATFORM-none} $*" >>"%s/opened"\n' "$program" "$scratch" >"$scratch/bin/$program"
+  chmod +x "$scratch/bin/$program"
+done
+: >"$scratch/opened"
+export PATH=$scratch/bin:$PATH
+
+opens() { # PROGRAM TARGET: that is what was opened last, in surroundings as they were before the program
+  expect_soon "$2 is opened" 5 "[[ \$(tail -n1 '$scratch/opened') == '$1 none $2' ]]"
+}
+minimised() { xprop -id "$player" WM_STATE | grep -q Iconic; }
+back() { # the player stood aside for what was opened
+  expect_soon "the player is minimised" 3 minimised
+  xdotool windowmap "$player"
+  use_window Quillmere || fail "the player does not come back"
+}
+titles() { xdotool search --onlyvisible --class quillmere 2>/dev/null | xargs -rn1 xdotool getwindowname | sort | paste -sd,; }
+
+start_display
+start_sound
+unset QT_QPA_PLATFORM
+folder=$(lay_folder)
+hide_editor "$folder"
+sed -i '1s/.*/Italiano.lng\r/; 24s/.*/1\r/' "$folder/Files/Quillmere.ini"
+start_program "$folder"
+player=$window
+
+key F1
+opens xdg-open "file://$folder/Files/Help-it.html"
+expect "the guide is there" test -s "$folder/Files/Help-it.html"
+back
+key F9
+opens pavucontrol ""
+minimised && fail "the sound settings leave the player where it is"
+key alt+f Left
+key Down Return # below the guide: the list of versions
+opens xdg-open "file://$folder/Versioni.txt"
+expect "the list of versions is there" test -s "$folder/Versioni.txt"
+back
+
+key ctrl+F1
+expect_soon "the about box alone is seen" 5 '[[ $(titles) == "Informazioni sul programma..." ]]'
+sleep 2.5
+screenshot about
+use_window "Informazioni sul programma..."
+click 170 252 # the address
+opens xdg-open https://www.brackenloft.example
+expect_eq "the about box stays" "Informazioni sul programma..." "$(titles)"
+click 300 200 # the credits do not close it
+expect_eq "the about box stays" "Informazioni sul programma..." "$(titles)"
+key Escape
+expect_soon "the player is back" 5 '[[ $(titles) == Quillmere ]]'
+quit_program
+
+rm "$scratch/bin/pavucontrol"
+start_program "$folder"
+player=$window
+if ! type -P pwvucontrol pavucontrol pavucontrol-qt gnome-control-center systemsettings{,5} kcmshell{6,5} >/dev/null; then
+  key F9
+  expect_soon "it says that there are no sound settings" 3 '[[ $(titles) == Quillmere,Quillmere ]]'
+  screenshot no_sound_settings
+fi
+quit_program
