@@ -3,10 +3,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QWidget>
 #include <algorithm>
 
-// The header names a member so; it is C.
-#define explicit explicitMember // NOLINT(bugprone-macro-parentheses)
+// The header is C and names a member so.
+#if defined(__clang__)
+#pragma clang diagnostic ignored "-Wkeyword-macro"
+#endif
+#define explicit explicitMember
 #include <xcb/xkb.h>
 #undef explicit
 
