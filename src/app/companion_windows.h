@@ -10,11 +10,9 @@
 
 namespace app {
 
-// The windows beside the player, as far as they are there: where they stand, and what the player asks of
-// them. What a room that is not built yet would answer is left undone, and no command offers it.
+// The windows and rooms beside the player: where they stand, and what the player asks of them.
 class CompanionWindows : public player::Companions {
 public:
-    CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
     CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
                      BookmarkRoom& bookmarks, RecorderRoom& recorder, lang::LanguageTable& language)
         : form1_(form1), recentMedia_(recentMedia), editor_(editor), bookmarks_(bookmarks),
