@@ -113,11 +113,20 @@ TEST_F(StartTest, Entry133_GreysTheUpdateItem_OnlyAsATruthValue) {
     }
 }
 
-TEST_F(StartTest, Commands_WithoutARoutine_AreNotOffered) {
+TEST_F(StartTest, EveryCommand_OfBothMenuBars_HasItsRoutine) {
     ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));
-    EXPECT_TRUE(desktop.form1->mnuRegistra.enabled);
-    EXPECT_FALSE(desktop.form1->mnuRegistra.offered());
-    EXPECT_TRUE(desktop.form1->mnuStop.offered());
+    std::vector<controls::MenuItem*> items = desktop.form1->menuBar;
+    items.insert(items.end(), desktop.form2->menuBar.begin(), desktop.form2->menuBar.end());
+    std::vector<std::string_view> without;
+    while (!items.empty()) {
+        const controls::MenuItem& item = *items.back();
+        items.pop_back();
+        items.insert(items.end(), item.items.begin(), item.items.end());
+        if (item.items.empty() && item.caption.get() != u"-" && !item.Click)
+            without.push_back(item.name);
+    }
+    // Spelling has none, and its menu is never shown.
+    EXPECT_EQ(without, std::vector<std::string_view>{"mnuOrtografia"});
 }
 
 TEST_F(StartTest, Exit_SavesStopsAndEnds_ByEachOfItsThreeWays) {
