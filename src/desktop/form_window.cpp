@@ -5,12 +5,14 @@
 #include "desktop/pictures.h"
 #include "desktop/window_hints.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEventLoop>
 #include <QMenu>
 #include <QMimeData>
+#include <QPointer>
 #include <QThread>
 #include <QWindow>
 #include <utility>
@@ -94,11 +96,20 @@ void FormWindow::followVisibility() {
 void FormWindow::showInPlace() {
     if (!form_.visible)
         return;
-    // A window that was hidden has lost its frame, and would come back higher by the title bar.
-    move(pixels(form_.left), pixels(form_.top));
-    if (windowHandle() && form_.windowState == controls::WindowState::Normal)
-        beginUnminimised(*windowHandle());
+    QWindow* const handle = windowHandle();
+    if (handle && size_ == Size::Sizable && size() != place_.size() - frame_)
+        // With another size it would come back higher by its title bar; one that is made anew does not.
+        handle->destroy();
+    else if (handle && form_.windowState == controls::WindowState::Normal)
+        beginUnminimised(*handle);
+    takeSize();
+    move(place_.topLeft());
     show();
+}
+
+void FormWindow::takeSize() {
+    if (size_ == Size::Sizable)
+        resize((place_.size() - frame_).expandedTo(QSize(1, 1)));
 }
 
 void FormWindow::followIcon() {
@@ -125,16 +136,17 @@ void FormWindow::followPlace() {
     const QRect before = std::exchange(place_, wanted);
     if (wanted.topLeft() != before.topLeft())
         move(wanted.topLeft());
-    if (size_ == Size::Sizable && wanted.size() != before.size())
-        resize((wanted.size() - frame_).expandedTo(QSize(1, 1)));
+    if (wanted.size() != before.size() && isVisible())
+        takeSize();
 }
 
 void FormWindow::reportPlace() {
     reporting_ = true;
     form_.left = twips(frameGeometry().left());
     form_.top = twips(frameGeometry().top());
-    if (isVisible())
-        frame_ = frameGeometry().size() - size();
+    // A window that has just been shown has no frame yet.
+    if (const QSize told = frameGeometry().size() - size(); !told.isNull())
+        frame_ = told;
     place_ = QRect(frameGeometry().topLeft(), size() + frame_);
     form_.width = twips(place_.width());
     form_.height = twips(place_.height());
@@ -155,9 +167,13 @@ void FormWindow::showModal() {
     setWindowModality(Qt::ApplicationModal);
     QEventLoop loop;
     modal_ = &loop;
+    const QPointer<QWidget> before = QApplication::activeWindow();
     form_.visible = true;
     loop.exec();
     modal_ = nullptr;
+    // The keyboard goes back to where it was, not to what the window manager takes for the next window.
+    if (before && before->isVisible())
+        before->activateWindow();
     setWindowModality(Qt::NonModal);
 }
 

@@ -40,6 +40,7 @@ protected:
 private:
     void followVisibility();
     void showInPlace();
+    void takeSize();
     void followIcon();
     void followTopmost();
     void followPlace();
