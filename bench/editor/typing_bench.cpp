@@ -5,6 +5,8 @@
 #include "desktop/editor/rich_text_edit.h"
 #include "desktop/qt_event_loop.h"
 #include "editor/editor_keys.h"
+#include "editor/find_replace.h"
+#include "editor/frm_find.h"
 #include "editor/typing.h"
 #include "fakes/fake_desktop.h"
 #include "table.h"
@@ -19,9 +21,10 @@
 namespace {
 
 constexpr int keyPresses = 60;
-constexpr double ratioGoal = 1.1; // times the bare control
-constexpr double medianGoal = 10; // microseconds
-constexpr double tailGoal = 50;   // microseconds
+constexpr double ratioGoal = 1.1;       // times the bare control
+constexpr double medianGoal = 10;       // microseconds
+constexpr double tailGoal = 50;         // microseconds
+constexpr double replaceAllGoal = 1000; // ms
 constexpr double megabyte = 1'000'000;
 
 base::Text transcript(std::size_t letters) {
@@ -210,6 +213,29 @@ void measureMemory(int changes, double goal) {
                   taken / megabyte <= goal});
 }
 
+// Replace All as the program runs it, with a record of undo for each of its hits.
+void measureReplaceAll() {
+    desktop::RichTextEdit rtb{base::CodePage(1252)};
+    Editor editor(rtb);
+    editor::FrmFind frmFind(editor.loop);
+    editor::FindReplace findReplace(frmFind, editor.form, editor.desktop.dialogPort);
+    rtb.resize(645, 229);
+    rtb.show();
+    rtb.setText(transcript(945'000));
+    rtb.viewport()->repaint();
+    frmFind.cboFind.text = u"sentence";
+    frmFind.cboReplace.text = u"phrase";
+    const auto before = editor.undoRedo.ListaUndo().size();
+    const double time = microseconds([&] {
+        findReplace.cmdReplaceAll_Click();
+        QApplication::processEvents();
+    });
+    const auto records = editor.undoRedo.ListaUndo().size() - before;
+    bench::print({"Replace All of " + std::to_string(records) + " hits in 1 MB with their records",
+                  bench::measure("%.0f ms", time / 1000), "", "",
+                  bench::measure("<= %.0f ms", replaceAllGoal), time / 1000 <= replaceAllGoal});
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -218,6 +244,7 @@ int main(int argc, char** argv) {
     measureTyping("200 KB", 200'000);
     measureTyping("1 MB", 1'000'000);
     measureTyping("5 MB", 5'000'000);
+    measureReplaceAll();
     measureMemory(100'000, 60);
     measureMemory(1'000'000, 600);
 }

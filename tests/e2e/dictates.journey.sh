@@ -42,6 +42,7 @@ changed=$(now)
 expect_eq "the mode is kept" 1 "$(settings_line "$folder" 23)"
 
 phase resting 2400 3700
+sleep 0.3 # the step back is shown with the next tick
 at=$(position $length)
 ((at >= from && at <= from + 20)) || fail "3 s of play and 2 back lead from $from to $at tenths"
 phase playing 2400 3700

@@ -10,15 +10,15 @@ start_program "$folder" "$folder/Samples/Interview.mp3"
 
 hover 340 160 # after an open the play button keeps its picture until the mouse was elsewhere
 hover 94 109
-expect_soon "play lights up" 1 'shows pause2.jpg 70 84'
+expect_soon "play lights up" 4 'shows pause2.jpg 70 84'
 screenshot hover_play
 hover 172 109
-expect_soon "stop lights up" 1 'shows stop2.jpg 154 90'
-expect_soon "play rests again" 1 'shows pause.jpg 70 84'
+expect_soon "stop lights up" 4 'shows stop2.jpg 154 90'
+expect_soon "play rests again" 4 'shows pause.jpg 70 84'
 hover 44 109
-expect_soon "open lights up" 1 'shows Apri2.bmp 20 90'
+expect_soon "open lights up" 4 'shows Apri2.bmp 20 90'
 hover 340 160
-expect_soon "open rests again" 1 'shows Apri.bmp 20 90'
+expect_soon "open rests again" 4 'shows Apri.bmp 20 90'
 
 xdotool mousemove --window "$window" 323 $((43 + $(skin_top))) mousedown 1
 for y in 50 60 70 80; do

@@ -42,12 +42,12 @@ xdotool keydown F5
 sleep 1
 expect "a held F5 has done nothing yet" playing
 xdotool keyup F5
-expect_soon "its release pauses" 1 resting
+expect_soon "its release pauses" 4 resting
 at=$(position 66)
 key F7
-expect_soon "F7 steps forward" 1 '(( $(position 66) >= at + 45 ))'
+expect_soon "F7 steps forward" 4 '(( $(position 66) >= at + 45 ))'
 key F6
-expect_soon "F6 steps back" 1 '(( $(position 66) <= at + 5 ))'
+expect_soon "F6 steps back" 4 '(( $(position 66) <= at + 5 ))'
 before=$(position 66)
 xdotool keydown F4
 sleep 2.5
@@ -112,7 +112,7 @@ type_text "?"
 expect "playing again" playing
 xdotool windowactivate --sync "$player" 2>/dev/null
 xdotool keydown F5 sleep 1 keyup F5
-expect_soon "F5 held in the player pauses once, though the text gets its release" 1 resting
+expect_soon "F5 held in the player pauses once, though the text gets its release" 4 resting
 expect_eq "and gives the keyboard back" "$editor" "$(xdotool getactivewindow)"
 [[ $(text) == *"alive?" ]] || fail "the caret is gone: $(text)"
 xdotool mousemove --window "$editor" 300 120 click 3
