@@ -34,7 +34,7 @@ protected:
             control.setSelStart(upTo(control.textLength()));
             control.setSelLength(upTo(3) == 0 ? upTo(30) : 0);
         }
-        switch (upTo(11)) {
+        switch (upTo(12)) {
         case 0:
             return press(Qt::Key_Return, QStringLiteral("\r"));
         case 1:
@@ -53,6 +53,14 @@ protected:
             if (upTo(30) == 0)
                 control.setText(u"a new text\r\n\U0001F600\r\nof three lines");
             return;
+        case 8: // as Replace All does
+            return control.together([&] {
+                for (int i = 0; i < 3; ++i) {
+                    control.setSelStart(upTo(control.textLength()));
+                    control.setSelLength(upTo(8));
+                    control.setSelRTF(pieces[upTo(9)]);
+                }
+            });
         default:
             return press(Qt::Key_X, QStringLiteral("x"));
         }
