@@ -106,7 +106,7 @@ recorder() { # LANGUAGE: idle, recording and paused
 transcript() { # LANGUAGE PICTURE TITLE (SPEAKER WORDS)...
   local language=$1 picture=$2 title=$3
   shift 3
-  at_button() { sleep 0.3 && click "$1" 37 && sleep 0.3; }
+  at_button() { sleep 0.8 && click "$1" 37 && sleep 0.3; } # the window manager takes its time after letters on no key
   folder=$(lay_folder)
   sed -i "1s/.*/$language.lng\r/" "$folder/Files/Quillmere.ini"
   start_program "$folder" "$folder/Samples/Interview.mp3"
