@@ -1,7 +1,8 @@
 #include "desktop/lazy_internet.h"
 
+#include "desktop/module.h"
+
 #include <QLoggingCategory>
-#include <dlfcn.h>
 
 namespace desktop {
 
@@ -13,15 +14,14 @@ std::string LazyInternet::read(const std::string& address, const std::string& ag
 
 void LazyInternet::load() {
     using Make = platform::Internet* (*)();
-    // Never unloaded: the libraries behind it leave threads of their own.
-    void* const handle = ::dlopen(module_.c_str(), RTLD_NOW);
-    if (!handle) {
-        qCritical("The way to the internet could not be loaded: %s", ::dlerror());
+    const Module library(module_);
+    if (!library.failure().empty()) {
+        qCritical("The way to the internet could not be loaded: %s", library.failure().c_str());
         return;
     }
-    if (const auto make = reinterpret_cast<Make>(::dlsym(handle, "quillmere_internet")))
+    if (const auto make = library.function<Make>("quillmere_internet"))
         reader_.reset(make());
-    hangs_ = reinterpret_cast<decltype(hangs_)>(::dlsym(handle, "quillmere_internet_hangs"));
+    hangs_ = library.function<decltype(hangs_)>("quillmere_internet_hangs");
 }
 
 } // namespace desktop

@@ -1,30 +1,23 @@
 #include "desktop/lazy_player.h"
 
 #include <QLoggingCategory>
-#include <dlfcn.h>
 
 namespace desktop {
 
 void LazyPlayer::prepare() {
     if (!reading_.valid())
-        reading_ = std::async(std::launch::async, read, module_).share();
+        reading_ = std::async(std::launch::async, [path = module_] { return Module(path); }).share();
 }
 
-LazyPlayer::Module LazyPlayer::read(const std::string& path) {
-    // Never unloaded: the libraries behind it leave threads and exit handlers of their own.
-    void* const handle = ::dlopen(path.c_str(), RTLD_NOW);
-    return {handle, handle ? std::string("the engine did not start") : std::string(::dlerror())};
-}
-
-void* LazyPlayer::entry(const char* name) {
+template <typename Function>
+Function LazyPlayer::entry(const char* name) {
     prepare();
-    const Module& library = reading_.get();
-    return library.handle ? ::dlsym(library.handle, name) : nullptr;
+    return reading_.get().function<Function>(name);
 }
 
 std::string LazyPlayer::versions() {
     std::string versions;
-    if (const auto ask = reinterpret_cast<void (*)(std::string*)>(entry("quillmere_media_versions")))
+    if (const auto ask = entry<void (*)(std::string*)>("quillmere_media_versions"))
         ask(&versions);
     return versions;
 }
@@ -33,11 +26,13 @@ void LazyPlayer::start() {
     if (engine_ || failed_)
         return;
     using Make = platform::MediaPlayer* (*)();
-    if (const auto make = reinterpret_cast<Make>(entry("quillmere_media_player")))
+    if (const auto make = entry<Make>("quillmere_media_player"))
         engine_.reset(make());
     failed_ = !engine_;
     if (failed_) {
-        qCritical("The media player could not be loaded: %s", reading_.get().failure.c_str());
+        const std::string& failure = reading_.get().failure();
+        qCritical("The media player could not be loaded: %s",
+                  failure.empty() ? "the engine did not start" : failure.c_str());
         return;
     }
     engine_->setRate(rate_);

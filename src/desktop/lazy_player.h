@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/module.h"
 #include "platform/media_player.h"
 
 #include <future>
@@ -44,16 +45,10 @@ public:
     platform::PictureSize pictureSize() const override;
 
 private:
-    // The module once it is read: its handle, or why there is none.
-    struct Module {
-        void* handle;
-        std::string failure;
-    };
-
     // The module's entry of this name; null when there is none.
-    void* entry(const char* name);
+    template <typename Function>
+    Function entry(const char* name);
     void start();
-    static Module read(const std::string& path);
 
     std::string module_;
     std::shared_future<Module> reading_;

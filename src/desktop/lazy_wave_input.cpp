@@ -1,7 +1,5 @@
 #include "desktop/lazy_wave_input.h"
 
-#include <dlfcn.h>
-
 namespace desktop {
 
 namespace {
@@ -12,13 +10,7 @@ constexpr int noDriver = 6; // the number that the program's sound interface has
 
 void LazyWaveInput::prepare() {
     if (!engine_ && !reading_.valid())
-        reading_ = std::async(std::launch::async, read, module_);
-}
-
-LazyWaveInput::Module LazyWaveInput::read(const std::string& path) {
-    // Never unloaded: the libraries behind it leave threads and exit handlers of their own.
-    void* const handle = ::dlopen(path.c_str(), RTLD_NOW);
-    return {handle, handle ? std::string() : std::string(::dlerror())};
+        reading_ = std::async(std::launch::async, [path = module_] { return Module(path); });
 }
 
 void LazyWaveInput::load() {
@@ -27,12 +19,10 @@ void LazyWaveInput::load() {
     using Make = platform::WaveInput* (*)();
     prepare();
     const Module library = reading_.get();
-    failure_ = library.failure;
-    if (!library.handle)
-        return;
-    if (const auto make = reinterpret_cast<Make>(::dlsym(library.handle, "quillmere_wave_input")))
+    failure_ = library.failure();
+    if (const auto make = library.function<Make>("quillmere_wave_input"))
         engine_.reset(make());
-    else
+    else if (failure_.empty())
         failure_ = ::dlerror();
     if (engine_) {
         engine_->BufferDone = [this](platform::WaveBuffer& buffer) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desktop/module.h"
 #include "platform/wave_input.h"
 
 #include <future>
@@ -29,14 +30,7 @@ public:
     base::Text errorText(Result result) const override;
 
 private:
-    // The module once it is read: its handle, or why there is none.
-    struct Module {
-        void* handle = nullptr;
-        std::string failure;
-    };
-
     void load();
-    static Module read(const std::string& path);
 
     std::string module_;
     std::future<Module> reading_;

@@ -1,9 +1,9 @@
 #include "desktop/print_module.h"
 
 #include "base/carry_on.h"
+#include "desktop/module.h"
 
 #include <QLoggingCategory>
-#include <dlfcn.h>
 
 namespace desktop {
 
@@ -11,15 +11,14 @@ platform::Printer& PrintModule::printer() {
     if (printer_)
         return *printer_;
     using Make = platform::Printer* (*)();
-    // Never unloaded: Qt keeps what the libraries behind it have registered.
-    void* const handle = ::dlopen(path_.c_str(), RTLD_NOW);
-    void* const entry = handle ? ::dlsym(handle, "quillmere_printer") : nullptr;
-    if (!entry) {
-        const std::string reason = ::dlerror();
+    const Module library(path_);
+    const auto make = library.function<Make>("quillmere_printer");
+    if (!make) {
+        const std::string reason = library.failure().empty() ? ::dlerror() : library.failure();
         qCritical("Printing could not be loaded: %s", reason.c_str());
         throw base::Failure(reason);
     }
-    printer_.reset(reinterpret_cast<Make>(entry)());
+    printer_.reset(make());
     return *printer_;
 }
 
