@@ -26,7 +26,7 @@ for name in 'First answer' 'Жук, «sieve»' '"Last" one'; do
   mark "$name"
   player
   key F7
-  sleep 0.3
+  rest_position 66 >/dev/null
 done
 use_window Bookmarks || fail "no window of bookmarks"
 screenshot three
@@ -52,12 +52,12 @@ use_window Bookmarks || fail "the bookmarks did not come up by themselves"
 player
 hover 340 160
 key F5
-expect_soon "paused" 2 'resting'
+expect_soon "paused" 4 resting
 use_window Bookmarks
 xdotool mousemove --window "$window" 100 32 click --repeat 2 --delay 60 1
 player
 hover 340 160
+seen=$(rest_position 66)
 screenshot jumped
-seen=$(position 66)
 ((seen >= at * 10 + 46 && seen <= at * 10 + 54)) || fail "a jump to second $((at + 5)) ends at $seen tenths"
 quit_program

@@ -111,6 +111,15 @@ settings_line() {  # FOLDER N
   sed -n "$2{s/\r\$//;p;q}" "$1/Files/Quillmere.ini"
 }
 
+box() {  # a box of the program waits for an answer
+  xprop -id "$(xdotool getactivewindow 2>/dev/null)" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q _DIALOG
+}
+
+answer() {  # KEYS...: to the box that comes up
+  expect_soon "a box asks" 10 box
+  key "$@"
+}
+
 # ---- Hands and eyes: on $window, the player unless use_window chose another --
 
 key() {  # KEYS..., as in: key ctrl+s Return
@@ -164,6 +173,14 @@ shows() {  # PICTURE X Y: the skin shows this picture of Files at that place
 
 playing() { shows pause.jpg 70 84 || shows pause2.jpg 70 84; }
 resting() { shows play.jpg 70 84 || shows play2.jpg 70 84; }
+
+rest_position() {  # as position, once the bar stands still: what a key moves is drawn with the player's next tick
+  local length=$1 at=
+  wait_until 10 '[[ $at == $(position $length) ]] || { at=$(position $length); sleep 0.3; false; }' || fail "the position does not come to rest"
+  echo "$at"
+}
+
+now() { echo $((${EPOCHREALTIME/[.,]/} / 1000)); }  # ms
 
 position() {  # the filled part of the position bar in tenths of a second of a recording of $1 s
   local filled

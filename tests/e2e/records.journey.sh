@@ -40,10 +40,7 @@ screenshot idle
 start_recording 01
 screenshot recording
 start_button
-sleep 0.5
-held=$(bytes 01)
-sleep 0.5
-expect_eq "a pause writes nothing" "$held" "$(bytes 01)"
+expect_soon "a pause writes nothing" 5 'held=$(bytes 01); sleep 0.5; [[ $held == $(bytes 01) ]]'
 screenshot paused
 start_button
 expect_soon "it goes on, for long enough to be played below" 20 "grown 01 $((held + 1000000))"
@@ -68,14 +65,14 @@ expect_whole 03
 
 open_recorder
 start_recording 04
-expect_soon "a second of sound" 5 'grown 04 180000'
+expect_soon "a second of sound" 10 'grown 04 180000'
 kill -KILL "$program"
 wait "$program" 2>/dev/null || true
 cut=$(bytes 04)
 use_sound_card
 start_program "$folder"
 expect_soon "the repaired copy" 15 '[[ -e "$folder/Rec 04 repaired.wav" ]]'
-sleep 0.5
+expect_soon "a box tells of it" 10 box
 screenshot repaired
 key Return
 expect_eq "samples of the repaired copy" $(((cut - 44) / 4)) "$(soxi -s "$folder/Rec 04 repaired.wav")"

@@ -47,8 +47,8 @@ type_text 'a'
 screenshot replacing
 key alt+a
 expect_soon "the window gives way to the count" 5 '! xdotool search --onlyvisible --name "^Replace" >/dev/null 2>&1'
-sleep 0.3
-key Return
+answer Return
+expect_soon "the count is read" 4 '! box'
 use_editor
 key ctrl+p
 use_window Print || fail "no printer dialog"
@@ -57,6 +57,7 @@ key Return
 expect_soon "a file is written where there is no printer" 10 \
   '[[ $(pdftotext "$HOME/Untitled 1.pdf" - 2>/dev/null) == "a pilot and a harbour"* ]]'
 kill "$program"
+wait "$program" || true
 
 start_print_server || { echo "No print server can run here: printing on a queue is left out."; exit 0; }
 start_program "$folder"

@@ -2,24 +2,27 @@
 # Files dragged from another program onto the player: the first one plays, a web address does nothing.
 source "$(dirname "$0")/lib.sh"
 
+source= # the program dragged from; it has to answer the player even when the button is up
 drag_onto_player() { # ADDRESS...
+  [[ ! $source ]] || kill "$source"
   as_companion "$DRAG_SOURCE" "Drag source" "$@" >>"$scratch/program.log" 2>&1 &
-  local source=$! player=$window x y
+  source=$!
+  companions+=("$source")
+  local player=$window x y
   use_window "Drag source" || fail "the drag source did not appear"
   xdotool mousemove --window "$window" 100 50 mousedown 1
   eval "$(xdotool getwindowgeometry --shell "$player")"
   # A drag begins, enters and drops by moves that the programs have time to answer.
   for x in 110 120 130; do
     xdotool mousemove --window "$window" "$x" 50
-    sleep 0.05
-  done
-  for y in 170 165 160; do
-    xdotool mousemove --window "$player" 20 "$y"
     sleep 0.1
+  done
+  for y in 175 170 165 160; do
+    xdotool mousemove --window "$player" 20 "$y"
+    sleep 0.15
   done
   xdotool mouseup 1
   sleep 0.3
-  kill "$source"
   window=$player
 }
 

@@ -7,7 +7,7 @@ words() { "$RTF_TEXT" "$HOME/interview.rtf"; }
 quit_keys() {
   use_window Quillmere
   key ctrl+q
-  sleep 0.5
+  expect_soon "a box asks" 10 box
 }
 
 start_display
@@ -31,13 +31,12 @@ xdotool windowminimize "$window"
 expect_soon "the editor goes with the player" 5 '! xdotool search --onlyvisible --name "^Text Editor" >/dev/null'
 xdotool windowmap "$window"
 use_editor 'Untitled 1'
-sleep 0.3
-expect_eq "the editor comes back where it was" "$place" "$(xdotool getwindowgeometry "$window")"
+expect_soon "the editor comes back where it was" 4 '[[ $(xdotool getwindowgeometry "$window") == "$place" ]]'
 
 quit_keys
 screenshot asked
 key Escape
-sleep 0.3
+expect_soon "the box is gone" 4 '! box'
 expect "a cancelled exit keeps the program" running
 quit_keys
 key alt+y
