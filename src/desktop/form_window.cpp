@@ -209,7 +209,9 @@ void FormWindow::dropEvent(QDropEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-    report(form_.KeyDown, *event);
+    // An Escape that is held when it has closed a box goes on here, where it would end the program.
+    if (!event->isAutoRepeat())
+        report(form_.KeyDown, *event);
 }
 
 void FormWindow::keyReleaseEvent(QKeyEvent* event) {

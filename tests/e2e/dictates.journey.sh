@@ -38,12 +38,12 @@ hover 330 150
 expect_soon "the sample plays" 10 '(( $(position $length) > 40 ))'
 press play
 hover 330 150
-expect_soon "paused" 2 resting
+expect_soon "paused" 10 resting
 from=$(rest_position $length)
 began=$(now)
 click 287 $((109 + $(skin_top))) # smart play starts the player
 hover 330 150
-expect_soon "playing" 3 playing
+expect_soon "playing" 10 playing
 changed "$began"
 expect_eq "the mode is kept" 1 "$(settings_line "$folder" 23)"
 
@@ -64,11 +64,11 @@ phase resting 2800 3400
 screenshot paused
 
 press stop
-expect_soon "the stop ends the mode" 2 '[[ $(settings_line "$folder" 23) == 0 ]]'
+expect_soon "the stop ends the mode" 10 '[[ $(settings_line "$folder" 23) == 0 ]]'
 sleep 4
 expect "and nothing starts again" resting
 expect_eq "at the start" 0 "$(rest_position $length)"
 use_window 'Text Editor - Untitled 1'
 key ctrl+q
 answer alt+n
-expect_soon "the program ends" 5 '! running'
+expect_soon "the program ends" 10 '! running'

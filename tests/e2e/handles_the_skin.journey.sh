@@ -10,15 +10,15 @@ start_program "$folder" "$folder/Samples/Interview.mp3"
 
 hover 340 160 # after an open the play button keeps its picture until the mouse was elsewhere
 hover 94 109
-expect_soon "play lights up" 4 'shows pause2.jpg 70 84'
+expect_soon "play lights up" 10 'shows pause2.jpg 70 84'
 screenshot hover_play
 hover 172 109
-expect_soon "stop lights up" 4 'shows stop2.jpg 154 90'
-expect_soon "play rests again" 4 'shows pause.jpg 70 84'
+expect_soon "stop lights up" 10 'shows stop2.jpg 154 90'
+expect_soon "play rests again" 10 'shows pause.jpg 70 84'
 hover 44 109
-expect_soon "open lights up" 4 'shows Apri2.bmp 20 90'
+expect_soon "open lights up" 10 'shows Apri2.bmp 20 90'
 hover 340 160
-expect_soon "open rests again" 4 'shows Apri.bmp 20 90'
+expect_soon "open rests again" 10 'shows Apri.bmp 20 90'
 
 xdotool mousemove --window "$window" 323 $((43 + $(skin_top))) mousedown 1
 for y in 50 60 70 80; do
@@ -28,7 +28,7 @@ done
 screenshot volume_dragged
 xdotool mouseup 1
 hover 340 160
-expect_soon "the volume has faded from sight" 4 '[[ $(import -window "$window" -crop "33x16+308+$((113 + $(skin_top)))" png:- | identify -format %k -) == 1 ]]'
+expect_soon "the volume has faded from sight" 10 '[[ $(import -window "$window" -crop "33x16+308+$((113 + $(skin_top)))" png:- | identify -format %k -) == 1 ]]'
 
 key F4 F4 F3
 screenshot speed
@@ -37,7 +37,7 @@ use_window "Language" || fail "the language dialog did not appear"
 type_text "$folder/Files/Lang/Italiano.lng"
 key Return
 use_window Quillmere || fail "the player is gone"
-expect_soon "the choice is saved" 3 '[[ $(settings_line "$folder" 1) == Italiano.lng ]]'
+expect_soon "the choice is saved" 10 '[[ $(settings_line "$folder" 1) == Italiano.lng ]]'
 screenshot italian
 volume=$(settings_line "$folder" 2)
 ((volume > 20 && volume < 70)) || fail "the volume was dragged to $volume"
@@ -51,4 +51,4 @@ read -r left top < <(xwininfo -id "$window" | sed -n 's/.*Absolute upper-left [X
 IFS=', ' read -r border _ title _ < <(xprop -id "$window" _NET_FRAME_EXTENTS | sed 's/.*= //')
 expect_eq "the player comes back to its own place" "50 50" "$((left - border)) $((top - title))"
 key Escape
-expect_soon "Esc quits" 5 '! running'
+expect_soon "Esc quits" 10 '! running'

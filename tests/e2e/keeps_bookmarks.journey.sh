@@ -10,7 +10,7 @@ mark() { # NAME
   type_text "$1"
   [[ $1 != Жук* ]] || screenshot naming
   key Return
-  expect_soon "the dialog closes" 3 '! xdotool search --onlyvisible --name "^Add bookmark$" >/dev/null 2>&1'
+  expect_soon "the dialog closes" 10 '! xdotool search --onlyvisible --name "^Add bookmark$" >/dev/null 2>&1'
 }
 
 start_display
@@ -52,7 +52,7 @@ use_window Bookmarks || fail "the bookmarks did not come up by themselves"
 player
 hover 340 160
 key F5
-expect_soon "paused" 4 resting
+expect_soon "paused" 10 resting
 use_window Bookmarks
 xdotool mousemove --window "$window" 100 32 click --repeat 2 --delay 60 1
 player

@@ -22,7 +22,7 @@ expect "the pause picture" playing
 looked=$(now)
 before=$(position $length)
 key F5
-expect_soon "the play picture" 4 resting
+expect_soon "the play picture" 10 resting
 near "a pause goes two seconds back" $((before - 20)) "$(tenths "$looked")"
 at=$(rest_position $length)
 sleep 0.5
@@ -36,18 +36,18 @@ near "one step back" "$at"
 expect "still paused" resting
 
 press play
-expect_soon "playing again" 4 playing
+expect_soon "playing again" 10 playing
 hover 330 150
-expect_soon "the position runs" 4 '(($(position $length) > at + 5))'
+expect_soon "the position runs" 10 '(($(position $length) > at + 5))'
 
 press stop
-expect_soon "stopped at the start" 4 '[[ $(position $length) == 0 ]]'
+expect_soon "stopped at the start" 10 '[[ $(position $length) == 0 ]]'
 expect "the play picture after a stop" resting
 
 key F5
 looked=$(now)
 press seek 310
-expect_soon "a click on the bar" 4 '(( $(position $length) >= 607 ))'
+expect_soon "a click on the bar" 10 '(( $(position $length) >= 607 ))'
 at=$(position $length)
 ((at <= 617 + $(tenths "$looked"))) || fail "a click on the bar, in whole seconds, leads to $at tenths, not to 612"
 expect_soon "the end of the recording" 15 'resting && [[ $(position $length) == 0 ]]'

@@ -40,12 +40,12 @@ screenshot idle
 start_recording 01
 screenshot recording
 start_button
-expect_soon "a pause writes nothing" 5 'held=$(bytes 01); sleep 0.5; [[ $held == $(bytes 01) ]]'
+expect_soon "a pause writes nothing" 10 'held=$(bytes 01); sleep 0.5; [[ $held == $(bytes 01) ]]'
 screenshot paused
 start_button
 expect_soon "it goes on, for long enough to be played below" 20 "grown 01 $((held + 1000000))"
 stop_button
-expect_soon "the header" 5 '[[ $(head -c 4 "$folder/Rec 01.wav") == RIFF ]]'
+expect_soon "the header" 10 '[[ $(head -c 4 "$folder/Rec 01.wav") == RIFF ]]'
 expect_whole 01
 
 close_recorder
@@ -54,13 +54,13 @@ start_recording 02
 start_button
 sleep 0.3
 stop_button
-expect_soon "the header after a stop in a pause" 5 '[[ $(head -c 4 "$folder/Rec 02.wav") == RIFF ]]'
+expect_soon "the header after a stop in a pause" 10 '[[ $(head -c 4 "$folder/Rec 02.wav") == RIFF ]]'
 expect_whole 02
 close_recorder
 open_recorder
 start_recording 03
 close_recorder
-expect_soon "the header after the window was closed" 5 '[[ $(head -c 4 "$folder/Rec 03.wav") == RIFF ]]'
+expect_soon "the header after the window was closed" 10 '[[ $(head -c 4 "$folder/Rec 03.wav") == RIFF ]]'
 expect_whole 03
 
 open_recorder

@@ -46,9 +46,9 @@ key Tab
 type_text 'a'
 screenshot replacing
 key alt+a
-expect_soon "the window gives way to the count" 5 '! xdotool search --onlyvisible --name "^Replace" >/dev/null 2>&1'
+expect_soon "the window gives way to the count" 10 '! xdotool search --onlyvisible --name "^Replace" >/dev/null 2>&1'
 answer Return
-expect_soon "the count is read" 4 '! box'
+expect_soon "the count is read" 10 '! box'
 use_editor
 key ctrl+p
 use_window Print || fail "no printer dialog"

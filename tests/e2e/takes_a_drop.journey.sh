@@ -37,7 +37,7 @@ drag_onto_player https://example.org/talk.mp3
 playing && fail "a web address must not play"
 
 drag_onto_player "$scratch/dropped one.mp3" "$folder/Samples/Interview.mp3"
-expect_soon "the dropped file plays" 5 '(($(position 66) > 5)) && pactl list short sink-inputs | grep -q .'
+expect_soon "the dropped file plays" 10 '(($(position 66) > 5)) && pactl list short sink-inputs | grep -q .'
 screenshot dropped
 [[ ! -e $folder/Files/LastFiles.ini ]] || fail "a drop must not enter the recent list"
 

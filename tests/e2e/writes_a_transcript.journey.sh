@@ -28,15 +28,15 @@ screenshot formatted
 place=$(xdotool getwindowgeometry "$window")
 use_window Quillmere
 xdotool windowminimize "$window"
-expect_soon "the editor goes with the player" 5 '! xdotool search --onlyvisible --name "^Text Editor" >/dev/null'
+expect_soon "the editor goes with the player" 10 '! xdotool search --onlyvisible --name "^Text Editor" >/dev/null'
 xdotool windowmap "$window"
 use_editor 'Untitled 1'
-expect_soon "the editor comes back where it was" 4 '[[ $(xdotool getwindowgeometry "$window") == "$place" ]]'
+expect_soon "the editor comes back where it was" 10 '[[ $(xdotool getwindowgeometry "$window") == "$place" ]]'
 
 quit_keys
 screenshot asked
 key Escape
-expect_soon "the box is gone" 4 '! box'
+expect_soon "the box is gone" 10 '! box'
 expect "a cancelled exit keeps the program" running
 quit_keys
 key alt+y
@@ -62,7 +62,7 @@ type_text ' Then loud.'
 sleep 0.2
 screenshot opened
 key ctrl+s
-expect_soon "the text is saved over its file" 5 '[[ $(words) == *"Quietly. Then loud."* ]]'
+expect_soon "the text is saved over its file" 10 '[[ $(words) == *"Quietly. Then loud."* ]]'
 click 24 37 # a new document, without a question, since all is saved
 use_editor 'Untitled 2'
 quit_program
