@@ -24,11 +24,7 @@ TEST(LazyPlayer, WithoutItsModule_AnswersLikeAFileThatCannotBePlayed) {
         }
         EXPECT_EQ(player.URL(), u"/a/talk.mp3");
         EXPECT_EQ(player.currentPosition(), 0);
-        EXPECT_EQ(player.currentPositionString(), u"");
         EXPECT_EQ(player.duration(), 0);
-        player.setURL(u"");
-        player.close();
-        EXPECT_EQ(player.URL(), u"");
         EXPECT_EQ(complaints, 1) << "one line for the whole run";
     }
     qInstallMessageHandler(before);
