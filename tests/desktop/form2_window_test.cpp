@@ -8,8 +8,6 @@
 #include "fakes/virtual_loop.h"
 
 #include <QApplication>
-#include <QComboBox>
-#include <QLineEdit>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -66,19 +64,6 @@ TEST_F(Form2WindowTest, HiddenAndShown_KeepsItsSize_WithTheKeyboardInTheText) {
     QCoreApplication::sendPostedEvents();
     EXPECT_TRUE(eventually([&] { return window.isVisible() && window.frameGeometry().size() == before; }));
     EXPECT_EQ(window.focusWidget(), &text);
-}
-
-TEST_F(Form2WindowTest, FontBox_TellsWhatIsTypedAndChosen_NotWhatTheProgramSets) {
-    std::vector<base::Text> told;
-    form.Combo2.items = {u"10", u"12", u"14"};
-    form.Combo2.Change = [&] { told.push_back(form.Combo2.text); };
-    form.Combo2.text = u"12";
-    auto& box = dynamic_cast<QComboBox&>(view(form.Combo2));
-    EXPECT_EQ(box.currentText(), u"12");
-    box.lineEdit()->selectAll();
-    QTest::keyClicks(box.lineEdit(), QStringLiteral("9.5"));
-    QTest::keyClick(&box, Qt::Key_Down);
-    EXPECT_EQ(told, (std::vector<base::Text>{u"9", u"9.", u"9.5", u"10"}));
 }
 
 TEST_F(Form2WindowTest, Escape_InATextOrABox_DoesNotReachTheWindow) {

@@ -1,4 +1,5 @@
 #include "desktop/lazy_player.h"
+#include "desktop/lazy_wave_input.h"
 
 #include <QtGlobal>
 #include <gtest/gtest.h>
@@ -28,4 +29,14 @@ TEST(LazyPlayer, WithoutItsModule_AnswersLikeAFileThatCannotBePlayed) {
         EXPECT_EQ(complaints, 1) << "one line for the whole run";
     }
     qInstallMessageHandler(before);
+}
+
+TEST(LazyWaveInput, WithoutItsModule_RefusesEveryDevice_AndSaysWhy) {
+    for (const char* module : {"/nowhere/capture.so", "libc.so.6"}) {
+        desktop::LazyWaveInput device(module);
+        EXPECT_NE(device.open({}), 0);
+        EXPECT_NE(device.errorText(0), u"") << module;
+        EXPECT_NE(device.start(), 0);
+        device.close();
+    }
 }
