@@ -14,22 +14,9 @@ constexpr base::TextView mixedText =
 
 } // namespace
 
-TEST_F(RichText, Text_AfterWriting_IsTheSameText_WithItsLineEndsAsCrLf) {
-    const std::pair<base::TextView, base::TextView> rows[] = {
-        {u"", u""},
-        {u"\r\n", u"\r\n"},
-        {mixedText, mixedText},
-        {u"a\nb\rc\u2029d\r\r\ne\uFDD0f", u"a\r\nb\r\nc\r\nd\r\n\r\ne\uFFFDf"}};
-    for (const auto& [written, read] : rows) {
-        rtb.setText(written);
-        EXPECT_EQ(rtb.Text(), read);
-        EXPECT_EQ(rtb.textLength(), static_cast<std::int32_t>(read.size()));
-        EXPECT_EQ(rtb.SelStart(), 0);
-    }
-}
-
 TEST_F(RichText, SelStart_AtEveryPlace_IsTheNearestPlaceBefore) {
     rtb.setText(mixedText);
+    EXPECT_EQ(rtb.Text(), mixedText);
     const base::Text text(mixedText);
     const auto length = static_cast<std::int32_t>(text.size());
     for (std::int32_t place = -3; place <= length + 3; ++place) {

@@ -65,7 +65,6 @@ TEST_F(RichTextEvents, Keys_PressedAndReleased_AreToldByTheirNumbers) {
         Qt::KeyboardModifiers held;
         Told told;
     } rows[] = {
-        {Qt::Key_F12, {}, {"down 123/0", "up 123/0"}},
         {Qt::Key_F4, Qt::ShiftModifier | Qt::KeypadModifier, {"down 115/1", "up 115/1"}},
         {Qt::Key_Z, Qt::ControlModifier | Qt::AltModifier, {"down 90/6", "up 90/6"}},
         {Qt::Key_Return, {}, {"down 13/0", "up 13/0"}},
