@@ -46,23 +46,22 @@ protected:
     }
     ~FileDlgTest() override { QDir::setCurrent(before); }
 
-    static QStringList names(QFileDialog& dialog) {
-        const auto* const list = dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"));
-        QStringList shown;
-        for (int row = 0; row < list->model()->rowCount(list->rootIndex()); ++row)
-            shown << list->model()->index(row, 0, list->rootIndex()).data().toString();
-        shown.sort();
+    static QAbstractItemView& list(QFileDialog& dialog) {
+        return *dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"));
+    }
+    static QMap<QString, QModelIndex> files(QFileDialog& dialog) {
+        const QAbstractItemModel& model = *list(dialog).model();
+        const QModelIndex root = list(dialog).rootIndex();
+        QMap<QString, QModelIndex> shown;
+        for (int row = 0; row < model.rowCount(root); ++row)
+            shown.insert(model.index(row, 0, root).data().toString(), model.index(row, 0, root));
         return shown;
     }
     // Picks this name from the list, once the list has it.
     static void pick(QFileDialog& dialog, const QString& name) {
-        auto* const list = dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"));
-        ASSERT_TRUE(eventually([&] { return names(dialog).contains(name); })) << name.toStdString();
-        const QModelIndexList found =
-            list->model()->match(list->model()->index(0, 0, list->rootIndex()), Qt::DisplayRole, name, 1,
-                                 Qt::MatchExactly | Qt::MatchCaseSensitive);
-        list->setCurrentIndex(found.value(0));
-        QTest::keyClick(list, Qt::Key_Return);
+        ASSERT_TRUE(eventually([&] { return files(dialog).contains(name); })) << name.toStdString();
+        list(dialog).setCurrentIndex(files(dialog).value(name));
+        QTest::keyClick(&list(dialog), Qt::Key_Return);
     }
     // The answer of the dialog when this is done with it.
     base::Text ask(std::function<void(QFileDialog&)> act) {
@@ -119,12 +118,10 @@ TEST_F(FileDlgTest, Filters_LetThroughWhatTheyName) {
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Open media file"));
         const auto* const box = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
         EXPECT_EQ(box->itemText(0) + u'|' + box->itemText(1), QStringLiteral("Media files|All files"));
-        EXPECT_TRUE(eventually([&] {
-            return names(dialog) ==
-                   QStringList({QStringLiteral("B.MP3"), QStringLiteral("a.mp3"), QStringLiteral("c.wav")});
-        }));
+        EXPECT_TRUE(eventually(
+            [&] { return files(dialog).keys().join(u'|') == QStringLiteral("B.MP3|a.mp3|c.wav"); }));
         dialog.selectNameFilter(dialog.nameFilters().value(1));
-        EXPECT_TRUE(eventually([&] { return names(dialog).size() == 5; }));
+        EXPECT_TRUE(eventually([&] { return files(dialog).size() == 5; }));
         dialog.reject();
     });
     EXPECT_EQ(chosen, u"");
