@@ -97,7 +97,7 @@ TEST_F(Printing, ThePageKeepsFormats_WithinItsMargins_InBlackWhateverTheTheme) {
     const QRect image = extent(page, Qt::blue, page.rect());
     EXPECT_NEAR(image.left(), margin, 2);
     EXPECT_NEAR(image.right(), textEnd, 2) << "as large as the page can hold";
-    EXPECT_NEAR(image.height(), image.width() / 20, 2);
+    EXPECT_NEAR(image.height(), image.width() / 20.0, 2);
 }
 
 TEST_F(Printing, PaperAndOrientation_AreThoseThatWereSet_AndASelectionGoesAlone) {

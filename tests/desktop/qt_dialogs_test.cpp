@@ -1,6 +1,5 @@
 #include "desktop/qt_dialogs.h"
 
-#include "desktop/conversions.h"
 #include "eventually.h"
 #include "fakes/temporary_folder.h"
 
@@ -16,7 +15,6 @@
 #include <gtest/gtest.h>
 
 using namespace std::string_literals;
-using desktop::qstring;
 using fakes::eventually;
 using platform::Answer;
 using platform::BoxStyle;
@@ -37,8 +35,8 @@ void whenOpen(std::function<void(Dialog&)> act) {
     });
 }
 
-class FileDlgTest
-    : public testing::Test { // NOLINT(cppcoreguidelines-virtual-class-destructor): as gtest's own
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): as gtest's own
+class FileDlgTest : public testing::Test {
 protected:
     FileDlgTest() {
         request.open = true;
