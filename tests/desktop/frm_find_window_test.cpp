@@ -25,45 +25,42 @@ protected:
         form.cboFind.setFocus();
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
-    template <typename View>
-    View& view(const char* name) {
-        return *window.findChild<View*>(QLatin1String(name));
-    }
-
     desktop::QtEventLoop loop;
     editor::FrmFind form{loop};
     desktop::FrmFindWindow window{form};
+    QComboBox& box{*window.findChild<QComboBox*>(QStringLiteral("cboFind"))};
     std::string pressed;
 };
 
 } // namespace
 
 TEST_F(FrmFindWindow, Keys_PressTheButtonsThatAreForThem) {
-    auto& line = *view<QComboBox>("cboFind").lineEdit();
-    QTest::keyClicks(&line, QStringLiteral("one"));
+    QLineEdit* const line = box.lineEdit();
+    QTest::keyClicks(line, QStringLiteral("one"));
     EXPECT_EQ(form.cboFind.text.get(), u"one");
-    QTest::keyClick(&line, Qt::Key_Return);
-    view<QWidget>("cmdReplace").setFocus();
-    QTest::keyClick(&view<QWidget>("cmdReplace"), Qt::Key_Return);
+    QTest::keyClick(line, Qt::Key_Return);
+    form.cmdReplace.setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     form.cmdFind.caption = u"&Next";
-    form.cmdCancel.caption = u"Away";
     QTest::keyClick(&window, Qt::Key_N, Qt::AltModifier);
     EXPECT_TRUE(fakes::eventually([this] { return pressed == "find replace find "; })) << pressed;
-    QTest::keyClick(&line, Qt::Key_Escape);
+    QTest::keyClick(line, Qt::Key_Escape);
     window.close();
     EXPECT_EQ(pressed, "find replace find cancel ");
     EXPECT_TRUE(window.isVisible()) << "the data says when it goes";
 }
 
-TEST_F(FrmFindWindow, ABox_HoldsWhateverIsPasted_AndTellsOfWhatIsChosen) {
+TEST_F(FrmFindWindow, ABox_HoldsWhateverIsPasted_AndTellsWhatTheUserDoes_NotWhatTheProgramSets) {
+    form.cboFind.Change = [this] { pressed += "changed "; };
     const QString huge = QString(100'000, u'x') + QStringLiteral("\ny");
     QApplication::clipboard()->setText(huge);
-    auto& box = view<QComboBox>("cboFind");
     box.lineEdit()->paste();
     EXPECT_EQ(form.cboFind.text->size(), 100'002U);
-    form.cboFind.items = std::vector<base::Text>{form.cboFind.text.get(), u"one"};
-    EXPECT_EQ(box.currentText(), huge) << "a longer list leaves the text alone";
-    Q_EMIT box.textActivated(QStringLiteral("one"));
+    form.cboFind.items = std::vector<base::Text>{u"zero", u"one"};
+    EXPECT_EQ(box.currentText(), huge) << "a new list leaves the text alone";
+    form.cboFind.text = u"zero";
+    EXPECT_EQ(pressed, "changed ");
+    QTest::keyClick(&box, Qt::Key_Down);
     EXPECT_EQ(form.cboFind.text.get(), u"one");
-    EXPECT_EQ(pressed, "chosen ");
+    EXPECT_EQ(pressed, "changed changed chosen ");
 }

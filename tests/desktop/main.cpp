@@ -15,7 +15,7 @@ int tellSystem() {
     desktop::QtSystem system;
     const bool refused = system.previousInstance();
     const auto utf8 = [](const base::Text& text) { return base::toUtf8(text); };
-    std::printf("%s\n%s\n%s\n%s\n", refused ? "refused" : "first", utf8(system.programFolder()).c_str(),
+    std::printf("%s\n%s\n%s\n", refused ? "refused" : "first",
                 utf8(system.LeggiLocale(platform::localeEnglishCountry)).c_str(),
                 utf8(desktop::QtSystem::codePage().decode("\xE5")).c_str());
     std::fflush(stdout);

@@ -1,25 +1,21 @@
 #include "base/carry_on.h"
 #include "desktop/conversions.h"
-#include "desktop/editor/rich_text_edit.h"
-#include "eventually.h"
 #include "fakes/temporary_folder.h"
 #include "print_dialog.h"
 #include "qt_printer.h"
+#include "rich_text_fixture.h"
 
 #include <QApplication>
-#include <QBuffer>
-#include <QComboBox>
+#include <QDialog>
 #include <QImage>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QPageSetupDialog>
 #include <QProcess>
 #include <QPushButton>
 #include <QSpinBox>
+#include <QTimer>
 #include <filesystem>
 #include <gtest/gtest.h>
 
-using fakes::eventually;
 using platform::PrinterProperty;
 
 namespace {
@@ -28,13 +24,6 @@ constexpr int dotsPerInch = 100;
 constexpr int margin = 78;   // dots: 20 mm
 constexpr int textEnd = 748; // dots: A4 less 20 mm
 constexpr QRgb teal = 0x0E7C86;
-
-std::string output(const QString& program, const QStringList& arguments) {
-    QProcess process;
-    process.start(program, arguments);
-    EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
-    return process.readAllStandardOutput().toStdString();
-}
 
 // What is printed on the printer that writes PDF files.
 class Printing : public testing::Test {
@@ -51,19 +40,11 @@ protected:
         rtb.SelPrint(printer.hDC());
     }
     QString path() const { return desktop::qstring(base::TextView(settings.file)); }
-    std::string textOnPaper() {
-        std::string text =
-            output(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), path(), QStringLiteral("-")});
-        std::erase(text, '\f');
-        return text;
-    }
     QImage paper(int page) {
-        const QString number = QString::number(page);
-        const QString image = path() + QStringLiteral(".") + number;
-        output(QStringLiteral("pdftoppm"),
-               {QStringLiteral("-r"), QString::number(dotsPerInch), QStringLiteral("-f"), number,
-                QStringLiteral("-l"), number, QStringLiteral("-png"), QStringLiteral("-singlefile"), path(),
-                image});
+        const QString image = path() + QStringLiteral(".") + QString::number(page);
+        const QString options =
+            QStringLiteral("-r %1 -f %2 -l %2 -png -singlefile").arg(dotsPerInch).arg(page);
+        QProcess::execute(QStringLiteral("pdftoppm"), options.split(u' ') << path() << image);
         return QImage(image + QStringLiteral(".png")).convertToFormat(QImage::Format_RGB32);
     }
 
@@ -88,30 +69,7 @@ QRect extent(const QImage& image, QColor color, QRect area) {
     return found;
 }
 
-std::string picture(QColor color) {
-    QImage image(40, 20, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes.toHex().toStdString();
-}
-
 } // namespace
-
-TEST_F(Printing, TheSelectionIsPrintedAlone_ElseAll_AndNothingOfADocumentOfNothing) {
-    rtb.setText(u"one\r\ntwo three");
-    print();
-    EXPECT_EQ(textOnPaper(), "one\ntwo three\n");
-    rtb.setSelStart(5);
-    rtb.setSelLength(3);
-    print();
-    EXPECT_EQ(textOnPaper(), "two\n");
-    std::filesystem::remove(path().toStdString());
-    rtb.setText(u"");
-    print();
-    EXPECT_FALSE(std::filesystem::exists(path().toStdString()));
-}
 
 TEST_F(Printing, ThePageKeepsFormats_WithinItsMargins_InBlackWhateverTheTheme) {
     QPalette red = rtb.palette();
@@ -122,7 +80,7 @@ TEST_F(Printing, ThePageKeepsFormats_WithinItsMargins_InBlackWhateverTheTheme) {
                  R"(\pard\f0\fs24 IIIIIIIIII\par\pard\qr\cf1\b HHHH\b0\cf0\par)"
                  R"(\pard\fi-360\li720{\*\pn\pnlvlblt\pnindent360{\pntxtb\'B7}}{\pntext\'B7\tab}HHHH\par)"
                  R"(\pard{\pict\pngblip\picw40\pich20\picwgoal40000\pichgoal2000 )" +
-                     picture(Qt::blue) + "}\\par}");
+                     tests::pngDigits(QSize(40, 20), Qt::blue) + "}\\par}");
     rtb.LoadFile(folder.text("in.rtf"));
     print();
     const QImage page = paper(1);
@@ -139,10 +97,10 @@ TEST_F(Printing, ThePageKeepsFormats_WithinItsMargins_InBlackWhateverTheTheme) {
     const QRect image = extent(page, Qt::blue, page.rect());
     EXPECT_NEAR(image.left(), margin, 2);
     EXPECT_NEAR(image.right(), textEnd, 2) << "as large as the page can hold";
-    EXPECT_NEAR(image.height(), image.width() / 20, 2);
+    EXPECT_NEAR(image.height(), image.width() / 20.0, 2);
 }
 
-TEST_F(Printing, PaperAndOrientation_AreThoseThatWereSet) {
+TEST_F(Printing, PaperAndOrientation_AreThoseThatWereSet_AndASelectionGoesAlone) {
     rtb.setText(u"one");
     settings.Orientation = platform::PageOrientation::Landscape;
     settings.PaperSize = {u"A5", 8390, 11906};
@@ -151,9 +109,15 @@ TEST_F(Printing, PaperAndOrientation_AreThoseThatWereSet) {
     rtb.setText(base::Text(60, u'\n') + u"one");
     print();
     EXPECT_TRUE(extent(paper(3), Qt::black, QRect(0, 0, 827, 584)).isValid()) << "a third page";
+    rtb.setSelStart(120);
+    rtb.setSelLength(3);
+    print();
+    EXPECT_TRUE(extent(paper(1), Qt::black, QRect(0, 0, 827, 584)).isValid()) << "the selection alone";
 }
 
-TEST_F(Printing, WhatCannotBePrintedOn_IsAFailure) {
+TEST_F(Printing, WhatCannotBePrintedOn_IsAFailure_AndNothingOfADocumentOfNothing) {
+    print();
+    EXPECT_FALSE(std::filesystem::exists(path().toStdString()));
     rtb.setText(u"one");
     settings.file = folder.text("no such folder/out.pdf");
     EXPECT_THROW(print(), base::Failure);
@@ -161,41 +125,23 @@ TEST_F(Printing, WhatCannotBePrintedOn_IsAFailure) {
     EXPECT_EQ(printer.DeviceName(), desktop::pdfPrinter);
 }
 
-namespace {
-
-// The answer of the printer dialog when this is done with it.
-template <typename Act>
-std::optional<platform::PrinterChoice> ask(desktop::QtPrinter& printer, Act act) {
-    QTimer::singleShot(0, qApp, [act] {
-        QWidget* dialog = nullptr;
-        eventually([&] { return (dialog = QApplication::activeModalWidget()) && dialog->isVisible(); });
-        ASSERT_NE(dialog, nullptr);
-        act(static_cast<QDialog&>(*dialog));
-    });
-    return printer.PrintDlg("Form2", u"a/b", {printer.DeviceName(), printer.settings()});
-}
-
-} // namespace
-
 TEST_F(Printing, TheDialog_WithoutPrinters_OffersAFile_AndTellsWhatWasChosen) {
-    EXPECT_FALSE(ask(printer, [](QDialog& dialog) { dialog.reject(); }));
     printer.set(PrinterProperty::File, settings);
-    const auto choice = ask(printer, [this](QDialog& dialog) {
+    QTimer::singleShot(0, qApp, [this] {
+        auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
         EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->text().toStdString(),
                   folder.path().string() + "/a-b.pdf");
         dialog.findChild<QSpinBox*>(QStringLiteral("copies"))->setValue(3);
         QTimer::singleShot(0, &dialog, [] {
-            QWidget* page = nullptr;
-            eventually([&] {
-                page = QApplication::activeModalWidget();
-                return page && page->objectName() == QStringLiteral("pageSetup");
-            });
-            page->findChild<QAbstractButton*>(QStringLiteral("landscape"))->click();
-            static_cast<QDialog*>(page)->accept();
+            auto& page = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
+            EXPECT_EQ(page.objectName(), QStringLiteral("pageSetup"));
+            page.findChild<QAbstractButton*>(QStringLiteral("landscape"))->click();
+            page.accept();
         });
         dialog.findChild<QPushButton*>(QStringLiteral("properties"))->click();
         dialog.accept();
     });
+    const auto choice = printer.PrintDlg("Form2", u"a/b", {printer.DeviceName(), printer.settings()});
     ASSERT_TRUE(choice);
     EXPECT_EQ(choice->deviceName, desktop::pdfPrinter);
     EXPECT_EQ(choice->settings.file, folder.text("a-b.pdf"));

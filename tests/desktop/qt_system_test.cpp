@@ -17,7 +17,7 @@ public:
         environment.insert(QStringLiteral("LC_ALL"), locale);
         setProcessEnvironment(environment);
         start(QCoreApplication::applicationFilePath(), {QStringLiteral("--tell-system")});
-        while (facts.size() < 4 && (canReadLine() || waitForReadyRead(10'000)))
+        while (facts.size() < 3 && (canReadLine() || waitForReadyRead(10'000)))
             facts << QString::fromUtf8(readLine()).chopped(1);
     }
     ~OtherProcess() override {
@@ -51,27 +51,20 @@ TEST(QtSystem, SecondInstance_IsRefused_UntilTheFirstIsGone) {
     child.waitForFinished();
 }
 
-TEST(QtSystem, ProgramFolder_IsThatOfTheExecutable) {
-    EXPECT_EQ(desktop::qstring(desktop::QtSystem().programFolder()), QCoreApplication::applicationDirPath());
-}
-
 TEST(QtSystem, UsersLocale_GivesCountryAndCodePage) {
-    struct Row {
+    const struct {
         const char* locale;
         const char* country;
         const char* byteE5; // in the code page of the language
-    } const rows[] = {
-        {"it_IT.UTF-8", "Italy", "å"},
+    } rows[] = {
         {"en_GB.UTF-8", "United Kingdom", "å"},
-        {"pt_BR.UTF-8", "Brazil", "å"},
         {"ru_RU.UTF-8", "Russia", "е"},
-        {"hu_HU.UTF-8", "Hungary", "ĺ"},
         {"fr_FR@euro", "France", "å"},
         {"C.UTF-8", "", "å"},
     };
-    for (const Row& row : rows) {
+    for (const auto& row : rows) {
         const OtherProcess process(QString::fromLatin1(row.locale));
-        EXPECT_EQ(process.facts.value(2), QString::fromUtf8(row.country)) << row.locale;
-        EXPECT_EQ(process.facts.value(3), QString::fromUtf8(row.byteE5)) << row.locale;
+        EXPECT_EQ(process.facts.value(1), QString::fromUtf8(row.country)) << row.locale;
+        EXPECT_EQ(process.facts.value(2), QString::fromUtf8(row.byteE5)) << row.locale;
     }
 }

@@ -37,19 +37,9 @@ TEST(StandardWords, FollowTheLanguageOfTheProgram) {
     desktop::StandardWords words(language, base::ProgramFolder(folder.text("")));
     QCoreApplication::installTranslator(&words);
     const std::pair<base::TextView, const char*> rows[] = {
-        {u"Italiano.lng", "Sì No Cerca in:"},
-        {u"English.lng", "Yes No Look in:"},
-        {u"Svenska.lng", "Ja Nej Leta i:"},
-        {u"Français.lng", "Oui Non Voir dans :"},
-        {u"Russian.lng", "Да Нет Перейти к:"},
-        {u"Hungarian.lng", "Igen Nem Keresés itt:"},
-        {u"Deutsch.lng", "Ja Nein Look in:"},
-        {u"Nederlands.lng", "Ja Nee Zoeken in:"},
-        {u"Spanish.lng", "Sí No Ver en:"},
-        {u"Brazilian.lng", "Sim Não Procurar em:"},
-        {u"gone.lng", "Yes No Look in:"},
-        {u"Polish.lng", "Tak Nie Szukaj w:"},
-        {u"", "Yes No Look in:"},
+        {u"Italiano.lng", "Sì No Cerca in:"}, {u"English.lng", "Yes No Look in:"},
+        {u"Svenska.lng", "Ja Nej Leta i:"},   {u"Hungarian.lng", "Igen Nem Keresés itt:"},
+        {u"Deutsch.lng", "Ja Nein Look in:"}, {u"", "Yes No Look in:"},
     };
     for (const auto& [file, shown] : rows) {
         language = file;

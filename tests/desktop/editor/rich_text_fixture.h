@@ -4,24 +4,38 @@
 #include "desktop/conversions.h"
 #include "desktop/editor/rich_text_edit.h"
 
+#include <QBuffer>
+#include <QImage>
+#include <QTextBlock>
 #include <gtest/gtest.h>
 
 namespace tests {
 
-// The control with its clipboard side open.
+// The control with its side of drag and drop open.
 class Control : public desktop::RichTextEdit {
 public:
-    using RichTextEdit::canInsertFromMimeData;
     using RichTextEdit::createMimeDataFromSelection;
-    using RichTextEdit::insertFromMimeData;
     using RichTextEdit::RichTextEdit;
 };
 
-// A text window with its changes counted.
+// The digits of a picture of this size in one colour, as RTF carries it.
+inline std::string pngDigits(QSize size, QColor color) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    QByteArray png;
+    QBuffer buffer(&png);
+    image.save(&buffer, "PNG");
+    return png.toHex().toStdString();
+}
+
+// A text window with its changes counted, and what the program finds at the last of them.
 class RichText : public testing::Test {
 protected:
     RichText() {
-        rtb.Change = [this] { ++changes; };
+        rtb.Change = [this] {
+            ++changes;
+            seen = shown();
+        };
     }
 
     void select(int start, int length) {
@@ -41,6 +55,7 @@ protected:
 
     Control rtb{base::CodePage(1252)};
     int changes = 0;
+    std::string seen{};
 };
 
 } // namespace tests

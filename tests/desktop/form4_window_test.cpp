@@ -1,0 +1,40 @@
+#include "desktop/form4_window.h"
+
+#include <QApplication>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+TEST(Form4Window, Keys_TypeOverTheSelection_AndPressTheButtons) {
+    dictation::Form4 form;
+    desktop::Form4Window window{form};
+    int pressed = 0;
+    int cancelled = 0;
+    form.Command1.Click = [&] { ++pressed; };
+    form.Command2.Click = [&] { ++cancelled; };
+    form.KeyDown = [&](platform::KeyEvent& event) { pressed += event.keyCode == 13; };
+    form.Text1.text = u"40";
+    form.Text1.selLength = 2;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        if (!window.isVisible())
+            return;
+        look.stop();
+        QApplication::setActiveWindow(&window);
+        const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
+        press(Qt::Key_7);
+        EXPECT_EQ(form.Text1.text.get(), u"7");
+        const std::pair<Qt::Key, std::pair<int, int>> road[] = {
+            {Qt::Key_Return, {1, 0}}, {Qt::Key_Escape, {1, 0}}, {Qt::Key_Tab, {1, 0}},
+            {Qt::Key_Enter, {2, 0}},  {Qt::Key_Tab, {2, 0}},    {Qt::Key_Return, {2, 1}}};
+        for (const auto& [next, counts] : road) {
+            press(next);
+            EXPECT_EQ(std::pair(pressed, cancelled), counts) << next;
+        }
+        EXPECT_TRUE(form.visible) << "the data says when it goes";
+        form.visible = false;
+    });
+    look.start(1);
+    form.showModal();
+    EXPECT_FALSE(window.isVisible());
+}
