@@ -4,7 +4,6 @@
 #include "desktop/conversions.h"
 #include "desktop/input_views.h"
 
-#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -27,14 +26,6 @@ Form4Window::Form4Window(dictation::Form4& form)
         addView(*button, *ground)
             ->setAutoDefault(false); // the first would give its rim away with the keyboard
     begin();
-}
-
-void Form4Window::keyPressEvent(QKeyEvent* event) {
-    auto* const button = qobject_cast<QPushButton*>(focusWidget());
-    if (button && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
-        button->click();
-    else
-        FormWindow::keyPressEvent(event);
 }
 
 void Form4Window::showEvent(QShowEvent* event) {

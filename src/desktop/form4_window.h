@@ -11,7 +11,6 @@ public:
     explicit Form4Window(dictation::Form4& form);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:

@@ -2,20 +2,10 @@
 
 namespace dictation {
 
-namespace {
-
-constexpr int enterKey = 13;
-
-} // namespace
-
 InputDialog::InputDialog(Form4& form, player::Form1& form1, platform::Dialogs& dialogs)
     : form_(form), form1_(form1), dialogs_(dialogs) {
     form_.Command1.Click = [this] { Command1_Click(); };
     form_.Command2.Click = [this] { Command2_Click(); };
-    form_.KeyDown = [this](platform::KeyEvent& key) {
-        if (key.keyCode == enterKey)
-            Command1_Click();
-    };
     form_.Unload = [this] {
         unload();
         return false;

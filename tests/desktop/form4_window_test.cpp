@@ -12,7 +12,6 @@ TEST(Form4Window, Keys_TypeOverTheSelection_AndPressTheButtons) {
     int cancelled = 0;
     form.Command1.Click = [&] { ++pressed; };
     form.Command2.Click = [&] { ++cancelled; };
-    form.KeyDown = [&](platform::KeyEvent& event) { pressed += event.keyCode == 13; };
     form.Text1.text = u"40";
     form.Text1.selLength = 2;
     QTimer look;
