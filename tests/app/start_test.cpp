@@ -85,17 +85,11 @@ TEST_F(StartTest, EveryCommand_OfBothMenuBars_HasItsRoutine) {
     EXPECT_EQ(without, std::vector<std::string_view>{"mnuOrtografia"});
 }
 
-TEST_F(StartTest, Exit_SavesStopsAndEnds_ByEachOfItsThreeWays) {
-    platform::KeyEvent escape{27};
-    const std::function<void()> ways[] = {[&] { form().mnuEsci.Click(); }, [&] { form().KeyDown(escape); },
-                                          [&] { EXPECT_FALSE(form().Unload()); }};
-    for (const auto& way : ways) {
-        ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));
-        desktop.systemPort.ended = false;
-        desktop.laySettings({"rubbish"});
-        way();
-        EXPECT_TRUE(desktop.systemPort.ended);
-        EXPECT_EQ(desktop.player.commands.back(), "stop");
-        EXPECT_EQ(desktop.savedLine(1) + desktop.savedLine(2), "English.lng80");
-    }
+TEST_F(StartTest, Closing_SavesStopsAndEnds) {
+    ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));
+    desktop.laySettings({"rubbish"});
+    EXPECT_FALSE(form().Unload());
+    EXPECT_TRUE(desktop.systemPort.ended);
+    EXPECT_EQ(desktop.player.commands.back(), "stop");
+    EXPECT_EQ(desktop.savedLine(1), "English.lng");
 }

