@@ -66,11 +66,14 @@ TEST_F(OutsideTest, WebPages_OpenOverAMinimisedPlayer) {
 }
 
 TEST(Links, Guide_GoesByTheLanguageFile_InAnyCase) {
-    for (const auto& [file, code] : {std::pair{u"ITALIANO.LNG", u"it"},
-                                     {u"Russian.lng", u"ru"},
-                                     {u"polish.lng", u"pl"},
-                                     {u"Italiano.lngx", u"en"},
-                                     {u"", u"en"}})
+    const std::pair<base::TextView, base::TextView> rows[] = {
+        {u"ITALIANO.LNG", u"it"},
+        {u"Russian.lng", u"ru"},
+        {u"polish.lng", u"pl"},
+        {u"Italiano.lngx", u"en"},
+        {u"", u"en"},
+    };
+    for (const auto& [file, code] : rows)
         EXPECT_EQ(outside::guideLanguage(file), code);
 }
 
@@ -84,14 +87,9 @@ protected:
 
 TEST_F(AboutBoxTest, Panel_ScrollsHaltsLeavesAndBeginsAnew) {
     const controls::Picture& panel = open().Picture2;
-    for (const auto& [ticks, top] : {std::pair{0, 2200},
-                                     {1, 2190},
-                                     {411, -1920},
-                                     {120, -1920},
-                                     {1, -1930},
-                                     {222, -4150},
-                                     {1, 2200},
-                                     {532, -1920}}) {
+    const std::pair<int, int> road[] = {{0, 2200},  {1, 2190},    {411, -1920}, {120, -1920},
+                                        {1, -1930}, {222, -4150}, {1, 2200},    {532, -1920}};
+    for (const auto& [ticks, top] : road) {
         desktop.loop.advance(ticks * 10);
         EXPECT_EQ(panel.top, top) << desktop.loop.now();
     }

@@ -52,15 +52,12 @@ TEST_F(SessionTest, FileThatIsNoMedia_EndsStoppedAtZero) {
 }
 
 TEST_F(SessionTest, Title_SizeFollowsItsLength_InWhichADoubledAmpersandCountsTwice) {
-    const std::pair<std::string, double> rows[] = {{std::string(20, 'n'), 14},
-                                                   {std::string(21, 'n'), 11},
-                                                   {std::string(44, 'n'), 11},
-                                                   {std::string(45, 'n'), 9},
-                                                   {"0123456789012345678&", 11}};
-    for (const auto& [name, points] : rows) {
-        open(name, 10);
-        EXPECT_EQ(form().Label4.fontSize, points) << name;
+    for (const auto& [length, points] : {std::pair{20, 14}, {21, 11}, {44, 11}, {45, 9}}) {
+        open(std::string(static_cast<std::size_t>(length), 'n'), 10);
+        EXPECT_EQ(form().Label4.fontSize, points) << length;
     }
+    open("0123456789012345678&", 10);
+    EXPECT_EQ(form().Label4.fontSize, 11);
     form().mnuTitoloCompleto.Click();
     EXPECT_EQ(form().Label4.caption.get(), desktop.folder.text("0123456789012345678&&"));
 }
