@@ -5,7 +5,7 @@
 namespace fs = std::filesystem;
 
 // Starts the program on settings files of all kinds.
-class SettingsFileTest : public testing::Test, protected fakes::Workbench {
+class SettingsFileTest : public fakes::WorkbenchTest {
 protected:
     void startWith(const std::map<int, std::string>& lines) {
         desktop.laySettingsWith(lines);
@@ -71,7 +71,7 @@ TEST_F(SettingsFileTest, ShortBrokenOrUnwritableFile_NeverStopsTheStart) {
     fs::remove(desktop.folder.path() / "Files/Quillmere.ini");
     fs::create_directory(desktop.folder.path() / "Files/Quillmere.ini");
     form().mnuTitoloCompleto.Click();
-    EXPECT_TRUE(desktop.dialogPort.boxes.empty());
+    EXPECT_TRUE(boxes.empty());
 }
 
 TEST_F(SettingsFileTest, FolderInAnotherScript_IsNotLost) {

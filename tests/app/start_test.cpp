@@ -2,11 +2,9 @@
 
 #include <filesystem>
 
-class StartTest : public testing::Test, protected fakes::Workbench {
+class StartTest : public fakes::WorkbenchTest {
 protected:
     StartTest() { desktop.form1 = nullptr; } // of the start before the test
-
-    std::vector<fakes::FakeDialogs::Box>& boxes = desktop.dialogPort.boxes;
 };
 
 TEST_F(StartTest, MissingSettingsOrLanguageFile_EndsInTheRegErrorBox) {
@@ -42,16 +40,16 @@ TEST_F(StartTest, PathInQuotes_Opens_AndBareOnesAreRefused) {
     const base::Text path = desktop.layMedia("a, b.mp3", 60);
     ASSERT_TRUE(start(u'"' + path + u'"'));
     EXPECT_TRUE(form().isPlaying());
-    EXPECT_EQ(desktop.player.URL(), path);
+    EXPECT_EQ(player.URL(), path);
     for (const base::Text nothing : {u"\"", u"\"\"", u"   "})
         EXPECT_TRUE(start(nothing)) << base::toUtf8(nothing);
     EXPECT_TRUE(boxes.empty());
 
     // Without quotes the path plays for a moment, is closed, and its name then lacks the first and the last
     // letter.
-    desktop.player.commands.clear();
+    player.commands.clear();
     ASSERT_TRUE(start(path));
-    EXPECT_EQ(desktop.player.commands.front(), "load");
+    EXPECT_EQ(player.commands.front(), "load");
     EXPECT_FALSE(form().cmdPlay.enabled);
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_EQ(boxes[0].text, u"En98");
@@ -90,6 +88,6 @@ TEST_F(StartTest, Closing_SavesStopsAndEnds) {
     desktop.laySettings({"rubbish"});
     EXPECT_FALSE(form().Unload());
     EXPECT_TRUE(desktop.systemPort.ended);
-    EXPECT_EQ(desktop.player.commands.back(), "stop");
+    EXPECT_EQ(player.commands.back(), "stop");
     EXPECT_EQ(desktop.savedLine(1), "English.lng");
 }

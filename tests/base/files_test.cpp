@@ -53,20 +53,12 @@ TEST_F(FilesTest, Replace_OnAFullDisk_LeavesTheOldFile) {
 
 TEST_F(FilesTest, Failures_AreToldInTheSystemsWords) {
     EXPECT_THROW(base::replaceFile(folder.text("no/such/folder"), ""), base::Failure);
-    EXPECT_THROW(base::readFile(folder.text("")), base::Failure);
     try {
         base::readFile(folder.text("missing"));
         ADD_FAILURE();
     } catch (const base::Failure& failure) {
         EXPECT_NE(std::string(failure.what()).find("No such file"), std::string::npos);
     }
-}
-
-TEST_F(FilesTest, Exists_IsForFilesOnly) {
-    folder.write("folder/a.mp3", "");
-    EXPECT_TRUE(base::fileExists(folder.text("folder/a.mp3")));
-    EXPECT_FALSE(base::fileExists(folder.text("folder")));
-    EXPECT_FALSE(base::fileExists(base::Text(70000, u'x')));
 }
 
 TEST_F(FilesTest, Lines_EndInAnyOfTheWaysThatSystemsEndThem) {

@@ -1,10 +1,10 @@
 #include "fakes/workbench.h"
 
 // Phases are 5 s of play and 3 s of pause, with 2 s back; typing holds a phase.
-class DictationTest : public testing::Test {
+class DictationTest : public fakes::WorkbenchTest {
 protected:
-    void open() {
-        bench.open("talk.mp3", 600);
+    void openTalk() {
+        open("talk.mp3", 600);
         loop.advance(player.loadingTime);
         player.commands.clear();
     }
@@ -24,33 +24,31 @@ protected:
                (form.Timer5.enabled() ? std::to_string(form.Timer5.interval()) : "idle");
     }
 
-    fakes::Workbench bench;
-    player::Form1& form = bench.form();
-    fakes::FakePlayer& player = bench.desktop.player;
-    fakes::VirtualLoop& loop = bench.desktop.loop;
+    player::Form1& form = Workbench::form();
+    fakes::VirtualLoop& loop = desktop.loop;
 };
 
 TEST_F(DictationTest, Mode_GoesOnByItsTwoWays_WithTheirDifferences) {
     form.imgDetta.Click();
     EXPECT_TRUE(player.commands.empty()) << "without media the mode changes alone";
     form.imgDetta.Click();
-    open();
+    openTalk();
     for (const auto& [byButton, playing, afterOn] : {std::tuple{false, false, "on paused idle"},
                                                      {false, true, "on playing idle"},
                                                      {true, false, "on playing 5000"},
                                                      {true, true, "on playing idle"}}) {
         if (form.isPlaying() != playing)
             form.cmdPlay.Click();
-        bench.desktop.dialogPort.boxes.clear();
+        boxes.clear();
         byButton ? form.imgDetta.Click() : form.mnuSmartPlay.Click();
         EXPECT_EQ(state(), afterOn);
-        EXPECT_EQ(bench.desktop.dialogPort.boxes.empty(), byButton);
+        EXPECT_EQ(boxes.empty(), byButton);
         form.imgDetta.Click();
     }
 }
 
 TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
-    open();
+    openTalk();
     startCycle();
     player.setCurrentPosition(0);
     const std::pair<int, std::string> road[] = {{4999, "on playing 5000"}, {1, "on paused 3000"},
@@ -99,8 +97,9 @@ TEST_F(DictationTest, Cycle_GoesFromStateToState) {
         {"stop in a play", playing, stop, "off paused idle", -100},
         {"stop in a pause", pausing, stop, "off paused idle", -100},
         {"end of the media", playing, end, "off paused idle", -100},
+        {"end of the media once more", playing, end, "off paused idle", -100},
     };
-    open();
+    openTalk();
     for (const auto& [what, from, event, to, moved] : rows) {
         SCOPED_TRACE(what);
         startCycle();
@@ -112,13 +111,13 @@ TEST_F(DictationTest, Cycle_GoesFromStateToState) {
         EXPECT_EQ(state(), to);
         EXPECT_EQ(player.currentPosition() - 100, moved);
         const bool on = to.starts_with("on");
-        EXPECT_EQ(bench.desktop.savedLine(23), on ? "1" : "0");
+        EXPECT_EQ(desktop.savedLine(23), on ? "1" : "0");
         EXPECT_EQ(form.imgDetta.picture.get(), form.folder.files(on ? u"detta2.jpg" : u"detta.jpg"));
     }
 }
 
 TEST_F(DictationTest, Typing_HoldsAPhase_AtMostOnePeriodLongerThanItsWatch) {
-    open();
+    openTalk();
     startCycle();
     loop.advance(4900);
     form.Timer6.setInterval(1300);

@@ -1,14 +1,14 @@
 #include "fakes/workbench.h"
 
 // Pauses go 2 s back, steps are 5 s, phases 5 s and 3 s.
-class InputDialogTest : public testing::Test {
+class InputDialogTest : public fakes::WorkbenchTest {
 protected:
-    InputDialogTest() { bench.speakPlainly(); }
+    InputDialogTest() { speakPlainly(); }
 
     // The command opens the dialog; the user types and presses OK.
     void answer(controls::MenuItem& command, base::TextView typed) {
-        bench.desktop.dialogPort.boxes.clear();
-        bench.desktop.inForm4 = [&, typed] {
+        boxes.clear();
+        desktop.inForm4 = [&, typed] {
             dialog.Text1.text = base::Text(typed);
             dialog.Command1.Click();
             EXPECT_FALSE(dialog.visible) << base::toUtf8(typed);
@@ -18,7 +18,7 @@ protected:
     // Opens the dialog, presses Cancel; what it showed.
     base::Text shown(controls::MenuItem& command) {
         base::Text seen;
-        bench.desktop.inForm4 = [&] {
+        desktop.inForm4 = [&] {
             seen = dialog.caption.get() + u'|' + dialog.Label1.caption.get() + u'|' + dialog.Text1.text.get();
             EXPECT_EQ(dialog.Text1.selLength, static_cast<int>(dialog.Text1.text->size()));
             dialog.Text1.text = u"7";
@@ -29,9 +29,8 @@ protected:
         return seen;
     }
 
-    fakes::Workbench bench;
-    player::Form1& form = bench.form();
-    dictation::Form4& dialog = *bench.desktop.form4;
+    player::Form1& form = Workbench::form();
+    dictation::Form4& dialog = *desktop.form4;
 };
 
 TEST_F(InputDialogTest, Commands_OpenItFilled_AndRaiseTooSmallAStep) {
@@ -66,37 +65,36 @@ TEST_F(InputDialogTest, Numbers_AreReadRoundedCorrectedAndSaved) {
     for (const auto& [command, line, typed, saved, warning] : rows) {
         SCOPED_TRACE(base::toUtf8(typed));
         answer(command, typed);
-        EXPECT_EQ(bench.desktop.savedLine(line), saved);
-        const auto& boxes = bench.desktop.dialogPort.boxes;
+        EXPECT_EQ(desktop.savedLine(line), saved);
         EXPECT_EQ(boxes.empty() ? base::Text() : boxes[0].text, warning);
     }
 }
 
 TEST_F(InputDialogTest, GoTo_StepsBackAtRestOnly) {
-    bench.open("a.mp3", 600);
-    bench.desktop.loop.advance(100);
+    open("a.mp3", 600);
+    desktop.loop.advance(100);
     for (const auto& [playing, typed, place] :
          {std::tuple{true, u"90", 90.}, {true, u"1.5x", 1.5}, {false, u"90", 88.}, {false, u"abc", -2.}}) {
         if (form.isPlaying() != playing)
             form.cmdPlay.Click();
         answer(form.mnuVai, typed);
-        EXPECT_EQ(bench.desktop.player.currentPosition(), place);
+        EXPECT_EQ(player.currentPosition(), place);
         EXPECT_EQ(form.isPlaying(), playing);
     }
 }
 
 TEST_F(InputDialogTest, Cycle_RunsOnBehindIt_AndClosingItChangesNothing) {
     form.mnuSmartPlay.Click();
-    bench.open("a.mp3", 600);
-    bench.desktop.inForm4 = [&] {
-        bench.desktop.loop.advance(5000);
+    open("a.mp3", 600);
+    desktop.inForm4 = [&] {
+        desktop.loop.advance(5000);
         EXPECT_FALSE(form.isPlaying());
         dialog.Text1.text = u"9";
         dialog.Unload();
         EXPECT_FALSE(dialog.visible);
     };
     form.mnuTempoPause.Click();
-    EXPECT_EQ(bench.desktop.savedLine(22), "3");
+    EXPECT_EQ(desktop.savedLine(22), "3");
 }
 
 TEST(InputDialogWithMnemonics, CaptionsThatLostTheirMark_AreTakenForTheStep) {

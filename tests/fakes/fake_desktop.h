@@ -150,14 +150,15 @@ public:
         folder.write("Files/Quillmere.ini", bytes);
     }
     // Settings of 5 s a step, 2 s back, phases of 5 s and 3 s, but for these lines, counted from 1.
-    void laySettingsWith(const std::map<int, std::string>& others) const {
-        std::vector<std::string> lines(25, "0");
-        std::map<int, std::string> all = others;
-        all.insert({{1, "English.lng"}, {2, "80"}, {3, "561"}, {4, "5"}, {5, "2"}, {7, ""}});
-        all.insert({{21, "5"}, {22, "3"}, {25, "1"}});
-        for (const auto& [line, value] : all)
-            lines[static_cast<std::size_t>(line) - 1] = value;
-        laySettings(lines);
+    void laySettingsWith(std::map<int, std::string> lines) const {
+        lines.insert({{1, "English.lng"}, {2, "80"}, {3, "561"}, {4, "5"}, {5, "2"}, {7, ""}});
+        lines.insert({{21, "5"}, {22, "3"}, {25, "1"}});
+        for (int n = 1; n <= 25; ++n)
+            lines.insert({n, "0"});
+        std::vector<std::string> inOrder;
+        for (const auto& [n, line] : lines)
+            inOrder.push_back(line);
+        laySettings(inOrder);
     }
     std::string savedLine(int line) const {
         std::istringstream lines(folder.read("Files/Quillmere.ini"));

@@ -43,7 +43,11 @@ public:
     }
 
     FakeDesktop desktop;
+    FakePlayer& player = desktop.player;
+    std::vector<FakeDialogs::Box>& boxes = desktop.dialogPort.boxes;
     std::optional<app::Program> program;
 };
+
+class WorkbenchTest : public testing::Test, protected Workbench {};
 
 } // namespace fakes

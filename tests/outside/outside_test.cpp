@@ -3,7 +3,7 @@
 
 using testing::ElementsAre;
 
-class OutsideTest : public testing::Test, protected fakes::Workbench {
+class OutsideTest : public fakes::WorkbenchTest {
 protected:
     std::vector<std::string>& opened = desktop.shellPort.opened;
 };
@@ -30,10 +30,10 @@ TEST_F(UpdateCheckTest, NothingButNineCharactersAboveTheOwnVersion_AsksTheUser) 
         {"000999999", false},   {"", false},
     };
     for (const auto& [received, asks] : rows) {
-        desktop.dialogPort.boxes.clear();
+        boxes.clear();
         startReading(received, platform::Answer::No);
-        ASSERT_EQ(desktop.dialogPort.boxes.size(), asks ? 1U : 0U) << received;
-        EXPECT_TRUE(!asks || desktop.dialogPort.boxes[0].text == u"New & \r\n\r\ngood?\r\n\r\n");
+        ASSERT_EQ(boxes.size(), asks ? 1U : 0U) << received;
+        EXPECT_TRUE(!asks || boxes[0].text == u"New & \r\n\r\ngood?\r\n\r\n");
         EXPECT_TRUE(form().visible) << "after a No and after silence alike";
     }
     EXPECT_THAT(opened, ElementsAre());

@@ -2,7 +2,7 @@
 
 using testing::ElementsAre;
 
-class VolumeBarTest : public testing::Test, protected fakes::Workbench {
+class VolumeBarTest : public fakes::WorkbenchTest {
 protected:
     // A drag of the thumb to `y` that lasts for one tick of its timer.
     void drag(double y, int button = 1) {
@@ -13,7 +13,6 @@ protected:
     }
 
     controls::Picture& thumb = form().Image1;
-    int& volume = desktop.player.volume;
 };
 
 TEST_F(VolumeBarTest, Click_PutsTheThumbThere_WithinTheBar) {
@@ -21,7 +20,7 @@ TEST_F(VolumeBarTest, Click_PutsTheThumbThere_WithinTheBar) {
          {std::tuple{-50., 360., 100}, {0., 360., 100}, {600., 862.5, 50}, {1200., 1365., 0}}) {
         form().Image2.MouseUp({2, 45, y});
         EXPECT_EQ(thumb.top, top) << y;
-        EXPECT_EQ(volume, percent) << y;
+        EXPECT_EQ(player.volume, percent) << y;
     }
 }
 
@@ -31,9 +30,9 @@ TEST_F(VolumeBarTest, Drag_FollowsAtThePaceOfTheTimer_AndIsHeardOnRelease) {
     thumb.MouseUp({2, 180, 700});
     drag(500);
     EXPECT_EQ(thumb.top, 974); // 561 + 500 - 350 - 97.5 + 360, half to even
-    EXPECT_EQ(volume, 80) << "that of the settings";
+    EXPECT_EQ(player.volume, 80) << "that of the settings";
     thumb.MouseUp({1, 180, 87});
-    EXPECT_EQ(volume, 39);
+    EXPECT_EQ(player.volume, 39);
     desktop.loop.advance(1000);
     EXPECT_EQ(thumb.top, 974);
 }
@@ -65,9 +64,9 @@ TEST_F(VolumeBarTest, Fade_TakesEighteenTicks_ButStaysRedOnceAfterAChangeOfSpeed
 TEST(SeekBar, Release_GoesToTheWholeSecondBelow_AndAtRestTwoFurtherBack) {
     fakes::Workbench bench;
     const auto commandsOfRelease = [&](double x) {
-        bench.desktop.player.commands.clear();
+        bench.player.commands.clear();
         bench.form().Label2.MouseUp({2, x, 10});
-        return bench.desktop.player.commands;
+        return bench.player.commands;
     };
     EXPECT_THAT(commandsOfRelease(2000), ElementsAre()) << "without media";
     bench.open("talk.mp3", 100);
@@ -89,7 +88,7 @@ TEST(Speed, Steps_StayWithinTheirTwoLimits) {
         {0.6, form.mnuDiminuisciVelocità, u"0.5 x"},
         {0.55, form.mnuDiminuisciVelocità, u"0.55 x"}};
     for (const auto& [rate, command, shown] : rows) {
-        bench.desktop.player.setRate(rate);
+        bench.player.setRate(rate);
         command.Click();
         EXPECT_EQ(form.Label7.caption.get(), shown) << rate;
     }

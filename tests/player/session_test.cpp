@@ -2,10 +2,7 @@
 
 using testing::ElementsAre;
 
-class SessionTest : public testing::Test, protected fakes::Workbench {
-protected:
-    fakes::FakePlayer& player = desktop.player;
-};
+using SessionTest = fakes::WorkbenchTest;
 
 TEST_F(SessionTest, Open_AndClose_OfferTheCommandsAndTakeThemBack) {
     const auto expectOffered = [&](bool offered) {
@@ -38,17 +35,9 @@ TEST_F(SessionTest, Open_WhileAnotherPlays_PausesThatWithItsStepBackFirst) {
     form().mnuApri.Click(); // and is cancelled
     EXPECT_FALSE(form().isPlaying());
     opener().ApriMedia(u"/none/b.mp3");
-    ASSERT_EQ(desktop.dialogPort.boxes.size(), 1U);
-    EXPECT_EQ(desktop.dialogPort.boxes[0].text, u"En98");
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_EQ(boxes[0].text, u"En98");
     EXPECT_EQ(form().Label4.tag.get(), desktop.folder.text("b.mp3"));
-}
-
-TEST_F(SessionTest, FileThatIsNoMedia_EndsStoppedAtZero) {
-    open("notes.txt", 0);
-    desktop.loop.advance(1000);
-    EXPECT_FALSE(form().isPlaying());
-    EXPECT_EQ(form().Label2.caption.get(), u"0:00 / 00:00");
-    EXPECT_EQ(form().screen.mousePointer, controls::Pointer::Default);
 }
 
 TEST_F(SessionTest, Title_SizeFollowsItsLength_InWhichADoubledAmpersandCountsTwice) {

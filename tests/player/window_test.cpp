@@ -2,7 +2,7 @@
 
 using namespace std::string_literals;
 
-class PlayerWindowTest : public testing::Test, protected fakes::Workbench {};
+using PlayerWindowTest = fakes::WorkbenchTest;
 
 TEST_F(PlayerWindowTest, Restore_LeavesAHiddenEditorHidden) {
     form().mnuMostraNascondi.Click();
@@ -31,12 +31,12 @@ TEST_F(PlayerWindowTest, Drop_OfWhatIsNoFile_OffersTheCommandsAlone_AndOfNothing
     EXPECT_FALSE(form().cmdPlay.enabled);
     for (const base::Text& path : {desktop.folder.text("Files"), base::Text(600, u'x')}) {
         form().mnuChiudi.Click();
-        desktop.player.commands.clear();
+        player.commands.clear();
         form().Drop({path});
-        EXPECT_THAT(desktop.player.commands, testing::ElementsAre("pause", "play"));
+        EXPECT_THAT(player.commands, testing::ElementsAre("pause", "play"));
         EXPECT_TRUE(form().cmdPlay.enabled);
     }
-    EXPECT_TRUE(desktop.dialogPort.boxes.empty());
+    EXPECT_TRUE(boxes.empty());
 }
 
 TEST_F(PlayerWindowTest, Language_FollowsTheLastLangFolderOfTheChosenPath) {
@@ -62,8 +62,8 @@ TEST_F(PlayerWindowTest, Language_FollowsTheLastLangFolderOfTheChosenPath) {
 class VideoPictureTest : public PlayerWindowTest {
 protected:
     void show(platform::PictureSize size) {
-        desktop.player.picture = size;
-        desktop.player.PictureChanged();
+        player.picture = size;
+        player.PictureChanged();
     }
 
     controls::Window& window = form().VideoWindow;
