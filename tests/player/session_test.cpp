@@ -64,4 +64,9 @@ TEST_F(SessionTest, Bar_GrowsInWholeTwips) {
     form().forEachControl([&](auto& control) { control.observe([&] { ++changes; }); });
     form().Timer1.Tick();
     EXPECT_EQ(changes, 0) << "a tick without a change tells nobody";
+    open("stream.ts", 0);
+    form().cmdPlay.Click();
+    player.setCurrentPosition(12);
+    form().Timer1.Tick();
+    EXPECT_EQ(form().Shape1.width, 0) << "without a length";
 }

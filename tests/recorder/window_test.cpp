@@ -18,7 +18,11 @@ protected:
         window.btnStart.Click();
         return window;
     }
-    std::size_t sizeOf(const std::string& name) { return desktop.folder.read(name).size(); }
+    // The file has its header and so many full buffers.
+    bool isWhole(const std::string& name, std::size_t buffers) {
+        const std::string bytes = desktop.folder.read(name);
+        return bytes.starts_with("RIFF") && bytes.size() == 44 + buffers * 8192 + 1;
+    }
     std::string state() {
         const recorder::FrmAudioRec& window = *desktop.recorder;
         return base::toUtf8(window.btnStart.tag.get() + u'|' + window.btnStart.caption.get() + u'|' +
@@ -26,7 +30,6 @@ protected:
                (window.Image2.visible ? " lamp" : "") + (window.btnStop.enabled ? " stop" : "") +
                (window.cmbBits.enabled ? " options" : "");
     }
-    static std::size_t framed(std::size_t buffers) { return 44 + buffers * 8192 + 1; }
 };
 
 TEST_F(RecorderTest, Journey_RecordPauseResumeStop_ThenCloseWhileRecordingInAnotherFormat) {
@@ -52,7 +55,7 @@ TEST_F(RecorderTest, Journey_RecordPauseResumeStop_ThenCloseWhileRecordingInAnot
     desktop.device.fill();
     window.btnStop.Click();
     EXPECT_EQ(state(), "|&&En111| options");
-    EXPECT_EQ(sizeOf("a.wav"), framed(23));
+    EXPECT_TRUE(isWhole("a.wav", 23));
 
     window.cmbChannels.text = u"1 - mono";
     window.cmbFrequency.text = u"8000";
@@ -80,7 +83,7 @@ TEST_F(RecorderTest, Closing_EndsEveryStateCleanly_AndTheNextRecordingIsWhole) {
         record("next.wav");
         desktop.device.fill();
         clicks.empty() ? form().mnuEsci.Click() : static_cast<void>(window.Unload());
-        EXPECT_EQ(sizeOf("next.wav"), framed(1)) << clicks;
+        EXPECT_TRUE(isWhole("next.wav", 1)) << clicks;
         std::filesystem::remove(desktop.folder.path() / "next.wav");
         std::filesystem::remove(desktop.folder.path() / "first.wav");
     }
@@ -109,7 +112,7 @@ TEST_F(RecorderTest, FileQuestion_NoKeepsTheFile_YesReplacesIt_EvenTheOneThatPla
     EXPECT_EQ(player.commands.size() - before, 2U) << "paused, and nothing is loaded";
     desktop.device.fill();
     window.btnStop.Click();
-    EXPECT_EQ(sizeOf("talk.wav"), framed(1));
+    EXPECT_TRUE(isWhole("talk.wav", 1));
     opener().ApriMedia(desktop.folder.text("talk.wav"));
     EXPECT_EQ(player.URL(), desktop.folder.text("talk.wav")) << "finished, it plays";
 }
