@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -53,12 +54,8 @@ TEST_F(FilesTest, Replace_OnAFullDisk_LeavesTheOldFile) {
 
 TEST_F(FilesTest, Failures_AreToldInTheSystemsWords) {
     EXPECT_THROW(base::replaceFile(folder.text("no/such/folder"), ""), base::Failure);
-    try {
-        base::readFile(folder.text("missing"));
-        ADD_FAILURE();
-    } catch (const base::Failure& failure) {
-        EXPECT_NE(std::string(failure.what()).find("No such file"), std::string::npos);
-    }
+    EXPECT_THAT([&] { base::readFile(folder.text("missing")); },
+                testing::ThrowsMessage<base::Failure>(testing::HasSubstr("No such file")));
 }
 
 TEST_F(FilesTest, Lines_EndInAnyOfTheWaysThatSystemsEndThem) {

@@ -48,18 +48,16 @@ TEST_F(VolumeBarTest, Drag_BeyondTheEnds_StaysOnTheBar) {
     }
 }
 
-TEST_F(VolumeBarTest, Fade_TakesEighteenTicks_ButStaysRedOnceAfterAChangeOfSpeed) {
-    const auto expectFade = [&](unsigned afterTwo, unsigned afterEighteen) {
+TEST_F(VolumeBarTest, Fade_EndsInWhite_ButStaysRedOnceAfterAChangeOfSpeed) {
+    const auto colorAfterFade = [&] {
         form().Image2.MouseUp({1, 45, 600});
-        desktop.loop.advance(200);
-        EXPECT_EQ(form().Label5.foreColor, controls::rgb(255, afterTwo, afterTwo));
-        desktop.loop.advance(1600);
-        EXPECT_EQ(form().Label5.foreColor, controls::rgb(255, afterEighteen, afterEighteen));
+        desktop.loop.advance(1800);
+        return form().Label5.foreColor.get();
     };
-    expectFade(15, 255);
+    EXPECT_EQ(colorAfterFade(), controls::rgb(255, 255, 255));
     form().mnuAumentaVelocità.Click();
-    expectFade(0, 0);
-    expectFade(15, 255);
+    EXPECT_EQ(colorAfterFade(), controls::rgb(255, 0, 0));
+    EXPECT_EQ(colorAfterFade(), controls::rgb(255, 255, 255));
 }
 
 TEST(SeekBar, Release_GoesToTheWholeSecondBelow_AndAtRestTwoFurtherBack) {

@@ -41,12 +41,10 @@ TEST_F(SessionTest, Open_WhileAnotherPlays_PausesThatWithItsStepBackFirst) {
 }
 
 TEST_F(SessionTest, Title_SizeFollowsItsLength_InWhichADoubledAmpersandCountsTwice) {
-    for (const auto& [length, points] : {std::pair{20, 14}, {21, 11}, {44, 11}, {45, 9}}) {
-        open(std::string(static_cast<std::size_t>(length), 'n'), 10);
-        EXPECT_EQ(form().Label4.fontSize, points) << length;
+    for (const auto& [name, points] : {std::pair{"01234567890123456789", 14}, {"0123456789012345678&", 11}}) {
+        open(name, 10);
+        EXPECT_EQ(form().Label4.fontSize, points) << name;
     }
-    open("0123456789012345678&", 10);
-    EXPECT_EQ(form().Label4.fontSize, 11);
     form().mnuTitoloCompleto.Click();
     EXPECT_EQ(form().Label4.caption.get(), desktop.folder.text("0123456789012345678&&"));
 }

@@ -138,10 +138,7 @@ TEST_F(CaptureTest, FullDisk_StaysSilent_AndKeepsWhatWasCapturedWhole) {
 TEST_F(CaptureTest, Peaks_AreThoseOfOneMillisecondOfTheBufferBeforeTheLast) {
     // Channels, bits, and the peaks of a buffer that begins 101, 102, 103, ...
     const std::tuple<std::int16_t, std::int16_t, int, int> rows[] = {
-        {2, 16, 126 * 256 + 125, 0x10000 - (128 * 256 + 127)},
-        {1, 16, 0x10000 - (128 * 256 + 127), 0x10000 - (128 * 256 + 127)},
-        {2, 8, 185 - 128, 186 - 128},
-        {1, 8, 128 - 101, 128 - 101}};
+        {2, 16, 126 * 256 + 125, 0x10000 - (128 * 256 + 127)}, {1, 8, 128 - 101, 128 - 101}};
     int left = -1, right = -1;
     engine.AvviaCattura(2, 16, 44100, u"");
     device.fill();
