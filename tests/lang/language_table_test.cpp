@@ -44,9 +44,9 @@ TEST_F(LanguageTableTest, LineBeyondTheTable_Fails_WithTheTableFull) {
 
 TEST(LanguageChoice, Country_GoesByTheFirstTwoLettersOfItsEnglishName) {
     const std::pair<base::Text, base::Text> rows[] = {
-        {u"Italy", u"Italiano.lng"},   {u"RUSSIA", u"Russian.lng"}, {u"Estonia", u"Spanish.lng"},
-        {u"Portugal", u"English.lng"}, {u"Sweden", u"English.lng"}, {u"i", u"English.lng"},
-        {u"sv-fi", u"Svenska.lng"},
+        {u"Italy", u"Italiano.lng"},  {u"RUSSIA", u"Russian.lng"},   {u"France", u"Français.lng"},
+        {u"Estonia", u"Spanish.lng"}, {u"Portugal", u"English.lng"}, {u"Sweden", u"English.lng"},
+        {u"i", u"English.lng"},       {u"sv-fi", u"Svenska.lng"},
     };
     for (const auto& [country, file] : rows)
         EXPECT_EQ(lang::languageFileForCountry(country), file) << base::toUtf8(country);

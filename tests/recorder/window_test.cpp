@@ -40,7 +40,8 @@ TEST_F(RecorderTest, Journey_RecordPauseResumeStop_ThenCloseWhileRecordingInAnot
     for (int i = 0; i < 22; ++i)
         desktop.device.fill();
     desktop.loop.advance(10);
-    EXPECT_EQ(window.lblTime.caption.get() + window.lblBytesWritten.caption.get(), u"00:00:01180269 &En110");
+    EXPECT_EQ(window.lblTime.caption.get() + u", " + window.lblBytesWritten.caption.get(),
+              u"00:00:01, 180269 &En110");
     for (const char* word : {"", "&En113"}) {
         desktop.loop.advance(500);
         EXPECT_EQ(state(), std::string("Start|&En8|") + word + " lamp stop") << "the word blinks";
