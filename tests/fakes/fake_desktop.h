@@ -153,12 +153,10 @@ public:
     void laySettingsWith(std::map<int, std::string> lines) const {
         lines.insert({{1, "English.lng"}, {2, "80"}, {3, "561"}, {4, "5"}, {5, "2"}, {7, ""}});
         lines.insert({{21, "5"}, {22, "3"}, {25, "1"}});
-        for (int n = 1; n <= 25; ++n)
-            lines.insert({n, "0"});
-        std::vector<std::string> inOrder;
-        for (const auto& [n, line] : lines)
-            inOrder.push_back(line);
-        laySettings(inOrder);
+        std::string bytes;
+        for (int line = 1; line <= 25; ++line)
+            bytes += (lines.contains(line) ? lines.at(line) : "0") + "\r\n";
+        folder.write("Files/Quillmere.ini", bytes);
     }
     std::string savedLine(int line) const {
         std::istringstream lines(folder.read("Files/Quillmere.ini"));
