@@ -1,81 +1,56 @@
 #include "fakes/workbench.h"
 
 // Phases are 5 s of play and 3 s of pause, with 2 s back; typing holds a phase.
-class DictationTest : public testing::Test {
+class DictationTest : public fakes::WorkbenchTest {
 protected:
-    void open() {
-        bench.open("talk.mp3", 600);
-        bench.desktop.loop.advance(bench.desktop.player.loadingTime);
-        commands.clear();
+    void openTalk() {
+        open("talk.mp3", 600);
+        loop.advance(player.loadingTime);
+        player.commands.clear();
     }
-    void turnOn() {
+    // Smart play with a phase of play that begins now.
+    void startCycle() {
+        if (form.isPlaying())
+            form.cmdPlay.Click();
+        form.Timer6.setInterval(0);
         if (!form.mnuSmartPlay.checked)
             form.mnuSmartPlay.Click();
+        form.cmdPlay.Click();
     }
-    void type() { form.Timer6.setInterval(1300); }
     // Of the mode, the player and the timer.
     std::string state() {
         return std::string(form.mnuSmartPlay.checked ? "on " : "off ") +
                (form.isPlaying() ? "playing " : "paused ") +
                (form.Timer5.enabled() ? std::to_string(form.Timer5.interval()) : "idle");
     }
-    base::Text picture() {
-        return base::Text(base::afterLast(form.imgDetta.picture.get(), base::pathSeparator));
-    }
-    std::string savedMode() {
-        const std::string lines = bench.desktop.folder.read("Files/Quillmere.ini");
-        return lines.substr(lines.size() - 9, 1);
-    }
 
-    fakes::Workbench bench;
-    player::Form1& form = bench.form();
-    fakes::VirtualLoop& loop = bench.desktop.loop;
-    std::vector<std::string>& commands = bench.desktop.player.commands;
+    player::Form1& form = Workbench::form();
+    fakes::VirtualLoop& loop = desktop.loop;
 };
 
-TEST_F(DictationTest, Mode_SwitchesByItsTwoWays_WithTheirDifferences) {
-    struct Row {
-        bool byButton;
-        bool playing;
-        std::string afterOn;
-        std::string afterOff;
-        std::size_t boxes;
-    };
-    const Row rows[] = {{false, false, "on paused idle", "off paused idle", 1},
-                        {false, true, "on playing idle", "off paused idle", 1},
-                        {true, false, "on playing 5000", "off paused idle", 0},
-                        {true, true, "on playing idle", "off paused idle", 0}};
-    open();
-    for (const Row& row : rows) {
-        if (form.isPlaying() != row.playing)
-            form.cmdPlay.Click();
-        bench.desktop.dialogPort.boxes.clear();
-        const auto toggle = [&] { row.byButton ? form.imgDetta.Click() : form.mnuSmartPlay.Click(); };
-        toggle();
-        EXPECT_EQ(state(), row.afterOn);
-        EXPECT_EQ(picture(), u"detta2.jpg");
-        EXPECT_EQ(savedMode(), "1");
-        EXPECT_EQ(bench.desktop.dialogPort.boxes.size(), row.boxes);
-        toggle();
-        EXPECT_EQ(state(), row.afterOff);
-        EXPECT_EQ(picture(), u"detta.jpg");
-        EXPECT_EQ(savedMode(), "0");
-    }
-}
-
-TEST_F(DictationTest, Button_WithoutMedia_ChangesTheModeAlone) {
+TEST_F(DictationTest, Mode_GoesOnByItsTwoWays_WithTheirDifferences) {
     form.imgDetta.Click();
-    EXPECT_EQ(state().substr(0, 3), "on ");
-    EXPECT_TRUE(commands.empty());
+    EXPECT_TRUE(player.commands.empty()) << "without media the mode changes alone";
+    form.imgDetta.Click();
+    openTalk();
+    for (const auto& [byButton, playing, afterOn] : {std::tuple{false, false, "on paused idle"},
+                                                     {false, true, "on playing idle"},
+                                                     {true, false, "on playing 5000"},
+                                                     {true, true, "on playing idle"}}) {
+        if (form.isPlaying() != playing)
+            form.cmdPlay.Click();
+        boxes.clear();
+        byButton ? form.imgDetta.Click() : form.mnuSmartPlay.Click();
+        EXPECT_EQ(state(), afterOn);
+        EXPECT_EQ(boxes.empty(), byButton);
+        form.imgDetta.Click();
+    }
 }
 
 TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
-    open();
-    form.cmdPlay.Click();
-    turnOn();
-    bench.desktop.player.setCurrentPosition(0);
-    commands.clear();
-    form.cmdPlay.Click();
+    openTalk();
+    startCycle();
+    player.setCurrentPosition(0);
     const std::pair<int, std::string> road[] = {{4999, "on playing 5000"}, {1, "on paused 3000"},
                                                 {2999, "on paused 3000"},  {1, "on playing 5000"},
                                                 {5000, "on paused 3000"},  {3000, "on playing 5000"}};
@@ -83,10 +58,7 @@ TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
         loop.advance(ms);
         EXPECT_EQ(state(), expected) << loop.now();
     }
-    EXPECT_NEAR(bench.desktop.player.currentPosition(), 6, 0.01)
-        << "a cycle gains its play less the step back";
-    EXPECT_EQ(std::count(commands.begin(), commands.end(), "pause"),
-              3); // the first play begins at position 0
+    EXPECT_NEAR(player.currentPosition(), 6, 0.01) << "a cycle gains its play less the step back";
 }
 
 // Every way from one state of the cycle to the next. A phase that begins has its whole length, a typing watch
@@ -95,32 +67,24 @@ TEST_F(DictationTest, Cycle_GoesFromStateToState) {
     const auto tick = [&] { form.Timer5.Tick(); };
     const auto hand = [&] { form.cmdPlay.Click(); };
     const auto typed = [&] {
-        type();
+        form.Timer6.setInterval(1300);
         form.Timer5.Tick();
     };
     const auto typedFreely = [&] {
         form.mnuNoPlayOnWrite.Click();
-        type();
-        form.Timer5.Tick();
+        typed();
         form.mnuNoPlayOnWrite.Click();
     };
     const auto offByMenu = [&] { form.mnuSmartPlay.Click(); };
-    const auto offByButton = [&] { form.imgDetta.Click(); };
     const auto stop = [&] { form.mnuStop.Click(); };
     const auto end = [&] {
-        bench.desktop.player.setCurrentPosition(599.9);
+        player.setCurrentPosition(599.9);
         loop.advance(400);
     };
     const std::string playing = "on playing 5000";
     const std::string pausing = "on paused 3000";
-    struct Row {
-        const char* what;
-        std::string from;
-        std::function<void()> event;
-        std::string to;
-        double moved; // s
-    };
-    const Row rows[] = {
+    // What happens, from which state, to which, and by how many seconds the position moves.
+    const std::tuple<const char*, std::string, std::function<void()>, std::string, double> rows[] = {
         {"end of play", playing, tick, pausing, -2},
         {"typing holds a play", playing, typed, "on playing 1300", 0},
         {"typing without the option", playing, typedFreely, pausing, -2},
@@ -130,79 +94,49 @@ TEST_F(DictationTest, Cycle_GoesFromStateToState) {
         {"hand plays", pausing, hand, playing, 0},
         {"off in a play", playing, offByMenu, "off paused idle", -2},
         {"off in a pause", pausing, offByMenu, "off paused idle", 0},
-        {"button off in a play", playing, offByButton, "off paused idle", -2},
-        {"button off in a pause", pausing, offByButton, "off paused idle", 0},
         {"stop in a play", playing, stop, "off paused idle", -100},
         {"stop in a pause", pausing, stop, "off paused idle", -100},
         {"end of the media", playing, end, "off paused idle", -100},
+        {"end of the media once more", playing, end, "off paused idle", -100},
     };
-    open();
-    for (const Row& row : rows) {
-        if (form.isPlaying())
-            form.cmdPlay.Click();
-        form.Timer6.setInterval(0);
-        turnOn();
-        form.cmdPlay.Click();
-        if (row.from == pausing)
+    openTalk();
+    for (const auto& [what, from, event, to, moved] : rows) {
+        SCOPED_TRACE(what);
+        startCycle();
+        if (from == pausing)
             form.Timer5.Tick();
-        bench.desktop.player.setCurrentPosition(100);
-        ASSERT_EQ(state(), row.from) << row.what;
-        row.event();
-        EXPECT_EQ(state(), row.to) << row.what;
-        EXPECT_EQ(savedMode(), row.to.starts_with("on") ? "1" : "0") << row.what;
-        EXPECT_EQ(picture(), row.to.starts_with("on") ? u"detta2.jpg" : u"detta.jpg") << row.what;
-        EXPECT_EQ(bench.desktop.player.currentPosition() - 100, row.moved) << row.what;
+        player.setCurrentPosition(100);
+        ASSERT_EQ(state(), from);
+        event();
+        EXPECT_EQ(state(), to);
+        EXPECT_EQ(player.currentPosition() - 100, moved);
+        const bool on = to.starts_with("on");
+        EXPECT_EQ(desktop.savedLine(23), on ? "1" : "0");
+        EXPECT_EQ(form.imgDetta.picture.get(), form.folder.files(on ? u"detta2.jpg" : u"detta.jpg"));
     }
 }
 
-TEST_F(DictationTest, Typing_HoldsEitherPhase_AndExtendsItsWatch) {
-    open();
-    form.cmdPlay.Click();
-    turnOn();
-    form.cmdPlay.Click();
-    for (const std::string phase : {"on playing ", "on paused "}) {
-        loop.advance(phase == "on playing " ? 4500 : 500);
-        for (int i = 0; i < 10; ++i) {
-            type();
-            loop.advance(1000);
-            EXPECT_EQ(state().substr(0, phase.size()), phase);
-        }
-        loop.advance(2600); // the watch runs out, and at most one period later the phase ends
-        EXPECT_NE(state().substr(0, phase.size()), phase);
-    }
-    // Without the option the next tick goes on at once.
-    form.mnuNoPlayOnWrite.Click();
-    type();
-    const bool playing = form.isPlaying();
-    loop.advance(5000);
-    EXPECT_NE(form.isPlaying(), playing);
-}
-
-TEST_F(DictationTest, Cycle_GoesOnBehindAnOpenBox) {
-    open();
-    form.cmdPlay.Click();
-    bench.desktop.dialogPort.whileOpen = [&] {
-        form.cmdPlay.Click();
-        loop.advance(5000);
-        EXPECT_EQ(state(), "on paused 3000");
-    };
-    form.mnuSmartPlay.Click();
+TEST_F(DictationTest, Typing_HoldsAPhase_AtMostOnePeriodLongerThanItsWatch) {
+    openTalk();
+    startCycle();
+    loop.advance(4900);
+    form.Timer6.setInterval(1300);
+    loop.advance(1300);
+    EXPECT_TRUE(form.isPlaying());
+    loop.advance(1300);
+    EXPECT_FALSE(form.isPlaying());
 }
 
 // 40 s are 40000 ms: the statement that sets the period is skipped.
 TEST(DictationPeriods, OfMoreThanSixteenBits_LeaveTheOneBefore) {
-    fakes::Workbench longPause("5", "1", "40");
+    fakes::Workbench longPause({{22, "40"}, {23, "1"}});
     longPause.open("a.mp3", 600);
     longPause.desktop.loop.advance(5000);
     EXPECT_FALSE(longPause.form().isPlaying());
     EXPECT_EQ(longPause.form().Timer5.interval(), 5000);
 
-    fakes::Workbench longPlay("40", "1", "3");
+    fakes::Workbench longPlay({{21, "40"}, {23, "1"}});
     longPlay.open("a.mp3", 600);
     longPlay.desktop.loop.advance(60000);
     EXPECT_TRUE(longPlay.form().isPlaying()) << "no period was set before, so no phase ends";
-    longPlay.form().Timer5.Tick();
-    longPlay.desktop.loop.advance(3000);
-    EXPECT_TRUE(longPlay.form().isPlaying());
-    EXPECT_EQ(longPlay.form().Timer5.interval(), 3000) << "that of the pause";
 }

@@ -11,6 +11,8 @@
 
 #include <deque>
 #include <filesystem>
+#include <map>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -126,14 +128,19 @@ public:
         systemPort.folder = base::fromUtf8(folder.path().string());
         std::filesystem::create_directories(folder.path() / "Files/Lang");
         std::filesystem::create_directories(folder.path() / "Bookmarks");
-        layLanguage("English.lng", 136);
+        layLanguage("English.lng");
     }
 
-    // A language file in which entry n reads "&<first letters of the file's name>n".
-    void layLanguage(const std::string& name, int lines) const {
+    // A language file in which entry n reads "&<first letters of the file's name>n", but for these others.
+    void layLanguage(const std::string& name, int lines = 136,
+                     const std::map<int, std::string>& others = {}) const {
         std::string bytes;
-        for (int n = 0; n < lines; ++n)
-            bytes += "123&" + name.substr(0, 2) + std::to_string(n) + "\r\n";
+        for (int n = 0; n < lines; ++n) {
+            const auto other = others.find(n);
+            bytes += "123";
+            bytes += other != others.end() ? other->second : "&" + name.substr(0, 2) + std::to_string(n);
+            bytes += "\r\n";
+        }
         folder.write("Files/Lang/" + name, bytes);
     }
     void laySettings(const std::vector<std::string>& lines) const {
@@ -141,6 +148,22 @@ public:
         for (const std::string& line : lines)
             bytes += line + "\r\n";
         folder.write("Files/Quillmere.ini", bytes);
+    }
+    // Settings of 5 s a step, 2 s back, phases of 5 s and 3 s, but for these lines, counted from 1.
+    void laySettingsWith(std::map<int, std::string> lines) const {
+        lines.insert({{1, "English.lng"}, {2, "80"}, {3, "561"}, {4, "5"}, {5, "2"}, {7, ""}});
+        lines.insert({{21, "5"}, {22, "3"}, {25, "1"}});
+        std::string bytes;
+        for (int line = 1; line <= 25; ++line)
+            bytes += (lines.contains(line) ? lines.at(line) : "0") + "\r\n";
+        folder.write("Files/Quillmere.ini", bytes);
+    }
+    std::string savedLine(int line) const {
+        std::istringstream lines(folder.read("Files/Quillmere.ini"));
+        std::string found;
+        while (line-- > 0)
+            std::getline(lines, found);
+        return found.substr(0, found.find('\r'));
     }
     // A media file that the player can play for so many seconds; the command line that opens it.
     base::Text layMedia(const std::string& name, double seconds) {

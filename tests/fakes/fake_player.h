@@ -51,8 +51,10 @@ public:
     }
     void pause() override {
         commands.emplace_back("pause");
-        if (state_ == platform::PlayState::Playing)
-            hold(platform::PlayState::Paused);
+        if (state_ != platform::PlayState::Playing)
+            return;
+        position_ = run();
+        state_ = platform::PlayState::Paused;
     }
     void stop() override {
         commands.emplace_back("stop");
@@ -89,10 +91,6 @@ private:
             return position_;
         return position_ +
                static_cast<double>(std::max<std::int64_t>(0, loop_.now() - started_)) / 1000 * rate_;
-    }
-    void hold(platform::PlayState state) {
-        position_ = run();
-        state_ = state;
     }
 
     VirtualLoop& loop_;

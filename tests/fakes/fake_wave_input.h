@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <string>
-#include <vector>
 
 namespace fakes {
 
@@ -16,7 +14,6 @@ public:
 
     Result refusal = 0; // what open answers
     base::Text words;   // for every failure
-    std::vector<std::string> calls;
     platform::WaveFormat format;
 
     // Fills the next buffer of the queue with bytes counted up from `first`, and reports it. False when the
@@ -38,37 +35,35 @@ public:
     Result open(const platform::WaveFormat& wanted) override {
         format = wanted;
         open_ = refusal == 0;
-        calls.emplace_back("open");
         return refusal;
     }
     void close() override {
-        calls.emplace_back("close");
         open_ = running_ = false;
         queue_.clear();
     }
     Result prepareHeader(Buffer& buffer) override {
-        return carryOut("prepare", [&] { buffer.dwFlags |= Buffer::WHDR_PREPARED; });
+        return carryOut([&] { buffer.dwFlags |= Buffer::WHDR_PREPARED; });
     }
     Result unprepareHeader(Buffer& buffer) override {
-        return carryOut("unprepare", [&] { buffer.dwFlags &= ~Buffer::WHDR_PREPARED; });
+        return carryOut([&] { buffer.dwFlags &= ~Buffer::WHDR_PREPARED; });
     }
     Result addBuffer(Buffer& buffer) override {
         if (!open_ || (buffer.dwFlags & Buffer::WHDR_PREPARED) == 0 ||
             (buffer.dwFlags & Buffer::WHDR_INQUEUE) != 0)
             return 33;
-        return carryOut("add " + std::to_string(buffer.dwUser), [&] {
+        return carryOut([&] {
             buffer.dwFlags = Buffer::WHDR_PREPARED | Buffer::WHDR_INQUEUE;
             queue_.push_back(&buffer);
         });
     }
     Result start() override {
-        return carryOut("start", [&] { running_ = true; });
+        return carryOut([&] { running_ = true; });
     }
     Result stop() override {
-        return carryOut("stop", [&] { running_ = false; });
+        return carryOut([&] { running_ = false; });
     }
     Result reset() override {
-        return carryOut("reset", [&] {
+        return carryOut([&] {
             for (; !queue_.empty(); queue_.pop_front())
                 finish(*queue_.front(), 0);
         });
@@ -77,10 +72,9 @@ public:
 
 private:
     template <typename Work>
-    Result carryOut(std::string name, Work work) {
+    Result carryOut(Work work) {
         if (!open_)
             return 5;
-        calls.push_back(std::move(name));
         work();
         return 0;
     }

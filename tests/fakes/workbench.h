@@ -13,38 +13,17 @@ namespace fakes {
 // are 5 s, every pause goes 2 s back.
 class Workbench {
 public:
-    explicit Workbench(std::string tempoPlay = "5", std::string smartPlay = "0",
-                       std::string tempoPause = "3") {
-        desktop.laySettings({"English.lng",
-                             "80",
-                             "561",
-                             "5",
-                             "2",
-                             "0",
-                             "",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             "0",
-                             std::move(tempoPlay),
-                             std::move(tempoPause),
-                             std::move(smartPlay),
-                             "0",
-                             "1"});
-        program.emplace(desktop);
-        EXPECT_TRUE(program->Main(u""));
+    explicit Workbench(const std::map<int, std::string>& settings = {}) {
+        desktop.laySettingsWith(settings);
+        EXPECT_TRUE(start());
         desktop.player.commands.clear();
     }
 
+    // Starts the program once more, on what lies in its folder now.
+    bool start(base::TextView commandLine = u"") {
+        program.emplace(desktop);
+        return program->Main(commandLine);
+    }
     player::Form1& form() { return *desktop.form1; }
     player::MediaSession& session() { return program->workstation().session(); }
     player::MediaOpener& opener() { return program->workstation().opener(); }
@@ -64,7 +43,11 @@ public:
     }
 
     FakeDesktop desktop;
+    FakePlayer& player = desktop.player;
+    std::vector<FakeDialogs::Box>& boxes = desktop.dialogPort.boxes;
     std::optional<app::Program> program;
 };
+
+class WorkbenchTest : public testing::Test, protected Workbench {};
 
 } // namespace fakes

@@ -1,20 +1,17 @@
 // Reads every language file as it is shipped and checks what a translator can break without noticing:
 // the shape of the file, mnemonics that fight within one menu, and texts that the program compares or joins.
+#include "base/files.h"
+
 #include <algorithm>
-#include <cwchar>
 #include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <locale>
 #include <set>
 #include <sstream>
-#include <string>
-#include <utility>
-#include <vector>
 
 namespace fs = std::filesystem;
-using Text = std::u32string;
+using base::Text;
 using Pairs = std::vector<std::pair<int, int>>;
 
 static const std::string languages[] = {"Brazilian",  "English", "Fran\303\247ais", "Hungarian", "Italiano",
@@ -46,41 +43,26 @@ static const std::vector<Place> menus[] = {
     {{-56, 57}, 59, 60, 61, 63, 64, 21}, // find and replace
 };
 
-// Gives nothing for bytes that are no UTF-8.
-static Text decodeUtf8(const std::string& bytes) {
-    using Decoder = std::codecvt<char32_t, char8_t, std::mbstate_t>;
-    const std::u8string in(bytes.begin(), bytes.end());
-    Text out(in.size(), 0);
-    std::mbstate_t state{};
-    const char8_t* read = nullptr;
-    char32_t* end = nullptr;
-    const auto& decoder = std::use_facet<Decoder>(std::locale::classic());
-    const auto result =
-        decoder.in(state, in.data(), in.data() + in.size(), read, out.data(), out.data() + out.size(), end);
-    return result == Decoder::ok ? out.substr(0, end - out.data()) : Text();
-}
-
 // In lower case, if a keyboard gives it without a dead key (ASCII, Cyrillic); 0 for everything else.
-static char32_t plainLetter(char32_t c) {
-    const char32_t low = (c >= U'A' && c <= U'Z') || (c >= 0x410 && c <= 0x42F) ? c + 0x20 : c;
-    return (low >= U'a' && low <= U'z') || (low >= 0x430 && low <= 0x44F) ? low : 0;
+static char16_t plainLetter(char16_t c) {
+    const char16_t low = (c >= u'A' && c <= u'Z') || (c >= 0x410 && c <= 0x42F) ? c + 0x20 : c;
+    return (low >= u'a' && low <= u'z') || (low >= 0x430 && low <= 0x44F) ? low : 0;
 }
 
 class LanguageFile : public testing::TestWithParam<std::string> {
 protected:
     void SetUp() override {
-        const std::string name = GetParam() + ".lng";
-        std::ifstream in(fs::path(folder) / std::u8string(name.begin(), name.end()), std::ios::binary);
+        std::ifstream in(fs::path(folder) / (GetParam() + ".lng"), std::ios::binary);
         bytes.assign(std::istreambuf_iterator<char>(in), {});
         marked = bytes.starts_with("\xEF\xBB\xBF");
         std::istringstream rest(bytes.substr(marked ? 3 : 0));
         for (std::string line; std::getline(rest, line); lines.push_back(line))
-            entries.push_back(decodeUtf8(line.substr(0, line.find('\r'))).erase(0, 3));
-        entries.resize(std::max(entries.size(), entryCount));
+            entries.push_back(base::fromUtf8(line.substr(0, line.find('\r'))).erase(0, 3));
+        ASSERT_EQ(lines.size(), entryCount);
     }
-    char32_t mnemonic(int entry) const {
-        const Text text = entry < 0 ? U"&" + entries[-entry] : entries[entry];
-        const size_t at = text.find(U'&');
+    char16_t mnemonic(int entry) const {
+        const Text text = entry < 0 ? u"&" + entries[-entry] : entries[entry];
+        const size_t at = text.find(u'&');
         return at == Text::npos ? 0 : plainLetter(text[at + 1]);
     }
     std::string bytes;
@@ -92,19 +74,15 @@ protected:
 TEST(LanguageFolder, FilesListed_AreTheTenShippedLanguages) {
     std::set<std::string> found;
     for (const auto& file : fs::directory_iterator(folder))
-        if (const auto name = file.path().stem().u8string(); file.path().extension() == ".lng")
-            found.emplace(name.begin(), name.end());
+        if (file.path().extension() == ".lng")
+            found.insert(file.path().stem().string());
     EXPECT_EQ(found, std::set<std::string>(std::begin(languages), std::end(languages)));
 }
 
-TEST_P(LanguageFile, Bytes_Decoded_AreUtf8WithAMarkOnlyWhereNeeded) {
-    const Text text = decodeUtf8(bytes);
-    ASSERT_FALSE(text.empty());
-    EXPECT_EQ(marked, std::ranges::any_of(text.substr(marked), [](char32_t c) { return c >= 0x80; }));
-}
-
-TEST_P(LanguageFile, Lines_Counted_CarryTheirIndexAndEndInCrLf) {
-    EXPECT_EQ(lines.size(), entryCount);
+TEST_P(LanguageFile, Bytes_AreUtf8WithAMarkOnlyWhereNeeded_InLinesThatCarryTheirIndex) {
+    const Text text = base::fromUtf8(bytes.substr(marked ? 3 : 0));
+    EXPECT_EQ(marked, std::ranges::any_of(text, [](char16_t c) { return c >= 0x80; }));
+    EXPECT_TRUE(std::ranges::none_of(text, [](char16_t c) { return c >= 0xD800 && c <= 0xDFFF; }));
     EXPECT_TRUE(bytes.ends_with("\r\n"));
     for (size_t i = 0; i < lines.size(); ++i) {
         EXPECT_EQ(lines[i].substr(0, 3), std::to_string(1000 + i).substr(1));
@@ -112,20 +90,15 @@ TEST_P(LanguageFile, Lines_Counted_CarryTheirIndexAndEndInCrLf) {
     }
 }
 
-TEST_P(LanguageFile, UsedEntries_Read_AreFilledWithoutOuterBlanks) {
-    for (size_t i = 0; i < entryCount; ++i) {
-        EXPECT_TRUE(!entries[i].empty() || unused.contains(i)) << i;
-        EXPECT_FALSE(entries[i].starts_with(U' ') || entries[i].ends_with(U' ')) << i;
-    }
-}
-
-TEST_P(LanguageFile, Ampersand_OfAnEntry_StandsOnceBeforeALetterWhereAMenuTakesIt) {
+TEST_P(LanguageFile, Entries_AreFilledWithoutOuterBlanks_AndHaveOneAmpersandBeforeALetterWhereAMenuTakesIt) {
     std::set<int> allowed;
     for (const auto& menu : menus)
         for (const auto& place : menu)
             allowed.insert(place.begin(), place.end());
     for (int i = 0; i < int(entryCount); ++i) {
-        const auto count = std::ranges::count(entries[i], U'&');
+        EXPECT_TRUE(!entries[i].empty() || unused.contains(i)) << i;
+        EXPECT_FALSE(entries[i].starts_with(u' ') || entries[i].ends_with(u' ')) << i;
+        const auto count = std::ranges::count(entries[i], u'&');
         EXPECT_TRUE(!count || (count == 1 && allowed.contains(i) && !plain.contains(i) && mnemonic(i))) << i;
         EXPECT_TRUE(!allowed.contains(-i) || mnemonic(-i)) << i << " gets its ampersand in front";
     }
@@ -133,13 +106,13 @@ TEST_P(LanguageFile, Ampersand_OfAnEntry_StandsOnceBeforeALetterWhereAMenuTakesI
 
 TEST_P(LanguageFile, Mnemonics_InEveryTurnOfCaptions_AreUniqueWithinTheirMenu) {
     for (const auto& menu : menus) {
-        std::set<char32_t> taken;
+        std::set<char16_t> taken;
         for (const auto& place : menu) {
+            std::set<char16_t> turns;
             for (int entry : place)
-                EXPECT_FALSE(mnemonic(entry) && taken.contains(mnemonic(entry)))
-                    << "letter of entry " << entry;
-            for (int entry : place)
-                taken.insert(mnemonic(entry));
+                turns.insert(mnemonic(entry));
+            for (char16_t letter : turns)
+                EXPECT_TRUE(!letter || taken.insert(letter).second) << "letter of entry " << place[0];
         }
     }
 }
@@ -153,18 +126,18 @@ TEST_P(LanguageFile, Texts_ComparedAsState_DifferFromEachOther) {
 }
 
 TEST_P(LanguageFile, Texts_JoinedWithOthers_FitWhatIsPutBehindThem) {
-    EXPECT_TRUE(entries[15].size() > 3 && entries[15].ends_with(U"...")); // cut off for a title
+    EXPECT_TRUE(entries[15].size() > 3 && entries[15].ends_with(u"...")); // cut off for a title
     for (int i : {33, 40, 56, 59, 75, 97, 104, 118, 125, 126})            // a number, a name, "...", ":", "?"
-        EXPECT_TRUE(entries[i].find_last_of(U".?!\u2026") != entries[i].size() - 1) << i;
-    EXPECT_FALSE(entries[118].ends_with(U':'));
-    EXPECT_EQ(entries[97].find_first_of(U"\\/:*?\"<>|"), Text::npos); // becomes a file name
+        EXPECT_TRUE(entries[i].find_last_of(u".?!\u2026") != entries[i].size() - 1) << i;
+    EXPECT_FALSE(entries[118].ends_with(u':'));
+    EXPECT_EQ(entries[97].find_first_of(u"\\/:*?\"<>|"), Text::npos); // becomes a file name
     for (size_t i = 0; i < entryCount; ++i) {
-        EXPECT_EQ(entries[i].find(U"nnn") != Text::npos, i == 128) << i;
-        EXPECT_EQ(entries[i].find(U"<BR>") != Text::npos, i == 131) << i;
+        EXPECT_EQ(entries[i].find(u"nnn") != Text::npos, i == 128) << i;
+        EXPECT_EQ(entries[i].find(u"<BR>") != Text::npos, i == 131) << i;
     }
     Text word; // a boolean or a number here would switch a menu item
     std::ranges::transform(entries[133], std::back_inserter(word), plainLetter);
-    EXPECT_TRUE(word != U"true" && word != U"false" && entries[133].find_first_of(U"0123456789+-.&#") != 0);
+    EXPECT_TRUE(word != u"true" && word != u"false" && entries[133].find_first_of(u"0123456789+-.&#") != 0);
 }
 
 TEST_P(LanguageFile, Captions_OfNarrowPlaces_AreShortEnough) {
@@ -173,8 +146,8 @@ TEST_P(LanguageFile, Captions_OfNarrowPlaces_AreShortEnough) {
         EXPECT_TRUE(entries[button].size() == 1 && letters.insert(entries[button]).second) << button;
     int pixels = 0; // roughly: six captions and their margins have to fit in 348
     for (int i : {2, 6, 87, 13, 74})
-        for (char32_t c : entries[i])
-            pixels += c == U'&' ? 0 : c < 0x400 ? 7 : 8;
+        for (char16_t c : entries[i])
+            pixels += c == u'&' ? 0 : c < 0x400 ? 7 : 8;
     EXPECT_LE(pixels, 38 * 7);
 }
 
