@@ -67,12 +67,3 @@ TEST(SnapshotText, AThousandLetters_InALongText_TakeNoCopyEach_AndAreGivenBack) 
     const SnapshotText again(store, whole);
     EXPECT_EQ(store.bytes(), full) << "what nobody holds is used again";
 }
-
-TEST(SnapshotText, AStretch_ReachingOutside_IsCutOff) {
-    SnapshotStore store;
-    const SnapshotText text(store, u"abc");
-    EXPECT_EQ(text.text(-2, 3), u"abc");
-    EXPECT_EQ(text.text(2, 9), u"c");
-    EXPECT_EQ(text.text(9, 9), u"");
-    EXPECT_EQ(SnapshotText(store).text(), u"");
-}
