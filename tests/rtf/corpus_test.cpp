@@ -45,7 +45,6 @@ TEST_F(RtfCorpus, Words_AreThoseThatOtherProgramsRead) {
         ++files;
     }
     ASSERT_GT(files, 0);
-    std::cout << files << " files, mean " << sum / files << '\n';
     EXPECT_GE(sum / files, 0.985);
 }
 

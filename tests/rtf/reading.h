@@ -4,6 +4,7 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
+#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 
@@ -20,18 +21,20 @@ inline rtf::Document document(std::string_view body) {
     return rtf::read(std::string(head).append(body).append("}"));
 }
 
-inline std::string plain(std::string_view body) {
-    return base::toUtf8(rtf::plainText(document(body)));
+// Each body reads as the text behind it.
+inline void expectTexts(std::initializer_list<std::pair<std::string_view, std::string_view>> rows) {
+    for (const auto& [body, text] : rows)
+        EXPECT_EQ(base::toUtf8(rtf::plainText(document(body))), text) << body;
 }
 
-// The format of the first letter.
-inline rtf::CharFormat letter(std::string_view body) {
-    const rtf::Document read = document(body);
-    return read.formats[read.runs.front().format];
+// What the writer makes of a body, from its first paragraph on, without the ends of lines.
+inline std::string rewritten(std::string_view body) {
+    std::string written = rtf::write(document(body));
+    std::erase_if(written, [](char byte) { return byte == '\r' || byte == '\n'; });
+    return written.substr(written.find("\\pard"), written.rfind('}') - written.find("\\pard"));
 }
 
-inline rtf::ParagraphFormat paragraph(const rtf::Document& read, std::size_t index = 0) {
-    return read.paragraphFormats[read.paragraphs[index].format];
-}
+// How the writer begins a paragraph and its letters where nothing is set.
+inline const std::string usual = "\\pard\\ql \\plain\\f0\\fs24 ";
 
 } // namespace reading
