@@ -38,8 +38,6 @@ TEST_F(PrintingTest, TheExchange_ChoosesAndRestoresThePrinter) {
         {{u"Office", u"Back OFFICE", u"PDF"}, u"Office", u"Back OFFICE", "Back OFFICE", u"Back OFFICE"},
         // One that nobody has installed changes nothing.
         {{u"Office", u"PDF"}, u"Office", u"office", "Office", u"Office"},
-        // The printer has gone before the dialog.
-        {{u"PDF"}, u"Office", u"PDF", "Office", u"PDF"},
     };
     for (const Row& row : rows) {
         printer.installed = row.installed;
@@ -61,11 +59,4 @@ TEST_F(PrintingTest, AChoice_IsCopiedInItsOrder_WithoutWhatThePrinterRefuses_And
                             "set 2", "set 3", "set 4", "set 5", "set 7", "set 8"));
     print(u"PDF file");
     EXPECT_THAT(printer.commands, Contains("dialog PDF file x 3 for Interview"));
-}
-
-TEST_F(PrintingTest, APrinterThatVanishes_EndsTheCommandInSilence) {
-    printer.whileOpen = [this] { printer.installed = {u"PDF file"}; };
-    print(u"Office");
-    EXPECT_TRUE(text.commands.empty());
-    EXPECT_TRUE(dialogs.boxes.empty());
 }
