@@ -21,7 +21,6 @@ TEST(RtfKept, Ranges_HaveAnAnchorInTheText) {
         EXPECT_EQ(read.kept[0], range) << body;
         EXPECT_EQ(read.text[1], rtf::anchorUnit);
         EXPECT_EQ(read.runs[1], (rtf::Run{1, read.runs[1].format, 0})) << body;
-        EXPECT_EQ(rtf::read(rtf::write(read)), read) << body;
     }
 }
 
@@ -35,7 +34,6 @@ TEST(RtfKept, HeadAndHeaders_AreOnTheDocument) {
               (std::vector<rtf::Section>{{"", "{\\header top}"}, {"\\cols2", "{\\footer end}"}}));
     EXPECT_EQ(read.paragraphs[1].section, 1U);
     EXPECT_EQ(rtf::plainText(read), u"a\nb");
-    EXPECT_EQ(rtf::read(rtf::write(read)), read);
 }
 
 TEST(RtfKept, Tables_HoldWhatTheRangesReferTo) {
@@ -43,7 +41,6 @@ TEST(RtfKept, Tables_HoldWhatTheRangesReferTo) {
     ASSERT_EQ(read.keptTables.fonts.size(), 2U);
     EXPECT_EQ(read.keptTables.fonts[1], (rtf::NumberedFont{3, {u"Gothic", 128}}));
     EXPECT_EQ(read.keptTables.colours, (std::vector<rtf::Colour>{{}, {false, 255, 0, 0}}));
-    EXPECT_EQ(rtf::read(rtf::write(read)), read);
     EXPECT_EQ(document("{\\f3\\cf1 a}").keptTables, rtf::KeptTables());
 }
 

@@ -4,6 +4,7 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <string>
 #include <string_view>
@@ -17,8 +18,13 @@ inline constexpr std::string_view head =
     "{\\f2\\fcharset204 Courier;}{\\f3\\fcharset128 Gothic;}{\\f4\\fcharset222 Thai;}}"
     "{\\colortbl;\\red255\\green0\\blue0;\\red0\\green0\\blue255;}";
 
+// The body as it is read. What the writer makes of it has to read as the same, in plain ASCII.
 inline rtf::Document document(std::string_view body) {
-    return rtf::read(std::string(head).append(body).append("}"));
+    const rtf::Document read = rtf::read(std::string(head).append(body).append("}"));
+    const std::string written = rtf::write(read);
+    EXPECT_EQ(rtf::read(written), read) << body << '\n' << written;
+    EXPECT_TRUE(std::all_of(written.begin(), written.end(), [](char byte) { return byte > 0; })) << body;
+    return read;
 }
 
 // Each body reads as the text behind it.
