@@ -60,3 +60,10 @@ TEST_F(PrintingTest, AChoice_IsCopiedInItsOrder_WithoutWhatThePrinterRefuses_And
     print(u"PDF file");
     EXPECT_THAT(printer.commands, Contains("dialog PDF file x 3 for Interview"));
 }
+
+TEST_F(PrintingTest, APrinterThatHasGone_EndsTheCommandInSilence) {
+    printer.installed = {u"PDF file"};
+    print(u"Office");
+    EXPECT_TRUE(text.commands.empty());
+    EXPECT_TRUE(dialogs.boxes.empty());
+}
