@@ -17,6 +17,15 @@ protected:
         Lingua.load();
     }
 
+    // The text with its selection, "a[b]c" or "a|bc", each end of a paragraph as a stroke.
+    std::string shown() const {
+        base::Text all = text.Text();
+        const auto start = static_cast<std::size_t>(text.SelStart());
+        const base::Text selected = text.SelText();
+        all.replace(start, selected.size(), selected.empty() ? u"|" : u"[" + selected + u"]");
+        return base::toUtf8(base::replaced(all, u"\r\n", u"/"));
+    }
+
     fakes::FakeDesktop desktop;
     fakes::FakeDialogs& dialogs = desktop.dialogPort;
     base::TextFiles files{base::CodePage(1252)};

@@ -4,7 +4,6 @@
 #include "platform/printer.h"
 
 #include <algorithm>
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,7 +18,6 @@ public:
     std::vector<platform::PrinterProperty> refused;
     std::vector<std::string> commands; // "printer Office", "set 0", "dialog Office"
     std::optional<platform::PrinterChoice> answer;
-    std::function<void()> whileOpen = [] {};
 
     std::vector<base::Text> Printers() const override { return installed; }
     base::Text DeviceName() const override { return current; }
@@ -41,7 +39,6 @@ public:
                                                     const platform::PrinterChoice& start) override {
         commands.push_back("dialog " + base::toUtf8(start.deviceName) + " x " +
                            std::to_string(start.settings.Copies) + " for " + base::toUtf8(document));
-        whileOpen();
         return answer;
     }
     platform::PrintDevice& hDC() override {

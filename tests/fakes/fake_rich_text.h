@@ -87,18 +87,17 @@ public:
     std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override {
         if (refusesSearch)
             throw base::Failure("the search broke off");
-        const auto folded = [&](base::TextView any) {
-            return (options & platform::findMatchCase) != 0 ? base::Text(any) : base::lowered(any);
-        };
-        const base::Text all = folded(text_);
+        const bool matchCase = (options & platform::findMatchCase) != 0;
+        const base::Text all = matchCase ? text_ : base::lowered(text_);
+        const base::Text wanted = matchCase ? base::Text(text) : base::lowered(text);
         const auto isLetter = [&](std::size_t at) {
             return at < all.size() && all[at] > u' ' && all[at] < 0x80;
         };
-        auto at = static_cast<std::size_t>(start.value_or(start_)) - 1;
-        do
-            at = text.empty() ? base::Text::npos : all.find(folded(text), at + 1);
+        std::size_t at = wanted.empty() ? base::Text::npos
+                                        : all.find(wanted, static_cast<std::size_t>(start.value_or(start_)));
         while (at != base::Text::npos && (options & platform::findWholeWord) != 0 &&
-               ((at > 0 && isLetter(at - 1)) || isLetter(at + text.size())));
+               ((at > 0 && isLetter(at - 1)) || isLetter(at + wanted.size())))
+            at = all.find(wanted, at + 1);
         if (at == base::Text::npos)
             return -1;
         if ((options & platform::findNoHighlight) == 0) {

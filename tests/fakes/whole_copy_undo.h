@@ -24,42 +24,31 @@ public:
     }
 
     void undo() {
-        recording = false;
-        if (done.size() >= 2) {
-            const Record& last = done.back();
-            const Record& before = done[done.size() - 2];
-            if (before.Text.size() < last.Text.size()) {
-                RTB.setSelStart(last.SelStart - length(last.Text) + length(before.Text));
-                RTB.setSelLength(length(last.Text) - length(before.Text));
-                RTB.setSelText(u"");
-            } else {
-                putIn(last.SelStart, before.Text.substr(static_cast<std::size_t>(last.SelStart),
-                                                        before.Text.size() - last.Text.size()));
-            }
-            undone.push_back(last);
-            done.pop_back();
-        }
-        recording = true;
+        if (done.size() < 2)
+            return;
+        const Record last = done.back();
+        undone.push_back(last);
+        done.pop_back();
+        const base::Text& before = done.back().Text;
+        const std::int32_t more = length(before) - length(last.Text);
+        if (more < 0)
+            write(last.SelStart + more, -more, u"");
+        else
+            putIn(last.SelStart, before, more);
     }
     void redo() {
-        recording = false;
-        if (!undone.empty()) {
-            const Record& next = undone.back();
-            const std::int32_t more = length(next.Text) - length(RTB.Text());
-            if (more < 0) {
-                RTB.setSelStart(next.SelStart);
-                RTB.setSelLength(-more);
-                RTB.setSelText(u"");
-            } else if (next.SelStart >= more) {
-                putIn(next.SelStart - more, next.Text.substr(static_cast<std::size_t>(next.SelStart - more),
-                                                             static_cast<std::size_t>(more)));
-            } else {
-                putIn(next.SelStart, u""); // the difference would begin before the text
-            }
-            done.push_back(next);
-            undone.pop_back();
-        }
-        recording = true;
+        if (undone.empty())
+            return;
+        const Record next = undone.back();
+        done.push_back(next);
+        undone.pop_back();
+        const std::int32_t more = length(next.Text) - RTB.textLength();
+        if (more < 0)
+            write(next.SelStart, -more, u"");
+        else if (next.SelStart >= more)
+            putIn(next.SelStart - more, next.Text, more);
+        else
+            putIn(next.SelStart, next.Text, 0); // the difference would begin before the text
     }
 
     platform::RichText& RTB;
@@ -72,9 +61,17 @@ private:
         undone.clear();
         done.push_back({RTB.SelStart(), RTB.Text()});
     }
-    void putIn(std::int32_t at, const base::Text& text) {
+    void write(std::int32_t at, std::int32_t removed, base::TextView text) {
+        recording = false;
         RTB.setSelStart(at);
+        RTB.setSelLength(removed);
         RTB.setSelText(text);
+        recording = true;
+    }
+    // A stretch of the text, which is selected then, unless it is a letter or the end of a line.
+    void putIn(std::int32_t at, const base::Text& whole, std::int32_t count) {
+        const base::Text text = whole.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(count));
+        write(at, 0, text);
         RTB.setSelStart(at);
         if (text.size() < 2 || text == u"\r\n")
             RTB.setSelStart(RTB.SelStart() + length(text));

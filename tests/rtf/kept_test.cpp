@@ -1,19 +1,15 @@
 #include "rtf/reading.h"
 #include "rtf/rtf_picture.h"
 
-#include <gtest/gtest.h>
-
 using reading::document;
 
 TEST(RtfKept, Ranges_HaveAnAnchorInTheText) {
     const std::pair<std::string, std::string> rows[] = {
-        {"{\\pict\\pngblip 8950}", "{\\pict\\pngblip 8950}"},
         {R"({\*\shppict{\pict 00}}{\nonshppict{\pict 01}})",
          R"({\*\shppict{\pict 00}}{\nonshppict{\pict 01}})"},
         {R"({\object\objemb{\*\objdata 01}{\result r}})", R"({\object\objemb{\*\objdata 01}{\result r}})"},
         {R"({\super\chftn{\footnote\pard\chftn note}})", R"(\chftn {\footnote\pard\chftn note})"},
         {R"({\*\atnid x}\chatn{\*\annotation y})", R"({\*\atnid x}\chatn {\*\annotation y})"},
-        {R"({\shp{\*\shpinst{\shptxt z}}})", R"({\shp{\*\shpinst{\shptxt z}}})"},
         {"{\\b\\pict 00}", "{\\pict 00}"},
         {"{\\uc2\\footnote a}", "{\\footnote \\uc2 a}"},
         {"{\\footnote\r\na\xE9\\bin2 \xFF}}", "{\\footnote\na\\'e9ff7d}"},
@@ -25,21 +21,19 @@ TEST(RtfKept, Ranges_HaveAnAnchorInTheText) {
         EXPECT_EQ(read.kept[0], range) << body;
         EXPECT_EQ(read.text[1], rtf::anchorUnit);
         EXPECT_EQ(read.runs[1], (rtf::Run{1, read.runs[1].format, 0})) << body;
-        EXPECT_EQ(rtf::read(rtf::write(read)), read) << body;
     }
 }
 
 TEST(RtfKept, HeadAndHeaders_AreOnTheDocument) {
     const rtf::Document read =
-        document("{\\stylesheet{\\s1 Head;}}{\\info{\\title t}}{\\*\\listtable{\\list}}\\paperw100 "
-                 "{\\header top}a\\sect\\sectd\\cols2{\\footer end}b");
-    EXPECT_EQ(read.head, "{\\stylesheet{\\s1 Head;}}{\\info{\\title t}}{\\*\\listtable{\\list}}");
+        document(R"({\stylesheet{\s1 Head;}}{\info{\title t}}{\*\listtable{\list}}\paperw100 )"
+                 R"({\header top}a\sect\sectd\cols2{\footer end}b)");
+    EXPECT_EQ(read.head, R"({\stylesheet{\s1 Head;}}{\info{\title t}}{\*\listtable{\list}})");
     EXPECT_EQ(read.pageWords, "\\paperw100");
     EXPECT_EQ(read.sections,
               (std::vector<rtf::Section>{{"", "{\\header top}"}, {"\\cols2", "{\\footer end}"}}));
     EXPECT_EQ(read.paragraphs[1].section, 1U);
-    EXPECT_EQ(base::toUtf8(rtf::plainText(read)), "a\nb");
-    EXPECT_EQ(rtf::read(rtf::write(read)), read);
+    EXPECT_EQ(rtf::plainText(read), u"a\nb");
 }
 
 TEST(RtfKept, Tables_HoldWhatTheRangesReferTo) {
@@ -47,42 +41,27 @@ TEST(RtfKept, Tables_HoldWhatTheRangesReferTo) {
     ASSERT_EQ(read.keptTables.fonts.size(), 2U);
     EXPECT_EQ(read.keptTables.fonts[1], (rtf::NumberedFont{3, {u"Gothic", 128}}));
     EXPECT_EQ(read.keptTables.colours, (std::vector<rtf::Colour>{{}, {false, 255, 0, 0}}));
-    const std::string written = rtf::write(read);
-    EXPECT_NE(written.find("{\\f3\\fnil\\fcharset128 Gothic;}"), std::string::npos) << written;
-    EXPECT_NE(written.find("{\\colortbl ;\\red255\\green0\\blue0;\\red0\\green0\\blue255;}"),
-              std::string::npos);
-    EXPECT_EQ(rtf::read(written), read);
-}
-
-TEST(RtfKept, Document_WithoutRanges_KeepsNoTables) {
     EXPECT_EQ(document("{\\f3\\cf1 a}").keptTables, rtf::KeptTables());
 }
 
 TEST(RtfPicture, Bytes_ComeFromDigitsAndFromBinary) {
-    const std::string png = "\x89PNG";
     const std::string binary = std::string(R"({\pict\jpegblip\bin3 )") + '\xFF' + "}\\}";
-    const std::tuple<std::string, rtf::PictureKind, std::string, int, int> rows[] = {
-        {"{\\pict\\pngblip 89504e47}", rtf::PictureKind::Png, png, 0, 0},
+    const std::tuple<std::string, rtf::PictureKind, std::string, int> rows[] = {
         {"{\\pict\\picwgoal100\\pichgoal50\\picscalex50\\pngblip{\\*\\blipuid 00ff}\n89 50\n4E47}",
-         rtf::PictureKind::Png, png, 50, 50},
-        {R"({\*\shppict{\pict{\*\picprop{\sp{\sn a}}}\pngblip\picwgoal-5 89504e47}})", rtf::PictureKind::Png,
-         png, 0, 0},
-        {R"({\*\shppict{\pict\wmetafile8 01}}{\nonshppict{\pict\pngblip 89504e47}})", rtf::PictureKind::Png,
-         png, 0, 0},
-        {binary, rtf::PictureKind::Jpeg, "\xFF}\\", 0, 0},
-        {document(binary).kept.at(0), rtf::PictureKind::Jpeg, "\xFF}\\", 0, 0},
+         rtf::PictureKind::Png, "\x89PNG", 50},
+        {R"({\*\shppict{\pict\wmetafile8 01}}{\nonshppict{\pict\pngblip\picwgoal-5\pichgoal-5 89504e47}})",
+         rtf::PictureKind::Png, "\x89PNG", 0},
+        {binary, rtf::PictureKind::Jpeg, "\xFF}\\", 0},
+        {document(binary).kept.at(0), rtf::PictureKind::Jpeg, "\xFF}\\", 0},
     };
-    for (const auto& [range, kind, bytes, width, height] : rows) {
+    for (const auto& [range, kind, bytes, size] : rows) {
         const auto picture = rtf::pictureOf(range);
         ASSERT_TRUE(picture) << range;
         EXPECT_EQ(picture->kind, kind) << range;
         EXPECT_EQ(picture->bytes, bytes) << range;
-        EXPECT_EQ(picture->width, width) << range;
-        EXPECT_EQ(picture->height, height) << range;
+        EXPECT_EQ(picture->width, size) << range;
+        EXPECT_EQ(picture->height, size) << range;
     }
-}
-
-TEST(RtfPicture, Range_WithNothingToDraw_HasNone) {
     for (const std::string range :
          {"", "{\\pict\\wmetafile8 0102}", "{\\pict\\pngblip}", "{\\footnote a}", "{\\pict\\pngblip 8"})
         EXPECT_FALSE(rtf::pictureOf(range)) << range;

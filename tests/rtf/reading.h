@@ -4,6 +4,8 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
+#include <algorithm>
+#include <gtest/gtest.h>
 #include <string>
 #include <string_view>
 
@@ -16,22 +18,29 @@ inline constexpr std::string_view head =
     "{\\f2\\fcharset204 Courier;}{\\f3\\fcharset128 Gothic;}{\\f4\\fcharset222 Thai;}}"
     "{\\colortbl;\\red255\\green0\\blue0;\\red0\\green0\\blue255;}";
 
+// The body as it is read. What the writer makes of it has to read as the same, in plain ASCII.
 inline rtf::Document document(std::string_view body) {
-    return rtf::read(std::string(head).append(body).append("}"));
+    const rtf::Document read = rtf::read(std::string(head).append(body).append("}"));
+    const std::string written = rtf::write(read);
+    EXPECT_EQ(rtf::read(written), read) << body << '\n' << written;
+    EXPECT_TRUE(std::all_of(written.begin(), written.end(), [](char byte) { return byte > 0; })) << body;
+    return read;
 }
 
-inline std::string plain(std::string_view body) {
-    return base::toUtf8(rtf::plainText(document(body)));
+// Each body reads as the text behind it.
+inline void expectTexts(std::initializer_list<std::pair<std::string_view, std::string_view>> rows) {
+    for (const auto& [body, text] : rows)
+        EXPECT_EQ(base::toUtf8(rtf::plainText(document(body))), text) << body;
 }
 
-// The format of the first letter.
-inline rtf::CharFormat letter(std::string_view body) {
-    const rtf::Document read = document(body);
-    return read.formats[read.runs.front().format];
+// What the writer makes of a body, from its first paragraph on, without the ends of lines.
+inline std::string rewritten(std::string_view body) {
+    std::string written = rtf::write(document(body));
+    std::erase_if(written, [](char byte) { return byte == '\r' || byte == '\n'; });
+    return written.substr(written.find("\\pard"), written.rfind('}') - written.find("\\pard"));
 }
 
-inline rtf::ParagraphFormat paragraph(const rtf::Document& read, std::size_t index = 0) {
-    return read.paragraphFormats[read.paragraphs[index].format];
-}
+// How the writer begins a paragraph and its letters where nothing is set.
+inline const std::string usual = "\\pard\\ql \\plain\\f0\\fs24 ";
 
 } // namespace reading

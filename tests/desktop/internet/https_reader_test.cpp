@@ -1,19 +1,81 @@
 #include "https_reader.h"
 
-#include "fakes/workbench.h"
-#include "local_server.h"
-
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QSslCertificate>
+#include <QSslConfiguration>
 #include <QSslKey>
-
-using fakes::LocalServer;
+#include <QSslSocket>
+#include <QTcpServer>
+#include <QThread>
+#include <atomic>
+#include <functional>
+#include <future>
+#include <gtest/gtest.h>
 
 namespace {
 
-constexpr std::chrono::milliseconds shortLimit{700};
+// A web server on this machine, on a thread of its own: it reads the head of each request and answers by a
+// function.
+class LocalServer : public QThread {
+public:
+    using Answer = std::function<void(QSslSocket& client, const QByteArray& request)>;
+
+    // With a configuration it speaks TLS.
+    explicit LocalServer(Answer answer, std::optional<QSslConfiguration> tls = std::nullopt)
+        : answer_(std::move(answer)), tls_(std::move(tls)) {
+        start();
+        port_ = listening_.get_future().get();
+    }
+    ~LocalServer() override {
+        stop_ = true;
+        wait();
+    }
+
+    std::string address(const char* scheme, const std::string& path = "/ver.txt") const {
+        return std::string(scheme) + "://localhost:" + std::to_string(port_) + path;
+    }
+
+private:
+    class Listener : public QTcpServer {
+    public:
+        std::function<void(qintptr)> incomingConnection_;
+        void incomingConnection(qintptr handle) override { incomingConnection_(handle); }
+    };
+
+    void run() override {
+        Listener listener;
+        listener.incomingConnection_ = [this](qintptr handle) { serve(handle); };
+        listener.listen(QHostAddress::LocalHost);
+        listening_.set_value(listener.serverPort());
+        while (!stop_)
+            listener.waitForNewConnection(20);
+    }
+    void serve(qintptr handle) {
+        QSslSocket client;
+        client.setSocketDescriptor(handle);
+        if (tls_) {
+            client.setSslConfiguration(*tls_);
+            client.startServerEncryption();
+            if (!client.waitForEncrypted(5000))
+                return;
+        }
+        QByteArray request;
+        while (!request.contains("\r\n\r\n") && client.waitForReadyRead(5000))
+            request += client.readAll();
+        answer_(client, request);
+        client.disconnectFromHost();
+        if (client.state() != QAbstractSocket::UnconnectedState)
+            client.waitForDisconnected(2000);
+    }
+
+    Answer answer_;
+    std::optional<QSslConfiguration> tls_;
+    std::promise<quint16> listening_;
+    quint16 port_ = 0;
+    std::atomic<bool> stop_ = false;
+};
 
 QByteArray certificateFile(const char* name) {
     QFile file(QStringLiteral(CERTIFICATES "/") + QLatin1String(name));
@@ -28,22 +90,35 @@ QSslConfiguration tls(const char* certificate) {
 }
 
 void send(QSslSocket& client, const std::string& bytes) {
-    client.write(bytes.data(), static_cast<qint64>(bytes.size()));
+    client.write(QByteArray::fromStdString(bytes));
     client.waitForBytesWritten(2000);
 }
 
-std::string page(const std::string& body, const std::string& status = "200 OK",
-                 const std::string& fields = {}) {
-    return "HTTP/1.1 " + status + "\r\nContent-Length: " + std::to_string(body.size()) + "\r\n" + fields +
-           "Connection: close\r\n\r\n" + body;
+std::string page(const std::string& body, const std::string& status = "200 OK") {
+    return "HTTP/1.1 " + status + "\r\nContent-Length: " + std::to_string(body.size()) +
+           "\r\nConnection: close\r\n\r\n" + body;
+}
+
+std::string redirection(const std::string& to) {
+    return page("moved", "302 Found\r\nLocation: " + to);
 }
 
 LocalServer::Answer sends(const std::string& bytes) {
     return [bytes](QSslSocket& client, const QByteArray&) { send(client, bytes); };
 }
 
-std::string redirection(const std::string& to) {
-    return page("moved", "302 Found", "Location: " + to + "\r\n");
+// Sends so much and then holds the line without a word until the other side hangs up.
+LocalServer::Answer hangsBehind(const std::string& bytes) {
+    return [bytes](QSslSocket& client, const QByteArray&) {
+        send(client, bytes);
+        client.waitForDisconnected(5000);
+    };
+}
+
+void sendsForEver(QSslSocket& client, const QByteArray&) {
+    send(client, "HTTP/1.1 200 OK\r\n\r\n");
+    while (client.state() == QAbstractSocket::ConnectedState)
+        send(client, std::string(10'000, '9'));
 }
 
 // A page that has moved so many times, each time to the next number.
@@ -54,97 +129,57 @@ LocalServer::Answer moved(int times) {
     };
 }
 
-// Holds the line without a word until the other side hangs up.
-void holdOn(QSslSocket& client) {
-    client.waitForDisconnected(5000);
+std::string readFrom(const std::string& address) {
+    return desktop::HttpsReader(std::chrono::milliseconds(2000)).read(address, "Quillmere");
 }
 
 } // namespace
 
-// What a server can answer, and what comes of it: the whole of what decides is the test of the update check.
-TEST(HttpsReader, Answers_ThatAskTheUser_AndThoseThatStaySilent) {
+// What a server can answer, and what arrives of it; what that means is decided by the update check.
+TEST(HttpsReader, Answers_ArriveAsTheyAre_AndWhatIsUnsafeNotAtAll) {
     QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
     trusting.addCaCertificate(QSslCertificate(certificateFile("authority.pem")));
     QSslConfiguration::setDefaultConfiguration(trusting);
-    const std::string html = "<!DOCTYPE html><html><body>404 Not Found</body></html>";
+    const LocalServer plain(sends(page("001015003")));
     const struct {
         const char* what;
-        const char* certificate;
         LocalServer::Answer answer;
         std::string received;
-        bool asks;
+        const char* certificate = "good.pem";
     } rows[] = {
-        {"the version in use", "good.pem", sends(page("001015002")), "001015002", false},
-        {"a newer one", "good.pem", sends(page("001015003")), "001015003", true},
-        {"letters", "good.pem", sends(page("00a000000")), "00a000000", true},
-        {"short", "good.pem", sends(page("1.2.3")), "1.2.3", false},
-        {"a line break behind it", "good.pem", sends(page("999999999\r\n")), "999999999\r\n", false},
-        {"an HTML page", "good.pem", sends(page(html, "404 Not Found")), html, false},
-        {"nothing at all", "good.pem", sends(""), "", false},
-        {"no HTTP", "good.pem", sends("999999999"), "", false},
-        {"without a length, ended by closing", "good.pem", sends("HTTP/1.0 200 OK\r\n\r\n001015003"),
-         "001015003", true},
-        {"broken off inside of a page", "good.pem",
-         sends("HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n0010"), "0010", false},
-        {"hanging from the start", "good.pem", [](QSslSocket& client, const QByteArray&) { holdOn(client); },
-         "", false},
-        {"hanging in the middle", "good.pem",
-         [](QSslSocket& client, const QByteArray&) {
-             send(client, "HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n00101");
-             holdOn(client);
-         },
-         "00101", false},
-        {"endless", "good.pem",
-         [](QSslSocket& client, const QByteArray&) {
-             send(client, "HTTP/1.1 200 OK\r\n\r\n");
-             while (client.state() == QAbstractSocket::ConnectedState)
-                 send(client, std::string(10'000, '9'));
-         },
-         std::string(64 * 1024 + 1, '9'), false},
-        {"signed by nobody", "self-signed.pem", sends(page("001015003")), "", false},
-        {"signed for another host", "other-host.pem", sends(page("001015003")), "", false},
-        {"out of date", "expired.pem", sends(page("001015003")), "", false},
-        {"moved once", "good.pem", moved(1), "001015003", true},
-        {"moved twice", "good.pem", moved(2), "", false},
-        {"moved in a ring", "good.pem", sends(redirection("/ver.txt")), "", false},
+        {"a page", sends(page("001015003\r\n")), "001015003\r\n"},
+        {"a page of its own for what is missing", sends(page("<html>", "404 Not Found")), "<html>"},
+        {"no HTTP", sends("999999999"), ""},
+        {"ended by closing", sends("HTTP/1.0 200 OK\r\n\r\n001015003"), "001015003"},
+        {"broken off", sends("HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n0010"), "0010"},
+        {"hanging", hangsBehind(""), ""},
+        {"hanging later", hangsBehind("HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\n00101"), "00101"},
+        {"endless", sendsForEver, std::string(64 * 1024 + 1, '9')},
+        {"signed by nobody", sends(page("001015003")), "", "self-signed.pem"},
+        {"signed for another host", sends(page("001015003")), "", "other-host.pem"},
+        {"out of date", sends(page("001015003")), "", "expired.pem"},
+        {"moved once", moved(1), "001015003"},
+        {"moved twice", moved(2), ""},
+        {"moved to a less safe place", sends(redirection(plain.address("http"))), ""},
     };
     for (const auto& row : rows) {
         const LocalServer server(row.answer, tls(row.certificate));
-        const bool hangs = std::string_view(row.what).starts_with("hanging");
-        desktop::HttpsReader reader(hangs ? shortLimit : desktop::HttpsReader::wholeRead);
-        const std::string address = server.address("https");
         QElapsedTimer clock;
         clock.start();
-        EXPECT_EQ(reader.read(address, "Test"), row.received) << row.what;
-        EXPECT_LT(clock.elapsed(), 3500) << row.what;
-
-        fakes::Workbench bench;
-        outside::Links links(bench.form(), *bench.desktop.form2, *bench.desktop.form2,
-                             bench.desktop.shellPort);
-        outside::UpdateCheck check(bench.form(), links, reader, bench.desktop.dialogPort,
-                                   bench.desktop.systemPort, address);
-        check.ControllaAggiornamenti();
-        EXPECT_EQ(bench.desktop.dialogPort.boxes.size(), row.asks ? 1U : 0U) << row.what;
+        EXPECT_EQ(readFrom(server.address("https")), row.received) << row.what;
+        EXPECT_LT(clock.elapsed(), 2500) << row.what;
     }
-}
-
-TEST(HttpsReader, LessSafeAddress_IsNotFollowed) {
-    const LocalServer plain(sends(page("001015003")));
-    const LocalServer safe(sends(redirection(plain.address("http"))), tls("good.pem"));
-    EXPECT_EQ(desktop::HttpsReader().read(safe.address("https"), "Test"), "");
 }
 
 TEST(HttpsReader, Request_NamesTheAgent_AndWantsNoCache) {
-    QByteArray seen;
-    {
-        const LocalServer server([&](QSslSocket& client, const QByteArray& request) {
-            seen = request.toLower();
-            send(client, page("001015003"));
-        });
-        desktop::HttpsReader().read(server.address("http"), "Quillmere");
-    }
-    EXPECT_TRUE(seen.contains("user-agent: quillmere\r\n")) << seen.toStdString();
-    EXPECT_TRUE(seen.contains("cache-control: no-cache\r\n")) << seen.toStdString();
+    const LocalServer server([](QSslSocket& client, const QByteArray& request) {
+        const QByteArray seen = request.toLower();
+        send(client,
+             page(seen.contains("user-agent: quillmere\r\n") && seen.contains("cache-control: no-cache\r\n")
+                      ? "both"
+                      : request.toStdString()));
+    });
+    EXPECT_EQ(readFrom(server.address("http")), "both");
 }
 
 TEST(HttpsReader, SystemsProxy_IsUsed) {
@@ -152,13 +187,13 @@ TEST(HttpsReader, SystemsProxy_IsUsed) {
         send(client, page(request.startsWith("GET http://version.example/ver.txt ") ? "001015003" : "wrong"));
     });
     qputenv("http_proxy", proxy.address("http", "").c_str());
-    EXPECT_EQ(desktop::HttpsReader().read("http://version.example/ver.txt", "Test"), "001015003");
+    EXPECT_EQ(readFrom("http://version.example/ver.txt"), "001015003");
     qunsetenv("http_proxy");
 }
 
 TEST(HttpsReader, NobodyThere_IsSilence) {
     for (const char* address : {"https://localhost:1/", "https://nowhere.invalid/", "no address", ""})
-        EXPECT_EQ(desktop::HttpsReader().read(address, "Test"), "") << address;
+        EXPECT_EQ(readFrom(address), "") << address;
 }
 
 int main(int argc, char* argv[]) {

@@ -10,7 +10,6 @@
 
 namespace {
 
-using listening::placeBehind;
 using listening::placeIn;
 using listening::runLoop;
 using listening::Samples;
@@ -39,6 +38,17 @@ protected:
     static std::unique_ptr<desktop::MpvPlayer> makePlayer() {
         return std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse"});
     }
+    // Fails unless the first sound heard is that of the place, to a few samples.
+    void expectHeardFrom(double place) {
+        runLoop(200);
+        const Samples heard = server_.heard();
+        EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003);
+    }
+    // The place behind the last sound heard.
+    double lastHeard(double expected) {
+        const Samples heard = server_.heard();
+        return listening::placeBehind(source_, heard, soundsIn(heard).back().end, expected);
+    }
 
     static constexpr base::TextView media = u"" MEDIA_FOLDER "/noise.mp3";
     Samples source_;
@@ -53,8 +63,7 @@ TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {
     for (int round = 0; round < 2; ++round) {
         const double asked = player_->currentPosition();
         player_->pause();
-        const Samples heard = server_.heard();
-        const double silent = placeBehind(source_, heard, soundsIn(heard).back().end, asked);
+        const double silent = lastHeard(asked);
         EXPECT_NEAR(silent, asked, 0.03);
         EXPECT_NEAR(silent, player_->currentPosition(), 0.03);
         player_->play();
@@ -62,31 +71,22 @@ TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {
     }
 }
 
-TEST_F(HeardSoundTest, StepBackAndPause_IsHeardFromTheSampleAskedFor) {
+TEST_F(HeardSoundTest, StepBackAndPause_ReadsBackExactly_AndIsHeardFromTheSampleAskedFor) {
     // Steps of a tenth up to normal speed, where they arrive a hair below it.
     for (double rate = 0.5; rate < 0.95; player_->setRate(rate))
         rate += 0.1;
     player_->setCurrentPosition(8);
     runLoop(300);
-    for (const double stepBack : {3.0, 0.0, 1.234}) {
-        player_->setCurrentPosition(player_->currentPosition() - stepBack);
+    for (const double stepBack : {3.0, 1.234, 0.0}) {
+        const double place = player_->currentPosition() - stepBack;
+        player_->setCurrentPosition(place);
         player_->pause();
-        const double place = player_->currentPosition();
+        EXPECT_EQ(player_->currentPosition(), place);
         server_.heard();
+        EXPECT_EQ(player_->currentPosition(), place);
         player_->play();
-        runLoop(200);
-        const Samples heard = server_.heard();
-        EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003) << stepBack;
+        expectHeardFrom(place);
     }
-}
-
-TEST_F(HeardSoundTest, PlayAfterStop_BeginsWithTheFirstSample) {
-    player_->stop();
-    server_.heard();
-    player_->play();
-    runLoop(200);
-    const Samples heard = server_.heard();
-    EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, 0), 0, 0.003);
 }
 
 TEST_F(HeardSoundTest, Load_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) {
@@ -100,18 +100,24 @@ TEST_F(HeardSoundTest, Load_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) {
         player_->setURL(media);
         player_->setCurrentPosition(place);
         QThread::msleep(50); // the program is busy, so the engine hears no more of it for a while
-        runLoop(200);
-        const Samples heard = server_.heard();
-        EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003);
+        expectHeardFrom(place);
     }
 }
 
-TEST_F(HeardSoundTest, EndOfMedia_IsHeardToTheLastSample) {
+TEST_F(HeardSoundTest, EndOfMedia_IsHeardToTheLastSample_AndPlayBeginsWithTheFirst_AsAfterAStop) {
     const double length = static_cast<double>(source_.size()) / listening::sampleRate;
     player_->setCurrentPosition(length - 0.6);
     ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Stopped; }));
-    const Samples heard = server_.heard();
-    EXPECT_NEAR(placeBehind(source_, heard, soundsIn(heard).back().end, length), length, 0.02);
+    EXPECT_NEAR(lastHeard(length), length, 0.02);
+    EXPECT_EQ(player_->currentPosition(), 0);
+    EXPECT_EQ(player_->currentPositionString(), u"");
+    EXPECT_EQ(player_->durationString(), u"00:20");
+    for (int round = 0; round < 2; ++round) {
+        player_->play();
+        expectHeardFrom(0);
+        player_->stop();
+        server_.heard();
+    }
 }
 
 TEST_F(HeardSoundTest, FourAndAHalfTimesTheSpeed_IsHeardWithoutGaps) {

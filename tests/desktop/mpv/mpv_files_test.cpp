@@ -3,38 +3,30 @@
 
 #include <memory>
 #include <sys/stat.h>
+#include <vector>
 
 namespace listening {
 
 TEST_F(MpvPlayerTest, Load_StartsByItself_ForEachKindOfFile) {
-    struct Row {
-        base::Text path;
-        double length;
-    };
     const base::Text media = u"" MEDIA_FOLDER;
-    const Row rows[] = {
-        {folder_.text("a.wav"), wavLength}, {media + u"/noise.mp3", 20}, {media + u"/pictures.mp4", 4}};
-    for (const Row& row : rows) {
-        SCOPED_TRACE(base::toUtf8(row.path));
+    for (const auto& [path, length] : {std::pair{folder_.text("a.wav"), wavLength},
+                                       {media + u"/noise.mp3", 20},
+                                       {media + u"/pictures.mp4", 4}}) {
         MpvPlayer player({"null"});
         EXPECT_EQ(player.playState(), PlayState::Undefined);
-        player.setURL(row.path);
-        EXPECT_EQ(player.URL(), row.path);
+        player.setURL(path);
         EXPECT_EQ(player.playState(), PlayState::Transitioning);
-        ASSERT_TRUE(reaches(player, PlayState::Playing));
-        EXPECT_TRUE(waitFor([&] { return player.currentPosition() > 0.3; }));
-        EXPECT_NEAR(player.duration(), row.length, 0.1);
-        EXPECT_EQ(player.currentPositionString(), u"00:00");
+        ASSERT_TRUE(waitFor([&] { return player.playState() == PlayState::Playing; })) << length;
+        EXPECT_TRUE(waitFor([&] { return player.currentPosition() > 0.3; })) << length;
+        EXPECT_NEAR(player.duration(), length, 0.1);
     }
 }
 
 TEST_F(MpvPlayerTest, UnplayableFile_EndsInStopped_AndTheNextOnePlays) {
-    const std::string wav = listening::noiseWav(1);
     const std::pair<std::string, std::string> rows[] = {
-        {"text.txt", "one two three\n"},
         {"text.mp3", std::string(5000, 'x')},
         {"nothing.mp3", ""},
-        {"head.wav", wav.substr(0, 30)},
+        {"head.wav", wav_.substr(0, 30)},
         {"list.m3u", "#EXTM3U\na.wav\n"},
         {"list.mp3", "#EXTM3U\nhttp://127.0.0.1:9/a.mp3\n"},
         {"cuts.mp3", "# mpv EDL v0\na.wav\n"},
@@ -43,13 +35,19 @@ TEST_F(MpvPlayerTest, UnplayableFile_EndsInStopped_AndTheNextOnePlays) {
         {"call.sdp",
          "v=0\no=- 0 0 IN IP4 127.0.0.1\ns=x\nc=IN IP4 127.0.0.1\nt=0 0\nm=audio 5004 RTP/AVP 0\n"},
     };
+    std::vector<base::Text> paths = {folder_.text("missing.mp3"), folder_.text("")};
     for (const auto& [name, bytes] : rows) {
-        SCOPED_TRACE(name);
         folder_.write(name, bytes);
-        expectRefused(folder_.text(name));
+        paths.push_back(folder_.text(name));
     }
-    expectRefused(folder_.text("missing.mp3"));
-    expectRefused(base::fromUtf8(folder_.path().string()));
+    for (const base::Text& path : paths) {
+        SCOPED_TRACE(base::toUtf8(path));
+        player_.setURL(path);
+        EXPECT_EQ(player_.playState(), PlayState::Transitioning);
+        EXPECT_TRUE(reaches(PlayState::Stopped));
+        EXPECT_EQ(player_.currentPosition() + player_.duration(), 0);
+        EXPECT_EQ(player_.currentPositionString() + player_.durationString(), u"");
+    }
     start();
 }
 
@@ -60,60 +58,40 @@ TEST_F(MpvPlayerTest, AnyFileName_IsAFileName) {
           "~~home.wav", "http:x.wav", "file://x.wav", "memory://x.wav", "edl://a.wav", "av://lavfi:sine",
           "\xFF\xFE.wav", "перо 🪶.wav", " .wav"}) {
         SCOPED_TRACE(name);
-        folder_.write(name, listening::noiseWav(1));
+        folder_.write(name, wav_);
         for (const base::Text& path : {base::fromUtf8(name), folder_.text(name)}) {
             player_.setURL(path);
             EXPECT_TRUE(waitFor([&] { return player_.currentPosition() > 0.01; }));
-            EXPECT_NEAR(player_.duration(), 1, 0.01);
+            EXPECT_EQ(player_.duration(), wavLength);
         }
     }
     std::filesystem::current_path("/");
 }
 
-TEST_F(MpvPlayerTest, SecondFile_IsNotDisturbedByTheFirst) {
-    folder_.write("b.wav", listening::noiseWav(2));
+TEST_F(MpvPlayerTest, AnotherFileOrNone_AtAnyMoment_IsNotDisturbedByTheFirst) {
     for (const int delay : {0, 1, 3, 8, 20, 60}) {
+        SCOPED_TRACE(delay);
         player_.setURL(folder_.text("a.wav"));
         runLoop(delay);
         player_.pause();
-        player_.setURL(folder_.text("b.wav"));
+        player_.setURL(u"" MEDIA_FOLDER "/noise.mp3");
         ASSERT_TRUE(waitFor([&] {
             EXPECT_NE(player_.playState(), PlayState::Stopped);
             EXPECT_NE(player_.duration(), wavLength);
             return player_.currentPosition() > 0.05;
-        })) << delay;
-        EXPECT_EQ(player_.duration(), 2) << delay;
-    }
-}
-
-TEST_F(MpvPlayerTest, Close_Unloads_AtAnyMoment) {
-    for (const int delay : {0, 2, 5, 10, 20, 100}) {
+        }));
+        EXPECT_NEAR(player_.duration(), 20, 0.1);
         player_.setURL(folder_.text("a.wav"));
         runLoop(delay);
         player_.setURL(u"");
         player_.close();
+        player_.play();
+        player_.setCurrentPosition(1);
         runLoop(20);
         EXPECT_EQ(player_.playState(), PlayState::Undefined);
         EXPECT_EQ(player_.currentPosition() + player_.duration(), 0);
         EXPECT_EQ(player_.durationString(), u"");
     }
-    player_.play();
-    player_.pause();
-    player_.stop();
-    player_.setCurrentPosition(1);
-    runLoop(50);
-    EXPECT_EQ(player_.playState(), PlayState::Undefined);
-    start();
-}
-
-TEST_F(MpvPlayerTest, FileThatVanishes_LeavesThePlayerUsable) {
-    for (int i = 0; i < 10; ++i) {
-        folder_.write("gone.wav", listening::noiseWav(1));
-        player_.setURL(folder_.text("gone.wav"));
-        std::filesystem::remove(folder_.path() / "gone.wav");
-        EXPECT_TRUE(waitFor([&] { return player_.playState() != PlayState::Transitioning; }));
-    }
-    start();
 }
 
 TEST_F(MpvPlayerTest, Destruction_IsQuickAtAnyMoment) {

@@ -3,11 +3,12 @@
 
 #include "fakes/temporary_folder.h"
 #include "listening.h"
-
-#include <QProcess>
+#include "pulse_daemon.h"
 
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
+#include <numeric>
 #include <vector>
 
 namespace listening {
@@ -41,29 +42,24 @@ inline std::vector<Sound> soundsIn(const Samples& heard, double gap = 0.05) {
     return sounds;
 }
 
-// The place in seconds at which `source` is most like the `length` samples of `heard` from `from` on, looked
-// for up to 0.8 s around `expected`; NaN where nothing there is alike.
+constexpr std::size_t alikeLength = 700; // samples that tell a place
+
+// The place in seconds at which `source` is most like what was `heard` from `from` on, looked for up to 0.8 s
+// around `expected`; NaN where nothing there is alike.
 inline double placeIn(const Samples& source, const Samples& heard, std::size_t from, double expected) {
-    constexpr std::size_t length = 700;
-    constexpr double alike = 0.9;
-    const auto energy = [](const std::int16_t* samples) {
-        double sum = 0;
-        for (std::size_t i = 0; i < length; ++i)
-            sum += static_cast<double>(samples[i]) * samples[i];
-        return sum;
+    const auto product = [](const std::int16_t* a, const std::int16_t* b) {
+        return std::inner_product(a, a + alikeLength, b, 0.0);
     };
     const std::int16_t* const sound = heard.data() + from;
-    const double soundEnergy = energy(sound);
+    const double energy = product(sound, sound);
     const auto first = static_cast<std::size_t>(std::max(expected - 0.8, 0.0) * sampleRate);
     const auto last =
-        std::min(static_cast<std::size_t>((expected + 0.8) * sampleRate), source.size() - length);
-    double best = alike;
+        std::min(static_cast<std::size_t>((expected + 0.8) * sampleRate), source.size() - alikeLength);
+    double best = 0.9;
     double place = std::nan("");
     for (std::size_t at = first; at <= last; ++at) {
-        double product = 0;
-        for (std::size_t i = 0; i < length; ++i)
-            product += static_cast<double>(source[at + i]) * sound[i];
-        const double likeness = product / std::sqrt(soundEnergy * energy(source.data() + at) + 1);
+        const std::int16_t* const there = source.data() + at;
+        const double likeness = product(there, sound) / std::sqrt(energy * product(there, there) + 1);
         if (likeness > best) {
             best = likeness;
             place = static_cast<double>(at) / sampleRate;
@@ -74,45 +70,30 @@ inline double placeIn(const Samples& source, const Samples& heard, std::size_t f
 
 // The same for the last sound before `end`: the place behind it.
 inline double placeBehind(const Samples& source, const Samples& heard, std::size_t end, double expected) {
-    constexpr std::size_t length = 700;
-    return placeIn(source, heard, end - length, expected) + static_cast<double>(length) / sampleRate;
+    return placeIn(source, heard, end - alikeLength, expected) +
+           static_cast<double>(alikeLength) / sampleRate;
 }
 
-// A PulseAudio daemon with one sink that goes nowhere; whatever reaches it is recorded. Clients made after it
-// find it by the environment.
+// A sound server with one sink that goes nowhere; whatever reaches it is recorded.
 class SoundServer {
 public:
     SoundServer() {
-        const QString folder = QString::fromStdString(folder_.path().string());
-        const QString socket = folder + QStringLiteral("/socket");
-        for (const char* name : {"HOME", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
-            qputenv(name, folder.toUtf8());
-        qputenv("PULSE_SERVER", "unix:" + socket.toUtf8());
-        daemon_.setStandardErrorFile(QProcess::nullDevice());
-        daemon_.start(QStringLiteral(PULSEAUDIO),
-                      {QStringLiteral("-n"), QStringLiteral("--daemonize=no"),
-                       QStringLiteral("--use-pid-file=no"), QStringLiteral("--exit-idle-time=-1"),
-                       QStringLiteral("-L"),
-                       QStringLiteral("module-native-protocol-unix auth-anonymous=1 socket=") + socket,
-                       QStringLiteral("-L"), QStringLiteral("module-null-sink sink_name=out norewinds=1")});
+        liveIn(folder_.path().string());
+        runPulse(daemon_, folder_.path().string(), "out");
         // The server answers when the recorder gets its first sample.
         waitFor([&] {
-            if (recorder_.state() == QProcess::NotRunning) {
-                recorder_.start(QStringLiteral(PAREC),
-                                {QStringLiteral("--device=out.monitor"), QStringLiteral("--raw"),
-                                 QStringLiteral("--format=s16le"), QStringLiteral("--channels=1"),
-                                 QStringLiteral("--rate=44100"), QStringLiteral("--latency-msec=20")});
-                recorder_.waitForStarted();
-            }
+            if (recorder_.state() == QProcess::NotRunning)
+                run(recorder_, PAREC,
+                    {"--device=out.monitor", "--raw", "--format=s16le", "--channels=1", "--rate=44100",
+                     "--latency-msec=20"});
             runLoop(20);
             return recorder_.bytesAvailable() > 0;
         });
     }
     ~SoundServer() {
         for (QProcess* process : {&recorder_, &daemon_}) {
-            process->terminate();
-            if (!process->waitForFinished(2000))
-                process->kill();
+            process->kill();
+            process->waitForFinished();
         }
     }
 

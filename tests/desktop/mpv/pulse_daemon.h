@@ -1,0 +1,35 @@
+// A PulseAudio daemon of the test's own, and other programs beside it.
+#pragma once
+
+#include <QProcess>
+
+#include <string>
+#include <vector>
+
+namespace listening {
+
+inline void run(QProcess& process, const char* program, const std::vector<std::string>& arguments) {
+    QStringList list;
+    for (const std::string& argument : arguments)
+        list << QString::fromStdString(argument);
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(QString::fromLocal8Bit(program), list);
+    process.waitForStarted();
+}
+
+// From now on, programs know no sound server but the one of the folder.
+inline void liveIn(const std::string& folder) {
+    for (const char* name : {"HOME", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
+        qputenv(name, folder.c_str());
+    qputenv("PULSE_SERVER", ("unix:" + folder + "/socket").c_str());
+}
+
+// Starts the sound server of the folder, with one sink that goes nowhere.
+inline void runPulse(QProcess& daemon, const std::string& folder, const std::string& sink) {
+    run(daemon, PULSEAUDIO,
+        {"-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1", "-L",
+         "module-native-protocol-unix auth-anonymous=1 socket=" + folder + "/socket", "-L",
+         "module-null-sink norewinds=1 sink_name=" + sink});
+}
+
+} // namespace listening
