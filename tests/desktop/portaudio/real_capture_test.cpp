@@ -1,127 +1,67 @@
-// Recordings in processes of their own, from a sound server of the test's own or from none.
-#include "desktop/mpv/pulse_daemon.h"
-#include "fakes/temporary_folder.h"
+#include "capture_fixture.h"
+#include "recorder/cut_off_recordings.h"
+#include "recorder/wav_repair.h"
 
-#include <QThread>
-
-#include <algorithm>
+#include <csignal>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <random>
-#include <string>
 
+using capture::Format;
 using testing::HasSubstr;
+
+class RealCapture : public capture::CaptureFixture {};
 
 namespace {
 
-struct Format {
-    int rate, bits, channels;
-
-    std::size_t bytesPerSecond() const {
-        return static_cast<std::size_t>(rate) * static_cast<std::size_t>(bits * channels) / 8;
-    }
-};
-
-std::string noise(std::size_t size) {
-    std::minstd_rand random(static_cast<unsigned>(size));
-    std::string bytes(size, '\0');
-    for (char& byte : bytes)
-        byte = static_cast<char>(random() >> 8U);
-    return bytes;
+std::string words(const Format& format) {
+    return std::to_string(format.rate) + " " + std::to_string(format.channels) + " " +
+           std::to_string(format.bits);
 }
-
-std::string outputOf(QProcess& process) {
-    EXPECT_TRUE(process.waitForFinished(30000));
-    return process.readAllStandardOutput().toStdString();
-}
-
-class RealCapture : public testing::Test {
-protected:
-    RealCapture() {
-        listening::liveIn(path(""));
-        useAlsa("pcm.!default { type pulse }\nctl.!default { type pulse }\n");
-    }
-    void TearDown() override { endPrograms(); }
-    void endPrograms() {
-        for (QProcess* program : {&player, &server}) {
-            program->kill();
-            program->waitForFinished();
-        }
-    }
-
-    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
-    void useAlsa(const std::string& configuration) {
-        folder.write("asound.conf", configuration);
-        qputenv("ALSA_CONFIG_PATH", path("asound.conf").c_str());
-    }
-    // A sound server into whose only sink noise is played.
-    void playNoise(const Format& format) {
-        const std::string rate = "rate=" + std::to_string(format.rate);
-        const std::string samples = std::string("format=") + (format.bits == 8 ? "u8" : "s16le");
-        const std::string channels = "channels=" + std::to_string(format.channels);
-        listening::runPulse(server, path(""), "out " + rate + ' ' + samples + ' ' + channels);
-        std::string answer;
-        for (int i = 0; i < 100 && answer.empty(); ++i) {
-            QThread::msleep(50);
-            QProcess asking;
-            listening::run(asking, PACTL, {"get-default-sink"});
-            answer = outputOf(asking);
-        }
-        folder.write("noise", noise(format.bytesPerSecond() * 8));
-        listening::run(
-            player, PACAT,
-            {"--raw", "--latency-msec=500", "--" + rate, "--" + samples, "--" + channels, path("noise")});
-    }
-    // Starts a recording of so many buffers into a.wav.
-    void record(QProcess& recording, const Format& format, std::size_t buffers) {
-        listening::run(recording, RECORDING_PROCESS,
-                       {path(""), std::to_string(buffers), std::to_string(format.channels),
-                        std::to_string(format.bits), std::to_string(format.rate), path("a.wav")});
-    }
-    // How many samples of the recording are those of the noise, from its first on; 0 when one of them is not.
-    std::size_t alike(const Format& format) const {
-        const std::string recorded = folder.read("a.wav");
-        if (recorded.size() <= 46)
-            return 0;
-        // One byte of 0 lies over the first sample, one behind the last.
-        const std::string sound = recorded.substr(45, recorded.size() - 46);
-        const std::size_t first =
-            std::min(sound.find_first_not_of(format.bits == 8 ? '\x80' : '\0'), sound.size());
-        const bool found = folder.read("noise").find(sound.substr(first)) != std::string::npos;
-        return found ? (sound.size() - first) * 8 / static_cast<std::size_t>(format.bits) : 0;
-    }
-
-    fakes::TemporaryFolder folder;
-    QProcess server;
-    QProcess player;
-};
 
 } // namespace
 
-TEST_F(RealCapture, FromASoundServer_IsWhatWasPlayed) {
-    for (const Format& format : {Format{48000, 16, 2}, Format{8000, 8, 1}}) {
-        playNoise(format);
-        QProcess recording;
-        record(recording, format, format.bytesPerSecond() * 3 / 8192 + 1);
-        EXPECT_THAT(outputOf(recording), HasSubstr(" 0 losses")) << format.rate;
-        EXPECT_GT(alike(format), format.rate * format.channels) << format.rate;
-        endPrograms();
+TEST_F(RealCapture, FromASoundServer_EveryFormat_IsWhatWasPlayed) {
+    const auto formats = capture::allFormats();
+    startServer(formats);
+    std::vector<std::unique_ptr<QProcess>> recordings;
+    std::vector<std::unique_ptr<QProcess>> players;
+    for (const Format& format : formats) {
+        folder.write(format.name(), capture::noise(format.bytesPerSecond() * 8));
+        players.push_back(play(format, format.name()));
+        recordings.push_back(record(format, format.bytesPerSecond() * 3 / 8192 + 1, format.name() + ".wav"));
     }
+    std::puts("samples/s  bits  channels  samples alike  the device said");
+    for (std::size_t i = 0; i < formats.size(); ++i) {
+        const Format& format = formats[i];
+        const std::string told = capture::outputOf(*recordings[i]);
+        const std::string wav = format.name() + ".wav";
+        const long samples = alike(folder.read(wav), folder.read(format.name()), format);
+        std::printf("%9d  %4d  %8d  %13ld  %s", format.rate, format.bits, format.channels, samples,
+                    told.substr(told.find('\n') + 1).c_str());
+        EXPECT_GT(samples, format.rate * format.channels) << format.name();
+        EXPECT_THAT(told, HasSubstr(" 0 losses")) << format.name();
+        std::string sox;
+        for (const char* option : {"-r", "-c", "-b"})
+            sox += (sox.empty() ? "" : " ") + capture::said(SOXI, {option, path(wav)});
+        EXPECT_EQ(sox, words(format));
+        EXPECT_EQ(capture::said(FFPROBE, {"-v", "error", "-show_entries",
+                                          "stream=sample_rate,channels,bits_per_sample", "-of",
+                                          "default=nw=1:nk=1", path(wav)}),
+                  words(format));
+    }
+    for (const auto& player : players)
+        end(player);
 }
 
 TEST_F(RealCapture, WithoutAServer_EveryFormat_IsWhatAlsaReads) {
-    const std::string sound = noise(400000);
-    folder.write("noise", sound);
+    folder.write("noise", capture::noise(400000));
     useAlsa(R"(pcm.!default { type file slave.pcm "null" file "/dev/null" infile ")" + path("noise") +
             R"(" format "raw" } pcm.null { type null })");
-    for (const int rate : {48000, 44100, 22050, 11025, 8000}) {
-        for (const auto& [bits, channels] : {std::pair{16, 2}, {16, 1}, {8, 2}, {8, 1}}) {
-            QProcess recording;
-            record(recording, {rate, bits, channels}, 49);
-            EXPECT_THAT(outputOf(recording), HasSubstr(" 0 losses"));
-            EXPECT_EQ(folder.read("a.wav").compare(45, sound.size() - 1, sound, 1), 0)
-                << rate << bits << channels;
-        }
+    for (const Format& format : capture::allFormats()) {
+        const auto recording = record(format, 49, "a.wav");
+        EXPECT_THAT(capture::outputOf(*recording), HasSubstr(" 0 losses"));
+        const std::string wav = folder.read("a.wav").substr(0, 44 + 400000);
+        ASSERT_EQ(wav.size(), 44U + 400000) << format.name();
+        EXPECT_EQ(wav.compare(45, wav.npos, folder.read("noise"), 1, std::string::npos), 0) << format.name();
     }
 }
 
@@ -129,20 +69,48 @@ TEST_F(RealCapture, NoDevice_IsToldInWords_AndLeavesTheEmptyRecording) {
     for (const char* configuration :
          {"", "pcm.!default { type pulse }\n"}) { // none at all; no server behind it
         useAlsa(configuration);
-        QProcess recording;
-        record(recording, {44100, 16, 2}, 1);
-        EXPECT_THAT(outputOf(recording), testing::MatchesRegex("0 buffers, .*\n.*[a-z]{4}.*\n"));
+        const auto recording = record({44100, 16, 2}, 1, "a.wav");
+        EXPECT_THAT(capture::outputOf(*recording),
+                    testing::MatchesRegex("started\n0 buffers, .*\n.*[a-z]{4}.*\n"));
+        EXPECT_EQ(recording->exitCode(), 1);
         EXPECT_EQ(folder.read("a.wav").size(), 45U);
     }
 }
 
 TEST_F(RealCapture, DeviceThatVanishes_StaysSilent_AndWhatWasCapturedIsWhole) {
     const Format format{44100, 16, 2};
-    playNoise(format);
-    QProcess recording;
-    record(recording, format, 100);
+    startServer({format});
+    folder.write("noise", capture::noise(format.bytesPerSecond() * 6));
+    const auto player = play(format, "noise");
+    const auto recording = record(format, 100, "a.wav");
     QThread::msleep(1500);
-    server.kill();
-    EXPECT_THAT(outputOf(recording), testing::MatchesRegex("[0-9]+ buffers, .*\n"));
-    EXPECT_GT(alike(format), format.rate);
+    server->kill();
+    const std::string told = capture::outputOf(*recording);
+    EXPECT_EQ(recording->exitCode(), 0) << told;
+    EXPECT_GT(alike(folder.read("a.wav"), folder.read("noise"), format), format.rate);
+    end(player);
+}
+
+TEST_F(RealCapture, KilledRecording_IsRepaired_ButForItsLastMoments) {
+    const Format format{22050, 16, 1};
+    startServer({format});
+    folder.write("noise", capture::noise(format.bytesPerSecond() * 6));
+    const auto player = play(format, "noise");
+    const auto recording = record(format, 1000, "a.wav");
+    QThread::msleep(2500);
+    ::kill(static_cast<pid_t>(recording->processId()), SIGKILL);
+    recording->waitForFinished();
+    const std::string damaged = folder.read("a.wav");
+    ASSERT_EQ(damaged.substr(0, 44), std::string(44, '\0'));
+    const base::TextFiles files{base::CodePage(1252)};
+    const recorder::RecordingJournal journal(files, folder.text("Recordings.ini"));
+    ASSERT_EQ(journal.entries().size(), 1U);
+    const auto noted = journal.entries().front();
+    ASSERT_TRUE(recorder::isCutOff(noted.path));
+    const recorder::RepairedCopy copy = recorder::repairCutOff(noted.path, noted.format);
+    EXPECT_EQ(capture::said(SOXI, {"-r", base::toUtf8(copy.path)}), "22050");
+    EXPECT_EQ(folder.read("a.wav"), damaged) << "the original stays";
+    EXPECT_GT(alike(folder.read("a repaired.wav"), folder.read("noise"), format), format.rate)
+        << "at most the last second is lost";
+    end(player);
 }

@@ -1,15 +1,18 @@
-// A recording in a process of its own:
+// A recording in a process of its own, which can be killed:
 //   recording_process FOLDER BUFFERS CHANNELS BITS RATE FILE
 // FOLDER takes the journal. It ends after so many buffers, or some seconds after they were due. At the end
-// a line of the buffers recorded and the times that the device lost sound, and a line for each box.
+// one line: buffers recorded, times that the device lost sound, how late the latest buffer came in ms.
 #include "fakes/fake_desktop.h"
 #include "portaudio_input.h"
 #include "recorder/wave_in.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QTimer>
 
+#include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -18,33 +21,45 @@ constexpr int patience = 3000; // ms
 } // namespace
 
 int main(int argc, char** argv) {
-    const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    const int wanted = arguments.at(2).toInt();
-    const int channels = arguments.at(3).toInt();
-    const int bits = arguments.at(4).toInt();
-    const int rate = arguments.at(5).toInt();
+    QCoreApplication application(argc, argv);
+    if (argc != 7)
+        return 2;
+    const auto number = [argv](int i) { return static_cast<int>(std::strtol(argv[i], nullptr, 10)); };
     const base::TextFiles files(base::CodePage(1252));
     recorder::RecordingJournal journal(files, base::fromUtf8(argv[1]) + u"/Recordings.ini");
     desktop::PortAudioInput device;
     fakes::FakeDialogs dialogs;
     recorder::WaveIn engine(device, dialogs, journal);
     engine.AggancioCattura(true);
-    int buffers = 0;
-    device.BufferDone = [&, write = device.BufferDone](platform::WaveBuffer& buffer) {
+
+    QElapsedTimer clock;
+    qint64 buffers = 0;
+    double latest = 0;
+    const auto write = device.BufferDone;
+    const double period = 1000.0 * 8192 * 8 / (number(3) * number(4) * number(5)); // ms
+    double earliest = 1e9; // of the due times: the first buffer's own delay is no loss
+    device.BufferDone = [&](platform::WaveBuffer& buffer) {
+        ++buffers;
+        const double behind = static_cast<double>(clock.elapsed()) - static_cast<double>(buffers) * period;
+        earliest = std::min(earliest, behind);
+        latest = std::max(latest, behind - earliest);
         write(buffer);
-        if (++buffers == wanted)
+        if (buffers == number(2))
             QCoreApplication::quit();
     };
-    engine.AvviaCattura(static_cast<std::int16_t>(channels), static_cast<std::int16_t>(bits), rate,
+    clock.start();
+    engine.AvviaCattura(static_cast<std::int16_t>(number(3)), static_cast<std::int16_t>(number(4)), number(5),
                         base::fromUtf8(argv[6]));
-    const int due = static_cast<int>(1000LL * wanted * 8192 * 8 / (channels * bits * rate)); // ms
-    QTimer::singleShot(dialogs.boxes.empty() ? due + patience : 100, &QCoreApplication::quit);
+    std::puts("started");
+    std::fflush(stdout);
+    QTimer::singleShot(dialogs.boxes.empty() ? static_cast<int>(number(2) * period) + patience : 100,
+                       &application, &QCoreApplication::quit);
     QCoreApplication::exec();
     const int lost = device.overflows();
     engine.AggancioCattura(false);
     engine.FermaCattura();
-    std::printf("%d buffers, %d losses\n", buffers, lost);
+    std::printf("%lld buffers, %d losses, latest %.0f ms late\n", buffers, lost, latest);
     for (const fakes::FakeDialogs::Box& box : dialogs.boxes)
         std::printf("%s\n", base::toUtf8(box.text).c_str());
+    return dialogs.boxes.empty() ? 0 : 1;
 }

@@ -1,0 +1,154 @@
+// Recordings in processes of their own, from a sound server of the test's own or from none.
+#pragma once
+
+#include "base/text.h"
+#include "fakes/temporary_folder.h"
+
+#include <QProcess>
+#include <QThread>
+
+#include <gtest/gtest.h>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace capture {
+
+struct Format {
+    int rate, bits, channels;
+
+    std::size_t bytesPerSecond() const {
+        return static_cast<std::size_t>(rate) * static_cast<std::size_t>(bits * channels) / 8;
+    }
+    std::string name() const {
+        return "f" + std::to_string(rate) + "_" + std::to_string(bits) + "_" + std::to_string(channels);
+    }
+};
+
+inline std::vector<Format> allFormats() {
+    std::vector<Format> formats;
+    for (const int rate : {48000, 44100, 22050, 11025, 8000}) {
+        for (const int bits : {16, 8}) {
+            for (const int channels : {2, 1})
+                formats.push_back({rate, bits, channels});
+        }
+    }
+    return formats;
+}
+
+inline std::string noise(std::size_t size) {
+    std::minstd_rand random(static_cast<unsigned>(size));
+    std::string bytes(size, '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random() >> 8U);
+    return bytes;
+}
+
+inline std::unique_ptr<QProcess> run(const char* program, const std::vector<std::string>& arguments,
+                                     const std::string& variable = {}, const std::string& value = {}) {
+    auto process = std::make_unique<QProcess>();
+    QStringList list;
+    for (const std::string& argument : arguments)
+        list << QString::fromStdString(argument);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!variable.empty())
+        environment.insert(QString::fromStdString(variable), QString::fromStdString(value));
+    process->setProcessEnvironment(environment);
+    process->setStandardErrorFile(QProcess::nullDevice());
+    process->start(QString::fromLocal8Bit(program), list);
+    process->waitForStarted();
+    return process;
+}
+
+inline std::string outputOf(QProcess& process) {
+    EXPECT_TRUE(process.waitForFinished(30000));
+    return process.readAllStandardOutput().toStdString();
+}
+
+// What a program prints, without the line ends.
+inline std::string said(const char* program, const std::vector<std::string>& arguments) {
+    const auto process = run(program, arguments);
+    return QString::fromStdString(outputOf(*process)).simplified().toStdString();
+}
+
+class CaptureFixture : public testing::Test {
+protected:
+    CaptureFixture() {
+        for (const char* name : {"HOME", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
+            qputenv(name, path("").c_str());
+        qputenv("PULSE_SERVER", ("unix:" + path("socket")).c_str());
+        useAlsa("pcm.!default { type pulse }\nctl.!default { type pulse }\n");
+    }
+    void TearDown() override { end(server); }
+    static void end(const std::unique_ptr<QProcess>& process) {
+        if (!process)
+            return;
+        process->kill();
+        process->waitForFinished();
+    }
+
+    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
+    void useAlsa(const std::string& configuration) {
+        folder.write("asound.conf", configuration);
+        qputenv("ALSA_CONFIG_PATH", path("asound.conf").c_str());
+    }
+    // A sound server with one sink a format, whose monitors are recorded.
+    void startServer(const std::vector<Format>& formats) {
+        std::vector<std::string> arguments = {"-n",
+                                              "--daemonize=no",
+                                              "--use-pid-file=no",
+                                              "--exit-idle-time=-1",
+                                              "-L",
+                                              "module-native-protocol-unix auth-anonymous=1 socket=" +
+                                                  path("socket")};
+        for (const Format& format : formats) {
+            arguments.emplace_back("-L");
+            arguments.push_back("module-null-sink norewinds=1 sink_name=" + format.name() +
+                                " rate=" + std::to_string(format.rate) + " format=" + sampleFormat(format) +
+                                " channels=" + std::to_string(format.channels));
+        }
+        server = run(PULSEAUDIO, arguments);
+        for (int i = 0; i < 100 && said(PACTL, {"get-default-sink"}).empty(); ++i)
+            QThread::msleep(50);
+    }
+    std::unique_ptr<QProcess> play(const Format& format, const std::string& file) const {
+        return run(PACAT, {"--playback", "--raw", "--latency-msec=500", "--device=" + format.name(),
+                           "--rate=" + std::to_string(format.rate), "--format=" + sampleFormat(format),
+                           "--channels=" + std::to_string(format.channels), path(file)});
+    }
+    std::unique_ptr<QProcess> record(const Format& format, std::size_t buffers,
+                                     const std::string& file) const {
+        return run(RECORDING_PROCESS,
+                   {path(""), std::to_string(buffers), std::to_string(format.channels),
+                    std::to_string(format.bits), std::to_string(format.rate), path(file)},
+                   "PULSE_SOURCE", format.name() + ".monitor");
+    }
+    static std::string sampleFormat(const Format& format) { return format.bits == 8 ? "u8" : "s16le"; }
+
+    // How many samples of the recording are those of `played`, from its first noise to the end of its last
+    // whole buffer; negative: those that are not. The end effects: one byte of 0 over the first sample, one
+    // behind the last.
+    static long alike(const std::string& file, const std::string& played, const Format& format) {
+        if (file.size() < 44 + 8192 + 1 || file.back() != '\0')
+            return 0;
+        const std::string sound = file.substr(45, file.size() - 46);
+        const char silence = format.bits == 8 ? '\x80' : '\0';
+        const std::size_t first = sound.find_first_not_of(silence);
+        if (first == std::string::npos)
+            return 0;
+        const std::string key = sound.substr(first, 64);
+        const std::size_t at = played.find(key);
+        if (at == std::string::npos)
+            return -1;
+        long count = 0, wrong = 0;
+        for (std::size_t i = first; i < sound.size(); ++i)
+            (at + i - first < played.size() && sound[i] == played[at + i - first]) ? ++count : ++wrong;
+        return wrong > 0 ? -wrong : count * 8 / format.bits;
+    }
+
+    fakes::TemporaryFolder folder;
+    std::unique_ptr<QProcess> server;
+};
+
+} // namespace capture
