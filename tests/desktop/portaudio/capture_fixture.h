@@ -124,6 +124,10 @@ protected:
                     std::to_string(format.bits), std::to_string(format.rate), path(file)},
                    "PULSE_SOURCE", format.name() + ".monitor");
     }
+    void waitForSound(const std::string& file, std::size_t bytes) const {
+        for (int i = 0; i < 200 && folder.read(file).size() < bytes; ++i)
+            QThread::msleep(50);
+    }
     static std::string sampleFormat(const Format& format) { return format.bits == 8 ? "u8" : "s16le"; }
 
     // How many samples of the recording are those of `played`, from its first noise to the end of its last

@@ -77,18 +77,25 @@ TEST_F(RealCapture, NoDevice_IsToldInWords_AndLeavesTheEmptyRecording) {
     }
 }
 
-TEST_F(RealCapture, DeviceThatVanishes_StaysSilent_AndWhatWasCapturedIsWhole) {
+TEST_F(RealCapture, DeviceThatVanishesOrHangs_StaysSilent_AndWhatWasCapturedIsWhole) {
     const Format format{44100, 16, 2};
-    startServer({format});
     folder.write("noise", capture::noise(format.bytesPerSecond() * 6));
-    const auto player = play(format, "noise");
-    const auto recording = record(format, 100, "a.wav");
-    QThread::msleep(1500);
-    server->kill();
-    const std::string told = capture::outputOf(*recording);
-    EXPECT_EQ(recording->exitCode(), 0) << told;
-    EXPECT_GT(alike(folder.read("a.wav"), folder.read("noise"), format), format.rate);
-    end(player);
+    for (const std::string end : {"killed", "suspended", "stopped"}) {
+        const std::string wav = end + ".wav";
+        startServer({format});
+        const auto player = play(format, "noise");
+        const auto recording = record(format, 60, wav);
+        waitForSound(wav, format.bytesPerSecond() * 3 / 2);
+        if (end == "suspended")
+            capture::said(PACTL, {"suspend-sink", format.name(), "1"});
+        else
+            ::kill(static_cast<pid_t>(server->processId()), end == "killed" ? SIGKILL : SIGSTOP);
+        const std::string told = capture::outputOf(*recording);
+        EXPECT_EQ(recording->exitCode(), 0) << end << told;
+        EXPECT_GT(alike(folder.read(wav), folder.read("noise"), format), format.rate) << end;
+        CaptureFixture::end(player);
+        CaptureFixture::end(server);
+    }
 }
 
 TEST_F(RealCapture, KilledRecording_IsRepaired_ButForItsLastMoments) {
@@ -97,7 +104,7 @@ TEST_F(RealCapture, KilledRecording_IsRepaired_ButForItsLastMoments) {
     folder.write("noise", capture::noise(format.bytesPerSecond() * 6));
     const auto player = play(format, "noise");
     const auto recording = record(format, 1000, "a.wav");
-    QThread::msleep(2500);
+    waitForSound("a.wav", format.bytesPerSecond() * 2);
     ::kill(static_cast<pid_t>(recording->processId()), SIGKILL);
     recording->waitForFinished();
     const std::string damaged = folder.read("a.wav");

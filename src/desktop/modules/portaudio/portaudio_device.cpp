@@ -14,6 +14,8 @@ constexpr int chunkPerSecond = 50;       // reads of 20 ms
 constexpr std::size_t storeSeconds = 20; // for how long the event loop may be busy
 // Seconds that the device itself holds, should this process not come to its turn.
 constexpr double deviceLatency = 0.2;
+constexpr std::chrono::milliseconds betweenLooks(10); // for sound
+constexpr std::chrono::seconds patience(1);           // with a sound system that is asked to stop
 
 // PortAudio ends the process when ALSA's configuration names no default device, as where ALSA's files are
 // missing.
@@ -26,10 +28,15 @@ bool hasDefaultDevice() {
 
 bool SoundStore::put(const char* bytes, std::size_t count) {
     std::unique_lock lock(mutex_);
-    room_.wait(lock, [&] { return closed_ || bytes_.size() + count <= capacity_; });
+    changed_.wait(lock, [&] { return closed_ || bytes_.size() + count <= capacity_; });
     if (!closed_)
         bytes_.insert(bytes_.end(), bytes, bytes + count);
     return !closed_;
+}
+
+bool SoundStore::isClosedWithin(std::chrono::milliseconds time) {
+    std::unique_lock lock(mutex_);
+    return changed_.wait_for(lock, time, [&] { return closed_; });
 }
 
 std::size_t SoundStore::take(std::uint8_t* bytes, std::size_t most) {
@@ -37,14 +44,14 @@ std::size_t SoundStore::take(std::uint8_t* bytes, std::size_t most) {
     const auto count = static_cast<std::ptrdiff_t>(std::min(most, bytes_.size()));
     std::copy_n(bytes_.begin(), count, bytes);
     bytes_.erase(bytes_.begin(), bytes_.begin() + count);
-    room_.notify_one();
+    changed_.notify_one();
     return static_cast<std::size_t>(count);
 }
 
 void SoundStore::close() {
     const std::lock_guard lock(mutex_);
     closed_ = true;
-    room_.notify_one();
+    changed_.notify_one();
 }
 
 PortAudioDevice::PortAudioDevice(const platform::WaveFormat& format)
@@ -95,39 +102,55 @@ void PortAudioDevice::fail(int error) {
         errorText_ = host->errorText;
 }
 
+PortAudioDevice::Reading::Reading(const PortAudioDevice& device, std::function<void()> whenArrived)
+    : stream(device.stream_), chunk(device.chunkFrames_ * device.frameSize_), store(device.storeSize_),
+      arrived(std::move(whenArrived)), overflows(device.overflows_) {}
+
 void PortAudioDevice::start(std::function<void()> arrived) {
     stop();
     if (!stream_ || Pa_StartStream(stream_) != paNoError)
         return;
-    store_ = std::make_unique<SoundStore>(storeSize_);
-    reader_ = std::thread([this, arrived = std::move(arrived)] { read(*store_, arrived); });
+    reading_ = std::make_shared<Reading>(*this, std::move(arrived));
+    reader_ = std::thread([reading = reading_, frames = chunkFrames_] { read(*reading, frames); });
 }
 
 void PortAudioDevice::stop() {
-    if (!store_)
+    if (!reading_)
         return;
-    store_->close();
-    reader_.join();
-    store_.reset();
-    Pa_AbortStream(stream_);
+    reading_->store.close();
+    if (reading_->ended.get_future().wait_for(patience) == std::future_status::ready) {
+        reader_.join();
+    } else {
+        reader_.detach();
+        stream_ = nullptr; // never closed: that would wait as well
+    }
+    reading_.reset();
 }
 
 std::size_t PortAudioDevice::take(std::uint8_t* bytes, std::size_t most) {
-    return store_ ? store_->take(bytes, most) : 0;
+    return reading_ ? reading_->store.take(bytes, most) : 0;
 }
 
-void PortAudioDevice::read(SoundStore& store, const std::function<void()>& arrived) {
-    std::vector<char> chunk(chunkFrames_ * frameSize_);
+void PortAudioDevice::read(Reading& reading, std::size_t frames) {
     while (true) {
-        const PaError result = Pa_ReadStream(stream_, chunk.data(), chunkFrames_);
+        // A read waits for its sound, from a source that is suspended for ever, and nobody could stop it.
+        const signed long available = Pa_GetStreamReadAvailable(reading.stream);
+        if (available >= 0 && available < static_cast<signed long>(frames)) {
+            if (reading.store.isClosedWithin(betweenLooks))
+                break;
+            continue;
+        }
+        const PaError result = Pa_ReadStream(reading.stream, reading.chunk.data(), frames);
         if (result == paInputOverflowed)
-            ++overflows_;
+            ++*reading.overflows;
         else if (result != paNoError)
-            return; // the device has gone: nothing more comes, which is all there is to tell
-        if (!store.put(chunk.data(), chunk.size()))
-            return;
-        arrived();
+            break; // the device has gone: nothing more comes, which is all there is to tell
+        if (!reading.store.put(reading.chunk.data(), reading.chunk.size()))
+            break;
+        reading.arrived();
     }
+    Pa_AbortStream(reading.stream);
+    reading.ended.set_value();
 }
 
 } // namespace desktop
