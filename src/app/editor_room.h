@@ -22,7 +22,7 @@ public:
     EditorRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
                const base::TextFiles& files);
 
-    // Builds the window, hidden.
+    // Builds the window, hidden. All commands have their routines by now: a menu asks for them once.
     void Form_Load();
     // Reads the language table again and writes it to the window.
     void CambiaLingua2(lang::LanguageTable& table);
@@ -32,6 +32,7 @@ public:
     controls::RecentFiles& recentDocuments() { return recent_; }
 
 private:
+    Desktop& desktop_;
     editor::Form2 form_;
     controls::RecentFiles recent_;
     editor::Document document_;

@@ -187,10 +187,14 @@ public:
     void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
         form1 = &form;
+        lookAt(form.menuBar);
         form.screen.width = 28800;
         form.screen.height = 16200;
     }
-    void show(editor::Form2& form) override { form2 = &form; }
+    void show(editor::Form2& form) override {
+        form2 = &form;
+        lookAt(form.menuBar);
+    }
     void show(editor::FrmFind& form) override { frmFind = &form; }
     void show(bookmarks::Form3& form) override { form3 = &form; }
     void show(dictation::Form4& form) override {
@@ -203,6 +207,18 @@ public:
     }
     void show(recorder::FrmAudioRec& form) override { recorder = &form; }
     void show(outside::FrmInformazioni& form) override { about = &form; }
+
+    // Commands of menus that did nothing yet when they were shown: a real menu greys them for good.
+    std::vector<std::string_view> shownWithoutRoutine;
+
+private:
+    void lookAt(const std::vector<controls::MenuItem*>& items) {
+        for (const controls::MenuItem* const item : items) {
+            lookAt(item->items);
+            if (item->items.empty() && item->caption.get() != u"-" && !item->Click)
+                shownWithoutRoutine.push_back(item->name);
+        }
+    }
 };
 
 } // namespace fakes
