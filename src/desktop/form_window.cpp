@@ -75,6 +75,8 @@ void FormWindow::follow() {
     followVisibility();
     if (form_.windowState == controls::WindowState::Minimised && !isMinimized())
         setWindowState(windowState() | Qt::WindowMinimized);
+    else if (form_.windowState == controls::WindowState::Normal && isMinimized() && isVisible())
+        setWindowState(windowState() & ~Qt::WindowMinimized);
     if (modal_ && !form_.visible)
         modal_->quit();
 }

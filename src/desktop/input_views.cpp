@@ -104,6 +104,21 @@ private:
     controls::ListBox& list_;
 };
 
+// Enter presses the button that has the keyboard, as the space bar does.
+class ButtonView : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (enter && !event->isAutoRepeat())
+            click();
+        else
+            QPushButton::keyPressEvent(event);
+    }
+};
+
 // A key of the whole window, beside the mnemonic of the button's caption.
 template <typename Press>
 void pressWith(QPushButton& button, Qt::Key key, Press press) {
@@ -113,7 +128,7 @@ void pressWith(QPushButton& button, Qt::Key key, Press press) {
 } // namespace
 
 QPushButton* addView(controls::CommandButton& button, QWidget& parent) {
-    auto* const view = new QPushButton(&parent);
+    auto* const view = new ButtonView(&parent);
     view->setDefault(button.isDefault);
     view->setAutoDefault(button.isDefault);
     if (button.isCancel)

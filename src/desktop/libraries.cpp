@@ -24,6 +24,11 @@ QString openSslVersion() {
     return version ? QString::fromLatin1(version(versionAlone)) : QString();
 }
 
+QString alsaVersion() {
+    const auto version = entry<const char* (*)()>("libasound.so.2", "snd_asoundlib_version");
+    return version ? QString::fromLatin1(version()) : QString();
+}
+
 QString portAudioVersion() {
     const auto version = entry<int (*)()>("libportaudio.so.2", "Pa_GetVersion");
     if (!version)
@@ -53,6 +58,7 @@ std::vector<outside::Library> librariesInUse(LazyPlayer& player) {
         {"mpv", ofItsMakers(media.value(0)), "GPL 2 or later"},
         {"FFmpeg", ofItsMakers(media.value(1)), "GPL 2 or later"},
         {"PortAudio", portAudioVersion(), "MIT licence"},
+        {"ALSA library", alsaVersion(), "LGPL 2.1 or later"},
         {"xcb", QStringLiteral(XCB_VERSION), "MIT licence"},
         {"OpenSSL", openSslVersion(), "Apache licence 2.0"},
         {"GNU C Library", QString::fromLatin1(::gnu_get_libc_version()), "LGPL 2.1 or later"},

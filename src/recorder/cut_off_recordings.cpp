@@ -2,6 +2,7 @@
 
 #include "base/binary_file.h"
 #include "base/carry_on.h"
+#include "base/files.h"
 #include "base/numbers.h"
 #include "recorder/wav_header.h"
 #include "recorder/wav_repair.h"
@@ -58,7 +59,8 @@ void CutOffRecordings::begin() {
     for (const RecordingJournal::Entry& entry : journal_.entries()) {
         if (isCutOff(entry.path))
             noted.push_back({entry.path, entry.format, true});
-        else if (!base::BinaryFile::isHeld(entry.path))
+        // One that is not there may be on a disk that will come back.
+        else if (base::fileExists(entry.path) && !base::BinaryFile::isHeld(entry.path))
             base::carryOn([&] { journal_.finished(entry.path); });
     }
     running_ = std::async(std::launch::async, [noted = std::move(noted), folders = folders_, this]() mutable {

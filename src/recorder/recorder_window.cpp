@@ -4,6 +4,7 @@
 #include "base/files.h"
 #include "base/numbers.h"
 
+#include <algorithm>
 #include <string>
 
 namespace recorder {
@@ -59,6 +60,9 @@ void RecorderWindow::mnuRegistra_Click() {
         player_.load(player_.cmdRec, u"rec.jpg");
     }
     load();
+    if (!form_.visible)
+        placeBesidePlayer();
+    form_.windowState = controls::WindowState::Normal;
     form_.visible = true;
     enableTicks();
     form_.setFocus();
@@ -74,7 +78,6 @@ void RecorderWindow::load() {
 
 void RecorderWindow::Form_Load() {
     const lang::LanguageTable& Lingua = form_.Lingua;
-    placeBesidePlayer();
     form_.caption = Lingua(104);
     form_.Label1.caption = Lingua(107);
     form_.Label2.caption = Lingua(106);
@@ -97,10 +100,19 @@ void RecorderWindow::Form_Load() {
 }
 
 void RecorderWindow::placeBesidePlayer() {
+    const controls::Screen& screen = player_.screen;
     const double right = player_.left + player_.width + gap;
-    const bool fits = right + form_.width <= player_.screen.width;
-    form_.left = fits ? right : player_.left.get();
-    form_.top = fits ? player_.top.get() : player_.top + player_.height + gap;
+    const double left = player_.left - gap - form_.width;
+    if (right + form_.width <= screen.width || left >= 0) {
+        form_.left = right + form_.width <= screen.width ? right : left;
+        form_.top = player_.top.get();
+    } else {
+        form_.left = player_.left.get();
+        form_.top = player_.top + player_.height + gap;
+    }
+    // A player that hangs over the edge does not take the recorder along.
+    form_.left = std::clamp(form_.left.get(), 0.0, std::max(0.0, screen.width - form_.width));
+    form_.top = std::clamp(form_.top.get(), 0.0, std::max(0.0, screen.height - form_.height));
 }
 
 void RecorderWindow::setDefaultFile() {

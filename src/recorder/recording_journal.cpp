@@ -11,6 +11,8 @@ namespace recorder {
 
 namespace {
 
+constexpr std::ptrdiff_t mostEntries = 50;
+
 // A line: channels, bits and samples per second, and the path behind the third comma, whatever it holds.
 std::optional<RecordingJournal::Entry> parsed(base::TextView line) {
     std::array<int, 3> numbers{};
@@ -42,6 +44,8 @@ base::Text line(const RecordingJournal::Entry& entry) {
 void RecordingJournal::begun(base::TextView recording, const platform::WaveFormat& format) {
     std::vector<Entry> all = entries();
     std::erase_if(all, [&](const Entry& entry) { return entry.path == recording; });
+    if (std::ssize(all) >= mostEntries)
+        all.erase(all.begin(), all.end() - (mostEntries - 1));
     all.push_back({base::Text(recording), format});
     write(all);
 }

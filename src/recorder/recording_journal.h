@@ -9,7 +9,7 @@
 namespace recorder {
 
 // Notes which recordings run and how their samples look: their files have no header before they end. What it
-// still holds at the next start was cut off by a crash.
+// still holds at the next start was cut off by a crash. It keeps the newest 50.
 class RecordingJournal {
 public:
     struct Entry {

@@ -43,13 +43,19 @@ base::Text copyName(base::TextView path, int n) {
     return name + base::Text(path.substr(path.size() - extension.size()));
 }
 
-// True when `copy` is the whole of the file at `path` but for its head.
+// True when `copy` is the whole of the file at `path` but for its head. One that is older is the copy of
+// another recording, which had this name before.
 bool isCopyOf(base::TextView path, base::TextView copy) {
+    const std::string damaged = base::toUtf8(path);
+    const std::string whole = base::toUtf8(copy);
     std::error_code failed;
-    const auto length = fs::file_size(base::toUtf8(copy), failed);
-    if (failed || length != fs::file_size(base::toUtf8(path), failed) || failed)
+    const auto length = fs::file_size(whole, failed);
+    if (failed || length != fs::file_size(damaged, failed) || failed)
         return false;
-    const std::string head = headOf(base::toUtf8(copy));
+    const auto time = fs::last_write_time(whole, failed);
+    if (failed || time < fs::last_write_time(damaged, failed) || failed)
+        return false;
+    const std::string head = headOf(whole);
     const std::string sizes = wavHeader({}, length);
     return head.substr(0, 8) == sizes.substr(0, 8) && head.substr(40) == sizes.substr(40);
 }
@@ -110,6 +116,9 @@ RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& forma
         base::BinaryFile file(unfinished);
         file.writeAt(0, wavHeader(format, file.length()));
         file.sync();
+        // The time of the recording: by it the copy is known again.
+        fs::last_write_time(base::toUtf8(unfinished), fs::last_write_time(base::toUtf8(path), failed),
+                            failed);
         fs::rename(base::toUtf8(unfinished), base::toUtf8(copy), failed);
         if (failed)
             fail(failed);

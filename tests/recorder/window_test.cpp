@@ -153,6 +153,21 @@ TEST_F(CutOffTest, AtTheStart_ARepairedCopyIsMade_AndTheUserIsToldOnce) {
     startAndRepair();
     EXPECT_EQ(boxes.size(), 1U);
     EXPECT_FALSE(base::fileExists(desktop.folder.text("talk repaired 2.wav")));
+    leave("talk.wav", 50001);
+    startAndRepair();
+    EXPECT_TRUE(base::fileExists(desktop.folder.text("talk repaired 2.wav")))
+        << "another recording, just as long";
+}
+
+TEST_F(CutOffTest, OneOnADiskThatIsAway_KeepsItsFormat) {
+    leave("away.wav", 3000, "1,8,8000,");
+    const auto elsewhere = desktop.folder.path() / "elsewhere";
+    std::filesystem::rename(desktop.folder.path() / "away.wav", elsewhere);
+    startAndRepair();
+    std::filesystem::rename(elsewhere, desktop.folder.path() / "away.wav");
+    startAndRepair();
+    ASSERT_EQ(boxes.size(), 1U);
+    EXPECT_THAT(base::toUtf8(boxes[0].text), HasSubstr("(8000 Hz, 8 bits, mono)"));
 }
 
 TEST_F(CutOffTest, Opened_ItsRepairedCopyPlays) {
