@@ -1,0 +1,65 @@
+// What the recorder's meters, clock and counter cost while it records, on a real display in real time.
+#include "desktop/application.h"
+#include "desktop/frm_audio_rec_window.h"
+#include "desktop/qt_event_loop.h"
+#include "recorder/recorder_window.h"
+#include "still_desktop.h"
+#include "table.h"
+
+#include <QEventLoop>
+#include <QTimer>
+#include <ctime>
+
+namespace {
+
+constexpr int watched = 6000; // ms
+constexpr int period = 46;    // ms that a buffer of 44,100 samples a second on two channels lasts
+
+// The share of a core that this process takes from now on, in per cent.
+double share() {
+    QEventLoop loop;
+    QTimer::singleShot(watched, &loop, &QEventLoop::quit);
+    const std::clock_t before = std::clock();
+    loop.exec();
+    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC * 1000 / watched * 100;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    const desktop::Application application(argc, argv);
+    bench::StillDesktop still;
+    const base::ProgramFolder folder(still.systemPort.folder);
+    const base::TextFiles files(still.codePage());
+    lang::LanguageTable Lingua(files, folder);
+    Lingua.FileLingua = u"English.lng";
+    Lingua.load();
+    player::Form1 form1(still.loop, still.still, Lingua, folder);
+    form1.screen.width = form1.screen.height = 15'000;
+
+    desktop::QtEventLoop loop;
+    fakes::FakeWaveInput device;
+    // Louder and softer, so that the meters move.
+    QTimer sound;
+    int loudness = 0;
+    sound.callOnTimeout([&] { device.fill(loudness = (loudness + 37) % 200); });
+    sound.start(std::chrono::milliseconds(period));
+
+    recorder::RecordingJournal journal(files, still.folder.text("Recordings.ini"));
+    recorder::WaveIn engine(device, still.dialogPort, journal);
+    player::Preferences preferences;
+    recorder::FrmAudioRec form(loop, Lingua, folder);
+    recorder::RecorderWindow recorder(form, form1, engine, still.dialogPort, preferences);
+    const desktop::FrmAudioRecWindow window(form);
+    recorder.mnuRegistra_Click();
+    still.dialogPort.choices = {still.folder.text("a.wav")};
+    form.btnStart.Click();
+    share(); // the window comes up
+    const double shown = share();
+    form.Timer.setEnabled(false);
+    const double bare = share();
+    bench::print({"Recorder's meters, clock and counter, share of a core", bench::measure("%.2f %%", shown),
+                  bench::measure("%.2f %%", bare), bench::measure("%+.2f %%", shown - bare), "< 2 %",
+                  shown - bare < 2});
+    recorder.Form_Unload();
+}
