@@ -16,11 +16,13 @@ namespace base {
 
 namespace {
 
+constexpr int mostNamesBeside = 1000;
+
 // An open file of the system, closed at the end of the block.
 class Descriptor {
 public:
-    Descriptor(const std::string& path, int flags, mode_t mode = 0)
-        : fd_(::open(path.c_str(), flags | O_CLOEXEC, mode)) {}
+    explicit Descriptor(int fd) : fd_(fd) {}
+    Descriptor(const std::string& path, int flags) : fd_(::open(path.c_str(), flags | O_CLOEXEC)) {}
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
     ~Descriptor() { close(); }
@@ -60,10 +62,10 @@ std::string finalTarget(const std::string& path) {
     return ignored ? path : target.string();
 }
 
-// The name of the bytes on their way. The longest names that a folder takes leave no room for an addition:
-// they lose their end, whole letters of it.
-std::string nameBeside(const std::string& target) {
-    const std::string addition = ".new";
+// Name number `n`, from 1, of the bytes on their way. The longest names that a folder takes leave no room for
+// an addition: they lose their end, whole letters of it.
+std::string nameBeside(const std::string& target, int n) {
+    const std::string addition = n == 1 ? ".new" : ".new" + std::to_string(n);
     const std::size_t nameAt = target.rfind('/') + 1;
     std::size_t length = std::min(target.size() - nameAt, std::size_t{NAME_MAX} - addition.size());
     const auto continuesLetter = [&](std::size_t at) {
@@ -72,6 +74,17 @@ std::string nameBeside(const std::string& target) {
     while (nameAt + length < target.size() && length > 0 && continuesLetter(nameAt + length))
         --length;
     return target.substr(0, nameAt + length) + addition;
+}
+
+// Makes the file for the bytes on their way and tells its name; -1 when it cannot be made. A name that is
+// taken is somebody's file, and left alone.
+int createBeside(const std::string& target, mode_t mode, std::string& beside) {
+    for (int n = 1;; ++n) {
+        beside = nameBeside(target, n);
+        const int fd = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (fd >= 0 || errno != EEXIST || n == mostNamesBeside)
+            return fd;
+    }
 }
 
 } // namespace
@@ -132,8 +145,8 @@ void replaceFile(TextView path, std::string_view bytes) {
             fail(target);
         mode = about.st_mode & 07777U;
     }
-    const std::string beside = nameBeside(target);
-    Descriptor file(beside, O_WRONLY | O_CREAT | O_TRUNC, mode);
+    std::string beside;
+    Descriptor file(createBeside(target, mode, beside));
     if (!file.isOpen())
         fail(beside);
     if (present)

@@ -139,6 +139,10 @@ Text lowered(TextView text) {
     return result;
 }
 
+TextView firstLine(TextView text) {
+    return text.substr(0, text.find_first_of(u"\r\n"));
+}
+
 TextView afterLast(TextView text, char16_t separator) {
     const auto last = text.rfind(separator);
     return last == TextView::npos ? text : text.substr(last + 1);

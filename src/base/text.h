@@ -29,6 +29,9 @@ Text replaced(TextView text, TextView from, TextView to);
 // The text with the letters A to Z in lower case; others stay.
 Text lowered(TextView text);
 
+// What stands before the first line break, be it a CR or an LF; the whole text when there is none.
+TextView firstLine(TextView text);
+
 // What stands behind the last `separator`; the whole text when there is none.
 TextView afterLast(TextView text, char16_t separator);
 

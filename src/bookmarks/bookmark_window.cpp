@@ -105,7 +105,8 @@ void BookmarkWindow::Command1_Click() {
 // False when there is such a bookmark already: the dialog stays for another name.
 bool BookmarkWindow::addNamed(const base::Text& name) {
     const base::Text position = paddedPosition(form1_.WMP1.currentPositionString());
-    const base::Text key = ChiaveBM(position, name);
+    // A bookmark is one line of its file.
+    const base::Text key = ChiaveBM(position, base::firstLine(name));
     const std::vector<base::Text>& keys = form_.List1.items;
     if (std::find(keys.begin(), keys.end(), key) != keys.end()) {
         dialog_.warn(form1_.Lingua(89));

@@ -4,6 +4,9 @@
 #include "bookmarks/bookmark_line.h"
 #include "bookmarks/sorted_list.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace bookmarks {
 
 MediaBookmarks::MediaBookmarks(BookmarkTable& table, Form3& form3, const player::Form1& form1,
@@ -17,13 +20,17 @@ base::Text MediaBookmarks::fileOf(base::TextView mediaPath) const {
 void MediaBookmarks::SalvaBookMark() {
     if (base::trimmed(table_.BookMark[0]).empty())
         return;
-    std::vector<base::Text> lines;
-    for (const base::Text& line : table_.BookMark) {
-        if (!line.empty())
-            lines.push_back(line);
-    }
+    const base::Text file = fileOf(form1_.Label4.tag.get());
     base::carryOn([&] { base::createFolder(form1_.folder.bookmarks({})); });
-    base::carryOn([&] { files_.writeLines(fileOf(form1_.Label4.tag.get()), lines); });
+    base::carryOn([&] {
+        // What could not be read is still the user's: if it is not there now either, nothing is written.
+        const bool keeps = file == unread_;
+        std::vector<base::Text> lines = keeps ? files_.readLines(file) : std::vector<base::Text>();
+        std::copy_if(table_.BookMark.begin(), table_.BookMark.end(), std::back_inserter(lines),
+                     [](const base::Text& line) { return !line.empty(); });
+        files_.writeLines(file, lines);
+        unread_.clear();
+    });
     clear(form3_.List1);
     clear(form3_.List2);
 }
@@ -32,6 +39,7 @@ void MediaBookmarks::leave() {
     if (!table_.empty())
         SalvaBookMark();
     table_.SvuotaBookMark();
+    unread_.clear();
 }
 
 bool MediaBookmarks::hasFile(base::TextView mediaPath) const {
@@ -40,7 +48,8 @@ bool MediaBookmarks::hasFile(base::TextView mediaPath) const {
 
 void MediaBookmarks::read(base::TextView mediaPath) {
     std::vector<base::Text> lines;
-    base::carryOn([&] { lines = files_.readLines(fileOf(mediaPath)); });
+    if (!base::carryOn([&] { lines = files_.readLines(fileOf(mediaPath)); }))
+        unread_ = fileOf(mediaPath);
     const std::size_t count = std::min(lines.size(), BookmarkTable::size);
     for (std::size_t i = 0; i < count; ++i)
         table_.BookMark[i] = mended(lines[i]);

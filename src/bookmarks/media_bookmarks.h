@@ -16,7 +16,8 @@ public:
                    const base::TextFiles& files);
 
     // Writes the bookmarks of the media in use and empties the lists of the window. Where there are none the
-    // file stays as it is, so that those deleted to the last one come back.
+    // file stays as it is, so that those deleted to the last one come back. A file that could not be read is
+    // read again: its lines stay in front of the new ones, or, when that fails too, the file as it is.
     void SalvaBookMark();
     // Saves the bookmarks, if there are any, and forgets them.
     void leave();
@@ -33,6 +34,7 @@ private:
     Form3& form3_;
     const player::Form1& form1_;
     const base::TextFiles& files_;
+    base::Text unread_; // bookmark file of the media in use, when it could not be read
 };
 
 } // namespace bookmarks

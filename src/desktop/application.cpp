@@ -5,6 +5,7 @@
 #include <QFont>
 #include <QPalette>
 #include <QProxyStyle>
+#include <QSettings>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
 #include <filesystem>
@@ -79,6 +80,9 @@ QPalette skinPalette() {
 
 Application::Application(int& argc, char** argv) : QApplication(choosePlatform(argc), argv) {
     forgetPlatform();
+    // Qt's dialogs would keep their looks and the paths that they showed in the user's home. The program is
+    // carried about in its folder and leaves nothing elsewhere: a folder that takes no file.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
     // No display name: Qt would add it to the title of every box.
     setApplicationName(QStringLiteral("Quillmere"));
     setQuitOnLastWindowClosed(false);

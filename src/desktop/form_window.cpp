@@ -34,10 +34,17 @@ std::vector<base::Text> localFiles(const QMimeData& dragged) {
     return paths;
 }
 
+// What the frame of the last window of this kind added, a guess before the first.
+QSize& usualFrame(FormWindow::Size size) {
+    static QSize fixed(8, 30);
+    static QSize sizable(8, 30);
+    return size == FormWindow::Size::Fixed ? fixed : sizable;
+}
+
 } // namespace
 
 FormWindow::FormWindow(controls::Window& form, Size size, Qt::WindowFlags buttons)
-    : form_(form), size_(size) {
+    : form_(form), size_(size), frame_(usualFrame(size)) {
     setObjectName(qstring(form.name));
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    buttons);
@@ -99,13 +106,17 @@ void FormWindow::showInPlace() {
     if (!form_.visible)
         return;
     QWindow* const handle = windowHandle();
-    if (handle && size_ == Size::Sizable && size() != place_.size() - frame_)
-        // With another size it would come back higher by its title bar; one that is made anew does not.
-        handle->destroy();
+    // A hidden window has lost its frame, and Qt takes a new place for that of the contents: the window would
+    // come back higher by its title bar.
+    const bool resized = size_ == Size::Sizable && size() != place_.size() - frame_;
+    if (handle && resized)
+        handle->destroy(); // one that is made anew stands right
     else if (handle && form_.windowState == controls::WindowState::Normal)
         beginUnminimised(*handle);
     takeSize();
     move(place_.topLeft());
+    if (handle && !resized)
+        handle->setFramePosition(place_.topLeft());
     show();
 }
 
@@ -148,7 +159,7 @@ void FormWindow::reportPlace() {
     form_.top = twips(frameGeometry().top());
     // A window that has just been shown has no frame yet.
     if (const QSize told = frameGeometry().size() - size(); !told.isNull())
-        frame_ = told;
+        frame_ = usualFrame(size_) = told;
     place_ = QRect(frameGeometry().topLeft(), size() + frame_);
     form_.width = twips(place_.width());
     form_.height = twips(place_.height());

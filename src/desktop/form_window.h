@@ -51,8 +51,8 @@ private:
 
     controls::Window& form_;
     Size size_;
-    QRect place_;        // of the frame, as asked for or reported last
-    QSize frame_{8, 30}; // what the frame adds; a usual one as long as the window manager has not told
+    QRect place_; // of the frame, as asked for or reported last
+    QSize frame_; // what the frame adds; the usual one as long as the window manager has not told
     base::Text shownIcon_;
     QEventLoop* modal_ = nullptr; // the loop that waits for a modal window
     bool reporting_ = false;      // the data follows the window now, not the other way round

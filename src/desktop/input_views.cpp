@@ -16,6 +16,7 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 #include <QStringListModel>
+#include <QValidator>
 
 namespace desktop {
 
@@ -63,22 +64,55 @@ void takeFocus(QWidget& view) {
     view.setFocus();
 }
 
+// Cuts what comes in at its first line break: a box of one line would keep it in its text, out of sight. What
+// came in ends at the caret.
+class OneLine : public QValidator {
+public:
+    using QValidator::QValidator;
+
+    State validate(QString& content, int& caret) const override {
+        const auto at = static_cast<qsizetype>(base::firstLine(text(content)).size());
+        if (at == content.size())
+            return Acceptable;
+        content.remove(at, (caret > at ? caret : content.size()) - at);
+        caret = static_cast<int>(at);
+        return Acceptable;
+    }
+};
+
 // A line of text that leaves what is dropped on it to the program, where the program wants it.
 class DropLine : public QLineEdit {
 public:
-    explicit DropLine(controls::ComboBox& box) : box_(box) {}
+    explicit DropLine(controls::ComboBox& box) : box_(box) { setValidator(new OneLine(this)); }
 
 protected:
+    void dragMoveEvent(QDragMoveEvent* event) override {
+        QLineEdit::dragMoveEvent(event);
+        copyFromElsewhere(*event);
+    }
     void dropEvent(QDropEvent* event) override {
         if (!box_.Drop || !event->mimeData()->hasText()) {
             QLineEdit::dropEvent(event);
-            return;
+        } else {
+            event->accept();
+            QString dropped = event->mimeData()->text();
+            // Programs here end a line in any way; ours end it in one.
+            dropped.replace(QLatin1String("\r\n"), QLatin1String("\n"))
+                .replace(u'\r', u'\n')
+                .replace(u'\n', QLatin1String("\r\n"));
+            box_.Drop(desktop::text(dropped));
         }
-        event->acceptProposedAction();
-        box_.Drop(desktop::text(event->mimeData()->text()));
+        copyFromElsewhere(*event);
     }
 
 private:
+    // What is proposed for a text is to move it, and the box is no place to move it to: it would be gone from
+    // the transcript.
+    void copyFromElsewhere(QDropEvent& event) const {
+        if (event.source() != this)
+            event.setDropAction(Qt::CopyAction);
+    }
+
     controls::ComboBox& box_;
 };
 
@@ -169,6 +203,7 @@ QCheckBox* addView(controls::CheckBox& box, QWidget& parent) {
 
 QLineEdit* addView(controls::TextBox& box, QWidget& parent) {
     auto* const view = new QLineEdit(&parent);
+    view->setValidator(new OneLine(view));
     QFont font = view->font();
     font.setPixelSize(static_cast<int>(std::lround(box.fontSize * pixelsPerPoint)));
     view->setFont(font);

@@ -52,12 +52,10 @@ void QtDesktop::show(bookmarks::Form3& form) {
 }
 
 void QtDesktop::show(dictation::Form4& form) {
-    form.showModal = [this, &form] { showForm4(form); };
-}
-
-void QtDesktop::showForm4(dictation::Form4& form) {
-    form4_ = std::make_unique<Form4Window>(form); // puts its own call in the place of this one
-    form.showModal();
+    form.Load = [this, &form] {
+        if (!form4_)
+            form4_ = std::make_unique<Form4Window>(form);
+    };
 }
 
 void QtDesktop::show(recorder::FrmAudioRec& form) {

@@ -60,8 +60,6 @@ public:
     bool isHanging() const { return internet_.isHanging(); }
 
 private:
-    void showForm4(dictation::Form4& form);
-
     QtSystem system_;
     QtEventLoop eventLoop_;
     QtDialogs dialogs_;

@@ -7,7 +7,10 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
 #include <QMessageBox>
+#include <QTreeView>
 
 namespace desktop {
 
@@ -16,6 +19,7 @@ namespace {
 using platform::Answer;
 using platform::BoxStyle;
 
+constexpr int leastTextWidth = 200;    // pixels; with less the title bar has no room for its title
 constexpr qsizetype longestPath = 255; // units; a longer one cannot be returned
 
 QMessageBox::StandardButtons buttons(BoxStyle style) {
@@ -81,6 +85,18 @@ QStringList nameFilters(const base::Text& filter) {
     return filters;
 }
 
+// Qt's own widths are those of English words.
+void fitColumns(const QFileDialog& dialog) {
+    auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (!details)
+        return;
+    QHeaderView& header = *details->header();
+    header.setResizeContentsPrecision(0); // what is in sight: a folder may hold thousands
+    for (int column = 1; column < header.count(); ++column)
+        header.setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    header.setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 } // namespace
 
 Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
@@ -93,12 +109,17 @@ Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
     box.setText(lines);
     box.setStandardButtons(buttons(style));
+    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->setColumnMinimumWidth(grid->columnCount() - 1, leastTextWidth);
     // The player stays on top of all windows, and a box behind it would look like a hang.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     return answer(box.exec());
 }
 
 std::optional<std::uint32_t> QtDialogs::ShowColor(std::string_view owner, std::uint32_t start) {
+    // Each dialog begins with none defined, and takes those that it got along.
+    for (int i = 0; i < QColorDialog::customCount(); ++i)
+        QColorDialog::setCustomColor(i, Qt::white);
     QColorDialog dialog(QColor(QRgb(start)), window(owner));
     dialog.setObjectName(QStringLiteral("ShowColor"));
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
@@ -122,6 +143,7 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
     dialog.setDefaultSuffix(qstring(request.defaultExtension));
     dialog.setNameFilters(nameFilters(request.filter));
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    fitColumns(dialog);
     if (!request.fileName.empty())
         dialog.selectFile(qstring(request.fileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

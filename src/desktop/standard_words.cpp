@@ -3,6 +3,7 @@
 #include "desktop/conversions.h"
 
 #include <QFile>
+#include <string_view>
 
 namespace desktop {
 
@@ -12,7 +13,13 @@ QString StandardWords::translate(const char* context, const char* sourceText, co
     if (shown_ != fileLingua_)
         read(fileLingua_);
     const auto own = ownWords_.constFind(QByteArray(sourceText));
-    return own != ownWords_.cend() ? *own : catalogue_.translate(context, sourceText, disambiguation, n);
+    if (own != ownWords_.cend())
+        return *own;
+    const QString word = catalogue_.translate(context, sourceText, disambiguation, n);
+    // The catalogues have the kinds of files where Qt asked for them before its version 6.
+    return word.isNull() && std::string_view(context) == "QAbstractFileIconProvider"
+               ? catalogue_.translate("QFileDialog", sourceText, disambiguation, n)
+               : word;
 }
 
 void StandardWords::read(const base::Text& name) const {

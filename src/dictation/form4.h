@@ -17,6 +17,10 @@ struct Form4 : controls::Window {
         Label1.foreColor = controls::rgb(0x1F, 0x2A, 0x44);
     }
 
+    // The dialog is about to be placed: the one who shows it makes its window, if need be, and tells its
+    // size.
+    std::function<void()> Load = [] {};
+
     controls::Picture Image1{"Image1", {-420, -180, 7245, 2055}};         // ground
     controls::Label Label1{"Label1", {330, 210, 3825, 720}};              // prompt
     controls::TextBox Text1{"Text1", {330, 910, 4005, 375}};              // the value

@@ -26,6 +26,7 @@ void InputDialog::ask(const controls::Window& caller, base::TextView caption, ba
 }
 
 void InputDialog::Form_Load() {
+    form_.Load();
     form_.Image1.picture = form1_.Shape3.picture.get();
     form_.Command1.caption = form1_.Lingua(20);
     form_.Command2.caption = form1_.Lingua(21);

@@ -106,10 +106,14 @@ RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& forma
     while (n < mostCopies && base::fileExists(copyName(path, n)))
         ++n;
     const base::Text copy = copyName(path, n);
-    // Under this name until it is whole; not one of a sound, so that nobody takes it for one.
-    const base::Text unfinished = copy + u".new";
+    // Under a free name until it is whole; not one of a sound, so that nobody takes it for one.
+    base::Text unfinished = copy + u".new";
     std::error_code failed;
-    fs::copy_file(base::toUtf8(path), base::toUtf8(unfinished), fs::copy_options::overwrite_existing, failed);
+    for (int i = 2; i <= mostCopies && fs::exists(fs::symlink_status(base::toUtf8(unfinished), failed)); ++i)
+        unfinished = copy + u".new" + base::numberText(i);
+    fs::copy_file(base::toUtf8(path), base::toUtf8(unfinished), fs::copy_options::none, failed);
+    if (failed == std::errc::file_exists)
+        fail(failed);
     try {
         if (failed)
             fail(failed);

@@ -21,11 +21,13 @@ TEST_F(FilesTest, Replace_KeepsPermissionsAndLinks_AndLeavesNothingBeside) {
     folder.write("real.ini", "old");
     fs::permissions(folder.path() / "real.ini", fs::perms(0640));
     fs::create_symlink("real.ini", folder.path() / "link.ini");
+    folder.write("real.ini.new", "the user's own");
     base::replaceFile(folder.text("link.ini"), "new");
     EXPECT_EQ(folder.read("real.ini"), "new");
+    EXPECT_EQ(folder.read("real.ini.new"), "the user's own");
     EXPECT_TRUE(fs::is_symlink(folder.path() / "link.ini"));
     EXPECT_EQ(fs::status(folder.path() / "real.ini").permissions(), fs::perms(0640));
-    EXPECT_EQ(fileCount(), 2);
+    EXPECT_EQ(fileCount(), 3);
 }
 
 TEST_F(FilesTest, Replace_OfTheLongestNames_LeavesNothingBeside) {

@@ -1,6 +1,8 @@
 #include "desktop/form4_window.h"
 
 #include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -23,6 +25,12 @@ TEST(Form4Window, Keys_TypeOverTheSelection_AndPressTheButtons) {
         const auto press = [](Qt::Key key) { QTest::keyClick(QApplication::focusWidget(), key); };
         press(Qt::Key_7);
         EXPECT_EQ(form.Text1.text.get(), u"7");
+        for (const char* pasted : {"1\n2", "3\r\n4\n", "\r"}) {
+            press(Qt::Key_Home);
+            QApplication::clipboard()->setText(QString::fromLatin1(pasted));
+            qobject_cast<QLineEdit*>(QApplication::focusWidget())->paste();
+        }
+        EXPECT_EQ(form.Text1.text.get(), u"317") << "a paste ends at its first line break";
         const std::pair<Qt::Key, std::pair<int, int>> road[] = {
             {Qt::Key_Return, {1, 0}}, {Qt::Key_Escape, {1, 0}}, {Qt::Key_Tab, {1, 0}},
             {Qt::Key_Enter, {2, 0}},  {Qt::Key_Tab, {2, 0}},    {Qt::Key_Return, {2, 1}}};

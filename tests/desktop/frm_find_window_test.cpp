@@ -6,7 +6,9 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -50,12 +52,12 @@ TEST_F(FrmFindWindow, Keys_PressTheButtonsThatAreForThem) {
     EXPECT_TRUE(window.isVisible()) << "the data says when it goes";
 }
 
-TEST_F(FrmFindWindow, ABox_HoldsWhateverIsPasted_AndTellsWhatTheUserDoes_NotWhatTheProgramSets) {
+TEST_F(FrmFindWindow, ABox_HoldsALineOfAnyLength_AndTellsWhatTheUserDoes_NotWhatTheProgramSets) {
     form.cboFind.Change = [this] { pressed += "changed "; };
-    const QString huge = QString(100'000, u'x') + QStringLiteral("\ny");
-    QApplication::clipboard()->setText(huge);
+    const QString huge(100'000, u'x');
+    QApplication::clipboard()->setText(huge + QStringLiteral("\ny"));
     box.lineEdit()->paste();
-    EXPECT_EQ(form.cboFind.text->size(), 100'002U);
+    EXPECT_EQ(form.cboFind.text->size(), 100'000U);
     form.cboFind.items = std::vector<base::Text>{u"zero", u"one"};
     EXPECT_EQ(box.currentText(), huge) << "a new list leaves the text alone";
     form.cboFind.text = u"zero";
@@ -63,4 +65,21 @@ TEST_F(FrmFindWindow, ABox_HoldsWhateverIsPasted_AndTellsWhatTheUserDoes_NotWhat
     QTest::keyClick(&box, Qt::Key_Down);
     EXPECT_EQ(form.cboFind.text.get(), u"one");
     EXPECT_EQ(pressed, "changed changed chosen ");
+}
+
+TEST_F(FrmFindWindow, ADrop_LeavesTheTextWhereItComesFrom_AndHasLinesOfOneKind) {
+    base::Text dropped;
+    form.cboFind.Drop = [&](const base::Text& text) { dropped = text; };
+    const std::pair<const char*, base::TextView> rows[] = {
+        {"a\nb", u"a\r\nb"}, {"a\r\nb", u"a\r\nb"}, {"a\rb\n", u"a\r\nb\r\n"}};
+    for (const auto& [text, taken] : rows) {
+        QMimeData data;
+        data.setText(QString::fromLatin1(text));
+        QDropEvent event({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        event.setDropAction(Qt::MoveAction);
+        box.lineEdit()->event(&event);
+        EXPECT_EQ(dropped, taken);
+        EXPECT_TRUE(event.isAccepted());
+        EXPECT_EQ(event.dropAction(), Qt::CopyAction);
+    }
 }

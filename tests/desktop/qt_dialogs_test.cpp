@@ -5,11 +5,13 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QColorDialog>
 #include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -105,6 +107,27 @@ TEST(MessageBox, Text_IsShownAsItIs_InItsLines) {
         box.accept();
     });
     desktop::QtDialogs().messageBox(u"<b>a & b</b>\rone\r\ntwo\nthree", u"", BoxStyle::Exclamation);
+}
+
+TEST(MessageBox, OfOneShortWord_LeavesRoomForItsTitle) {
+    whenOpen<QMessageBox>([](QMessageBox& box) {
+        EXPECT_GE(box.width(), 240);
+        box.accept();
+    });
+    desktop::QtDialogs().messageBox(u"No.", u"", BoxStyle::Plain);
+}
+
+TEST(ShowColor, BeginsWithoutColoursOfItsOwn) {
+    QColorDialog::setCustomColor(3, Qt::red); // as a dialog before it leaves one
+    whenOpen<QColorDialog>([](QColorDialog& dialog) {
+        EXPECT_EQ(dialog.currentColor(), Qt::black);
+        for (int i = 0; i < QColorDialog::customCount(); ++i)
+            EXPECT_EQ(QColorDialog::customColor(i), Qt::white) << i;
+        dialog.reject();
+    });
+    EXPECT_EQ(desktop::QtDialogs().ShowColor("", 0), std::nullopt);
+    EXPECT_FALSE(QSettings(QSettings::UserScope, QStringLiteral("QtProject")).isWritable())
+        << "and none is kept for another run";
 }
 
 TEST_F(FileDlgTest, Filters_LetThroughWhatTheyName) {

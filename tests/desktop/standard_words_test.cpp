@@ -7,18 +7,20 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QLabel>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
 namespace {
 
-// What stands on the buttons of a box and over the places of a file dialog.
+// What stands on the buttons of a box, over the places of a file dialog and as the kind of a folder.
 QString shownWords() {
     const QDialogButtonBox box(QDialogButtonBox::Yes | QDialogButtonBox::No);
     QFileDialog dialog;
     return QStringList({box.button(QDialogButtonBox::Yes)->text(), box.button(QDialogButtonBox::No)->text(),
-                        dialog.findChild<QLabel*>(QStringLiteral("lookInLabel"))->text()})
+                        dialog.findChild<QLabel*>(QStringLiteral("lookInLabel"))->text(),
+                        QFileIconProvider().type(QFileInfo(QDir::tempPath()))})
         .join(u' ')
         .remove(u'&');
 }
@@ -37,9 +39,9 @@ TEST(StandardWords, FollowTheLanguageOfTheProgram) {
     desktop::StandardWords words(language, base::ProgramFolder(folder.text("")));
     QCoreApplication::installTranslator(&words);
     const std::pair<base::TextView, const char*> rows[] = {
-        {u"Italiano.lng", "Sì No Cerca in:"}, {u"English.lng", "Yes No Look in:"},
-        {u"Svenska.lng", "Ja Nej Leta i:"},   {u"Hungarian.lng", "Igen Nem Keresés itt:"},
-        {u"Deutsch.lng", "Ja Nein Look in:"}, {u"", "Yes No Look in:"},
+        {u"Italiano.lng", "Sì No Cerca in: Cartella"}, {u"English.lng", "Yes No Look in: Folder"},
+        {u"Svenska.lng", "Ja Nej Leta i: Mapp"},       {u"Hungarian.lng", "Igen Nem Keresés itt: Mappa"},
+        {u"Deutsch.lng", "Ja Nein Look in: Folder"},   {u"", "Yes No Look in: Folder"},
     };
     for (const auto& [file, shown] : rows) {
         language = file;

@@ -138,6 +138,7 @@ TEST_F(CutOffTest, AtTheStart_ARepairedCopyIsMade_AndTheUserIsToldOnce) {
     leave("talk.wav", 50001, "1,8,11025,");
     leave("Rec 07.WAV", 1000);
     desktop.folder.write("Rec 07 repaired.WAV", "another file of that name");
+    desktop.folder.write("talk repaired.wav.new", "another one");
     leave("empty.wav", 0);
     desktop.folder.write("music.wav", "RIFF and so on, far more than forty-four bytes of it");
     startAndRepair();
@@ -148,6 +149,7 @@ TEST_F(CutOffTest, AtTheStart_ARepairedCopyIsMade_AndTheUserIsToldOnce) {
     const std::string copy = desktop.folder.read("talk repaired.wav");
     EXPECT_EQ(copy, recorder::wavHeader(recorder::pcmFormat(1, 8, 11025), 50045) + std::string(50001, 'a'));
     EXPECT_EQ(desktop.folder.read("talk.wav"), std::string(44, '\0') + std::string(50001, 'a'));
+    EXPECT_EQ(desktop.folder.read("talk repaired.wav.new"), "another one");
     EXPECT_EQ(desktop.folder.read("empty.wav").size(), 44U);
     EXPECT_FALSE(base::fileExists(desktop.folder.text("Files/Recordings.ini")));
     startAndRepair();
