@@ -19,7 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr base::TextView extension = u".wav";
-constexpr int mostCopies = 100;
 
 // The bytes at the head of the file, as many as a header has; fewer when the file is shorter.
 std::string headOf(const std::string& path) {
@@ -89,27 +88,26 @@ std::vector<base::Text> cutOffRecordings(base::TextView folder, const std::atomi
 }
 
 std::optional<base::Text> earlierRepair(base::TextView path) {
-    for (int n = 1; n <= mostCopies; ++n) {
+    for (int n = 1;; ++n) {
         const base::Text copy = copyName(path, n);
         if (!base::fileExists(copy))
             return std::nullopt;
         if (isCopyOf(path, copy))
             return copy;
     }
-    return std::nullopt;
 }
 
 RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& format) {
     if (auto earlier = earlierRepair(path))
         return {std::move(*earlier), false};
     int n = 1;
-    while (n < mostCopies && base::fileExists(copyName(path, n)))
+    while (base::fileExists(copyName(path, n)))
         ++n;
     const base::Text copy = copyName(path, n);
     // Under a free name until it is whole; not one of a sound, so that nobody takes it for one.
     base::Text unfinished = copy + u".new";
     std::error_code failed;
-    for (int i = 2; i <= mostCopies && fs::exists(fs::symlink_status(base::toUtf8(unfinished), failed)); ++i)
+    for (int i = 2; fs::exists(fs::symlink_status(base::toUtf8(unfinished), failed)); ++i)
         unfinished = copy + u".new" + base::numberText(i);
     fs::copy_file(base::toUtf8(path), base::toUtf8(unfinished), fs::copy_options::none, failed);
     if (failed == std::errc::file_exists)
