@@ -80,6 +80,8 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
             noteChange(position, removed, added);
     });
     setDocument(document_);
+    // Qt would go on typing in the format of the old text.
+    setTextCursor(QTextCursor(document_));
     delete before;
     stretch_.noteAll(*document_);
 }
