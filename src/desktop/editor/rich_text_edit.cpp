@@ -201,7 +201,7 @@ void RichTextEdit::insertSource(const rtf::Document& source) {
 
 void RichTextEdit::setSelFontName(base::TextView name) {
     QTextCharFormat format;
-    format.setFontFamilies({qstring(name)});
+    nameFont(format, qstring(name));
     format.setProperty(Charset, 0);
     mergeCurrentCharFormat(format);
 }
