@@ -109,6 +109,8 @@ private:
     void replaceSelection(base::TextView text);
     void insertSource(const rtf::Document& source);
     void replaceSelection(const std::function<void(QTextCursor&)>& insert);
+    // Inserts what was selected last, be it in another program, where `place` leads the caret.
+    void pasteSelection(const std::function<void()>& place);
 
     base::CodePage page_;
     EditorDocument* document_ = nullptr; // a child of this

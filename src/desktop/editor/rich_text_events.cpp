@@ -34,6 +34,19 @@ Qt::KeyboardModifiers heldKeys(const QKeyEvent& event) {
     return event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
 }
 
+std::optional<platform::EditCommand> editCommand(const QKeyEvent& event) {
+    using platform::EditCommand;
+    static constexpr std::pair<QKeySequence::StandardKey, EditCommand> keys[] = {
+        {QKeySequence::Undo, EditCommand::Undo},   {QKeySequence::Redo, EditCommand::Redo},
+        {QKeySequence::Cut, EditCommand::Cut},     {QKeySequence::Copy, EditCommand::Copy},
+        {QKeySequence::Paste, EditCommand::Paste},
+    };
+    for (const auto& [key, command] : keys)
+        if (event.matches(key))
+            return command;
+    return std::nullopt;
+}
+
 const QStringList& rtfTypes() {
     static const QStringList types{QStringLiteral("text/rtf"), QStringLiteral("application/rtf"),
                                    QStringLiteral("text/richtext")};
@@ -75,6 +88,15 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
             return;
         }
     }
+    if (const auto command = editCommand(*event)) {
+        event->accept();
+        // With both, the key means the selection, as the middle button does.
+        if (event->key() == Qt::Key_Insert && heldKeys(*event) == (Qt::ShiftModifier | Qt::ControlModifier))
+            pasteSelection([] {});
+        else
+            EditKey(*command);
+        return;
+    }
     // A key pressed with nothing selected replaces nothing; it may take a bullet away.
     const bool replaces = textCursor().hasSelection();
     edit(replaces ? SameLength::Replacement : SameLength::Format, [&] { QTextEdit::keyPressEvent(event); });
@@ -110,12 +132,16 @@ void RichTextEdit::mouseReleaseEvent(QMouseEvent* event) {
         QTextEdit::mouseReleaseEvent(event);
         return;
     }
-    // Another program's selection is read as its clipboard is.
+    pasteSelection([&] { setTextCursor(cursorForPosition(event->position().toPoint())); });
+}
+
+// Another program's selection is read as its clipboard is.
+void RichTextEdit::pasteSelection(const std::function<void()>& place) {
     for (const auto format : {platform::ClipboardFormat::Rtf, platform::ClipboardFormat::Text}) {
         const base::Text held = selection_.GetText(format);
         if (held.empty())
             continue;
-        setTextCursor(cursorForPosition(event->position().toPoint()));
+        place();
         base::carryOn([&] { setSelRTF(held); });
         return;
     }

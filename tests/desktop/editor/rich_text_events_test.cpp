@@ -16,6 +16,9 @@ protected:
     RichTextEvents() {
         rtb.KeyDown = [this](platform::KeyEvent& key) { told.push_back(name("down", key)); };
         rtb.KeyUp = [this](const platform::KeyEvent& key) { told.push_back(name("up", key)); };
+        rtb.EditKey = [this](platform::EditCommand command) {
+            told.push_back("edit " + std::to_string(static_cast<int>(command)));
+        };
         rtb.MouseDown = [this](int button) { told.push_back("mouse " + std::to_string(button)); };
         rtb.LostFocus = [this] { told.emplace_back("lost"); };
     }
@@ -98,6 +101,28 @@ TEST_F(RichTextEvents, ARelease_IsToldOnce_WhereItsPressCameIn) {
     loseKeyboard(Qt::MouseFocusReason);
     send(QEvent::KeyRelease, Qt::Key_F6);
     EXPECT_EQ(heard(), (Told{"down 117/0", "lost"}));
+}
+
+TEST_F(RichTextEvents, EditKeys_OfTheDesktop_AreTold_AndDoNothingThemselves) {
+    const struct {
+        int key;
+        Qt::KeyboardModifiers held;
+        platform::EditCommand command;
+    } rows[] = {
+        {Qt::Key_Z, Qt::ControlModifier, platform::EditCommand::Undo},
+        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, platform::EditCommand::Redo},
+        {Qt::Key_Delete, Qt::ShiftModifier, platform::EditCommand::Cut},
+        {Qt::Key_Insert, Qt::ControlModifier, platform::EditCommand::Copy},
+        {Qt::Key_Insert, Qt::ShiftModifier, platform::EditCommand::Paste},
+    };
+    rtb.setText(u"ab");
+    select(0, 1);
+    changes = 0;
+    for (const auto& row : rows) {
+        EXPECT_TRUE(send(QEvent::KeyPress, row.key, row.held));
+        EXPECT_EQ(heard().back(), "edit " + std::to_string(static_cast<int>(row.command)));
+        EXPECT_EQ(changes, 0);
+    }
 }
 
 TEST_F(RichTextEvents, Shortcuts_OfMenus_AreTakenAwayForTheKeysOfTheTextOnly) {
