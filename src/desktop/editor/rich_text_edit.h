@@ -9,6 +9,7 @@
 #include "platform/rich_text.h"
 
 #include <QTextEdit>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <set>
@@ -118,8 +119,8 @@ private:
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
     TextDirection direction_;
-    ChangedStretch stretch_; // of what nobody has asked for yet
-    std::set<int> pressed_;  // keys of Qt that went down in the text and are not up again
+    ChangedStretch stretch_;          // of what nobody has asked for yet
+    std::set<std::uint64_t> pressed_; // keys by their places that went down in the text and are not up again
     QtClipboard selection_{QClipboard::Selection};
     std::optional<QTextCursor> ahead_; // only while several edits are done together
 };

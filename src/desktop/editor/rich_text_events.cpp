@@ -34,6 +34,16 @@ Qt::KeyboardModifiers heldKeys(const QKeyEvent& event) {
     return event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
 }
 
+// Which key it is, whatever it means with others held; made up for an event that no keyboard has sent.
+std::uint64_t placeOf(const QKeyEvent& event) {
+    constexpr int bits = 32;
+    return event.nativeScanCode() != 0 ? event.nativeScanCode()
+                                       : static_cast<std::uint64_t>(event.key()) << bits;
+}
+
+// One of which an input method has made a letter.
+constexpr std::uint64_t unknownPlace = 0;
+
 std::optional<platform::EditCommand> editCommand(const QKeyEvent& event) {
     using platform::EditCommand;
     static constexpr std::pair<QKeySequence::StandardKey, EditCommand> keys[] = {
@@ -67,7 +77,7 @@ bool RichTextEdit::event(QEvent* event) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
         // A shortcut of a menu may take the press; the release comes here all the same.
         if (!key.isAutoRepeat())
-            pressed_.insert(key.key());
+            pressed_.insert(placeOf(key));
         const bool letterWithControl = isLetter(key.key()) && heldKeys(key) == Qt::ControlModifier;
         if (isFunctionKey(key.key()) || letterWithControl) {
             event->setAccepted(!letterWithControl ||
@@ -80,13 +90,18 @@ bool RichTextEdit::event(QEvent* event) {
 
 void RichTextEdit::keyPressEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat())
-        pressed_.insert(event->key());
+        pressed_.insert(placeOf(*event));
     if (platform::KeyEvent key = keyEvent(*event); key.keyCode != 0) {
         KeyDown(key);
         if (key.keyCode == 0) {
             event->accept();
             return;
         }
+    }
+    // Enter that has closed a box may be down still: what it repeats was not meant for the text.
+    if (event->isAutoRepeat() && !pressed_.contains(placeOf(*event)) && !pressed_.contains(unknownPlace)) {
+        event->accept();
+        return;
     }
     if (const auto command = editCommand(*event)) {
         event->accept();
@@ -109,7 +124,7 @@ void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
     // A key that is held is released and pressed again and again, where the user did neither. One that went
     // down elsewhere has done its work there: a key of the player gives the keyboard back before it is up.
     const platform::KeyEvent key = keyEvent(*event);
-    if (!event->isAutoRepeat() && pressed_.erase(event->key()) > 0 && key.keyCode != 0)
+    if (!event->isAutoRepeat() && pressed_.erase(placeOf(*event)) > 0 && key.keyCode != 0)
         KeyUp(key);
     QTextEdit::keyReleaseEvent(event);
 }
@@ -117,6 +132,8 @@ void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
 void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
     // What is being composed is shown in the text but no part of it yet.
     const bool commits = !event->commitString().isEmpty() || event->replacementLength() > 0;
+    if (commits)
+        pressed_.insert(unknownPlace);
     edit(commits ? SameLength::Replacement : SameLength::Format, [&] { QTextEdit::inputMethodEvent(event); });
 }
 

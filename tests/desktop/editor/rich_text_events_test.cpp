@@ -103,6 +103,25 @@ TEST_F(RichTextEvents, ARelease_IsToldOnce_WhereItsPressCameIn) {
     EXPECT_EQ(heard(), (Told{"down 117/0", "lost"}));
 }
 
+TEST_F(RichTextEvents, AHeldKey_GoesOnInTheText_WhereItWentDownOnly) {
+    const auto press = [&](const QString& letter, bool repeated) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_X, {}, 24, 0, 0, letter, repeated);
+        QApplication::sendEvent(&rtb, &event);
+    };
+    press(QStringLiteral("a"), true);
+    EXPECT_EQ(shown(), "|") << "it went down in a box that it closed";
+    press(QStringLiteral("b"), false);
+    loseKeyboard(Qt::PopupFocusReason);
+    press(QStringLiteral("c"), true);
+    EXPECT_EQ(shown(), "bc|");
+    loseKeyboard(Qt::OtherFocusReason);
+    press(QStringLiteral("d"), true);
+    EXPECT_EQ(shown(), "bc|");
+    input({}, QStringLiteral("e"));
+    press(QStringLiteral("f"), true);
+    EXPECT_EQ(shown(), "bcef|") << "an input method had the press";
+}
+
 TEST_F(RichTextEvents, EditKeys_OfTheDesktop_AreTold_AndDoNothingThemselves) {
     const struct {
         int key;
