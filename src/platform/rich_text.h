@@ -119,6 +119,7 @@ public:
     // nothing with it.
     std::function<void(EditCommand)> EditKey = [](EditCommand) {};
     std::function<void(int button)> MouseDown = [](int) {};
+    // Another control or window of this program has got the keyboard.
     std::function<void()> LostFocus = [] {};
 };
 

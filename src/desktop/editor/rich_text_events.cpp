@@ -8,8 +8,8 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
+#include <QApplication>
 #include <QFocusEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextDocumentFragment>
@@ -174,7 +174,9 @@ void RichTextEdit::focusOutEvent(QFocusEvent* event) {
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason)
         return;
     pressed_.clear();
-    LostFocus();
+    // Among the windows of this program the text has it while another program is in front.
+    if (event->reason() != Qt::ActiveWindowFocusReason || QApplication::activeWindow())
+        LostFocus();
 }
 
 QMimeData* RichTextEdit::createMimeDataFromSelection() const {

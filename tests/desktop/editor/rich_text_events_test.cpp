@@ -243,8 +243,14 @@ TEST_F(RichTextEvents, TheMouse_Pressed_IsToldWithItsButton_AndTheKeyboardWhenIt
     for (const auto button : {Qt::LeftButton, Qt::RightButton})
         QTest::mouseClick(rtb.viewport(), button);
     EXPECT_EQ(heard(), (Told{"mouse 1", "mouse 2"}));
-    // An open menu borrows it only.
-    for (const auto reason : {Qt::TabFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason})
+    // An open menu borrows it only, and so does another program.
+    for (const auto reason :
+         {Qt::TabFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason})
         loseKeyboard(reason);
+    EXPECT_EQ(heard(), Told{"lost"});
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    loseKeyboard(Qt::ActiveWindowFocusReason);
     EXPECT_EQ(heard(), Told{"lost"});
 }
