@@ -8,6 +8,7 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -78,10 +79,11 @@ bool RichTextEdit::event(QEvent* event) {
         // A shortcut of a menu may take the press; the release comes here all the same.
         if (!key.isAutoRepeat())
             pressed_.insert(placeOf(key));
-        const bool letterWithControl = isLetter(key.key()) && heldKeys(key) == Qt::ControlModifier;
-        if (isFunctionKey(key.key()) || letterWithControl) {
+        const int name = latinKey(key);
+        const bool letterWithControl = isLetter(name) && heldKeys(key) == Qt::ControlModifier;
+        if (isFunctionKey(name) || letterWithControl) {
             event->setAccepted(!letterWithControl ||
-                               textLetters.find(static_cast<char>(key.key())) != std::string_view::npos);
+                               textLetters.find(static_cast<char>(name)) != std::string_view::npos);
             return true;
         }
     }
@@ -103,6 +105,10 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
+    if (latinKey(*event) != event->key() && giveToMenu(*event)) {
+        event->accept();
+        return;
+    }
     if (const auto command = editCommand(*event)) {
         event->accept();
         // With both, the key means the selection, as the middle button does.
@@ -118,6 +124,19 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
     // The window would take it for its own.
     if (event->key() == Qt::Key_Escape)
         event->accept();
+}
+
+// Qt itself finds the shortcut of a menu by the letters of the user's layouts only.
+bool RichTextEdit::giveToMenu(const QKeyEvent& event) const {
+    const QKeySequence shortcut(event.modifiers() | Qt::Key(latinKey(event)));
+    for (QAction* const action : window()->findChildren<QAction*>()) {
+        if (action->shortcut() != shortcut)
+            continue;
+        if (action->autoRepeat() || !event.isAutoRepeat())
+            action->trigger();
+        return true;
+    }
+    return false;
 }
 
 void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {

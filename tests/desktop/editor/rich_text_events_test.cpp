@@ -1,5 +1,6 @@
 #include "rich_text_fixture.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QInputMethodEvent>
@@ -141,6 +142,35 @@ TEST_F(RichTextEvents, EditKeys_OfTheDesktop_AreTold_AndDoNothingThemselves) {
         EXPECT_TRUE(send(QEvent::KeyPress, row.key, row.held));
         EXPECT_EQ(heard().back(), "edit " + std::to_string(static_cast<int>(row.command)));
         EXPECT_EQ(changes, 0);
+    }
+}
+
+TEST_F(RichTextEvents, ALetterOfAnotherScript_WithControl_IsTheLatinOneOfItsPlace) {
+    QAction selectAll(&rtb);
+    selectAll.setShortcut(Qt::CTRL | Qt::Key_A);
+    QObject::connect(&selectAll, &QAction::triggered, &rtb, [this] { told.emplace_back("menu"); });
+    const struct {
+        int key;
+        quint32 place;
+        bool ofText;
+        Told told;
+    } rows[] = {
+        {0x421, 54, true, {"down 67/2"}}, // Cyrillic
+        {0x424, 38, false, {"down 65/2", "menu"}},
+        {0x3A9, 55, true, {"down 86/2"}}, // Greek
+        {0x416, 47, false, {}},           // no letter is there
+        {Qt::Key_Comma, 25, false, {}},   // in a Latin layout
+        {Qt::Key_Odiaeresis, 38, false, {}},
+        {Qt::Key_Q, 38, true, {"down 81/2"}},
+    };
+    for (const auto& row : rows) {
+        QKeyEvent ahead(QEvent::ShortcutOverride, row.key, Qt::ControlModifier, row.place, 0, 0);
+        ahead.ignore();
+        QApplication::sendEvent(&rtb, &ahead);
+        EXPECT_EQ(ahead.isAccepted(), row.ofText) << row.key;
+        QKeyEvent press(QEvent::KeyPress, row.key, Qt::ControlModifier, row.place, 0, 0);
+        QApplication::sendEvent(&rtb, &press);
+        EXPECT_EQ(heard(), row.told) << row.key;
     }
 }
 
