@@ -1,5 +1,7 @@
 #include "desktop/key_codes.h"
 
+#include <QChar>
+#include <string_view>
 #include <utility>
 
 namespace desktop {
@@ -19,6 +21,10 @@ constexpr std::pair<int, int> numbers[] = {
     {Qt::Key_Delete, 46},   {Qt::Key_Escape, platform::escapeKey},
 };
 
+// The letters of a keyboard row by row, from the X server's number of the first one's key on.
+constexpr std::pair<quint32, std::string_view> letterRows[] = {
+    {24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}};
+
 int codeOf(int key) {
     if ((key >= Qt::Key_A && key <= Qt::Key_Z) || (key >= Qt::Key_0 && key <= Qt::Key_9))
         return key;
@@ -32,9 +38,20 @@ int codeOf(int key) {
 
 } // namespace
 
+int latinKey(const QKeyEvent& event) {
+    const auto letter = static_cast<char32_t>(event.key());
+    if (!event.modifiers().testFlag(Qt::ControlModifier) || !QChar::isLetter(letter) ||
+        QChar::script(letter) == QChar::Script_Latin)
+        return event.key();
+    for (const auto& [first, letters] : letterRows)
+        if (const quint32 place = event.nativeScanCode() - first; place < letters.size())
+            return letters[place];
+    return event.key();
+}
+
 platform::KeyEvent keyEvent(const QKeyEvent& event) {
     const auto held = event.modifiers();
-    return {.keyCode = codeOf(event.key()),
+    return {.keyCode = codeOf(latinKey(event)),
             .shift = (held.testFlag(Qt::ShiftModifier) ? platform::shiftKey : 0) +
                      (held.testFlag(Qt::ControlModifier) ? platform::controlKey : 0) +
                      (held.testFlag(Qt::AltModifier) ? platform::altKey : 0)};

@@ -6,6 +6,10 @@
 
 namespace desktop {
 
+// The key by Qt's number. With Ctrl a letter of another script is the Latin one of its place: a user may have
+// no Latin layout to change to.
+int latinKey(const QKeyEvent& event);
+
 // The key as the program numbers it; code 0 for one that it has no number for.
 platform::KeyEvent keyEvent(const QKeyEvent& event);
 

@@ -11,8 +11,6 @@ using Routine = std::function<void()>;
 
 // Key codes; a letter is its own.
 enum Key {
-    insertKey = 45,
-    deleteKey = 46,
     f1 = 112,
     f3 = 114,
     f4 = 115,
@@ -44,6 +42,7 @@ EditorKeys::EditorKeys(Form2& form, Toolbar& toolbar, player::Form1& player)
     : form_(form), toolbar_(toolbar), player_(player) {
     form_.RTB.KeyDown = [this](platform::KeyEvent& key) { RTB_KeyDown(key); };
     form_.RTB.KeyUp = [this](const platform::KeyEvent& key) { RTB_KeyUp(key); };
+    form_.RTB.EditKey = [this](platform::EditCommand command) { RTB_EditKey(command); };
     form_.RTB.MouseDown = [this](int button) { RTB_MouseDown(button); };
     form_.KeyDown = [this](const platform::KeyEvent& key) { Form_KeyDown(key); };
 }
@@ -55,7 +54,7 @@ void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
         if (actOnRelease.find(static_cast<char16_t>(key.keyCode)) != base::TextView::npos)
             key = {};
     }
-    if (givesOldEditCommand(key) || (key.keyCode != f3 && key.keyCode != f4))
+    if (key.keyCode != f3 && key.keyCode != f4)
         return;
     run(key.keyCode == f3 ? player_.mnuDiminuisciVelocità.Click : player_.mnuAumentaVelocità.Click);
     key.keyCode = 0;
@@ -89,27 +88,25 @@ bool EditorKeys::givesPlayerCommand(platform::KeyEvent& key) {
     return true;
 }
 
-// The control's own copy, cut and paste know one form only, and would wait for a program that hangs.
-bool EditorKeys::givesOldEditCommand(platform::KeyEvent& key) {
-    const bool withShift = key.shift == platform::shiftKey;
-    if (key.keyCode == insertKey && withShift)
-        run(form_.mnuIncolla.Click);
-    else if (key.keyCode == insertKey && key.shift == platform::controlKey)
-        run(form_.mnuCopia.Click);
-    else if (key.keyCode == deleteKey && withShift)
-        run(form_.mnuTaglia.Click);
-    else
-        return false;
-    key = {};
-    return true;
-}
-
 void EditorKeys::RTB_KeyUp(const platform::KeyEvent& key) {
     if (key.shift == platform::controlKey) {
         giveEditCommand(key.keyCode);
         giveStyleCommand(key.keyCode);
     }
     givePlayerCommand(key.keyCode);
+}
+
+// The control's own commands know one form of a copy only, and would wait for a program that hangs.
+void EditorKeys::RTB_EditKey(platform::EditCommand command) {
+    using platform::EditCommand;
+    const std::pair<EditCommand, const Routine&> rows[] = {
+        {EditCommand::Undo, form_.mnuAnnulla.Click},  {EditCommand::Redo, form_.mnuRipeti.Click},
+        {EditCommand::Cut, form_.mnuTaglia.Click},    {EditCommand::Copy, form_.mnuCopia.Click},
+        {EditCommand::Paste, form_.mnuIncolla.Click},
+    };
+    for (const auto& [meant, routine] : rows)
+        if (meant == command)
+            run(routine);
 }
 
 void EditorKeys::giveEditCommand(int keyCode) {

@@ -14,6 +14,7 @@ public:
 
     void RTB_KeyDown(platform::KeyEvent& key);
     void RTB_KeyUp(const platform::KeyEvent& key);
+    void RTB_EditKey(platform::EditCommand command);
     // The right button opens the edit menu at the pointer.
     void RTB_MouseDown(int button);
     // A key that no control of the window has taken.
@@ -22,8 +23,6 @@ public:
 private:
     // Commands of the editor and the player, whose keys are pressed with Ctrl alone.
     bool givesPlayerCommand(platform::KeyEvent& key);
-    // The keys of copy, cut and paste before there were letters for them.
-    bool givesOldEditCommand(platform::KeyEvent& key);
     void giveEditCommand(int keyCode);
     void giveStyleCommand(int keyCode);
     void givePlayerCommand(int keyCode);

@@ -20,6 +20,9 @@ enum class Setting { Off, On, Mixed };
 // By the numbers that the toolbar writes.
 enum class ParagraphAlignment { Left = 0, Right = 1, Centre = 2 };
 
+// What keyboards have keys for besides letters.
+enum class EditCommand { Undo, Redo, Cut, Copy, Paste };
+
 // Options of RichText::Find, to be added.
 inline constexpr int findWholeWord = 2;
 inline constexpr int findMatchCase = 4;
@@ -112,7 +115,11 @@ public:
     std::function<void()> Change = [] {};
     std::function<void(KeyEvent&)> KeyDown = [](KeyEvent&) {};
     std::function<void(const KeyEvent&)> KeyUp = [](const KeyEvent&) {};
+    // A key that means the command to the desktop, and that KeyDown has left alone. The control itself does
+    // nothing with it.
+    std::function<void(EditCommand)> EditKey = [](EditCommand) {};
     std::function<void(int button)> MouseDown = [](int) {};
+    // Another control or window of this program has got the keyboard.
     std::function<void()> LostFocus = [] {};
 };
 

@@ -21,7 +21,7 @@ bool isEscapedLetter(const Token& token) {
 
 } // namespace
 
-Parser::Parser(std::string_view bytes) : tokens_(bytes), stack_(1) {}
+Parser::Parser(std::string_view bytes, bool opened) : tokens_(bytes), stack_(opened ? 2 : 1) {}
 
 Document Parser::run() {
     bool behindBrace = false;

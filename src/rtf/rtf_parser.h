@@ -17,7 +17,8 @@ namespace rtf {
 // Reads one file, once.
 class Parser {
 public:
-    explicit Parser(std::string_view bytes);
+    // `opened`: the brace that opens the file is no part of the bytes.
+    Parser(std::string_view bytes, bool opened);
 
     Document run();
 

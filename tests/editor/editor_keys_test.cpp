@@ -47,8 +47,7 @@ TEST_F(EditorKeysTest, APress_RunsItsCommand_AndLeavesOfTheKeyWhatTheControlMayS
     const Row rows[] = {{'M', 2, "mnuAddBM 0/0"},  {'O', 2, "mnuApri 0/0"},  {'Q', 2, "mnuEsci 0/0"},
                         {'W', 2, "mnuLingua 0/0"}, {112, 2, "mnuInfo 0/0"},  {115, 2, "mnuChiudi 0/0"},
                         {117, 2, "slower 117/0"},  {118, 2, "faster 118/0"}, {114, 0, "slower 0/0"},
-                        {114, 2, "slower 0/2"},    {115, 4, "faster 0/4"},   {45, 1, "mnuIncolla 0/0"},
-                        {45, 2, "mnuCopia 0/0"},   {46, 1, "mnuTaglia 0/0"}, {46, 0, "46/0"},
+                        {114, 2, "slower 0/2"},    {115, 4, "faster 0/4"},   {46, 0, "46/0"},
                         {'M', 3, "77/3"},          {'Z', 6, "90/6"},         {'B', 2, "66/2"},
                         {116, 0, "116/0"}};
     for (const auto& [keyCode, shift, expected] : rows)
@@ -67,6 +66,18 @@ TEST_F(EditorKeysTest, ARelease_RunsItsCommand_LettersWithControlAloneAndFunctio
         EXPECT_EQ(release(keyCode, shift), expected) << keyCode << '/' << shift;
     for (const auto& [keyCode, shift] : {std::pair{int{'C'}, 3}, {'M', 2}, {114, 0}})
         EXPECT_EQ(release(keyCode, shift), "") << keyCode << '/' << shift;
+}
+
+TEST_F(EditorKeysTest, AnEditKey_RunsTheCommandOfTheMenu) {
+    using platform::EditCommand;
+    for (const auto& [command, expected] : {std::pair{EditCommand::Undo, "mnuAnnulla "},
+                                            {EditCommand::Redo, "mnuRipeti "},
+                                            {EditCommand::Cut, "mnuTaglia "},
+                                            {EditCommand::Copy, "mnuCopia "},
+                                            {EditCommand::Paste, "mnuIncolla "}}) {
+        text.EditKey(command);
+        EXPECT_EQ(told(), expected);
+    }
 }
 
 TEST_F(EditorKeysTest, LettersOfBoldAndUnderline_GoByTheNameOfTheLanguageFile) {

@@ -71,7 +71,8 @@ TEST(RtfText, BrokenWords_TakeNoTextWithThem) {
 }
 
 TEST(RtfText, File_IsWhatItsOutermostBracesHold) {
-    for (const std::string bytes : {"{\\rtf1 a}b{c}", "}}{\\rtf1 a", "\r\n{\r\n\\rtf1 a"})
+    for (const std::string bytes :
+         {"{\\rtf1 a}b{c}", "}}{\\rtf1 a", "\r\n{\r\n\\rtf1 a", "\xEF\xBB\xBF{\n \\rtf1 a}b"})
         EXPECT_EQ(rtf::plainText(rtf::read(bytes)), u"a") << bytes;
     EXPECT_EQ(rtf::plainText(rtf::read("")), u"");
 }

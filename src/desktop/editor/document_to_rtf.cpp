@@ -99,11 +99,11 @@ private:
 
     rtf::CharFormat lettersOf(const QTextCharFormat& format) {
         const QFont usual = document_.defaultFont();
-        const QStringList families = format.fontFamilies().toStringList();
         const double size = format.fontPointSize() > 0 ? format.fontPointSize() : usual.pointSizeF();
         rtf::CharFormat letters;
-        letters.font = builder_.font({.name = text(families.isEmpty() ? usual.family() : families.front()),
-                                      .charset = format.intProperty(Charset)});
+        letters.font = builder_.font(
+            {.name = text(format.hasProperty(FontName) ? format.stringProperty(FontName) : usual.family()),
+             .charset = format.intProperty(Charset)});
         if (format.isAnchor() && !format.anchorHref().isEmpty())
             letters.link = builder_.link(text(format.anchorHref()));
         letters.size = static_cast<std::uint16_t>(std::clamp(std::lround(size * 2), 1L, 3276L));

@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <QTextCursor>
 #include <QUrl>
 
 namespace desktop {
@@ -23,11 +24,21 @@ QImage keptMark() {
 
 } // namespace
 
-QTextListFormat bulletFormat() {
-    QTextListFormat format;
-    format.setStyle(QTextListFormat::ListDisc);
-    format.setIndent(0);
-    return format;
+void nameFont(QTextCharFormat& format, const QString& name, bool shown) {
+    format.setProperty(FontName, name);
+    if (shown)
+        format.setFontFamilies({name});
+}
+
+QTextList& BulletLists::forParagraph(QTextCursor& paragraph) {
+    if (paragraphs_++ % longest == 0) {
+        // A sign in front of the paragraph, without an indent of the list's own.
+        QTextListFormat format;
+        format.setStyle(QTextListFormat::ListDisc);
+        format.setIndent(0);
+        list_ = paragraph.createList(format);
+    }
+    return *list_;
 }
 
 void giveBullet(QTextBlockFormat& format, const QTextList& list) {

@@ -13,6 +13,7 @@ namespace desktop {
 // What formats of Qt have no place for, so that it can be written again.
 enum FormatProperty {
     KeptRange = QTextFormat::UserProperty + 1, // of an image: index in EditorDocument::kept
+    FontName,                                  // of letters
     Charset,                                   // of letters: number of the Windows character set
     Hidden,                                    // of letters
     FirstIndent, // of a paragraph with a bullet, twips: Qt sets the sign itself into the margin
@@ -24,12 +25,28 @@ enum FormatProperty {
 // Twips from the margin to the text of a paragraph that becomes an item of a list.
 inline constexpr int bulletIndent = 360;
 
+// Names the font of letters. Qt tells formats from each other by their families one by one, and by a name of
+// our own at once; so it gets both. `shown`: else the letters look as those of the usual font do.
+void nameFont(QTextCharFormat& format, const QString& name, bool shown = true);
+
 inline double pixelsOfTwips(std::int32_t twips) {
     return twips / 15.0;
 }
 
-// A sign in front of the paragraph, without an indent of the list's own.
-QTextListFormat bulletFormat();
+// The lists that the paragraphs of one edit join with their bullets. Qt goes over all of a list whenever a
+// paragraph joins or leaves it: behind some hundreds a new one begins, which looks the same.
+class BulletLists {
+public:
+    static constexpr int longest = 250; // paragraphs
+
+    // The list for the paragraph at the cursor, which may be in it already.
+    QTextList& forParagraph(QTextCursor& paragraph);
+
+private:
+    QTextList* list_ = nullptr;
+    int paragraphs_ = 0;
+};
+
 void giveBullet(QTextBlockFormat& format, const QTextList& list);
 // With the indents that came with it.
 void takeBullet(QTextBlockFormat& format);

@@ -2,11 +2,13 @@
 
 #include "base/carry_on.h"
 #include "base/files.h"
+#include "desktop/conversions.h"
 #include "desktop/editor/layout_limits.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/text_units.h"
 #include "rtf/rtf_reader.h"
 
+#include <QStringDecoder>
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
@@ -34,6 +36,11 @@ base::Text decode(std::string_view bytes, const base::CodePage& page) {
         return decodeUtf16(bytes.substr(2), 0, 1);
     if (bytes.starts_with("\xFE\xFF"))
         return decodeUtf16(bytes.substr(2), 1, 0);
+    // Bytes of a page hardly ever happen to be whole sequences of UTF-8.
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = utf8(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    if (!utf8.hasError())
+        return desktop::text(text);
     return base::decodeFile(bytes, page);
 }
 

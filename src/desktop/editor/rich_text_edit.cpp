@@ -80,6 +80,8 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
             noteChange(position, removed, added);
     });
     setDocument(document_);
+    // Qt would go on typing in the format of the old text.
+    setTextCursor(QTextCursor(document_));
     delete before;
     stretch_.noteAll(*document_);
 }
@@ -199,7 +201,7 @@ void RichTextEdit::insertSource(const rtf::Document& source) {
 
 void RichTextEdit::setSelFontName(base::TextView name) {
     QTextCharFormat format;
-    format.setFontFamilies({qstring(name)});
+    nameFont(format, qstring(name));
     format.setProperty(Charset, 0);
     mergeCurrentCharFormat(format);
 }

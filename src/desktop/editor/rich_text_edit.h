@@ -9,6 +9,7 @@
 #include "platform/rich_text.h"
 
 #include <QTextEdit>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <set>
@@ -109,6 +110,9 @@ private:
     void replaceSelection(base::TextView text);
     void insertSource(const rtf::Document& source);
     void replaceSelection(const std::function<void(QTextCursor&)>& insert);
+    bool giveToMenu(const QKeyEvent& event) const;
+    // Inserts what was selected last, be it in another program, where `place` leads the caret.
+    void pasteSelection(const std::function<void()>& place);
 
     base::CodePage page_;
     EditorDocument* document_ = nullptr; // a child of this
@@ -116,8 +120,8 @@ private:
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
     TextDirection direction_;
-    ChangedStretch stretch_; // of what nobody has asked for yet
-    std::set<int> pressed_;  // keys of Qt that went down in the text and are not up again
+    ChangedStretch stretch_;          // of what nobody has asked for yet
+    std::set<std::uint64_t> pressed_; // keys by their places that went down in the text and are not up again
     QtClipboard selection_{QClipboard::Selection};
     std::optional<QTextCursor> ahead_; // only while several edits are done together
 };

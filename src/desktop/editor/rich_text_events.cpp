@@ -8,8 +8,9 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QFocusEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QTextDocumentFragment>
@@ -34,6 +35,29 @@ Qt::KeyboardModifiers heldKeys(const QKeyEvent& event) {
     return event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
 }
 
+// Which key it is, whatever it means with others held; made up for an event that no keyboard has sent.
+std::uint64_t placeOf(const QKeyEvent& event) {
+    constexpr int bits = 32;
+    return event.nativeScanCode() != 0 ? event.nativeScanCode()
+                                       : static_cast<std::uint64_t>(event.key()) << bits;
+}
+
+// One of which an input method has made a letter.
+constexpr std::uint64_t unknownPlace = 0;
+
+std::optional<platform::EditCommand> editCommand(const QKeyEvent& event) {
+    using platform::EditCommand;
+    static constexpr std::pair<QKeySequence::StandardKey, EditCommand> keys[] = {
+        {QKeySequence::Undo, EditCommand::Undo},   {QKeySequence::Redo, EditCommand::Redo},
+        {QKeySequence::Cut, EditCommand::Cut},     {QKeySequence::Copy, EditCommand::Copy},
+        {QKeySequence::Paste, EditCommand::Paste},
+    };
+    for (const auto& [key, command] : keys)
+        if (event.matches(key))
+            return command;
+    return std::nullopt;
+}
+
 const QStringList& rtfTypes() {
     static const QStringList types{QStringLiteral("text/rtf"), QStringLiteral("application/rtf"),
                                    QStringLiteral("text/richtext")};
@@ -54,11 +78,12 @@ bool RichTextEdit::event(QEvent* event) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
         // A shortcut of a menu may take the press; the release comes here all the same.
         if (!key.isAutoRepeat())
-            pressed_.insert(key.key());
-        const bool letterWithControl = isLetter(key.key()) && heldKeys(key) == Qt::ControlModifier;
-        if (isFunctionKey(key.key()) || letterWithControl) {
+            pressed_.insert(placeOf(key));
+        const int name = latinKey(key);
+        const bool letterWithControl = isLetter(name) && heldKeys(key) == Qt::ControlModifier;
+        if (isFunctionKey(name) || letterWithControl) {
             event->setAccepted(!letterWithControl ||
-                               textLetters.find(static_cast<char>(key.key())) != std::string_view::npos);
+                               textLetters.find(static_cast<char>(name)) != std::string_view::npos);
             return true;
         }
     }
@@ -67,13 +92,31 @@ bool RichTextEdit::event(QEvent* event) {
 
 void RichTextEdit::keyPressEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat())
-        pressed_.insert(event->key());
+        pressed_.insert(placeOf(*event));
     if (platform::KeyEvent key = keyEvent(*event); key.keyCode != 0) {
         KeyDown(key);
         if (key.keyCode == 0) {
             event->accept();
             return;
         }
+    }
+    // Enter that has closed a box may be down still: what it repeats was not meant for the text.
+    if (event->isAutoRepeat() && !pressed_.contains(placeOf(*event)) && !pressed_.contains(unknownPlace)) {
+        event->accept();
+        return;
+    }
+    if (latinKey(*event) != event->key() && giveToMenu(*event)) {
+        event->accept();
+        return;
+    }
+    if (const auto command = editCommand(*event)) {
+        event->accept();
+        // With both, the key means the selection, as the middle button does.
+        if (event->key() == Qt::Key_Insert && heldKeys(*event) == (Qt::ShiftModifier | Qt::ControlModifier))
+            pasteSelection([] {});
+        else
+            EditKey(*command);
+        return;
     }
     // A key pressed with nothing selected replaces nothing; it may take a bullet away.
     const bool replaces = textCursor().hasSelection();
@@ -83,11 +126,24 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
         event->accept();
 }
 
+// Qt itself finds the shortcut of a menu by the letters of the user's layouts only.
+bool RichTextEdit::giveToMenu(const QKeyEvent& event) const {
+    const QKeySequence shortcut(event.modifiers() | Qt::Key(latinKey(event)));
+    for (QAction* const action : window()->findChildren<QAction*>()) {
+        if (action->shortcut() != shortcut)
+            continue;
+        if (action->autoRepeat() || !event.isAutoRepeat())
+            action->trigger();
+        return true;
+    }
+    return false;
+}
+
 void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
     // A key that is held is released and pressed again and again, where the user did neither. One that went
     // down elsewhere has done its work there: a key of the player gives the keyboard back before it is up.
     const platform::KeyEvent key = keyEvent(*event);
-    if (!event->isAutoRepeat() && pressed_.erase(event->key()) > 0 && key.keyCode != 0)
+    if (!event->isAutoRepeat() && pressed_.erase(placeOf(*event)) > 0 && key.keyCode != 0)
         KeyUp(key);
     QTextEdit::keyReleaseEvent(event);
 }
@@ -95,6 +151,8 @@ void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
 void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
     // What is being composed is shown in the text but no part of it yet.
     const bool commits = !event->commitString().isEmpty() || event->replacementLength() > 0;
+    if (commits)
+        pressed_.insert(unknownPlace);
     edit(commits ? SameLength::Replacement : SameLength::Format, [&] { QTextEdit::inputMethodEvent(event); });
 }
 
@@ -110,12 +168,16 @@ void RichTextEdit::mouseReleaseEvent(QMouseEvent* event) {
         QTextEdit::mouseReleaseEvent(event);
         return;
     }
-    // Another program's selection is read as its clipboard is.
+    pasteSelection([&] { setTextCursor(cursorForPosition(event->position().toPoint())); });
+}
+
+// Another program's selection is read as its clipboard is.
+void RichTextEdit::pasteSelection(const std::function<void()>& place) {
     for (const auto format : {platform::ClipboardFormat::Rtf, platform::ClipboardFormat::Text}) {
         const base::Text held = selection_.GetText(format);
         if (held.empty())
             continue;
-        setTextCursor(cursorForPosition(event->position().toPoint()));
+        place();
         base::carryOn([&] { setSelRTF(held); });
         return;
     }
@@ -131,7 +193,9 @@ void RichTextEdit::focusOutEvent(QFocusEvent* event) {
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason)
         return;
     pressed_.clear();
-    LostFocus();
+    // Among the windows of this program the text has it while another program is in front.
+    if (event->reason() != Qt::ActiveWindowFocusReason || QApplication::activeWindow())
+        LostFocus();
 }
 
 QMimeData* RichTextEdit::createMimeDataFromSelection() const {

@@ -30,11 +30,14 @@ Qt::Alignment alignmentOf(rtf::Alignment alignment) {
     return Qt::AlignLeft;
 }
 
+// Each font costs Qt a search through those of the system; a text of letters, not of fonts, has a few.
+constexpr std::uint32_t mostFontsShown = 1000;
+
 QTextCharFormat lettersOf(const rtf::CharFormat& source, const rtf::Document& document) {
     QTextCharFormat format;
     if (source.font < document.fonts.size()) {
         const rtf::Font& font = document.fonts[source.font];
-        format.setFontFamilies({qstring(font.name)});
+        nameFont(format, qstring(font.name), source.font < mostFontsShown);
         if (font.charset != 0)
             format.setProperty(Charset, font.charset);
     }
@@ -121,17 +124,13 @@ private:
         return format;
     }
 
-    // A list has to be made on a paragraph; those that follow join it by their formats.
+    // A list can be made on a paragraph that is there only.
     void makeItem(const rtf::Paragraph& paragraph) {
-        if (list_ || !source_.paragraphFormats[paragraph.format].bullet)
+        if (!source_.paragraphFormats[paragraph.format].bullet)
             return;
         QTextBlockFormat format = cursor_.blockFormat();
-        list_ = cursor_.createList(bulletFormat());
-        giveBullet(format, *list_);
+        giveBullet(format, lists_.forParagraph(cursor_));
         cursor_.setBlockFormat(format);
-        for (std::size_t i = 0; i < paragraphs_.size(); ++i)
-            if (source_.paragraphFormats[i].bullet)
-                giveBullet(paragraphs_[i], *list_);
     }
 
     void insert(const rtf::Run& run) {
@@ -150,7 +149,7 @@ private:
     bool sections_;
     std::vector<QTextCharFormat> letters_;
     std::vector<QTextBlockFormat> paragraphs_;
-    QTextList* list_ = nullptr;
+    BulletLists lists_;
     std::size_t run_ = 0;
     std::size_t at_ = 0; // in the text
 };

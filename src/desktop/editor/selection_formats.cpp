@@ -117,16 +117,14 @@ Setting bullets(const QTextCursor& selection) {
 void setBullets(const QTextCursor& selection, bool on) {
     QTextCursor whole = selection;
     whole.beginEditBlock();
-    QTextList* list = nullptr;
+    BulletLists lists;
     forEachParagraph(selection, [&](const QTextBlock& block) {
         if ((block.textList() != nullptr) == on)
             return true;
         QTextCursor paragraph(block);
-        if (on && !list)
-            list = paragraph.createList(bulletFormat());
         QTextBlockFormat format = block.blockFormat();
         if (on) {
-            giveBullet(format, *list);
+            giveBullet(format, lists.forParagraph(paragraph));
             if (format.leftMargin() == 0) {
                 format.setLeftMargin(pixelsOfTwips(bulletIndent));
                 format.setProperty(FirstIndent, -bulletIndent);

@@ -1,5 +1,6 @@
 #include "rich_text_fixture.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QInputMethodEvent>
@@ -16,6 +17,9 @@ protected:
     RichTextEvents() {
         rtb.KeyDown = [this](platform::KeyEvent& key) { told.push_back(name("down", key)); };
         rtb.KeyUp = [this](const platform::KeyEvent& key) { told.push_back(name("up", key)); };
+        rtb.EditKey = [this](platform::EditCommand command) {
+            told.push_back("edit " + std::to_string(static_cast<int>(command)));
+        };
         rtb.MouseDown = [this](int button) { told.push_back("mouse " + std::to_string(button)); };
         rtb.LostFocus = [this] { told.emplace_back("lost"); };
     }
@@ -98,6 +102,76 @@ TEST_F(RichTextEvents, ARelease_IsToldOnce_WhereItsPressCameIn) {
     loseKeyboard(Qt::MouseFocusReason);
     send(QEvent::KeyRelease, Qt::Key_F6);
     EXPECT_EQ(heard(), (Told{"down 117/0", "lost"}));
+}
+
+TEST_F(RichTextEvents, AHeldKey_GoesOnInTheText_WhereItWentDownOnly) {
+    const auto press = [&](const QString& letter, bool repeated) {
+        QKeyEvent event(QEvent::KeyPress, Qt::Key_X, {}, 24, 0, 0, letter, repeated);
+        QApplication::sendEvent(&rtb, &event);
+    };
+    press(QStringLiteral("a"), true);
+    EXPECT_EQ(shown(), "|") << "it went down in a box that it closed";
+    press(QStringLiteral("b"), false);
+    loseKeyboard(Qt::PopupFocusReason);
+    press(QStringLiteral("c"), true);
+    EXPECT_EQ(shown(), "bc|");
+    loseKeyboard(Qt::OtherFocusReason);
+    press(QStringLiteral("d"), true);
+    EXPECT_EQ(shown(), "bc|");
+    input({}, QStringLiteral("e"));
+    press(QStringLiteral("f"), true);
+    EXPECT_EQ(shown(), "bcef|") << "an input method had the press";
+}
+
+TEST_F(RichTextEvents, EditKeys_OfTheDesktop_AreTold_AndDoNothingThemselves) {
+    const struct {
+        int key;
+        Qt::KeyboardModifiers held;
+        platform::EditCommand command;
+    } rows[] = {
+        {Qt::Key_Z, Qt::ControlModifier, platform::EditCommand::Undo},
+        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, platform::EditCommand::Redo},
+        {Qt::Key_Delete, Qt::ShiftModifier, platform::EditCommand::Cut},
+        {Qt::Key_Insert, Qt::ControlModifier, platform::EditCommand::Copy},
+        {Qt::Key_Insert, Qt::ShiftModifier, platform::EditCommand::Paste},
+    };
+    rtb.setText(u"ab");
+    select(0, 1);
+    changes = 0;
+    for (const auto& row : rows) {
+        EXPECT_TRUE(send(QEvent::KeyPress, row.key, row.held));
+        EXPECT_EQ(heard().back(), "edit " + std::to_string(static_cast<int>(row.command)));
+        EXPECT_EQ(changes, 0);
+    }
+}
+
+TEST_F(RichTextEvents, ALetterOfAnotherScript_WithControl_IsTheLatinOneOfItsPlace) {
+    QAction selectAll(&rtb);
+    selectAll.setShortcut(Qt::CTRL | Qt::Key_A);
+    QObject::connect(&selectAll, &QAction::triggered, &rtb, [this] { told.emplace_back("menu"); });
+    const struct {
+        int key;
+        quint32 place;
+        bool ofText;
+        Told told;
+    } rows[] = {
+        {0x421, 54, true, {"down 67/2"}}, // Cyrillic
+        {0x424, 38, false, {"down 65/2", "menu"}},
+        {0x3A9, 55, true, {"down 86/2"}}, // Greek
+        {0x416, 47, false, {}},           // no letter is there
+        {Qt::Key_Comma, 25, false, {}},   // in a Latin layout
+        {Qt::Key_Odiaeresis, 38, false, {}},
+        {Qt::Key_Q, 38, true, {"down 81/2"}},
+    };
+    for (const auto& row : rows) {
+        QKeyEvent ahead(QEvent::ShortcutOverride, row.key, Qt::ControlModifier, row.place, 0, 0);
+        ahead.ignore();
+        QApplication::sendEvent(&rtb, &ahead);
+        EXPECT_EQ(ahead.isAccepted(), row.ofText) << row.key;
+        QKeyEvent press(QEvent::KeyPress, row.key, Qt::ControlModifier, row.place, 0, 0);
+        QApplication::sendEvent(&rtb, &press);
+        EXPECT_EQ(heard(), row.told) << row.key;
+    }
 }
 
 TEST_F(RichTextEvents, Shortcuts_OfMenus_AreTakenAwayForTheKeysOfTheTextOnly) {
@@ -199,8 +273,14 @@ TEST_F(RichTextEvents, TheMouse_Pressed_IsToldWithItsButton_AndTheKeyboardWhenIt
     for (const auto button : {Qt::LeftButton, Qt::RightButton})
         QTest::mouseClick(rtb.viewport(), button);
     EXPECT_EQ(heard(), (Told{"mouse 1", "mouse 2"}));
-    // An open menu borrows it only.
-    for (const auto reason : {Qt::TabFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason})
+    // An open menu borrows it only, and so does another program.
+    for (const auto reason :
+         {Qt::TabFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason})
         loseKeyboard(reason);
+    EXPECT_EQ(heard(), Told{"lost"});
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    loseKeyboard(Qt::ActiveWindowFocusReason);
     EXPECT_EQ(heard(), Told{"lost"});
 }

@@ -1,7 +1,9 @@
 #include "base/carry_on.h"
 #include "fakes/temporary_folder.h"
 #include "rich_text_fixture.h"
+#include "rtf/rtf_reader.h"
 
+#include <QTest>
 #include <filesystem>
 
 using tests::RichText;
@@ -15,6 +17,9 @@ TEST_F(RichText, LoadFile_ReadsTextByItsMarkOrInThePage_WithItsLineEndsAsCrLf) {
         {"\xEF\xBB\xBFone\xE2\x80\xA9two\xEF\xB7\x90", u"one\r\ntwo\uFFFD"},
         {"caf\xE9 \x80", u"caf\u00E9 \u20AC"},
         {"\xEF\xBB\xBF\xD0\x96\xF0\x9F\x98\x80", u"\u0416\U0001F600"},
+        {"\xD0\x96\xC3\xA9", u"\u0416\u00E9"},
+        {"\xD0\x96\xC3", u"\u00D0\u2013\u00C3"},
+        {"\xEF\xBB\xBF{\n\\rtf1 late}", u"late"},
         {"\xFF\xFE\x16\x04\x0D\x00\x0A\x00\x3D\xD8\x00\xDE"s, u"\u0416\r\n\U0001F600"},
         {"\xFE\xFF\x04\x16\x00\x0A\xD8\x3D\xDE\x00"s, u"\u0416\r\n\U0001F600"},
         {"\xFF\xFE\x16\x04\x0D"s, u"\u0416"},
@@ -34,6 +39,23 @@ TEST_F(RichText, LoadFile_ReadsTextByItsMarkOrInThePage_WithItsLineEndsAsCrLf) {
         EXPECT_EQ(rtb.SelStart(), 0);
         EXPECT_EQ(changes, 1);
     }
+}
+
+TEST_F(RichText, LoadFile_LeavesTheFormatOfTheOldTextBehind) {
+    const fakes::TemporaryFolder folder;
+    folder.write("file", R"({\rtf1{\fonttbl{\f0 Courier New;}}\f0\fs40 x})");
+    rtb.setSelBold(true);
+    rtb.setSelText(u"before");
+    rtb.LoadFile(folder.text("file"));
+    EXPECT_EQ(rtb.SelFontSize(), 20.0);
+    QTest::keyClick(&rtb, 'y');
+    rtb.SaveFile(folder.text("file"));
+    const rtf::Document saved = rtf::read(folder.read("file"));
+    EXPECT_EQ(saved.text, u"yx");
+    ASSERT_EQ(saved.formats.size(), 1U) << "both letters look the same";
+    EXPECT_EQ(saved.fonts.front().name, u"Courier New");
+    rtb.setText(u"");
+    EXPECT_EQ(rtb.SelFontSize(), 12.0);
 }
 
 TEST_F(RichText, LoadFile_OfWhatCannotBeReadOrIsTooLong_LeavesTheOldText) {

@@ -8,6 +8,18 @@ using tests::RichText;
 
 namespace {
 
+// More fonts than are shown.
+std::string manyFonts() {
+    std::string table;
+    std::string letters;
+    for (int i = 0; i < 1100; ++i) {
+        const std::string number = std::to_string(i);
+        table.append("{\\f" + number).append(" Face " + number).append(";}");
+        letters.append("{\\f" + number).append(" x}");
+    }
+    return "{\\rtf1{\\fonttbl" + table + '}' + letters + '}';
+}
+
 // Documents with each of the things that the control shows or keeps.
 const std::string documents[] = {
     R"({\rtf1 })",
@@ -19,6 +31,7 @@ const std::string documents[] = {
     R"({\rtf1\ansi\qr right\par\pard\qc centre\par\pard\qj even\par\pard\li720\ri360\fi-180\sb120\sa60 in\par})",
     R"({\rtf1\ansi{\pntext\'b7\tab}{\*\pn\pnlvlblt{\pntxtb\'b7}}\fi-360\li720 one\par )" +
         std::string(R"({\pntext\'b7\tab}two\par\pard plain\par})"),
+    manyFonts(),
     R"({\rtf1\ansi a\line b\tab c\page d\~e\u1087?\u-10179?\u-8704?\par})",
     R"({\rtf1\ansi see {\field{\*\fldinst{HYPERLINK "https://example.org/"}}{\fldrslt there}} now\par})",
     R"({\rtf1\ansi pic {\pict\pngblip\picwgoal300\pichgoal150 )" + tests::pngDigits(QSize(2, 1), Qt::red) +
@@ -47,6 +60,26 @@ TEST_F(RichText, Documents_SavedAndTakenAsRTF_AreEqual) {
         select(0, rtb.textLength());
         EXPECT_EQ(rtb.SelRTF(), taken);
     }
+}
+
+TEST_F(RichText, Bullets_OfALongText_AreItemsOfSeveralLists) {
+    const auto expectShortLists = [&] {
+        select(0, rtb.textLength());
+        EXPECT_EQ(rtb.SelBullet(), platform::Setting::On);
+        for (QTextBlock block = rtb.document()->begin(); block.isValid(); block = block.next())
+            ASSERT_TRUE(block.textList() && block.textList()->count() <= desktop::BulletLists::longest);
+    };
+    base::Text lines = u"line";
+    for (int i = 0; i < 3 * desktop::BulletLists::longest; ++i)
+        lines += u"\r\nline";
+    rtb.setText(lines);
+    select(0, rtb.textLength());
+    rtb.setSelBullet(true);
+    expectShortLists();
+    const base::Text source = rtb.SelRTF();
+    rtb.setSelRTF(source);
+    expectShortLists();
+    EXPECT_EQ(rtb.SelRTF(), source);
 }
 
 TEST_F(RichText, SelRTF_Written_GoesInWithItsParagraphEnds_AndOneChange) {
