@@ -2,6 +2,7 @@
 
 #include "desktop/conversions.h"
 #include "desktop/key_codes.h"
+#include "desktop/menus.h"
 #include "desktop/pictures.h"
 #include "desktop/window_hints.h"
 
@@ -223,7 +224,7 @@ void FormWindow::dropEvent(QDropEvent* event) {
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
     // An Escape that is held when it has closed a box goes on here, where it would end the program.
-    if (!event->isAutoRepeat())
+    if (!runShortcutByPlace(*this, *event) && !event->isAutoRepeat())
         report(form_.KeyDown, *event);
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/menus.h"
 
 #include "desktop/conversions.h"
+#include "desktop/key_codes.h"
 
 #include <QAction>
 #include <QKeySequence>
@@ -74,6 +75,21 @@ void MenuBar::paintEvent(QPaintEvent* event) {
     QMenuBar::paintEvent(event);
     QPainter painter(this);
     painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(0xE3, 0xE8, 0xEB));
+}
+
+bool runShortcutByPlace(const QWidget& window, const QKeyEvent& event) {
+    const int key = latinKey(event);
+    if (key == event.key())
+        return false;
+    const QKeySequence shortcut(event.modifiers() | Qt::Key(key));
+    for (QAction* const action : window.findChildren<QAction*>()) {
+        if (action->shortcut() != shortcut)
+            continue;
+        if (action->autoRepeat() || !event.isAutoRepeat())
+            action->trigger();
+        return true;
+    }
+    return false;
 }
 
 } // namespace desktop

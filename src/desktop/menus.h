@@ -2,6 +2,7 @@
 
 #include "controls/controls.h"
 
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <vector>
 
@@ -16,5 +17,10 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 };
+
+// Runs the command of the window's menus whose shortcut has its letter at the place of this key, which is one
+// of another script: Qt itself finds a shortcut by the letters of the user's layouts only. False when there
+// is none.
+bool runShortcutByPlace(const QWidget& window, const QKeyEvent& event);
 
 } // namespace desktop

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QTreeView>
 
@@ -97,6 +98,18 @@ void fitColumns(const QFileDialog& dialog) {
     header.setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+// Names without a point get the extension, but for a file to open that is there by the name as it is typed.
+void completeNames(QFileDialog& dialog, const QString& extension) {
+    dialog.setDefaultSuffix(extension);
+    const auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (!name || dialog.acceptMode() == QFileDialog::AcceptSave)
+        return;
+    QObject::connect(name, &QLineEdit::textChanged, &dialog, [&dialog, extension](const QString& typed) {
+        const bool there = QFileInfo(dialog.directory(), typed).isFile();
+        dialog.setDefaultSuffix(there ? QString() : extension);
+    });
+}
+
 } // namespace
 
 Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
@@ -140,9 +153,9 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
     // The box of filters shows their names alone: dozens of patterns would be cut off in it. The option
     // counts for what is set after it.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setDefaultSuffix(qstring(request.defaultExtension));
     dialog.setNameFilters(nameFilters(request.filter));
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    completeNames(dialog, qstring(request.defaultExtension));
     fitColumns(dialog);
     if (!request.fileName.empty())
         dialog.selectFile(qstring(request.fileName));

@@ -110,7 +110,6 @@ private:
     void replaceSelection(base::TextView text);
     void insertSource(const rtf::Document& source);
     void replaceSelection(const std::function<void(QTextCursor&)>& insert);
-    bool giveToMenu(const QKeyEvent& event) const;
     // Inserts what was selected last, be it in another program, where `place` leads the caret.
     void pasteSelection(const std::function<void()>& place);
 

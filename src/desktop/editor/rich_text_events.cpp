@@ -5,10 +5,10 @@
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
 #include "desktop/key_codes.h"
+#include "desktop/menus.h"
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -105,7 +105,7 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
-    if (latinKey(*event) != event->key() && giveToMenu(*event)) {
+    if (runShortcutByPlace(*window(), *event)) {
         event->accept();
         return;
     }
@@ -124,19 +124,6 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
     // The window would take it for its own.
     if (event->key() == Qt::Key_Escape)
         event->accept();
-}
-
-// Qt itself finds the shortcut of a menu by the letters of the user's layouts only.
-bool RichTextEdit::giveToMenu(const QKeyEvent& event) const {
-    const QKeySequence shortcut(event.modifiers() | Qt::Key(latinKey(event)));
-    for (QAction* const action : window()->findChildren<QAction*>()) {
-        if (action->shortcut() != shortcut)
-            continue;
-        if (action->autoRepeat() || !event.isAutoRepeat())
-            action->trigger();
-        return true;
-    }
-    return false;
 }
 
 void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
