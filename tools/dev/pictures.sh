@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Makes the pictures of docs/ anew from the program as it was built last by ./run: the player in its states at once and
-# twice the size, its menus in two languages, the recorder in its states in two languages.
+# twice the size, its menus in two languages, the recorder in its states and the about box in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/../../tests/e2e/lib.sh"
 docs=$root/docs
@@ -201,8 +201,23 @@ bookmarks() { # LANGUAGE X Y DIALOG NAME NAME NAME: X, Y is the length of a play
     -bordercolor '#8a94a3' -border 12 "$docs/bookmarks-${language,,}.png"
 }
 
+about() { # LANGUAGE SCALE PICTURE: with the libraries in sight
+  folder=$(lay_folder)
+  sed -i "1s/.*/$1.lng\r/; 8s/.*/1\r/" "$folder/Files/Quillmere.ini"
+  QT_SCALE_FACTOR=$2 start_program "$folder"
+  key ctrl+F1
+  wait_until 10 '[[ $(xdotool getactivewindow getwindowname) == *... ]]'
+  window=$(xdotool getactivewindow)
+  sleep 10.5 # the list rolls in from below
+  import -frame -window "$window" "$docs/$3.png"
+  kill -KILL "$program"
+}
+
 start_display
 start_sound
+about English 1 about
+about Russian 2 about-russian
+[[ ${1-} != about ]] || exit 0
 find_windows English
 find_windows Russian
 convert "$scratch/find-English.png" "$scratch/find-Russian.png" -append "$docs/find.png"

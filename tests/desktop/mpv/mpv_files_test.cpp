@@ -54,7 +54,7 @@ TEST_F(MpvPlayerTest, UnplayableFile_EndsInStopped_AndTheNextOnePlays) {
 TEST_F(MpvPlayerTest, AnyFileName_IsAFileName) {
     std::filesystem::current_path(folder_.path());
     for (const std::string name :
-         {"-x.wav", "--volume=0", "a%20b.wav", "%d.wav", "it's \"x\", \\y;.wav", "two\nlines.wav",
+         {"-x.wav", "--volume=0", "a%20b.wav", "%d.wav", R"(it's "x", \y;.wav)", "two\nlines.wav",
           "~~home.wav", "http:x.wav", "file://x.wav", "memory://x.wav", "edl://a.wav", "av://lavfi:sine",
           "\xFF\xFE.wav", "перо 🪶.wav", " .wav"}) {
         SCOPED_TRACE(name);
