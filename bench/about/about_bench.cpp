@@ -1,4 +1,5 @@
 // What the credits of the about box cost while they scroll, on a real display in real time.
+#include "core_share.h"
 #include "desktop/application.h"
 #include "desktop/frm_informazioni_window.h"
 #include "desktop/qt_event_loop.h"
@@ -6,22 +7,11 @@
 #include "still_desktop.h"
 #include "table.h"
 
-#include <QEventLoop>
 #include <QTimer>
-#include <ctime>
 
 namespace {
 
 constexpr int watched = 4000; // ms
-
-// The share of a core that this process takes from now on, in per cent.
-double share() {
-    QEventLoop loop;
-    QTimer::singleShot(watched, &loop, &QEventLoop::quit);
-    const std::clock_t before = std::clock();
-    loop.exec();
-    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC * 1000 / watched * 100;
-}
 
 } // namespace
 
@@ -42,14 +32,14 @@ int main(int argc, char* argv[]) {
         const desktop::FrmInformazioniWindow window(about);
         outside::AboutBox box(about, form1, none, none, still.shellPort);
         box.mnuInfo_Click();
-        share(); // the window comes up, the panel is drawn
-        const double scrolling = share();
+        bench::coreShare(watched); // the window comes up, the panel is drawn
+        const double scrolling = bench::coreShare(watched);
         about.Timer1.setInterval(0);
         // What its timer alone costs.
         QTimer bare;
         bare.callOnTimeout([] {});
         bare.start(std::chrono::milliseconds(10));
-        const double ticking = share();
+        const double ticking = bench::coreShare(watched);
         bench::print({"Credits scrolling, share of a core", bench::measure("%.2f %%", scrolling),
                       bench::measure("%.2f %%", ticking), bench::measure("x %.1f", scrolling / ticking),
                       "< 2 %", scrolling < 2});

@@ -1,4 +1,5 @@
 // What the recorder's meters, clock and counter cost while it records, on a real display in real time.
+#include "core_share.h"
 #include "desktop/application.h"
 #include "desktop/frm_audio_rec_window.h"
 #include "desktop/qt_event_loop.h"
@@ -6,23 +7,12 @@
 #include "still_desktop.h"
 #include "table.h"
 
-#include <QEventLoop>
 #include <QTimer>
-#include <ctime>
 
 namespace {
 
 constexpr int watched = 6000; // ms
 constexpr int period = 46;    // ms that a buffer of 44,100 samples a second on two channels lasts
-
-// The share of a core that this process takes from now on, in per cent.
-double share() {
-    QEventLoop loop;
-    QTimer::singleShot(watched, &loop, &QEventLoop::quit);
-    const std::clock_t before = std::clock();
-    loop.exec();
-    return static_cast<double>(std::clock() - before) / CLOCKS_PER_SEC * 1000 / watched * 100;
-}
 
 } // namespace
 
@@ -54,10 +44,10 @@ int main(int argc, char* argv[]) {
     recorder.mnuRegistra_Click();
     still.dialogPort.choices = {still.folder.text("a.wav")};
     form.btnStart.Click();
-    share(); // the window comes up
-    const double shown = share();
+    bench::coreShare(watched); // the window comes up
+    const double shown = bench::coreShare(watched);
     form.Timer.setEnabled(false);
-    const double bare = share();
+    const double bare = bench::coreShare(watched);
     bench::print({"Recorder's meters, clock and counter, share of a core", bench::measure("%.2f %%", shown),
                   bench::measure("%.2f %%", bare), bench::measure("%+.2f %%", shown - bare), "< 2 %",
                   shown - bare < 2});
