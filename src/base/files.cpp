@@ -17,6 +17,7 @@ namespace base {
 namespace {
 
 constexpr int mostNamesBeside = 1000;
+constexpr mode_t newFileMode = 0666; // less what the user masks
 
 // An open file of the system, closed at the end of the block.
 class Descriptor {
@@ -78,7 +79,7 @@ std::string nameBeside(const std::string& target, int n) {
 
 // Makes the file for the bytes on their way and tells its name; -1 when it cannot be made. A name that is
 // taken is somebody's file, and left alone.
-int createBeside(const std::string& target, mode_t mode, std::string& beside) {
+int openBeside(const std::string& target, mode_t mode, std::string& beside) {
     for (int n = 1;; ++n) {
         beside = nameBeside(target, n);
         const int fd = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
@@ -88,6 +89,14 @@ int createBeside(const std::string& target, mode_t mode, std::string& beside) {
 }
 
 } // namespace
+
+Text createBeside(TextView path) {
+    std::string beside;
+    const Descriptor file(openBeside(toUtf8(path), newFileMode, beside));
+    if (!file.isOpen())
+        fail(beside);
+    return fromUtf8(beside);
+}
 
 bool fileExists(TextView path) {
     std::error_code ignored;
@@ -133,7 +142,7 @@ std::string readFile(TextView path) {
 
 void replaceFile(TextView path, std::string_view bytes) {
     const std::string target = finalTarget(toUtf8(path));
-    mode_t mode = 0666;
+    mode_t mode = newFileMode;
     struct stat about {};
     const bool present = ::stat(target.c_str(), &about) == 0;
     if (present) {
@@ -146,7 +155,7 @@ void replaceFile(TextView path, std::string_view bytes) {
         mode = about.st_mode & 07777U;
     }
     std::string beside;
-    Descriptor file(createBeside(target, mode, beside));
+    Descriptor file(openBeside(target, mode, beside));
     if (!file.isOpen())
         fail(beside);
     if (present)

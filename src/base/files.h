@@ -21,6 +21,11 @@ Text currentFolder();
 // Makes the folder; one that is there already is left alone. Throws Failure in the system's words.
 void createFolder(TextView path);
 
+// Makes an empty file beside `path`, for bytes that are on their way there, and tells its name: that of
+// `path` with ".new" behind it, or with a number too where that is somebody's file. Throws Failure in the
+// system's words.
+Text createBeside(TextView path);
+
 // All bytes of the file. Throws Failure in the system's words.
 std::string readFile(TextView path);
 

@@ -104,14 +104,10 @@ RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& forma
     while (base::fileExists(copyName(path, n)))
         ++n;
     const base::Text copy = copyName(path, n);
-    // Under a free name until it is whole; not one of a sound, so that nobody takes it for one.
-    base::Text unfinished = copy + u".new";
+    // Under a name beside it until it is whole; not one of a sound, so that nobody takes it for one.
+    const base::Text unfinished = base::createBeside(copy);
     std::error_code failed;
-    for (int i = 2; fs::exists(fs::symlink_status(base::toUtf8(unfinished), failed)); ++i)
-        unfinished = copy + u".new" + base::numberText(i);
-    fs::copy_file(base::toUtf8(path), base::toUtf8(unfinished), fs::copy_options::none, failed);
-    if (failed == std::errc::file_exists)
-        fail(failed);
+    fs::copy_file(base::toUtf8(path), base::toUtf8(unfinished), fs::copy_options::overwrite_existing, failed);
     try {
         if (failed)
             fail(failed);

@@ -24,12 +24,19 @@ inline void liveIn(const std::string& folder) {
     qputenv("PULSE_SERVER", ("unix:" + folder + "/socket").c_str());
 }
 
-// Starts the sound server of the folder, with one sink that goes nowhere.
-inline void runPulse(QProcess& daemon, const std::string& folder, const std::string& sink) {
-    run(daemon, PULSEAUDIO,
-        {"-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1", "-L",
-         "module-native-protocol-unix auth-anonymous=1 socket=" + folder + "/socket", "-L",
-         "module-null-sink norewinds=1 sink_name=" + sink});
+// Starts the sound server of the folder, with sinks that go nowhere; each is a name, with its format if need
+// be.
+inline void runPulse(QProcess& daemon, const std::string& folder, const std::vector<std::string>& sinks) {
+    std::vector<std::string> arguments{"-n",
+                                       "--daemonize=no",
+                                       "--use-pid-file=no",
+                                       "--exit-idle-time=-1",
+                                       "-L",
+                                       "module-native-protocol-unix auth-anonymous=1 socket=" + folder +
+                                           "/socket"};
+    for (const std::string& sink : sinks)
+        arguments.insert(arguments.end(), {"-L", "module-null-sink norewinds=1 sink_name=" + sink});
+    run(daemon, PULSEAUDIO, arguments);
 }
 
 } // namespace listening

@@ -79,7 +79,7 @@ class SoundServer {
 public:
     SoundServer() {
         liveIn(folder_.path().string());
-        runPulse(daemon_, folder_.path().string(), "out");
+        runPulse(daemon_, folder_.path().string(), {"out"});
         // The server answers when the recorder gets its first sample.
         waitFor([&] {
             if (recorder_.state() == QProcess::NotRunning)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "desktop/mpv/pulse_daemon.h"
 #include "fakes/temporary_folder.h"
 
 #include <QProcess>
@@ -48,16 +49,11 @@ inline std::string noise(std::size_t size) {
 inline std::unique_ptr<QProcess> run(const char* program, const std::vector<std::string>& arguments,
                                      const std::string& variable = {}, const std::string& value = {}) {
     auto process = std::make_unique<QProcess>();
-    QStringList list;
-    for (const std::string& argument : arguments)
-        list << QString::fromStdString(argument);
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     if (!variable.empty())
         environment.insert(QString::fromStdString(variable), QString::fromStdString(value));
     process->setProcessEnvironment(environment);
-    process->setStandardErrorFile(QProcess::nullDevice());
-    process->start(QString::fromLocal8Bit(program), list);
-    process->waitForStarted();
+    listening::run(*process, program, arguments);
     return process;
 }
 
@@ -75,9 +71,7 @@ inline std::string said(const char* program, const std::vector<std::string>& arg
 class CaptureFixture : public testing::Test {
 protected:
     CaptureFixture() {
-        for (const char* name : {"HOME", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
-            qputenv(name, path("").c_str());
-        qputenv("PULSE_SERVER", ("unix:" + path("socket")).c_str());
+        listening::liveIn(path(""));
         useAlsa("pcm.!default { type pulse }\nctl.!default { type pulse }\n");
     }
     void TearDown() override { end(server); }
@@ -95,20 +89,12 @@ protected:
     }
     // A sound server with one sink a format, whose monitors are recorded.
     void startServer(const std::vector<Format>& formats) {
-        std::vector<std::string> arguments = {"-n",
-                                              "--daemonize=no",
-                                              "--use-pid-file=no",
-                                              "--exit-idle-time=-1",
-                                              "-L",
-                                              "module-native-protocol-unix auth-anonymous=1 socket=" +
-                                                  path("socket")};
-        for (const Format& format : formats) {
-            arguments.emplace_back("-L");
-            arguments.push_back("module-null-sink norewinds=1 sink_name=" + format.name() +
-                                " rate=" + std::to_string(format.rate) + " format=" + sampleFormat(format) +
-                                " channels=" + std::to_string(format.channels));
-        }
-        server = run(PULSEAUDIO, arguments);
+        std::vector<std::string> sinks;
+        for (const Format& format : formats)
+            sinks.push_back(format.name() + " rate=" + std::to_string(format.rate) + " format=" +
+                            sampleFormat(format) + " channels=" + std::to_string(format.channels));
+        server = std::make_unique<QProcess>();
+        listening::runPulse(*server, path(""), sinks);
         for (int i = 0; i < 100 && said(PACTL, {"get-default-sink"}).empty(); ++i)
             QThread::msleep(50);
     }
