@@ -90,6 +90,7 @@ protected:
     // A sound server with one sink a format, whose monitors are recorded.
     void startServer(const std::vector<Format>& formats) {
         std::vector<std::string> sinks;
+        sinks.reserve(formats.size());
         for (const Format& format : formats)
             sinks.push_back(format.name() + " rate=" + std::to_string(format.rate) + " format=" +
                             sampleFormat(format) + " channels=" + std::to_string(format.channels));
