@@ -75,6 +75,7 @@ pictures() { # CODE
   sleep 2
   editor=$(xdotool search --onlyvisible --class quillmere | while read -r each; do
     eval "$(xdotool getwindowgeometry --shell "$each")"
+    # shellcheck disable=SC2153 # xdotool's
     if ((WIDTH > 600)); then echo "$each"; fi
   done | head -n1)
   window=$editor

@@ -45,6 +45,7 @@ speak() {  # SPEAKER TEXT WAV
   local -a sentences parts=()
   local -n tone=tone_$1
   local i
+  # shellcheck disable=SC2001 # a group of the pattern stays
   mapfile -t sentences < <(sed 's/\([.?!]\) /\1\n/g' <<<"$2")
   for i in "${!sentences[@]}"; do
     "$1" "${sentences[i]}" "$work/raw.wav"
