@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
+#include <vector>
 
 namespace rtf {
 
@@ -24,7 +26,12 @@ void appendHex(std::string_view bytes, std::string_view before, std::string& out
 // Copies tokens as 7-bit ASCII. What it writes comes out the same when it is copied again.
 class Copier {
 public:
-    explicit Copier(std::string& out) : out_(out), open_(out.empty() || out.back() != ' ') {}
+    // The copy begins behind `word`, the first of a group that is open.
+    Copier(std::string_view word, std::string& out) : out_(out), open_(out.empty() || out.back() != ' ') {
+        noteWord(word);
+    }
+
+    bool isDone() const { return depth_ == 0; }
 
     void add(const Token& token) {
         switch (token.kind) {
@@ -32,20 +39,60 @@ public:
             addText(token.raw);
             break;
         case TokenKind::Binary:
-            addHex(token.text);
+            if (data_.empty() || data_.back() == depth_)
+                addHex(token.text);
+            else
+                appendHex(token.text, "", deeperData_);
             break;
         case TokenKind::Symbol:
             // A backslash whose other byte cannot be written would take hold of what comes next.
-            if (token.text.empty() || !isPlainByte(token.text[0]))
-                break;
-            [[fallthrough]];
-        default:
-            out_ += token.raw;
-            open_ = mayGoOn(token);
+            if (!token.text.empty() && isPlainByte(token.text[0]))
+                copy(token);
+            break;
+        case TokenKind::Word:
+            noteWord(token.text);
+            copy(token);
+            break;
+        case TokenKind::GroupOpen:
+            ++depth_;
+            copy(token);
+            break;
+        case TokenKind::GroupClose:
+            copy(token);
+            closeGroup();
+            break;
+        case TokenKind::Hex:
+            copy(token);
+            break;
+        case TokenKind::End:
+            while (!isDone()) {
+                out_ += '}';
+                closeGroup();
+            }
         }
     }
 
 private:
+    // Digits count as data in the group of the picture or object itself, where binary data may lie deeper.
+    void noteWord(std::string_view word) {
+        const bool holdsData = word == "pict" || word == "objdata";
+        if (holdsData && (data_.empty() || data_.back() != depth_))
+            data_.push_back(depth_);
+    }
+
+    void closeGroup() {
+        if (!data_.empty() && data_.back() == depth_)
+            data_.pop_back();
+        --depth_;
+        if (!data_.empty() && data_.back() == depth_)
+            out_ += std::exchange(deeperData_, {});
+    }
+
+    void copy(const Token& token) {
+        out_ += token.raw;
+        open_ = mayGoOn(token);
+    }
+
     static bool mayGoOn(const Token& token) {
         constexpr std::size_t wholeHex = 4;
         return (token.kind == TokenKind::Word && token.raw.back() != ' ') ||
@@ -85,6 +132,9 @@ private:
 
     std::string& out_;
     bool open_; // the last token would take more bytes
+    std::size_t depth_ = 1;
+    std::vector<std::size_t> data_; // depths of the open groups of pictures and objects
+    std::string deeperData_;        // digits of the data in groups within the innermost of them
 };
 
 } // namespace
@@ -109,20 +159,10 @@ void KeptReferences::note(std::string_view range) {
     }
 }
 
-void copyGroup(Tokenizer& tokens, std::string& out) {
-    Copier copier(out);
-    for (std::size_t depth = 1; depth > 0;) {
-        const Token token = tokens.next();
-        if (token.kind == TokenKind::End) {
-            out.append(depth, '}');
-            return;
-        }
-        if (token.kind == TokenKind::GroupOpen)
-            ++depth;
-        else if (token.kind == TokenKind::GroupClose)
-            --depth;
-        copier.add(token);
-    }
+void copyGroup(Tokenizer& tokens, std::string_view word, std::string& out) {
+    Copier copier(word, out);
+    while (!copier.isDone())
+        copier.add(tokens.next());
 }
 
 void skipGroup(Tokenizer& tokens) {

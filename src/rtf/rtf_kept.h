@@ -19,10 +19,10 @@ struct KeptReferences {
     void note(std::string_view range);
 };
 
-// Appends the rest of the group in which the tokenizer stands, with the brace that closes it, to `out` as
-// 7-bit ASCII: other bytes and binary data as hexadecimal digits. Where the file ends first, the group is
-// closed.
-void copyGroup(Tokenizer& tokens, std::string& out);
+// Appends the rest of the group in which the tokenizer stands, behind the word that began it and with the
+// brace that closes it, to `out` as 7-bit ASCII: other bytes and binary data as hexadecimal digits. Where the
+// file ends first, the group is closed.
+void copyGroup(Tokenizer& tokens, std::string_view word, std::string& out);
 
 // Passes over the rest of the group in which the tokenizer stands, with the brace that closes it.
 void skipGroup(Tokenizer& tokens);

@@ -109,8 +109,7 @@ void Parser::leaveGroup(const GroupState& inner) {
     }
 }
 
-void Parser::enter(const KnownWord& known, const Token& word) {
-    const auto destination = static_cast<Destination>(known.argument);
+void Parser::enter(Destination destination, const Token& word) {
     // The outermost group goes nowhere, or all of the file would be gone with it.
     const bool outermost = stack_.size() <= 2 && deeperGroups_ == 0;
     if (outermost)
@@ -149,8 +148,14 @@ void Parser::enter(const KnownWord& known, const Token& word) {
     case Destination::OldList:
         state().destination = destination;
         break;
-    default:
+    case Destination::Skipped:
+    case Destination::KeptHere:
+    case Destination::KeptBefore:
+    case Destination::KeptBehind:
+    case Destination::KeptHeader:
+    case Destination::KeptHead:
         keep(destination, word);
+        break;
     }
 }
 
@@ -187,33 +192,25 @@ void Parser::keep(Destination destination, const Token& word) {
     // Written again, the range stands where one letter stands in for a \u.
     if (state().fallback != 1)
         range += "\\uc" + std::to_string(state().fallback) + ' ';
-    copyGroup(tokens_, range);
+    copyGroup(tokens_, word.text, range);
     closeGroup();
-    placeKept(destination, std::move(range));
+    if (destination == Destination::KeptHead)
+        builder_.document().head += range;
+    else if (destination == Destination::KeptHeader)
+        builder_.section().headers += range;
+    else if (destination == Destination::KeptBefore)
+        keptBefore_ += range;
+    else
+        placeKept(destination == Destination::KeptBehind, std::move(range));
 }
 
-void Parser::placeKept(Destination destination, std::string range) {
-    switch (destination) {
-    case Destination::KeptHead:
-        builder_.document().head += range;
-        break;
-    case Destination::KeptHeader:
-        builder_.section().headers += range;
-        break;
-    case Destination::KeptBefore:
-        keptBefore_ += range;
-        break;
-    case Destination::KeptBehind:
-        flushHalf();
-        if (emptyCells_ == 0 && builder_.extendKept(range))
-            break;
-        [[fallthrough]];
-    default:
-        flushHalf();
-        range.insert(0, keptBefore_);
-        prepareBody();
-        builder_.addKept(std::move(range));
-    }
+void Parser::placeKept(bool joinsTheOneInFront, std::string range) {
+    flushHalf();
+    if (joinsTheOneInFront && emptyCells_ == 0 && builder_.extendKept(range))
+        return;
+    range.insert(0, keptBefore_);
+    prepareBody();
+    builder_.addKept(std::move(range));
 }
 
 void Parser::lettersChanged() {

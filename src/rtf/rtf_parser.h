@@ -27,20 +27,22 @@ private:
     void openGroup();
     void closeGroup();
     void leaveGroup(const GroupState& inner);
-    void enter(const KnownWord& known, const Token& word);
+    void enter(Destination destination, const Token& word);
     void enterField();
     void enterResult(FieldState& field);
     void passOverGroup();
     void keep(Destination destination, const Token& word);
-    void placeKept(Destination destination, std::string range);
+    void placeKept(bool joinsTheOneInFront, std::string range);
 
     // Tokens
     void word(const Token& token);
     void symbol(const Token& token);
-    void letterWord(const KnownWord& known, const Token& token);
-    void paragraphWord(const KnownWord& known, const Token& token);
-    void textWord(const KnownWord& known, const Token& token);
-    void documentWord(const KnownWord& known, const Token& token);
+    void act(LetterWord action, std::uint16_t argument, const Token& token);
+    void act(ParagraphWord action, std::uint16_t argument, const Token& token);
+    void act(TextWord action, std::uint16_t argument, const Token& token);
+    void act(DocumentWord action, std::uint16_t argument, const Token& token);
+    void act(Destination destination, std::uint16_t, const Token& token) { enter(destination, token); }
+    void act(std::monostate, std::uint16_t, const Token&) {}
 
     // Text
     void plain(std::string_view bytes);
@@ -57,6 +59,7 @@ private:
 
     // Paragraphs and fields
     void endParagraph(bool endsSection);
+    void endCell();
     void endRow();
     ParagraphFormat paragraphFormat() const;
     void finishLabel();

@@ -71,7 +71,18 @@ void Parser::letters(TextView text) {
     case Destination::FontTable:
         fonts_.name(text);
         break;
-    default:
+    case Destination::ColourTable:
+    case Destination::Field:
+    case Destination::OldList:
+    case Destination::Alternatives:
+    case Destination::UnicodeAlternative:
+    case Destination::FieldResult:
+    case Destination::Skipped:
+    case Destination::KeptHere:
+    case Destination::KeptBefore:
+    case Destination::KeptBehind:
+    case Destination::KeptHeader:
+    case Destination::KeptHead:
         break;
     }
 }
@@ -154,8 +165,17 @@ void Parser::endParagraph(bool endsSection) {
     typedLabel_ = false;
 }
 
+void Parser::endCell() {
+    if (!inBody())
+        return;
+    flushHalf();
+    ++emptyCells_;
+}
+
 // The end of the last cell parts nothing.
 void Parser::endRow() {
+    if (!inBody())
+        return;
     if (emptyCells_ > 0)
         --emptyCells_;
     endParagraph(false);

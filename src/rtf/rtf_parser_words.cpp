@@ -27,7 +27,7 @@ void appendWord(const Token& token, std::string& words) {
 
 // White space is never what stands in for a letter of Unicode, so it ends the letters that do.
 bool standsInForALetter(const KnownWord& known) {
-    return known.action == Action::Unit && known.argument != u'\t' && known.argument != lineBreak &&
+    return known.action == Action(TextWord::Unit) && known.argument != u'\t' && known.argument != lineBreak &&
            known.argument != pageBreak;
 }
 
@@ -42,152 +42,146 @@ void Parser::word(const Token& token) {
         }
         input_.stopPassing();
     }
-    if (known.action == Action::Enter)
-        enter(known, token);
-    else if (optional_)
+    if (optional_ && !std::holds_alternative<Destination>(known.action))
         passOverGroup();
-    else if (known.action == Action::None)
-        return;
-    else if (known.action <= Action::Raise)
-        letterWord(known, token);
-    else if (known.action <= Action::ListWord)
-        paragraphWord(known, token);
-    else if (known.action <= Action::NoteMark)
-        textWord(known, token);
     else
-        documentWord(known, token);
+        std::visit([&](auto action) { act(action, known.argument, token); }, known.action);
 }
 
-void Parser::letterWord(const KnownWord& known, const Token& token) {
+void Parser::act(LetterWord action, std::uint16_t argument, const Token& token) {
     if (state().destination == Destination::FontTable) {
-        if (known.action == Action::FontNumber)
+        if (action == LetterWord::FontNumber)
             fonts_.begin(token.number);
         return;
     }
     CharState& letters = state().letters;
     constexpr std::uint16_t usualSize = 24;
     constexpr std::int32_t largestSize = 3276;
-    switch (known.action) {
-    case Action::Mark:
-        letters.marks = static_cast<std::uint8_t>(isOn(token) ? letters.marks | known.argument
-                                                              : letters.marks & ~known.argument);
+    switch (action) {
+    case LetterWord::Mark:
+        letters.marks =
+            static_cast<std::uint8_t>(isOn(token) ? letters.marks | argument : letters.marks & ~argument);
         break;
-    case Action::NoUnderline:
+    case LetterWord::NoUnderline:
         letters.marks = static_cast<std::uint8_t>(letters.marks & ~Underline);
         break;
-    case Action::Plain:
+    case LetterWord::Plain:
         letters = CharState();
         letters.font = defaultFont_;
         break;
-    case Action::FontNumber:
+    case LetterWord::FontNumber:
         letters.font = token.number;
         break;
-    case Action::FontSize:
+    case LetterWord::FontSize:
         letters.size =
             token.number <= 0 ? usualSize : static_cast<std::uint16_t>(std::min(token.number, largestSize));
         break;
-    case Action::ColourIndex:
+    case LetterWord::ColourIndex:
         letters.colour = token.number;
         break;
-    case Action::BackgroundIndex:
+    case LetterWord::BackgroundIndex:
         letters.background = token.number == 0 ? -1 : token.number;
         break;
-    default:
-        letters.raised = isOn(token) ? static_cast<Raised>(known.argument) : Raised::No;
+    case LetterWord::Raise:
+        letters.raised = isOn(token) ? static_cast<Raised>(argument) : Raised::No;
+        break;
     }
     lettersChanged();
 }
 
-void Parser::paragraphWord(const KnownWord& known, const Token& token) {
+void Parser::act(ParagraphWord action, std::uint16_t argument, const Token& token) {
     ParagraphState& paragraph = state().paragraph;
-    switch (known.action) {
-    case Action::ParagraphDefaults:
+    switch (action) {
+    case ParagraphWord::Defaults:
         paragraph = ParagraphState();
         break;
-    case Action::Align:
-        paragraph.alignment = static_cast<Alignment>(known.argument);
+    case ParagraphWord::Align:
+        paragraph.alignment = static_cast<Alignment>(argument);
         break;
-    case Action::Indent:
-        paragraph.measures[known.argument] = token.number;
+    case ParagraphWord::Indent:
+        paragraph.measures[argument] = token.number;
         break;
-    case Action::ListWord:
-        (known.argument == 0 ? paragraph.list : paragraph.listLevel) = token.number;
-        break;
-    default:
+    case ParagraphWord::Kept:
         paragraph.keptWords = words_.append(paragraph.keptWords, withoutBlank(token.raw));
+        break;
+    case ParagraphWord::List:
+        paragraph.list = token.number;
+        break;
+    case ParagraphWord::ListLevel:
+        paragraph.listLevel = token.number;
+        break;
     }
 }
 
-void Parser::textWord(const KnownWord& known, const Token& token) {
-    switch (known.action) {
-    case Action::Unit:
-        unit(static_cast<char16_t>(known.argument));
-        return;
-    case Action::Unicode:
+void Parser::act(TextWord action, std::uint16_t argument, const Token& token) {
+    switch (action) {
+    case TextWord::Unit:
+        unit(static_cast<char16_t>(argument));
+        break;
+    case TextWord::Unicode:
         if (const TextView text = input_.unicode(token.number); !text.empty())
             letters(text);
         input_.passOver(state().fallback);
-        return;
-    case Action::FallbackLength:
+        break;
+    case TextWord::FallbackLength:
         state().fallback = std::clamp(token.hasNumber ? token.number : 1, 0, mostFallbackUnits);
-        return;
-    default:
         break;
-    }
-    if (!inBody())
-        return;
-    switch (known.action) {
-    case Action::ParagraphEnd:
-    case Action::SectionEnd:
-        endParagraph(known.action == Action::SectionEnd);
+    case TextWord::ParagraphEnd:
+    case TextWord::SectionEnd:
+        if (inBody())
+            endParagraph(action == TextWord::SectionEnd);
         break;
-    case Action::CellEnd:
-        flushHalf();
-        ++emptyCells_;
+    case TextWord::CellEnd:
+        endCell();
         break;
-    case Action::RowEnd:
+    case TextWord::RowEnd:
         endRow();
         break;
-    default:
-        keptBefore_ += token.raw.ends_with(' ') ? token.raw : std::string(token.raw) + ' ';
+    case TextWord::NoteMark:
+        if (inBody())
+            keptBefore_ += token.raw.ends_with(' ') ? token.raw : std::string(token.raw) + ' ';
+        break;
     }
 }
 
-void Parser::documentWord(const KnownWord& known, const Token& token) {
-    switch (known.action) {
-    case Action::SectionDefaults:
+void Parser::act(DocumentWord action, std::uint16_t argument, const Token& token) {
+    const Destination destination = state().destination;
+    switch (action) {
+    case DocumentWord::SectionDefaults:
         if (inBody())
             builder_.section().words.clear();
         break;
-    case Action::SectionWord:
+    case DocumentWord::Section:
         if (inBody())
             appendWord(token, builder_.section().words);
         break;
-    case Action::PageWord:
+    case DocumentWord::Page:
         if (inBody())
             appendWord(token, builder_.document().pageWords);
         break;
-    case Action::CodePage:
-        if (known.argument != 0 || token.number > 0)
-            codePage_ = known.argument != 0 ? known.argument : token.number;
+    case DocumentWord::CodePage:
+        if (argument != 0 || token.number > 0)
+            codePage_ = argument != 0 ? argument : token.number;
         break;
-    case Action::DefaultFont:
+    case DocumentWord::DefaultFont:
         defaultFont_ = token.number;
         state().letters.font = token.number;
         break;
-    case Action::FontCharset:
+    case DocumentWord::FontCharset:
         fonts_.charset(token.number);
         break;
-    case Action::FontCodePage:
+    case DocumentWord::FontCodePage:
         fonts_.codePage(token.number);
         break;
-    case Action::ColourPart:
-        if (state().destination == Destination::ColourTable)
-            colours_.part(known.argument, token.number);
+    case DocumentWord::ColourPart:
+        if (destination == Destination::ColourTable)
+            colours_.part(argument, token.number);
         break;
-    default:
-        if (state().destination == Destination::OldList)
-            state().paragraph.bullet = known.action == Action::OldBullet;
+    case DocumentWord::OldBullet:
+    case DocumentWord::OldNumber:
+        if (destination == Destination::OldList)
+            state().paragraph.bullet = action == DocumentWord::OldBullet;
+        break;
     }
     lettersChanged();
 }

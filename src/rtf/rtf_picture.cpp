@@ -65,12 +65,12 @@ std::optional<Picture> readPicture(Tokenizer& tokens) {
             ++depth;
         else if (token.kind == TokenKind::GroupClose)
             --depth;
+        else if (token.kind == TokenKind::Binary)
+            bytes.addBinary(token.text);
         else if (depth > 1)
             continue; // properties, and the number that tells one picture from another
         else if (token.kind == TokenKind::Plain)
             bytes.add(token.text);
-        else if (token.kind == TokenKind::Binary)
-            bytes.addBinary(token.text);
         else if (token.text == "pngblip" || token.text == "jpegblip") {
             drawable = true;
             picture.kind = token.text == "pngblip" ? PictureKind::Png : PictureKind::Jpeg;

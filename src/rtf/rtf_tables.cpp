@@ -3,14 +3,29 @@
 #include "rtf/rtf_code_pages.h"
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace rtf {
 
 namespace {
 
 constexpr TextView usualFont = u"Times New Roman";
+constexpr int defaultCharset = 1; // of the system that the file is read on
 constexpr std::size_t longestName = 64;
 constexpr std::size_t mostColours = 1U << 16U;
+
+// Systems of one code page had a font for each script, which the end of its name told. 0 for any other font.
+int charsetOfName(TextView name) {
+    static constexpr std::pair<TextView, int> ends[] = {
+        {u" CE", 238},       {u" Cyr", 204},    {u" Greek", 161},
+        {u" Tur", 162},      {u" Baltic", 186}, {u" (Hebrew)", 177},
+        {u" (Arabic)", 178}, {u" (Thai)", 222}, {u" (Vietnamese)", 163},
+    };
+    const auto* const row = std::find_if(std::begin(ends), std::end(ends),
+                                         [&](const auto& end) { return name.ends_with(end.first); });
+    return row == std::end(ends) ? 0 : row->second;
+}
 
 bool isLeadingSurrogate(char16_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
@@ -59,8 +74,14 @@ void FontTable::name(TextView part) {
 }
 
 void FontTable::end() {
-    if (current_ != nullptr && current_->font.name.empty())
-        current_->font.name = usualFont;
+    if (current_ == nullptr)
+        return;
+    Font& font = current_->font;
+    if (font.name.empty())
+        font.name = usualFont;
+    if (current_->codePage == 0 && font.charset <= defaultCharset)
+        if (const int told = charsetOfName(font.name); told != 0)
+            charset(told);
     current_ = nullptr;
 }
 

@@ -3,13 +3,13 @@
 
 #include <cstdint>
 #include <string_view>
+#include <variant>
 
 namespace rtf {
 
-enum class Action : std::uint8_t {
-    None,
-    // The look of letters; Mark sets or clears the Marks bit of its argument.
-    Mark,
+// The look of letters.
+enum class LetterWord : std::uint8_t {
+    Mark, // sets or clears the Marks bit of the argument
     NoUnderline,
     Plain,
     FontNumber,
@@ -17,13 +17,19 @@ enum class Action : std::uint8_t {
     ColourIndex,
     BackgroundIndex,
     Raise, // argument: Raised
-    // The stand of a paragraph
-    ParagraphDefaults,
+};
+
+// The stand of a paragraph.
+enum class ParagraphWord : std::uint8_t {
+    Defaults,
     Align,  // argument: Alignment
     Indent, // argument: Measure
-    KeptParagraphWord,
-    ListWord,
-    // Text
+    Kept,
+    List,
+    ListLevel,
+};
+
+enum class TextWord : std::uint8_t {
     Unit, // argument: the unit that the word stands for
     Unicode,
     FallbackLength,
@@ -32,10 +38,12 @@ enum class Action : std::uint8_t {
     CellEnd,
     RowEnd,
     NoteMark, // in front of a footnote
-    // The document
+};
+
+enum class DocumentWord : std::uint8_t {
     SectionDefaults,
-    SectionWord,
-    PageWord,
+    Section,
+    Page,
     CodePage, // argument: the page, 0 when the number of the word tells it
     DefaultFont,
     // Tables of fonts and colours
@@ -45,7 +53,6 @@ enum class Action : std::uint8_t {
     // Old lists
     OldBullet,
     OldNumber,
-    Enter, // what follows in the group goes elsewhere; argument: Destination
 };
 
 enum Marks : std::uint8_t {
@@ -79,14 +86,17 @@ enum class Destination : std::uint8_t {
     KeptHead,   // of the document
 };
 
+// Nothing, or one of the words above, or where the rest of the group goes.
+using Action = std::variant<std::monostate, LetterWord, ParagraphWord, TextWord, DocumentWord, Destination>;
+
 // A word with what it asks for.
 struct KnownWord {
     std::string_view name;
-    Action action = Action::None;
+    Action action;
     std::uint16_t argument = 0;
 };
 
-// Action::None for a word that the reader takes no notice of.
+// Without an action for a word that the reader ignores.
 const KnownWord& findWord(std::string_view name);
 
 } // namespace rtf

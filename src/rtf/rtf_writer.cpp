@@ -35,6 +35,9 @@ private:
     void paragraphFormat(const ParagraphFormat& format);
     void bullet(const ParagraphFormat& format);
     void runs(std::size_t count);
+    bool isRaised(const Run& run) const { return document_.formats[run.format].raised != Raised::No; }
+    template <typename Content>
+    void raised(const Run& run, Content&& content);
     void openLink(std::uint32_t link);
     void letterFormat(const CharFormat& format);
     void run(const Run& run);
@@ -76,14 +79,18 @@ void Writer::paragraph(std::size_t index) {
     paragraphFormat_ = paragraph.format;
     if (format.bullet)
         bullet(format);
+    const bool hasEnd = document_.lastParagraphEnds || index + 1 < document_.paragraphs.size();
+    if (paragraph.length == 0 && hasEnd && isRaised(document_.runs[run_])) {
+        raised(document_.runs[run_++], [&] { paragraphEnd(index); });
+        return;
+    }
     runs(paragraph.runs);
-    paragraphEnd(index);
+    if (hasEnd)
+        paragraphEnd(index);
 }
 
 void Writer::paragraphEnd(std::size_t index) {
     const bool isLast = index + 1 == document_.paragraphs.size();
-    if (isLast && !document_.lastParagraphEnds)
-        return;
     out_ += !isLast && document_.paragraphs[index + 1].section != none ? "\\sect\r\n" : "\\par\r\n";
 }
 
@@ -144,12 +151,26 @@ void Writer::runs(std::size_t count) {
             if (link != none)
                 openLink(link);
         }
+        if (isRaised(next) && next.length > 0) {
+            raised(next, [&] { run(next); });
+            continue;
+        }
         if (next.format != format_)
             letterFormat(format);
         format_ = next.format;
         run(next);
     }
     closeLink();
+}
+
+// In a group of its own: some office suites hold back all that follows \super or \sub until the group closes,
+// and put it into the wrong order otherwise.
+template <typename Content>
+void Writer::raised(const Run& run, Content&& content) {
+    out_ += '{';
+    letterFormat(document_.formats[run.format]);
+    content();
+    out_ += '}';
 }
 
 void Writer::openLink(std::uint32_t link) {

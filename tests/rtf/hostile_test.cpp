@@ -81,6 +81,15 @@ TEST(RtfHostile, FontTable_Of32768Fonts_TellsThemAll) {
     EXPECT_EQ(readInProportion(table + text).fonts.size(), 32768U);
 }
 
+TEST(RtfHostile, ParagraphWords_EachOfTheirOwn_AreKeptUpToABound) {
+    std::string body;
+    for (int number = 0; number < 6000; ++number)
+        body += "\\pard\\s" + std::to_string(number) + repeated("\\tx12345", 30) + " a\\par ";
+    const rtf::Document read = document(body);
+    EXPECT_EQ(read.paragraphs.size(), 6000U);
+    EXPECT_NEAR(static_cast<double>(read.paragraphFormats.size()), (1U << 20U) / 245.0, 20);
+}
+
 TEST(RtfHostile, DeepGroups_KeepTheirText) {
     reading::expectTexts(
         {{repeated("{\\b0", 10000) + "a{\\pict 00}{\\fonttbl b}c" + repeated("}", 10000) + "d", "acd"}});

@@ -13,6 +13,7 @@ TEST(RtfKept, Ranges_HaveAnAnchorInTheText) {
         {"{\\b\\pict 00}", "{\\pict 00}"},
         {"{\\uc2\\footnote a}", "{\\footnote \\uc2 a}"},
         {"{\\footnote\r\na\xE9\\bin2 \xFF}}", "{\\footnote\na\\'e9ff7d}"},
+        {"{\\pict 0{\\*\\x {\\bin2 \xFF}}}1}", "{\\pict 0{\\*\\x {}}ff7d1}"}, // into the picture's own group
         {"{\\footnote \\b\r\n1\\'4\r\n1}", "{\\footnote \\b\n1\\'4\n1}"},
     };
     for (const auto& [body, range] : rows) {
@@ -52,6 +53,7 @@ TEST(RtfPicture, Bytes_ComeFromDigitsAndFromBinary) {
         {R"({\*\shppict{\pict\wmetafile8 01}}{\nonshppict{\pict\pngblip\picwgoal-5\pichgoal-5 89504e47}})",
          rtf::PictureKind::Png, "\x89PNG", 0},
         {binary, rtf::PictureKind::Jpeg, "\xFF}\\", 0},
+        {"{\\pict\\pngblip{\\*\\blipuid 00}{\\bin2 \x89P}}", rtf::PictureKind::Png, "\x89P", 0},
         {document(binary).kept.at(0), rtf::PictureKind::Jpeg, "\xFF}\\", 0},
     };
     for (const auto& [range, kind, bytes, size] : rows) {

@@ -61,6 +61,7 @@ TEST(RtfFields, Instruction_TellsWhereALinkLeads) {
         {R"(HYPERLINK \\l "place")", "#place"},
         {R"(HYPERLINK "a.rtf" \\l "place")", "a.rtf#place"},
         {R"(HYPERLINK \\n "C:\\\\x y\\\\l")", "C:\\x y\\l"},
+        {R"({\upr{x}{\*\ud HYPERLINK b}})", "b"},
         {"HYPERLINK \"a#\"", "a#"},
         {"HYPERLINK \"#\"", "#"},
         {R"(HYPERLINK "say \\"\u1071?\{\\"")", "say \"Я{\""},
@@ -84,5 +85,6 @@ TEST(RtfFields, OtherFields_ShowTheirResult) {
         {R"({\field{\*\fldinst SYMBOL 183 \\f "Symbol"}})", "\uF0B7"},
         {R"({\field{\*\fldinst SYMBOL 183}{\fldrslt x}})", "x"},
         {R"({\fldrslt x}{\*\fldinst y})", "x"},
+        {"{\\field{\\*\\fldinst DATE \\\n}{\\fldrslt x}}", "x"},
     });
 }

@@ -1,6 +1,8 @@
 #include "rtf/reading.h"
 
 using reading::document;
+using reading::rewritten;
+using reading::usual;
 
 TEST(RtfWriting, Samples_ReadTheSameAgain) {
     for (const char* sample :
@@ -23,6 +25,11 @@ TEST(RtfWriting, Document_IsWrittenInPlainWords) {
               "\\pard\\ql {\\pntext\\f1\\'b7\\tab}{\\*\\pn\\pnlvlblt\\pnf1\\pnindent0{\\pntxtb\\'b7}}"
               "\\plain\\f0\\fs28\\b\\cf1 \\u1055?\\par\r\n"
               "\\pard\\qr b}\r\n");
+}
+
+TEST(RtfWriting, Sections_BeginWithTheirDefaults) {
+    EXPECT_EQ(rewritten(R"(a\sect\cols2 b)"), usual + R"(a\sect\sectd\cols2\pard\ql b)");
+    EXPECT_TRUE(rtf::write(document(R"(\cols2 a)")).ends_with("}\r\n\\sectd\\cols2" + usual + "a}\r\n"));
 }
 
 TEST(RtfWriting, DocumentMadeByHand_ReadsAsItself) {
