@@ -64,6 +64,7 @@ struct CharFormat {
 struct ParagraphFormat {
     Alignment alignment = Alignment::Left;
     bool bullet = false;
+    bool pageBreakBefore = false; // it begins on a new page
     std::int32_t leftIndent = 0;
     std::int32_t rightIndent = 0;
     std::int32_t firstIndent = 0; // of the first line, relative to leftIndent

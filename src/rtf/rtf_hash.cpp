@@ -28,7 +28,8 @@ std::size_t PartHash::operator()(const CharFormat& format) const {
 }
 
 std::size_t PartHash::operator()(const ParagraphFormat& format) const {
-    std::size_t hash = mix(static_cast<std::size_t>(format.alignment), format.bullet ? 1 : 0);
+    std::size_t hash = mix(static_cast<std::size_t>(format.alignment),
+                           (format.bullet ? 1U : 0U) + (format.pageBreakBefore ? 2U : 0U));
     for (const std::int32_t measure :
          {format.leftIndent, format.rightIndent, format.firstIndent, format.spaceBefore, format.spaceAfter})
         hash = mix(hash, static_cast<std::uint32_t>(measure));

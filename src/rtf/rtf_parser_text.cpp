@@ -200,6 +200,7 @@ ParagraphFormat Parser::paragraphFormat() const {
     return {
         .alignment = paragraph.alignment,
         .bullet = !typedLabel_ && (bulletLabel_ || paragraph.bullet),
+        .pageBreakBefore = paragraph.pageBreakBefore,
         .leftIndent = measure(Measure::Left),
         .rightIndent = measure(Measure::Right),
         .firstIndent = measure(Measure::First),

@@ -101,6 +101,9 @@ void Parser::act(ParagraphWord action, std::uint16_t argument, const Token& toke
     case ParagraphWord::Indent:
         paragraph.measures[argument] = token.number;
         break;
+    case ParagraphWord::PageBreakBefore:
+        paragraph.pageBreakBefore = isOn(token);
+        break;
     case ParagraphWord::Kept:
         paragraph.keptWords = words_.append(paragraph.keptWords, withoutBlank(token.raw));
         break;

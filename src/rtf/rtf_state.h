@@ -35,6 +35,7 @@ struct ParagraphState {
     std::uint32_t keptWords = none;
     Alignment alignment = Alignment::Left;
     bool bullet = false;
+    bool pageBreakBefore = false;
 };
 
 // All that a closing brace brings back.

@@ -80,7 +80,7 @@ constexpr KnownWord words[] = {
     {"slmult", ParagraphWord::Kept},
     {"keep", ParagraphWord::Kept},
     {"keepn", ParagraphWord::Kept},
-    {"pagebb", ParagraphWord::Kept},
+    {"pagebb", ParagraphWord::PageBreakBefore},
     {"outlinelevel", ParagraphWord::Kept},
     {"rtlpar", ParagraphWord::Kept},
     {"ltrpar", ParagraphWord::Kept},

@@ -24,6 +24,7 @@ enum class ParagraphWord : std::uint8_t {
     Defaults,
     Align,  // argument: Alignment
     Indent, // argument: Measure
+    PageBreakBefore,
     Kept,
     List,
     ListLevel,

@@ -108,6 +108,7 @@ void Writer::paragraphFormat(const ParagraphFormat& format) {
     out_ += "\\pard";
     out_ += format.kept;
     out_ += format.list;
+    wordIf(format.pageBreakBefore, "\\pagebb");
     out_ += alignments[static_cast<std::size_t>(format.alignment)];
     if (format.firstIndent != 0)
         word("\\fi", format.firstIndent);

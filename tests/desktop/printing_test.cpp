@@ -115,6 +115,25 @@ TEST_F(Printing, PaperAndOrientation_AreThoseThatWereSet_AndASelectionGoesAlone)
     EXPECT_TRUE(extent(paper(1), Qt::black, QRect(0, 0, 827, 584)).isValid()) << "the selection alone";
 }
 
+TEST_F(Printing, PageBreaks_BeginPages_AndHiddenLettersAreNotPrinted) {
+    // Five pages; the second line of the first holds hidden letters too.
+    folder.write("in.rtf",
+                 R"({\rtf1{\fonttbl{\f0 Arial;}}\pagebb\f0\b\fs48 H\par\pard{\v HHHHH\page}H\page H\par)"
+                 R"(\page\par H\par\pagebb H\par\pard\sect\sectd\sbknone H\sect\sectd H\par})");
+    rtb.LoadFile(folder.text("in.rtf"));
+    print();
+    for (int page = 1; page <= 5; ++page) {
+        const QImage image = paper(page);
+        const QRect ink = extent(image, Qt::black, image.rect());
+        EXPECT_NEAR(ink.top(), margin, 16) << page;
+        EXPECT_EQ(ink.height() > 30, page == 1 || page == 4) << "two lines";
+        EXPECT_LT(ink.width(), 40) << page;
+    }
+    EXPECT_EQ(
+        QProcess::execute(QStringLiteral("pdftoppm"), {QStringLiteral("-f"), QStringLiteral("6"), path()}),
+        99);
+}
+
 TEST_F(Printing, WhatCannotBePrintedOn_IsAFailure_AndNothingOfADocumentOfNothing) {
     print();
     EXPECT_FALSE(std::filesystem::exists(path().toStdString()));

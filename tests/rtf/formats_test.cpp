@@ -42,6 +42,8 @@ TEST(RtfFormats, ParagraphWords_SetWhatTheyName_AndAreWrittenSo) {
         {R"(\li720\ri10\fi-360 x)", R"(\ql\fi-360\li720\ri10)"},
         {"\\sb120\\sa60 x", "\\ql\\sb120\\sa60"},
         {R"(\s3\tqr\tx1440 \sl240 x)", R"(\s3\tqr\tx1440\sl240\ql)"},
+        {"\\pagebb x", "\\pagebb\\ql"},
+        {"\\pagebb\\pagebb0 x", "\\ql"},
         {"\\ls2\\ilvl1 x", "\\ls2\\ilvl1\\ql"},
     };
     for (const auto& [body, written] : rows)

@@ -37,12 +37,13 @@ rtf::Alignment alignmentOf(Qt::Alignment alignment) {
     return alignment & Qt::AlignJustify ? rtf::Alignment::Justified : rtf::Alignment::Left;
 }
 
-rtf::ParagraphFormat paragraphOf(const QTextBlock& block) {
+rtf::ParagraphFormat paragraphOf(const QTextBlock& block, PageBreak pageBreak) {
     const QTextBlockFormat format = block.blockFormat();
     const bool bullet = block.textList() != nullptr;
     return {
         .alignment = alignmentOf(format.alignment()),
         .bullet = bullet,
+        .pageBreakBefore = pageBreak == PageBreak::BeforeParagraph || pageBreak == PageBreak::InParagraph,
         .leftIndent = twipsOf(format.leftMargin()),
         .rightIndent = twipsOf(format.rightMargin()),
         .firstIndent = bullet ? format.intProperty(FirstIndent) : twipsOf(format.textIndent()),
@@ -53,12 +54,20 @@ rtf::ParagraphFormat paragraphOf(const QTextBlock& block) {
     };
 }
 
+bool isRestOf(const rtf::ParagraphFormat& whole, const rtf::ParagraphFormat& rest) {
+    return rest.alignment == whole.alignment && rest.leftIndent == whole.leftIndent &&
+           rest.rightIndent == whole.rightIndent && rest.spaceAfter == whole.spaceAfter &&
+           rest.kept == whole.kept && !rest.bullet;
+}
+
 // Reads a stretch of a document.
 class Extraction {
 public:
     explicit Extraction(const EditorDocument& document) : document_(document) {}
 
     void addParagraph(const QTextBlock& block, TextRange range) {
+        if (!std::exchange(goesOn_, false))
+            paragraph_ = paragraphOf(block, document_.pageBreakBefore(block));
         bool any = false;
         for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
             const QTextFragment fragment = piece.fragment();
@@ -69,19 +78,40 @@ public:
             any = any || begin < end;
         }
         if (!any)
-            useFormat(block.charFormatIndex(), block.charFormat());
+            useFormat(block, block.charFormat().boolProperty(Hidden));
     }
+
+    // True when a paragraph of the file goes on in the next one of Qt, behind a page break. Where the user
+    // has changed only one of them, each is a paragraph.
+    bool addPageBreak(const QTextBlock& next) {
+        const PageBreak pageBreak = document_.pageBreakBefore(next);
+        goesOn_ = pageBreak == PageBreak::InParagraph && isRestOf(paragraph_, paragraphOf(next, pageBreak));
+        if (goesOn_) {
+            useFormat(next, false);
+            builder_.addText(base::TextView(&rtf::pageBreak, 1));
+        }
+        return goesOn_;
+    }
+
+    rtf::ParagraphFormat takeParagraph() { return std::move(paragraph_); }
 
     rtf::DocumentBuilder& builder() { return builder_; }
 
 private:
     void addLetters(const QTextFragment& fragment, qsizetype begin, qsizetype length) {
         const QTextCharFormat format = fragment.charFormat();
-        useFormat(fragment.charFormatIndex(), format);
-        if (format.objectType() == QTextFormat::ImageObject && format.hasProperty(KeptRange)) {
+        const bool isImage = format.objectType() == QTextFormat::ImageObject;
+        // What is typed behind an image has its properties, though it is none.
+        useFormat(fragment, isImage && format.boolProperty(Hidden));
+        if (isImage && format.hasProperty(KeptRange)) {
             const auto index = static_cast<std::size_t>(format.intProperty(KeptRange));
             for (; length > 0 && index < document_.kept.size(); --length)
                 builder_.addKept(document_.kept[index]);
+            return;
+        }
+        if (isImage && format.hasProperty(HiddenText)) {
+            for (const base::Text hidden = text(format.stringProperty(HiddenText)); length > 0; --length)
+                builder_.addText(hidden);
             return;
         }
         const QString text = fragment.text();
@@ -89,10 +119,11 @@ private:
                                         static_cast<std::size_t>(length)));
     }
 
-    void useFormat(int index, const QTextCharFormat& format) {
-        const auto [known, isNew] = formats_.try_emplace(index);
+    void useFormat(const auto& part, bool hidden) {
+        const auto [known, isNew] = formats_.try_emplace(part.charFormatIndex());
         if (isNew)
-            known->second = lettersOf(format);
+            known->second = lettersOf(part.charFormat());
+        known->second.hidden = hidden;
         // Fonts and links take their numbers in the order of first use, which is here.
         builder_.useFormat(known->second);
     }
@@ -111,7 +142,6 @@ private:
         letters.italic = format.fontItalic();
         letters.underline = format.fontUnderline();
         letters.strike = format.fontStrikeOut();
-        letters.hidden = format.boolProperty(Hidden);
         letters.capitals = format.fontCapitalization() == QFont::AllUppercase;
         letters.smallCapitals = format.fontCapitalization() == QFont::SmallCaps;
         letters.raised = format.verticalAlignment() == QTextCharFormat::AlignSuperScript ? rtf::Raised::Super
@@ -125,6 +155,8 @@ private:
     const EditorDocument& document_;
     rtf::DocumentBuilder builder_;
     std::unordered_map<int, rtf::CharFormat> formats_; // by their numbers in the document
+    rtf::ParagraphFormat paragraph_;                   // of the file, as it begins
+    bool goesOn_ = false;                              // the next paragraph of Qt is the rest of it
 };
 
 } // namespace
@@ -138,13 +170,15 @@ rtf::Document rtfOf(const EditorDocument& document) {
     begun.front() = true;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         extraction.addParagraph(block, {0, document.characterCount()});
+        if (block.next().isValid() && extraction.addPageBreak(block.next()))
+            continue;
         const auto section = static_cast<std::size_t>(block.next().blockFormat().intProperty(SectionIndex));
         if (section >= begun.size() || begun[section]) {
-            builder.endParagraph(paragraphOf(block));
+            builder.endParagraph(extraction.takeParagraph());
             continue;
         }
         begun[section] = true;
-        builder.endSection(paragraphOf(block));
+        builder.endSection(extraction.takeParagraph());
         builder.section() = document.sections[section];
     }
     rtf::Document whole = builder.finish(document.lastParagraphEnds);
@@ -158,14 +192,19 @@ rtf::Document rtfOf(const EditorDocument& document, TextRange range) {
     Extraction extraction(document);
     QTextBlock block = document.findBlock(range.begin);
     bool ends = false;
+    bool goesOn = false;
     // A stretch that ends at the start of a paragraph holds the end of the one before it and no more.
     do {
         extraction.addParagraph(block, range);
-        extraction.builder().endParagraph(paragraphOf(block));
-        ends = block.position() + block.length() <= range.end && block.next().isValid();
         block = block.next();
+        ends = block.isValid() && block.position() <= range.end;
+        goesOn = ends && extraction.addPageBreak(block);
+        if (!goesOn)
+            extraction.builder().endParagraph(extraction.takeParagraph());
     } while (block.isValid() && block.position() < range.end);
-    rtf::Document part = extraction.builder().finish(ends);
+    if (goesOn)
+        extraction.builder().endParagraph(extraction.takeParagraph());
+    rtf::Document part = extraction.builder().finish(ends && !goesOn);
     if (!part.kept.empty())
         part.keptTables = document.keptTables;
     return part;

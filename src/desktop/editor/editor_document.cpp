@@ -5,7 +5,7 @@
 
 #include <QImage>
 #include <QPainter>
-#include <QTextCursor>
+#include <QTextBlock>
 #include <QUrl>
 
 namespace desktop {
@@ -20,6 +20,11 @@ QImage keptMark() {
     painter.setPen(QColor(0x9A, 0xA3, 0xB0));
     painter.drawRect(1, 1, 4, 8);
     return mark;
+}
+
+void takeNoRoom(QTextImageFormat& format) {
+    format.setWidth(0);
+    format.setHeight(0);
 }
 
 } // namespace
@@ -77,8 +82,51 @@ QTextImageFormat EditorDocument::anchorOf(std::string range, const QTextCharForm
             format.setHeight(pixelsOfTwips(picture->height));
         }
     }
+    if (format.boolProperty(Hidden))
+        takeNoRoom(format);
     kept.push_back(std::move(range));
     return format;
+}
+
+QTextImageFormat EditorDocument::hiddenLetters(const QString& letters, const QTextCharFormat& format) {
+    QTextImageFormat image;
+    image.merge(format);
+    image.setObjectType(QTextFormat::ImageObject);
+    image.setProperty(HiddenText, letters);
+    image.setName(QStringLiteral("kept:mark"));
+    takeNoRoom(image);
+    return image;
+}
+
+PageBreak EditorDocument::pageBreakBefore(const QTextBlock& block) const {
+    const QTextBlockFormat format = block.blockFormat();
+    const QTextBlockFormat before = block.previous().blockFormat();
+    const auto begins = [&](int property) {
+        const int number = format.intProperty(property);
+        return number != 0 && number != before.intProperty(property);
+    };
+    const bool rest = format.boolProperty(InParagraph);
+    if (begins(PageBreakNumber) && (!rest || block.previous().isValid()))
+        return rest ? PageBreak::InParagraph : PageBreak::BeforeParagraph;
+    if (!begins(SectionIndex))
+        return PageBreak::None;
+    const auto section = static_cast<std::size_t>(format.intProperty(SectionIndex));
+    const bool goesOn = section >= sections.size() ||
+                        sections[section].words.find("\\sbknone") != std::string::npos ||
+                        sections[section].words.find("\\sbkcol") != std::string::npos;
+    return goesOn ? PageBreak::None : PageBreak::Section;
+}
+
+void EditorDocument::breakPageAt(QTextCursor& cursor, const QTextCharFormat& letters) {
+    QTextBlockFormat rest = cursor.blockFormat();
+    rest.setObjectIndex(-1);
+    rest.setTextIndent(0);
+    rest.setTopMargin(0);
+    for (const int ofTheBeginning : {FirstIndent, ListWords, SectionIndex})
+        rest.clearProperty(ofTheBeginning);
+    rest.setProperty(InParagraph, true);
+    breakPage(rest);
+    cursor.insertBlock(rest, letters);
 }
 
 QVariant EditorDocument::loadResource(int type, const QUrl& name) {

@@ -2,6 +2,7 @@
 
 #include "rtf/rtf_document.h"
 
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextFormat>
 #include <QTextList>
@@ -15,11 +16,14 @@ enum FormatProperty {
     KeptRange = QTextFormat::UserProperty + 1, // of an image: index in EditorDocument::kept
     FontName,                                  // of letters
     Charset,                                   // of letters: number of the Windows character set
-    Hidden,                                    // of letters
+    Hidden,                                    // of an image, and of a paragraph without letters
+    HiddenText,                                // of an image: the letters that it stands for
     FirstIndent, // of a paragraph with a bullet, twips: Qt sets the sign itself into the margin
     ListWords,   // of a paragraph: bytes of RTF
     KeptWords,
-    SectionIndex // of a paragraph that begins a section: index in EditorDocument::sections
+    SectionIndex,    // of a paragraph that begins a section: index in EditorDocument::sections
+    PageBreakNumber, // of a paragraph that begins a page: another one for each break
+    InParagraph      // of the same: the break lies within a paragraph, which goes on behind it
 };
 
 // Twips from the margin to the text of a paragraph that becomes an item of a list.
@@ -51,6 +55,14 @@ void giveBullet(QTextBlockFormat& format, const QTextList& list);
 // With the indents that came with it.
 void takeBullet(QTextBlockFormat& format);
 
+// Why a paragraph of Qt begins on a new page.
+enum class PageBreak {
+    None,
+    BeforeParagraph,
+    InParagraph, // it is the rest of a paragraph of the file
+    Section,
+};
+
 // The document of the editor: text and formats as Qt has them, and beside them what a file holds that has no
 // place in the text. It keeps no undo.
 class EditorDocument : public QTextDocument {
@@ -59,6 +71,17 @@ public:
 
     // What an image stands for that goes into the text. The range is kept.
     QTextImageFormat anchorOf(std::string range, const QTextCharFormat& letters);
+
+    // The image that stands for letters that are kept, and neither shown nor printed.
+    static QTextImageFormat hiddenLetters(const QString& letters, const QTextCharFormat& format);
+
+    // The break in front of a paragraph. One that the user has cut in two has left its mark on both halves:
+    // the first one counts.
+    PageBreak pageBreakBefore(const QTextBlock& block) const;
+    // Gives a paragraph that is not there yet a break of its own.
+    void breakPage(QTextBlockFormat& format) { format.setProperty(PageBreakNumber, ++pageBreaks_); }
+    // Cuts the paragraph at the cursor by a page break; the new one begins with these letters.
+    void breakPageAt(QTextCursor& cursor, const QTextCharFormat& letters);
 
     std::vector<std::string> kept; // RTF of pictures, objects, footnotes
     std::vector<rtf::Section> sections = {{}};
@@ -70,6 +93,9 @@ public:
 protected:
     // Pictures are read when they are first seen.
     QVariant loadResource(int type, const QUrl& name) override;
+
+private:
+    int pageBreaks_ = 0;
 };
 
 } // namespace desktop

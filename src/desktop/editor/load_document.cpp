@@ -44,11 +44,27 @@ base::Text decode(std::string_view bytes, const base::CodePage& page) {
     return base::decodeFile(bytes, page);
 }
 
+void breakPages(EditorDocument& document) {
+    const QString units = document.toRawText();
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    for (qsizetype page = units.size(); (page = units.lastIndexOf(QChar(rtf::pageBreak), page - 1)) >= 0;) {
+        cursor.setPosition(static_cast<int>(page));
+        cursor.deleteChar();
+        document.breakPageAt(cursor, cursor.charFormat());
+        if (page == 0)
+            break;
+    }
+    cursor.endEditBlock();
+}
+
 } // namespace
 
 std::unique_ptr<EditorDocument> documentOfText(base::TextView text, const QFont& font) {
     auto document = std::make_unique<EditorDocument>(font);
     document->setPlainText(documentText(text));
+    if (text.find(rtf::pageBreak) != base::TextView::npos)
+        breakPages(*document);
     return document;
 }
 

@@ -37,7 +37,7 @@ void fitPictures(QTextDocument& document, QSizeF page) {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         for (auto part = block.begin(); !part.atEnd(); ++part) {
             QTextImageFormat format = part.fragment().charFormat().toImageFormat();
-            if (!format.isValid())
+            if (!format.isValid() || format.boolProperty(Hidden))
                 continue;
             const QSizeF size = pictureSize(document, format);
             const double scale = std::min(page.width() / size.width(), page.height() / size.height());
@@ -77,6 +77,33 @@ void scaleParagraphs(QTextDocument& document, double scale) {
     cursor.endEditBlock();
 }
 
+// Each break begins a page. A paragraph that ends directly behind one leaves no empty line on top of the
+// page.
+void breakPages(EditorDocument& document) {
+    struct Break {
+        int position;
+        bool endsParagraph;
+    };
+    std::vector<Break> breaks;
+    for (QTextBlock block = document.begin().next(); block.isValid(); block = block.next())
+        if (const PageBreak pageBreak = document.pageBreakBefore(block); pageBreak != PageBreak::None)
+            breaks.push_back({block.position(), pageBreak == PageBreak::InParagraph && block.length() == 1 &&
+                                                    block.next().isValid()});
+    QTextBlockFormat onNewPage;
+    onNewPage.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    QTextCursor cursor(&document);
+    cursor.beginEditBlock();
+    std::for_each(breaks.rbegin(), breaks.rend(), [&](const Break& each) {
+        cursor.setPosition(each.position + (each.endsParagraph ? 1 : 0));
+        cursor.mergeBlockFormat(onNewPage);
+        if (!each.endsParagraph)
+            return;
+        cursor.setPosition(each.position);
+        cursor.deletePreviousChar();
+    });
+    cursor.endEditBlock();
+}
+
 } // namespace
 
 void printPages(EditorDocument& document, QPagedPaintDevice& paper) {
@@ -89,6 +116,7 @@ void printPages(EditorDocument& document, QPagedPaintDevice& paper) {
                          QImage(1, 1, QImage::Format_ARGB32_Premultiplied));
     const double scale = paper.logicalDpiX() / pixelsPerInch;
     fitPictures(document, page / scale);
+    breakPages(document);
     scaleParagraphs(document, scale);
     QAbstractTextDocumentLayout& layout = *document.documentLayout();
     layout.setPaintDevice(&paper);

@@ -117,8 +117,10 @@ public:
     }
 
 private:
-    QTextBlockFormat blockFormat(const rtf::Paragraph& paragraph) const {
+    QTextBlockFormat blockFormat(const rtf::Paragraph& paragraph) {
         QTextBlockFormat format = paragraphs_[paragraph.format];
+        if (source_.paragraphFormats[paragraph.format].pageBreakBefore)
+            document_.breakPage(format);
         if (sections_ && paragraph.section != rtf::none)
             format.setProperty(SectionIndex, static_cast<int>(paragraph.section));
         return format;
@@ -138,9 +140,25 @@ private:
         if (run.kept != rtf::none)
             cursor_.insertText(QString(QChar(rtf::anchorUnit)),
                                document_.anchorOf(source_.kept[run.kept], letters));
+        else if (run.length > 0 && source_.formats[run.format].hidden)
+            cursor_.insertText(QString(QChar(rtf::anchorUnit)),
+                               EditorDocument::hiddenLetters(qstring(textOf(run)), letters));
         else if (run.length > 0)
-            cursor_.insertText(qstring(base::TextView(source_.text).substr(at_, run.length)), letters);
+            insertText(textOf(run), letters);
         at_ += run.length;
+    }
+
+    base::TextView textOf(const rtf::Run& run) const {
+        return base::TextView(source_.text).substr(at_, run.length);
+    }
+
+    void insertText(base::TextView text, const QTextCharFormat& letters) {
+        for (std::size_t page = 0; (page = text.find(rtf::pageBreak)) != base::TextView::npos;) {
+            cursor_.insertText(qstring(text.substr(0, page)), letters);
+            document_.breakPageAt(cursor_, letters);
+            text.remove_prefix(page + 1);
+        }
+        cursor_.insertText(qstring(text), letters);
     }
 
     QTextCursor& cursor_;

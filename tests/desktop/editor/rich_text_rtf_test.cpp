@@ -32,6 +32,9 @@ const std::string documents[] = {
     R"({\rtf1\ansi{\pntext\'b7\tab}{\*\pn\pnlvlblt{\pntxtb\'b7}}\fi-360\li720 one\par )" +
         std::string(R"({\pntext\'b7\tab}two\par\pard plain\par})"),
     manyFonts(),
+    R"({\rtf1\ansi a{\v\b h\page i}{\v d}b{\v{\pict\pngblip 00}}\par{\v\par}\v e\par})",
+    R"({\rtf1\ansi a{\b\page}b\page\par\page\page c\par\qc\pagebb\fi-180\li360\sb120 d\page e\par f\par})",
+    R"({\rtf1\ansi{\pntext\'b7\tab}a\page b\par c\page})",
     R"({\rtf1\ansi a\line b\tab c\page d\~e\u1087?\u-10179?\u-8704?\par})",
     R"({\rtf1\ansi see {\field{\*\fldinst{HYPERLINK "https://example.org/"}}{\fldrslt there}} now\par})",
     R"({\rtf1\ansi pic {\pict\pngblip\picwgoal300\pichgoal150 )" + tests::pngDigits(QSize(2, 1), Qt::red) +
@@ -80,6 +83,52 @@ TEST_F(RichText, Bullets_OfALongText_AreItemsOfSeveralLists) {
     rtb.setSelRTF(source);
     expectShortLists();
     EXPECT_EQ(rtb.SelRTF(), source);
+}
+
+TEST_F(RichText, HiddenLetters_TakeNoRoom_AndHideNothingThatIsTypedBehindThem) {
+    const auto width = [&](base::TextView source) {
+        rtb.setText(u"");
+        rtb.setSelRTF(source);
+        return rtb.document()->idealWidth();
+    };
+    EXPECT_EQ(width(u"{\\rtf1 a{\\v hidden}{\\v{\\pict\\pngblip\\picwgoal300\\pichgoal300 00}}b}"),
+              width(u"{\\rtf1 ab}"));
+    rtb.setText(u"ab");
+    rtb.setSelStart(2);
+    rtb.setSelRTF(u"{\\rtf1{\\v c}}");
+    rtb.setSelText(u"d");
+    EXPECT_EQ(rtb.Text(), u"ab\uFFFCd");
+    select(0, rtb.textLength());
+    EXPECT_EQ(rtf::plainText(rtf::read(base::toUtf8(rtb.SelRTF()))), u"abd");
+}
+
+TEST_F(RichText, PageBreaks_AreWrittenOnce_WhateverIsDoneToTheirParagraphs) {
+    const struct {
+        int start, length;
+        base::TextView typed;
+        std::string saved; // a bar for a break within a paragraph, a caret for one in front of it
+    } rows[] = {
+        {4, 0, u"\r\n", "a|b\n\n^c\n"}, {3, 0, u"\r\n", "a|\nb\n^c\n"}, {1, 2, u"", "ab\n^c\n"},
+        {7, 0, u"\r\n", "a|b\n^c\n\n"}, {0, 3, u"", "b\n^c\n"},
+    };
+    for (const auto& row : rows) {
+        rtb.setText(u"");
+        rtb.setSelRTF(u"{\\rtf1 a\\page b\\par\\pagebb c\\par}");
+        select(row.start, row.length);
+        rtb.setSelText(row.typed);
+        select(0, rtb.textLength());
+        const rtf::Document saved = rtf::read(base::toUtf8(rtb.SelRTF()));
+        std::string written;
+        std::size_t at = 0;
+        for (const rtf::Paragraph& paragraph : saved.paragraphs) {
+            written += saved.paragraphFormats[paragraph.format].pageBreakBefore ? "^" : "";
+            for (const char16_t unit : saved.text.substr(at, paragraph.length))
+                written += unit == rtf::pageBreak ? '|' : static_cast<char>(unit);
+            at += paragraph.length;
+            written += '\n';
+        }
+        EXPECT_EQ(written, row.saved);
+    }
 }
 
 TEST_F(RichText, SelRTF_Written_GoesInWithItsParagraphEnds_AndOneChange) {
