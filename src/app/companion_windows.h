@@ -27,8 +27,8 @@ public:
     void unloadForm3() override { bookmarks_.window.unload(); }
     void rememberMedia(base::TextView path) override { recentMedia_.remember(path); }
     bool isRecordingTo(base::TextView path) override { return recorder_.isRecordingTo(path); }
-    base::Text wholeRecording(base::TextView path) override {
-        return recorder_.cutOff().wholeRecording(path);
+    void wholeRecording(base::TextView path, std::function<void(const base::Text&)> play) override {
+        recorder_.cutOff().wholeRecording(path, std::move(play));
     }
 
 private:

@@ -35,7 +35,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       opener_(form1_, session_, desktop.dialogs(), preferences_, companions_), seekBar_(form1_, transport_),
       volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_), videoPicture_(form1_),
       window_(form1_, editor_.form(), bookmarks_.form(), display_, settings_),
-      drop_(form1_, session_, desktop.dialogs()),
+      drop_(form1_, session_, desktop.dialogs(), companions_),
       languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_),
       smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
       cycle_(form1_, transport_, preferences_, companions_),

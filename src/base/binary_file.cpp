@@ -63,6 +63,11 @@ std::uint64_t BinaryFile::length() const {
     return static_cast<std::uint64_t>(about.st_size);
 }
 
+void BinaryFile::writeOut(std::uint64_t position, std::uint64_t count) const {
+    ::sync_file_range(fd_, static_cast<off_t>(position), static_cast<off_t>(count),
+                      SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER);
+}
+
 void BinaryFile::sync() const {
     if (::fdatasync(fd_) != 0)
         fail(errno);

@@ -26,6 +26,9 @@ public:
     void writeAt(std::uint64_t position, std::string_view bytes) const;
     // Bytes. Throws Failure.
     std::uint64_t length() const;
+    // Hands these bytes to the disk and waits for it, so that a later sync has little left. One that fails is
+    // told by that sync.
+    void writeOut(std::uint64_t position, std::uint64_t count) const;
     // Brings what was written to the disk; may take long, and may be called from any thread. Throws Failure.
     void sync() const;
 

@@ -1,5 +1,7 @@
 #include "desktop/lazy_wave_input.h"
 
+#include <utility>
+
 namespace desktop {
 
 namespace {
@@ -32,9 +34,12 @@ void LazyWaveInput::load() {
     }
 }
 
-LazyWaveInput::Result LazyWaveInput::open(const platform::WaveFormat& format) {
+void LazyWaveInput::open(const platform::WaveFormat& format, std::function<void(Result)> opened) {
     load();
-    return engine_ ? engine_->open(format) : noDriver;
+    if (engine_)
+        engine_->open(format, std::move(opened));
+    else
+        opened(noDriver);
 }
 
 void LazyWaveInput::close() {

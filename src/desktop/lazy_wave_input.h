@@ -19,7 +19,7 @@ public:
     // Reads the module in the background, so that the first recording need not wait for it.
     void prepare();
 
-    Result open(const platform::WaveFormat& format) override;
+    void open(const platform::WaveFormat& format, std::function<void(Result)> opened) override;
     void close() override;
     Result prepareHeader(platform::WaveBuffer& buffer) override;
     Result unprepareHeader(platform::WaveBuffer& buffer) override;

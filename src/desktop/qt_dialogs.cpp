@@ -9,9 +9,13 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
+#include <QProgressDialog>
 #include <QTreeView>
+#include <utility>
 
 namespace desktop {
 
@@ -20,6 +24,7 @@ namespace {
 using platform::Answer;
 using platform::BoxStyle;
 
+constexpr std::string_view player = "Form1";
 constexpr int leastTextWidth = 200;    // pixels; with less the title bar has no room for its title
 constexpr qsizetype longestPath = 255; // units; a longer one cannot be returned
 
@@ -110,6 +115,48 @@ void completeNames(QFileDialog& dialog, const QString& extension) {
     });
 }
 
+QString boxText(base::TextView text) {
+    QString lines = qstring(text);
+    return lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+}
+
+class ProgressWindow final : public platform::Progress {
+public:
+    ProgressWindow(const QString& text, const QString& title, std::function<void()> cancelled, QWidget* owner)
+        : window_(new QProgressDialog(owner)) {
+        window_->setObjectName(QStringLiteral("progress"));
+        window_->setWindowTitle(title);
+        auto* const label = new QLabel(text);
+        label->setTextFormat(Qt::PlainText);
+        window_->setLabel(label);
+        window_->setRange(0, steps);
+        window_->setAutoReset(false);
+        window_->setWindowFlag(Qt::WindowStaysOnTopHint);
+        // Who types goes on typing.
+        window_->setAttribute(Qt::WA_ShowWithoutActivating);
+        QObject::connect(window_, &QProgressDialog::canceled, window_, std::move(cancelled));
+        window_->show();
+    }
+    // Later: its own button may be what takes it away. Its owner may have done so before.
+    ~ProgressWindow() override {
+        if (!window_)
+            return;
+        window_->disconnect();
+        window_->hide();
+        window_->deleteLater();
+    }
+
+    void setShare(double share) override {
+        if (window_)
+            window_->setValue(static_cast<int>(share * steps));
+    }
+
+private:
+    static constexpr int steps = 1000;
+
+    const QPointer<QProgressDialog> window_;
+};
+
 } // namespace
 
 Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
@@ -118,15 +165,19 @@ Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle
     box.setIcon(icon(style));
     box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
     box.setTextFormat(Qt::PlainText);
-    QString lines = qstring(text);
-    lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
-    box.setText(lines);
+    box.setText(boxText(text));
     box.setStandardButtons(buttons(style));
     if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
         grid->setColumnMinimumWidth(grid->columnCount() - 1, leastTextWidth);
     // The player stays on top of all windows, and a box behind it would look like a hang.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     return answer(box.exec());
+}
+
+std::unique_ptr<platform::Progress> QtDialogs::showProgress(base::TextView text, base::TextView title,
+                                                            std::function<void()> cancelled) {
+    return std::make_unique<ProgressWindow>(boxText(text), qstring(title), std::move(cancelled),
+                                            window(player));
 }
 
 std::optional<std::uint32_t> QtDialogs::ShowColor(std::string_view owner, std::uint32_t start) {
@@ -161,7 +212,10 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
         dialog.selectFile(qstring(request.fileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
-    const QString chosen = dialog.selectedFiles().constFirst();
+    QString chosen = dialog.selectedFiles().constFirst();
+    if (const QString extension = u'.' + qstring(request.defaultExtension);
+        request.extensionAlways && !chosen.endsWith(extension, Qt::CaseInsensitive))
+        chosen += extension;
     if (chosen.size() > longestPath)
         return {};
     QDir::setCurrent(QFileInfo(chosen).absolutePath());

@@ -10,6 +10,8 @@ namespace desktop {
 class QtDialogs : public platform::Dialogs {
 public:
     platform::Answer messageBox(base::TextView text, base::TextView title, platform::BoxStyle style) override;
+    std::unique_ptr<platform::Progress> showProgress(base::TextView text, base::TextView title,
+                                                     std::function<void()> cancelled) override;
     std::optional<std::uint32_t> ShowColor(std::string_view owner, std::uint32_t start) override;
     base::Text FileDlg(const platform::FileDialogRequest& request) override;
 

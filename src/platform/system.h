@@ -32,7 +32,9 @@ public:
     virtual void endProcess() = 0;
 };
 
-// The setting of LeggiLocale that the program reads: the English name of the user's country.
+// The settings of LeggiLocale that the program reads: the English name of the user's country, and the sign
+// between the whole number and its decimals.
 inline constexpr int localeEnglishCountry = 4098;
+inline constexpr int localeDecimalSign = 14;
 
 } // namespace platform

@@ -43,8 +43,11 @@ public:
     WaveInput& operator=(const WaveInput&) = delete;
     virtual ~WaveInput() = default;
 
-    virtual Result open(const WaveFormat& format) = 0;
-    // Lets the device go. Buffers that are not done are done with; none is reported any more.
+    // Opens the device and calls `opened` with the result: before it returns where the device answers soon,
+    // else on the loop when it answers or is given up. Not at all after a close or another open.
+    virtual void open(const WaveFormat& format, std::function<void(Result)> opened) = 0;
+    // Lets the device go, also one that is being opened. Buffers that are not done are done with; none is
+    // reported any more.
     virtual void close() = 0;
 
     virtual Result prepareHeader(WaveBuffer& buffer) = 0;

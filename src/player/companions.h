@@ -2,6 +2,8 @@
 
 #include "base/text.h"
 
+#include <functional>
+
 namespace player {
 
 // What the player asks of the windows and rooms around it.
@@ -30,8 +32,10 @@ public:
     virtual void rememberMedia(base::TextView path) = 0;
     // True for the file that the recorder writes to.
     virtual bool isRecordingTo(base::TextView path) = 0;
-    // The file to play for this one: the repaired copy of a recording that a crash cut off, else itself.
-    virtual base::Text wholeRecording(base::TextView path) = 0;
+    // Calls `play` with the file to play for this one: the repaired copy of a recording that a crash cut off,
+    // else itself. That is at once, but for a copy that takes long; one that the user gives up, or that is
+    // overtaken by another file, is never played.
+    virtual void wholeRecording(base::TextView path, std::function<void(const base::Text&)> play) = 0;
 };
 
 } // namespace player

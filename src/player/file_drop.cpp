@@ -10,8 +10,8 @@ constexpr std::size_t longestPath = 510; // units; the buffer that takes a drop 
 
 } // namespace
 
-FileDrop::FileDrop(Form1& form, MediaSession& session, platform::Dialogs& dialogs)
-    : form_(form), session_(session), dialogs_(dialogs) {
+FileDrop::FileDrop(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Companions& companions)
+    : form_(form), session_(session), dialogs_(dialogs), companions_(companions) {
     form_.Drop = [this](const std::vector<base::Text>& paths) {
         if (!paths.empty())
             GotADrop(base::TextView(paths.front()).substr(0, longestPath));
@@ -27,11 +27,15 @@ void FileDrop::remove() {
 }
 
 void FileDrop::GotADrop(base::TextView path) {
+    while (!path.empty() && path.back() == u'\0')
+        path.remove_suffix(1);
+    if (!path.empty())
+        companions_.wholeRecording(path, [this](const base::Text& whole) { play(whole); });
+}
+
+void FileDrop::play(const base::Text& path) {
     try {
-        while (!path.empty() && path.back() == u'\0')
-            path.remove_suffix(1);
-        if (!path.empty())
-            session_.vai(path);
+        session_.vai(path);
     } catch (const base::Failure&) {
         dialogs_.messageBox(base::TogliAmp(form_.Lingua(36)), base::TogliAmp(form_.Lingua(37)),
                             platform::BoxStyle::Exclamation);

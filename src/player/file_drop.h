@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dialogs.h"
+#include "player/companions.h"
 #include "player/form1.h"
 #include "player/media_session.h"
 
@@ -10,7 +11,7 @@ namespace player {
 // file that was opened last.
 class FileDrop {
 public:
-    FileDrop(Form1& form, MediaSession& session, platform::Dialogs& dialogs);
+    FileDrop(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Companions& companions);
 
     // From the start of the window on it takes drops, until the exit.
     void install();
@@ -19,9 +20,12 @@ public:
     void GotADrop(base::TextView path);
 
 private:
+    void play(const base::Text& path);
+
     Form1& form_;
     MediaSession& session_;
     platform::Dialogs& dialogs_;
+    Companions& companions_;
 };
 
 } // namespace player

@@ -17,7 +17,7 @@ MediaOpener::MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& 
 void MediaOpener::ApriMedia(base::TextView path) {
     if (form_.cmdPlay.enabled && form_.isPlaying())
         form_.cmdPlay.Click();
-    base::Text chosen = path.empty() ? askForMedia() : base::Text(path);
+    const base::Text chosen = path.empty() ? askForMedia() : base::Text(path);
     if (chosen.empty())
         return;
     base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
@@ -28,7 +28,10 @@ void MediaOpener::ApriMedia(base::TextView path) {
                             platform::BoxStyle::Exclamation);
         return;
     }
-    chosen = companions_.wholeRecording(chosen);
+    companions_.wholeRecording(chosen, [this](const base::Text& whole) { openWhole(whole); });
+}
+
+void MediaOpener::openWhole(const base::Text& chosen) {
     companions_.leaveBookmarks();
     form_.Label4.tag = chosen;
     form_.HoverPlay = 1;

@@ -23,6 +23,8 @@ public:
 
 private:
     base::Text askForMedia();
+    // What follows on the checks, with a file that the player understands.
+    void openWhole(const base::Text& chosen);
 
     Form1& form_;
     MediaSession& session_;

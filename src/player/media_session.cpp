@@ -18,7 +18,7 @@ void MediaSession::vai(base::TextView path) {
     form_.Label4.visible = true;
     form_.Shape3.visible = true;
     if (base::fileExists(path)) {
-        form_.WMP1.setURL(companions_.wholeRecording(path));
+        form_.WMP1.setURL(path);
         form_.WMP1.setCurrentPosition(0);
         form_.Shape1.width = 0;
         form_.Timer1.setInterval(displayPeriod);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace recorder {
 
@@ -16,6 +17,7 @@ namespace {
 
 constexpr int quietAfter = 2000; // ms from the start on
 constexpr int askEvery = 100;    // ms
+constexpr int shortWait = 300;   // ms; a copy that takes longer is waited for with a window
 
 // What the recorder offers before anything is chosen.
 platform::WaveFormat usualFormat() {
@@ -39,47 +41,66 @@ CutOffRecordings::~CutOffRecordings() {
 
 void CutOffRecordings::search(std::vector<base::Text> folders) {
     folders_ = std::move(folders);
-    alarm_->start(quietAfter);
+    searchLeft_ = true;
+    if (!running_.valid())
+        alarm_->start(quietAfter);
 }
 
 void CutOffRecordings::stop() {
     stop_ = true;
+    searchLeft_ = false;
+    play_ = nullptr;
+    progress_.reset();
     alarm_->stop();
+}
+
+void CutOffRecordings::run(std::function<Repairs()> work) {
+    stop_ = false;
+    share_ = 0;
+    running_ = std::async(std::launch::async, std::move(work));
+    alarm_->start(askEvery);
+}
+
+bool CutOffRecordings::isDone() const {
+    return running_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
 }
 
 void CutOffRecordings::tick() {
     if (!running_.valid())
-        begin();
-    else if (running_.wait_for(std::chrono::seconds(0)) == std::future_status::ready)
+        beginSearch();
+    else if (isDone())
         finish();
+    else if (progress_)
+        progress_->setShare(share_);
 }
 
-void CutOffRecordings::begin() {
+void CutOffRecordings::beginSearch() {
     Repairs noted;
-    for (const RecordingJournal::Entry& entry : journal_.entries()) {
-        if (isCutOff(entry.path))
-            noted.push_back({entry.path, entry.format, true});
-        // One that is not there may be on a disk that will come back.
-        else if (base::fileExists(entry.path) && !base::BinaryFile::isHeld(entry.path))
-            base::carryOn([&] { journal_.finished(entry.path); });
-    }
-    running_ = std::async(std::launch::async, [noted = std::move(noted), folders = folders_, this]() mutable {
-        return repairAll(std::move(noted), folders, stop_);
+    for (const RecordingJournal::Entry& entry : journal_.entries())
+        noted.push_back({entry.path, entry.format, true});
+    run([this, noted = std::move(noted), folders = folders_]() mutable {
+        return repairAll(std::move(noted), folders);
     });
-    alarm_->start(askEvery);
 }
 
-CutOffRecordings::Repairs CutOffRecordings::repairAll(Repairs repairs, const std::vector<base::Text>& folders,
-                                                      const std::atomic_bool& stop) {
+CutOffRecordings::Repairs CutOffRecordings::repairAll(Repairs noted, const std::vector<base::Text>& folders) {
+    Repairs repairs;
+    for (Repair& repair : noted) {
+        // One that is not there may be on a disk that will come back.
+        repair.whole =
+            !isCutOff(repair.path) && base::fileExists(repair.path) && !base::BinaryFile::isHeld(repair.path);
+        if (repair.whole || isCutOff(repair.path))
+            repairs.push_back(std::move(repair));
+    }
     for (const base::Text& folder : folders) {
-        for (base::Text& path : cutOffRecordings(folder, stop)) {
+        for (base::Text& path : cutOffRecordings(folder, stop_)) {
             const auto known = [&](const Repair& repair) { return repair.path == path; };
             if (std::none_of(repairs.begin(), repairs.end(), known))
                 repairs.push_back({std::move(path), usualFormat()});
         }
     }
     for (Repair& repair : repairs) {
-        if (!stop)
+        if (!stop_ && !repair.whole)
             carryOut(repair);
     }
     return repairs;
@@ -89,20 +110,59 @@ void CutOffRecordings::finish() {
     if (!running_.valid())
         return;
     alarm_->stop();
+    progress_.reset();
+    const bool given = stop_;
     Repairs repairs = running_.get();
-    // One of a folder that takes no copy would be told at every start.
-    std::erase_if(repairs, [](const Repair& repair) { return !repair.made && !repair.noted; });
+    const base::Text asked = std::exchange(asked_, {});
+    const Play play = std::exchange(play_, nullptr);
+    if (asked.empty()) {
+        searchLeft_ = given && searchLeft_;
+        // One of a folder that takes no copy would be told at every start.
+        std::erase_if(repairs, [](const Repair& repair) { return !repair.made && !repair.noted; });
+    }
     tell(repairs);
+    if (searchLeft_ && !running_.valid())
+        alarm_->start(quietAfter);
+    if (play && !given)
+        play(repairs.front().copy.empty() ? asked : repairs.front().copy);
 }
 
-base::Text CutOffRecordings::wholeRecording(base::TextView path) {
-    if (!isCutOff(path))
-        return base::Text(path);
+void CutOffRecordings::giveUp() {
+    stop_ = true;
+    play_ = nullptr;
     finish();
-    Repair repair = repairOf(path);
-    carryOut(repair);
-    tell({repair});
-    return repair.copy.empty() ? base::Text(path) : repair.copy;
+}
+
+void CutOffRecordings::wholeRecording(base::TextView path, Play play) {
+    progress_.reset();
+    play_ = nullptr; // who asked for another file waits no longer
+    if (!isDamaged(path)) {
+        play(base::Text(path));
+        return;
+    }
+    if (!running_.valid() || asked_ != path) {
+        giveUp();
+        asked_ = path;
+        run([this, repair = repairOf(path)]() mutable {
+            carryOut(repair);
+            return Repairs{std::move(repair)};
+        });
+    }
+    play_ = std::move(play);
+    if (running_.wait_for(std::chrono::milliseconds(shortWait)) == std::future_status::ready)
+        finish();
+    else
+        showProgress(path);
+}
+
+void CutOffRecordings::showProgress(base::TextView path) {
+    const base::Text text = u"The recording\r" + base::Text(path) +
+                            u"\rwas cut off before it was finished. A repaired copy is being made.";
+    progress_ = dialogs_.showProgress(text, base::TogliAmp(Lingua(1)), [this] { giveUp(); });
+}
+
+bool CutOffRecordings::isDamaged(base::TextView path) const {
+    return isCutOff(path) && (hasSoundName(path) || journal_.formatOf(path));
 }
 
 CutOffRecordings::Repair CutOffRecordings::repairOf(base::TextView path) const {
@@ -112,11 +172,15 @@ CutOffRecordings::Repair CutOffRecordings::repairOf(base::TextView path) const {
 
 void CutOffRecordings::carryOut(Repair& repair) {
     try {
-        RepairedCopy copy = repairCutOff(repair.path, repair.format);
+        RepairedCopy copy = repairCutOff(repair.path, repair.format, [this](double share) {
+            share_ = share;
+            return !stop_;
+        });
         repair.copy = std::move(copy.path);
         repair.made = copy.made;
     } catch (const base::Failure& failure) {
-        repair.failure = base::fromUtf8(failure.what());
+        if (!stop_)
+            repair.failure = base::fromUtf8(failure.what());
     }
 }
 
@@ -130,7 +194,9 @@ void CutOffRecordings::tell(const Repairs& repairs) {
                     (repair.noted ? u")." : u", the usual format: its own is not known).");
         else if (!repair.failure.empty())
             text += begin + u"It could not be repaired:\r" + repair.failure;
-        if (!repair.copy.empty())
+        // The note of one that was cut off stays as long as the file: its copy may be deleted or renamed, and
+        // the next one needs the format again.
+        if (repair.whole)
             base::carryOn([&] { journal_.finished(repair.path); });
     }
     if (!text.empty())

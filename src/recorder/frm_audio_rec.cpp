@@ -8,7 +8,6 @@ namespace {
 
 constexpr controls::Color ink = controls::rgb(0x1F, 0x2A, 0x44);
 constexpr controls::Color quiet = controls::rgb(0x5B, 0x67, 0x7D);
-constexpr controls::Color blue = controls::rgb(0, 0, 0xFF);
 constexpr double captionSize = 8.25; // points
 constexpr double clockSize = 15;
 constexpr double counterSize = 9.75;
@@ -58,14 +57,10 @@ void FrmAudioRec::reset() {
     btnStop.caption = u"Stop";
     btnStop.visible = false;
     btnStop.enabled = false;
-    lblState.caption = u"";
-    lblState.foreColor = blue;
-    lblState.fontBold = false;
     lblTime.caption = u"00:00:00";
     lblBytesWritten.caption = u"0 bytes";
     picPeakLeft.width = 0;
     picPeakRight.width = 0;
-    load(Image2, u"lamp.png");
     Image2.visible = false;
     Picture4.visible = false;
 }

@@ -131,6 +131,7 @@ void RecorderWindow::ScegliFileWav() {
     request.title = Lingua(105);
     request.fileName = form_.txtFile.text;
     request.defaultExtension = u"wav";
+    request.extensionAlways = true;
     request.filter = Lingua(123) + u'\0' + u"*.wav";
     request.initialFolder = preferences_.CartellaMedia;
     form_.txtFile.text = dialogs_.FileDlg(request);

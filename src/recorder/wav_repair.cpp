@@ -7,9 +7,11 @@
 #include "recorder/wav_header.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace recorder {
@@ -19,6 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr base::TextView extension = u".wav";
+constexpr std::size_t sliceSize = std::size_t{4} << 20; // bytes
 
 // The bytes at the head of the file, as many as a header has; fewer when the file is shorter.
 std::string headOf(const std::string& path) {
@@ -29,17 +32,14 @@ std::string headOf(const std::string& path) {
     return head;
 }
 
-bool isSound(base::TextView name) {
-    return base::lowered(name.substr(name.size() - std::min(name.size(), extension.size()))) == extension;
-}
-
-// Name number `n` of a copy, from 1.
+// Name number `n` of a copy, from 1. It is always that of a sound.
 base::Text copyName(base::TextView path, int n) {
-    base::Text name(path.substr(0, path.size() - extension.size()));
+    const std::size_t stem = path.size() - (hasSoundName(path) ? extension.size() : 0);
+    base::Text name(path.substr(0, stem));
     name += u" repaired";
     if (n > 1)
         name += u' ' + base::numberText(n);
-    return name + base::Text(path.substr(path.size() - extension.size()));
+    return name + base::Text(stem < path.size() ? path.substr(stem) : extension);
 }
 
 // True when `copy` is the whole of the file at `path` but for its head. One that is older is the copy of
@@ -59,17 +59,41 @@ bool isCopyOf(base::TextView path, base::TextView copy) {
     return head.substr(0, 8) == sizes.substr(0, 8) && head.substr(40) == sizes.substr(40);
 }
 
-[[noreturn]] void fail(const std::error_code& reason) {
-    throw base::Failure(reason.message());
+[[noreturn]] void fail(int reason) {
+    throw base::Failure(std::generic_category().message(reason));
+}
+
+// Copies the bytes slice by slice, each on the disk before the next, so that giving up takes no time.
+void copyBytes(const std::string& from, const base::BinaryFile& to, const GoOn& goOn) {
+    std::ifstream file(from, std::ios::binary);
+    std::error_code failed;
+    const auto length = fs::file_size(from, failed);
+    if (!file || failed)
+        fail(failed ? failed.value() : errno);
+    std::string slice(sliceSize, '\0');
+    for (std::uint64_t position = 0; position < length;) {
+        if (!goOn(static_cast<double>(position) / static_cast<double>(length)))
+            fail(ECANCELED);
+        file.read(slice.data(), static_cast<std::streamsize>(slice.size()));
+        const auto count = static_cast<std::size_t>(file.gcount());
+        if (count == 0)
+            fail(EIO);
+        to.writeAt(position, std::string_view(slice).substr(0, count));
+        to.writeOut(position, count);
+        position += count;
+    }
 }
 
 } // namespace
 
+bool hasSoundName(base::TextView path) {
+    return base::lowered(path.substr(path.size() - std::min(path.size(), extension.size()))) == extension;
+}
+
 bool isCutOff(base::TextView path) {
     const std::string name = base::toUtf8(path);
     std::error_code failed;
-    if (!isSound(path) || !fs::is_regular_file(name, failed) || fs::file_size(name, failed) <= headerSize ||
-        failed)
+    if (!fs::is_regular_file(name, failed) || fs::file_size(name, failed) <= headerSize || failed)
         return false;
     return headOf(name) == std::string(headerSize, '\0') && !base::BinaryFile::isHeld(path);
 }
@@ -80,7 +104,7 @@ std::vector<base::Text> cutOffRecordings(base::TextView folder, const std::atomi
     for (fs::directory_iterator file(base::toUtf8(folder), failed), end; !failed && file != end && !stop;
          file.increment(failed)) {
         const base::Text path = base::fromUtf8(file->path().string());
-        if (isCutOff(path))
+        if (hasSoundName(path) && isCutOff(path))
             found.push_back(path);
     }
     std::sort(found.begin(), found.end());
@@ -97,7 +121,7 @@ std::optional<base::Text> earlierRepair(base::TextView path) {
     }
 }
 
-RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& format) {
+RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& format, const GoOn& goOn) {
     if (auto earlier = earlierRepair(path))
         return {std::move(*earlier), false};
     int n = 1;
@@ -106,20 +130,18 @@ RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& forma
     const base::Text copy = copyName(path, n);
     // Under a name beside it until it is whole; not one of a sound, so that nobody takes it for one.
     const base::Text unfinished = base::createBeside(copy);
-    std::error_code failed;
-    fs::copy_file(base::toUtf8(path), base::toUtf8(unfinished), fs::copy_options::overwrite_existing, failed);
     try {
-        if (failed)
-            fail(failed);
-        base::BinaryFile file(unfinished);
+        const base::BinaryFile file(unfinished);
+        copyBytes(base::toUtf8(path), file, goOn);
         file.writeAt(0, wavHeader(format, file.length()));
         file.sync();
         // The time of the recording: by it the copy is known again.
+        std::error_code failed;
         fs::last_write_time(base::toUtf8(unfinished), fs::last_write_time(base::toUtf8(path), failed),
                             failed);
         fs::rename(base::toUtf8(unfinished), base::toUtf8(copy), failed);
         if (failed)
-            fail(failed);
+            fail(failed.value());
     } catch (const base::Failure&) {
         base::carryOn([&] { base::removeFile(unfinished); });
         throw;

@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "recorder/wav_header.h"
+#include "recorder/wav_repair.h"
 
 #include <algorithm>
 #include <cmath>
@@ -55,7 +56,11 @@ void WaveIn::AvviaCattura(std::int16_t canali, std::int16_t bit, std::int32_t fr
     writer_.describe(Formato, DimBuffer);
     if (writer_.ConFile())
         base::carryOn([&] { journal_.begun(path_, Formato); });
-    UltimoErrore = device_.open(Formato);
+    device_.open(Formato, [this](platform::WaveInput::Result result) { opened(result); });
+}
+
+void WaveIn::opened(platform::WaveInput::Result result) {
+    UltimoErrore = result;
     if (UltimoErrore != 0) {
         errorText_ = base::trimmed(device_.errorText(UltimoErrore));
         dialogs_.messageBox(errorText_, {}, platform::BoxStyle::Plain);
@@ -65,7 +70,9 @@ void WaveIn::AvviaCattura(std::int16_t canali, std::int16_t bit, std::int32_t fr
         device_.prepareHeader(buffer);
         device_.addBuffer(buffer);
     }
-    device_.start();
+    // A device that took its time may answer in a pause.
+    if (!InPausa)
+        device_.start();
 }
 
 void WaveIn::allocateBuffers() {
@@ -126,7 +133,9 @@ void WaveIn::FermaCattura() {
         writer_.ScriviIntestazione();
     if (writer_.ConFile()) {
         writer_.close();
-        base::carryOn([&] { journal_.finished(path_); });
+        // On a disk that took no header the file is to be repaired, and the note has its format.
+        if (!isCutOff(path_))
+            base::carryOn([&] { journal_.finished(path_); });
     }
     capturing_ = false;
 }

@@ -47,6 +47,8 @@ private:
 
     // The device has something to tell: the buffer is written and offered again.
     void ProcCattura(platform::WaveBuffer& buffer);
+    // The device has answered: the rest of the start.
+    void opened(platform::WaveInput::Result result);
     void offerAllBuffers();
     void allocateBuffers();
 

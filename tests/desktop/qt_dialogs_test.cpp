@@ -11,6 +11,8 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QProgressDialog>
+#include <QPushButton>
 #include <QSettings>
 #include <QTest>
 #include <QTimer>
@@ -117,6 +119,26 @@ TEST(MessageBox, OfOneShortWord_LeavesRoomForItsTitle) {
     desktop::QtDialogs().messageBox(u"No.", u"", BoxStyle::Plain);
 }
 
+TEST(Progress, BlocksNothing_AndTellsThatItWasCancelled) {
+    int cancelled = 0;
+    std::unique_ptr<platform::Progress> progress;
+    progress = desktop::QtDialogs().showProgress(u"one\rtwo", u"Title", [&] {
+        ++cancelled;
+        progress.reset();
+    });
+    progress->setShare(0.5);
+    QProgressDialog* window = nullptr;
+    for (QWidget* const widget : QApplication::topLevelWidgets())
+        if (auto* const shown = qobject_cast<QProgressDialog*>(widget); shown && shown->isVisible())
+            window = shown;
+    ASSERT_TRUE(window);
+    EXPECT_FALSE(window->isModal());
+    EXPECT_EQ(window->value() * 2, window->maximum());
+    window->findChild<QPushButton*>()->click();
+    EXPECT_EQ(cancelled, 1);
+    EXPECT_FALSE(progress);
+}
+
 TEST(ShowColor, BeginsWithoutColoursOfItsOwn) {
     QColorDialog::setCustomColor(3, Qt::red); // as a dialog before it leaves one
     whenOpen<QColorDialog>([](QColorDialog& dialog) {
@@ -156,6 +178,26 @@ TEST_F(FileDlgTest, Name_ComesThroughIntact) {
         const base::Text chosen = ask([&](QFileDialog& dialog) { pick(dialog, QString::fromUtf8(name)); });
         EXPECT_EQ(base::toUtf8(chosen), (folder.path() / name).string());
         EXPECT_EQ(QDir::currentPath().toStdString(), folder.path().string());
+    }
+}
+
+TEST_F(FileDlgTest, NameToSaveTo_GetsItsExtension_WhateverPointsItHas) {
+    QWidget other, owner;
+    owner.setObjectName(QStringLiteral("owner"));
+    request.owner = "owner";
+    request.open = false;
+    request.defaultExtension = u"wav";
+    for (const auto& [always, typed, saved] : {std::tuple{true, "Dr. Jones", "Dr. Jones.wav"},
+                                               {true, "Talk.WAV", "Talk.WAV"},
+                                               {false, "letter.txt", "letter.txt"},
+                                               {false, "letter", "letter.wav"}}) {
+        request.extensionAlways = always;
+        const base::Text chosen = ask([&, name = typed](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.parentWidget(), &owner);
+            dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QString::fromUtf8(name));
+            dynamic_cast<QDialog&>(dialog).accept();
+        });
+        EXPECT_EQ(chosen, folder.text(saved));
     }
 }
 

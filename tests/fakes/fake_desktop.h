@@ -34,12 +34,18 @@ public:
     std::deque<std::optional<std::uint32_t>> colors; // cancel when none is left
     std::vector<std::uint32_t> colorStarts;
     std::function<void()> whileOpen = [] {};
+    std::function<void()> cancelProgress; // of the window that was shown last
 
     platform::Answer messageBox(base::TextView text, base::TextView title,
                                 platform::BoxStyle style) override {
         boxes.push_back({base::Text(text), base::Text(title), style});
         whileOpen();
         return next(answers, platform::Answer::OK);
+    }
+    std::unique_ptr<platform::Progress> showProgress(base::TextView, base::TextView,
+                                                     std::function<void()> cancelled) override {
+        cancelProgress = std::move(cancelled);
+        return std::make_unique<NoProgress>();
     }
     std::optional<std::uint32_t> ShowColor(std::string_view, std::uint32_t start) override {
         colorStarts.push_back(start);
@@ -52,6 +58,9 @@ public:
     }
 
 private:
+    struct NoProgress : platform::Progress {
+        void setShare(double) override {}
+    };
     template <typename T>
     static T next(std::deque<T>& laidReady, T otherwise) {
         if (laidReady.empty())
@@ -66,13 +75,16 @@ class FakeSystem : public platform::System {
 public:
     base::Text folder;
     base::Text country = u"United Kingdom";
+    base::Text decimalSign = u".";
     bool alreadyRunning = false;
     bool ended = false;
     int beeps = 0;
 
     base::Text programFolder() const override { return folder; }
     base::Text LeggiLocale(int setting) const override {
-        return setting == platform::localeEnglishCountry ? country : base::Text();
+        return setting == platform::localeEnglishCountry ? country
+               : setting == platform::localeDecimalSign  ? decimalSign
+                                                         : base::Text();
     }
     bool previousInstance() override { return alreadyRunning; }
     void beep() override { ++beeps; }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <utility>
 
 namespace fakes {
 
@@ -14,6 +15,7 @@ public:
 
     Result refusal = 0; // what open answers
     base::Text words;   // for every failure
+    bool slow = false;  // open waits for answer
     platform::WaveFormat format;
 
     // Fills the next buffer of the queue with bytes counted up from `first`, and reports it. False when the
@@ -32,12 +34,21 @@ public:
     }
     std::size_t queued() const { return queue_.size(); }
 
-    Result open(const platform::WaveFormat& wanted) override {
+    void open(const platform::WaveFormat& wanted, std::function<void(Result)> opened) override {
         format = wanted;
-        open_ = refusal == 0;
-        return refusal;
+        opened_ = std::move(opened);
+        if (!slow)
+            answer();
+    }
+    // The answer of a slow device, if somebody waits for it.
+    void answer() {
+        const auto opened = std::exchange(opened_, nullptr);
+        open_ = opened && refusal == 0;
+        if (opened)
+            opened(refusal);
     }
     void close() override {
+        opened_ = nullptr;
         open_ = running_ = false;
         queue_.clear();
     }
@@ -83,6 +94,7 @@ private:
         buffer.dwFlags = Buffer::WHDR_PREPARED | Buffer::WHDR_DONE;
     }
 
+    std::function<void(Result)> opened_; // who waits for the answer
     std::deque<Buffer*> queue_;
     bool open_ = false;
     bool running_ = false;

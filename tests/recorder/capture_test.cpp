@@ -108,6 +108,23 @@ TEST_F(CaptureTest, RefusedDevice_IsToldInItsWords_AndTheRestGoesOnInSilence) {
     EXPECT_EQ(record(2, 16, 44100, 1).size(), 44U + 8192 + 1) << "the device is back";
 }
 
+TEST_F(CaptureTest, SlowDevice_StartsWhenItAnswers_ButNotInAPause_AndNotAfterAStop) {
+    device.slow = true;
+    engine.AvviaCattura(2, 16, 44100, folder.text("a.wav"));
+    engine.PausaCattura();
+    device.answer();
+    EXPECT_FALSE(device.fill()) << "in a pause";
+    engine.PausaCattura();
+    EXPECT_TRUE(device.fill());
+    stop();
+    EXPECT_EQ(folder.read("a.wav").size(), 44U + 8192 + 1);
+    device.refusal = 4;
+    engine.AvviaCattura(2, 16, 44100, folder.text("a.wav"));
+    stop();
+    device.answer();
+    EXPECT_THAT(dialogs.boxes, IsEmpty());
+}
+
 TEST_F(CaptureTest, Target_ThatTakesNothing_IsSkippedInSilence) {
     folder.write("full/x", "");
     for (const base::Text& target : {folder.text("gone/a.wav"), folder.text("full")}) {

@@ -1,9 +1,11 @@
 #include "fakes/workbench.h"
 #include "recorder/recorder_window.h"
 #include "recorder/wav_header.h"
+#include "recorder/wav_repair.h"
 
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 class RecorderTest : public fakes::WorkbenchTest {
 protected:
@@ -33,7 +35,13 @@ protected:
 };
 
 TEST_F(RecorderTest, Journey_RecordPauseResumeStop_ThenCloseWhileRecordingInAnotherFormat) {
+    form().left = 1000;
+    form().top = 500;
     recorder::FrmAudioRec& window = open();
+    EXPECT_EQ(window.left - (form().left + form().width), 30) << "beside the player";
+    EXPECT_EQ(window.top, 500);
+    EXPECT_EQ(window.lblState.foreColor, controls::rgb(0, 0, 255));
+    EXPECT_EQ(window.Image2.picture.get(), desktop.folder.text("Files/lamp.png"));
     record("a.wav");
     EXPECT_EQ(state(), "Start|&En8|&En113 lamp stop");
     EXPECT_EQ(desktop.device.format.samplesPerSec, 44100);
@@ -95,9 +103,15 @@ TEST_F(RecorderTest, FileQuestion_NoKeepsTheFile_YesReplacesIt_EvenTheOneThatPla
     Workbench::open("talk.wav", 60);
     desktop.loop.advance(1000);
     form().cmdRec.Click();
-    EXPECT_FALSE(form().isPlaying());
+    EXPECT_EQ(player.playState(), platform::PlayState::Stopped);
+    form().cmdPlay.Click();
+    desktop.loop.advance(5000);
+    form().cmdPlay.Click();
+    form().cmdRec.Click();
+    EXPECT_EQ(player.playState(), platform::PlayState::Paused) << "one that is paused is left alone";
     desktop.dialogPort.answers = {platform::Answer::No};
     record("talk.wav");
+    EXPECT_EQ(desktop.dialogPort.requests.back().initialFolder, base::currentFolder()) << "of the last file";
     EXPECT_EQ(desktop.folder.read("talk.wav"), "sound");
     EXPECT_EQ(boxes.back().text, u"En53\r\rEn54");
     EXPECT_EQ(state(), "Start|&En8| options") << "nothing was started";
@@ -124,19 +138,25 @@ protected:
     void leave(const std::string& name, std::size_t bytes, const std::string& note = {}) {
         desktop.folder.write(name, std::string(44, '\0') + std::string(bytes, 'a'));
         if (!note.empty())
-            desktop.folder.write("Files/Recordings.ini",
-                                 note + desktop.folder.path().string() + "/" + name + "\r\n");
+            notes += note + desktop.folder.path().string() + "/" + name + "\r\n";
+        desktop.folder.write("Files/Recordings.ini", notes);
     }
     void startAndRepair() {
         EXPECT_TRUE(start());
         desktop.loop.advance(2000);
         program->workstation().recorder().cutOff().finish();
     }
+    std::string notes;
 };
 
 TEST_F(CutOffTest, AtTheStart_ARepairedCopyIsMade_AndTheUserIsToldOnce) {
     leave("talk.wav", 50001, "1,8,11025,");
+    leave("Interview 12.3", 5000, "1,16,48000,");
     leave("Rec 07.WAV", 1000);
+    leave("not a recording", 1000);
+    desktop.folder.write("Interview 12.3 repaired.wav",
+                         recorder::wavHeader(recorder::pcmFormat(1, 16, 48000), 6044) +
+                             std::string(6000, 'b'));
     desktop.folder.write("Rec 07 repaired.WAV", "another file of that name");
     desktop.folder.write("talk repaired.wav.new", "another one");
     leave("empty.wav", 0);
@@ -145,16 +165,22 @@ TEST_F(CutOffTest, AtTheStart_ARepairedCopyIsMade_AndTheUserIsToldOnce) {
     ASSERT_EQ(boxes.size(), 1U);
     const std::string told = base::toUtf8(boxes[0].text);
     EXPECT_THAT(told, HasSubstr("talk repaired.wav\r(11025 Hz, 8 bits, mono)"));
+    EXPECT_THAT(told, HasSubstr("Interview 12.3 repaired 2.wav\r(48000 Hz, 16 bits, mono)"))
+        << "what has its name is the copy of a longer one";
+    EXPECT_THAT(told, Not(HasSubstr("empty")));
+    EXPECT_THAT(told, Not(HasSubstr("not a")));
     EXPECT_THAT(told, HasSubstr("Rec 07 repaired 2.WAV\r(44100 Hz, 16 bits, stereo, the usual format"));
     const std::string copy = desktop.folder.read("talk repaired.wav");
     EXPECT_EQ(copy, recorder::wavHeader(recorder::pcmFormat(1, 8, 11025), 50045) + std::string(50001, 'a'));
     EXPECT_EQ(desktop.folder.read("talk.wav"), std::string(44, '\0') + std::string(50001, 'a'));
     EXPECT_EQ(desktop.folder.read("talk repaired.wav.new"), "another one");
     EXPECT_EQ(desktop.folder.read("empty.wav").size(), 44U);
-    EXPECT_FALSE(base::fileExists(desktop.folder.text("Files/Recordings.ini")));
     startAndRepair();
     EXPECT_EQ(boxes.size(), 1U);
     EXPECT_FALSE(base::fileExists(desktop.folder.text("talk repaired 2.wav")));
+    std::filesystem::rename(desktop.folder.path() / "talk repaired.wav", desktop.folder.path() / "my.wav");
+    startAndRepair();
+    EXPECT_EQ(desktop.folder.read("talk repaired.wav"), copy) << "its format is known still";
     leave("talk.wav", 50001);
     startAndRepair();
     EXPECT_TRUE(base::fileExists(desktop.folder.text("talk repaired 2.wav")))
@@ -170,6 +196,14 @@ TEST_F(CutOffTest, OneOnADiskThatIsAway_KeepsItsFormat) {
     startAndRepair();
     ASSERT_EQ(boxes.size(), 1U);
     EXPECT_THAT(base::toUtf8(boxes[0].text), HasSubstr("(8000 Hz, 8 bits, mono)"));
+}
+
+TEST_F(CutOffTest, CopyThatIsGivenUp_LeavesNothing) {
+    leave("talk.wav", 3000);
+    EXPECT_THROW(recorder::repairCutOff(desktop.folder.text("talk.wav"), {}, [](double) { return false; }),
+                 base::Failure);
+    EXPECT_FALSE(base::fileExists(desktop.folder.text("talk repaired.wav")));
+    EXPECT_FALSE(base::fileExists(desktop.folder.text("talk repaired.wav.new")));
 }
 
 TEST_F(CutOffTest, Opened_ItsRepairedCopyPlays) {

@@ -77,6 +77,16 @@ TEST_F(RealCapture, NoDevice_IsToldInWords_AndLeavesTheEmptyRecording) {
     }
 }
 
+TEST_F(RealCapture, ServerThatHangsAtTheStart_IsToldWhileTheLoopRunsOn) {
+    const Format format{44100, 16, 2};
+    startServer({format});
+    ::kill(static_cast<pid_t>(server->processId()), SIGSTOP);
+    const auto recording = record(format, 90, "a.wav");
+    EXPECT_TRUE(recording->waitForReadyRead(3000)) << "the start is over, and does not wait for the device";
+    EXPECT_EQ(capture::outputOf(*recording),
+              "started\n0 buffers, 0 losses, latest 0 ms late\nDevice unavailable\n");
+}
+
 TEST_F(RealCapture, DeviceThatVanishesOrHangs_StaysSilent_AndWhatWasCapturedIsWhole) {
     const Format format{44100, 16, 2};
     folder.write("noise", capture::noise(format.bytesPerSecond() * 6));
@@ -114,7 +124,8 @@ TEST_F(RealCapture, KilledRecording_IsRepaired_ButForItsLastMoments) {
     ASSERT_EQ(journal.entries().size(), 1U);
     const auto noted = journal.entries().front();
     ASSERT_TRUE(recorder::isCutOff(noted.path));
-    const recorder::RepairedCopy copy = recorder::repairCutOff(noted.path, noted.format);
+    const recorder::RepairedCopy copy =
+        recorder::repairCutOff(noted.path, noted.format, [](double) { return true; });
     EXPECT_EQ(capture::said(SOXI, {"-r", base::toUtf8(copy.path)}), "22050");
     EXPECT_EQ(folder.read("a.wav"), damaged) << "the original stays";
     EXPECT_GT(alike(folder.read("a repaired.wav"), folder.read("noise"), format), format.rate)

@@ -87,8 +87,22 @@ PortAudioDevice::~PortAudioDevice() {
     stop();
     if (!stream_)
         return;
+    const std::lock_guard alone(library());
     Pa_CloseStream(stream_);
     Pa_Terminate();
+}
+
+std::mutex& PortAudioDevice::library() {
+    static std::mutex mutex;
+    return mutex;
+}
+
+int PortAudioDevice::unavailable() {
+    return paDeviceUnavailable;
+}
+
+std::string PortAudioDevice::unavailableText() {
+    return Pa_GetErrorText(paDeviceUnavailable);
 }
 
 void PortAudioDevice::fail(int error) {
@@ -108,7 +122,7 @@ PortAudioDevice::Reading::Reading(const PortAudioDevice& device, std::function<v
 
 void PortAudioDevice::start(std::function<void()> arrived) {
     stop();
-    if (!stream_ || Pa_StartStream(stream_) != paNoError)
+    if (!stream_)
         return;
     reading_ = std::make_shared<Reading>(*this, std::move(arrived));
     reader_ = std::thread([reading = reading_, frames = chunkFrames_] { read(*reading, frames); });
@@ -132,7 +146,9 @@ std::size_t PortAudioDevice::take(std::uint8_t* bytes, std::size_t most) {
 }
 
 void PortAudioDevice::read(Reading& reading, std::size_t frames) {
-    while (true) {
+    // Also a sound system that hangs at the start of a stream holds up this thread alone.
+    bool runs = Pa_StartStream(reading.stream) == paNoError;
+    while (runs) {
         // A read waits for its sound, from a source that is suspended for ever, and nobody could stop it.
         const signed long available = Pa_GetStreamReadAvailable(reading.stream);
         if (available >= 0 && available < static_cast<signed long>(frames)) {
@@ -145,9 +161,9 @@ void PortAudioDevice::read(Reading& reading, std::size_t frames) {
             ++*reading.overflows;
         else if (result != paNoError)
             break; // the device has gone: nothing more comes, which is all there is to tell
-        if (!reading.store.put(reading.chunk.data(), reading.chunk.size()))
-            break;
-        reading.arrived();
+        runs = reading.store.put(reading.chunk.data(), reading.chunk.size());
+        if (runs)
+            reading.arrived();
     }
     Pa_AbortStream(reading.stream);
     reading.ended.set_value();

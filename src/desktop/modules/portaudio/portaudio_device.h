@@ -44,7 +44,11 @@ private:
 // loses none.
 class PortAudioDevice {
 public:
-    // Looks for the devices anew. On failure there is no stream, and error() says why.
+    // To be held while one is made: PortAudio opens and closes for one thread at a time.
+    static std::mutex& library();
+
+    // Looks for the devices anew, which takes as long as the sound system does. On failure there is no
+    // stream, and error() says why.
     explicit PortAudioDevice(const platform::WaveFormat& format);
     PortAudioDevice(const PortAudioDevice&) = delete;
     PortAudioDevice& operator=(const PortAudioDevice&) = delete;
@@ -53,6 +57,10 @@ public:
     // PortAudio's number of the failure, 0 when the stream is open; its words for it.
     int error() const { return error_; }
     const std::string& errorText() const { return errorText_; }
+
+    // The same for a device that cannot be had.
+    static int unavailable();
+    static std::string unavailableText();
 
     // Calls `arrived` on the reading thread whenever there is sound to take.
     void start(std::function<void()> arrived);

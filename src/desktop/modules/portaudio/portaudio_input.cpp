@@ -2,6 +2,9 @@
 
 #include <QMetaObject>
 #include <algorithm>
+#include <chrono>
+#include <thread>
+#include <utility>
 
 namespace desktop {
 
@@ -14,20 +17,90 @@ constexpr int invalidHandle = 5;
 constexpr int stillPlaying = 33;
 constexpr int unprepared = 34;
 
+constexpr std::chrono::milliseconds shortWait(500); // for a device; nobody sees it
+constexpr std::chrono::seconds patience(5);         // with a device: then it is unavailable
+
 } // namespace
 
-PortAudioInput::Result PortAudioInput::open(const platform::WaveFormat& format) {
+PortAudioInput::PortAudioInput() {
+    givesUp_.setSingleShot(true);
+    givesUp_.setInterval(patience);
+    connect(&givesUp_, &QTimer::timeout, this, [this] { answer(nullptr); });
+}
+
+PortAudioInput::~PortAudioInput() {
+    forgetOpening();
+}
+
+void PortAudioInput::open(const platform::WaveFormat& format, std::function<void(Result)> opened) {
     close();
-    device_ = std::make_unique<PortAudioDevice>(format);
-    const Result failed = device_->error();
+    opened_ = std::move(opened);
+    const auto opening = opening_ = std::make_shared<Opening>();
+    opening->asker = this;
+    std::thread([opening, format] { openDevice(opening, format); }).detach();
+    std::unique_lock lock(opening->mutex);
+    const bool soon = opening->answered.wait_for(lock, shortWait, [&] { return bool(opening->device); });
+    lock.unlock();
+    if (soon)
+        takeAnswer();
+    else
+        givesUp_.start();
+}
+
+void PortAudioInput::openDevice(const std::shared_ptr<Opening>& opening, const platform::WaveFormat& format) {
+    const auto isWanted = [&] {
+        const std::lock_guard lock(opening->mutex);
+        return opening->asker != nullptr;
+    };
+    std::unique_ptr<PortAudioDevice> device;
+    {
+        // Behind one that hangs still, whose asker has gone.
+        const std::lock_guard alone(PortAudioDevice::library());
+        if (isWanted())
+            device = std::make_unique<PortAudioDevice>(format);
+    }
+    const std::lock_guard lock(opening->mutex);
+    if (!opening->asker)
+        return; // the device is closed here
+    opening->device = std::move(device);
+    opening->answered.notify_one();
+    QMetaObject::invokeMethod(
+        opening->asker,
+        [asker = opening->asker, opening] {
+            if (asker->opening_ == opening)
+                asker->takeAnswer();
+        },
+        Qt::QueuedConnection);
+}
+
+void PortAudioInput::takeAnswer() {
+    answer(std::move(opening_->device));
+}
+
+void PortAudioInput::answer(std::unique_ptr<PortAudioDevice> device) {
+    forgetOpening();
+    device_ = std::move(device);
+    const Result failed = device_ ? device_->error() : PortAudioDevice::unavailable();
     if (failed != 0) {
-        errorText_ = base::fromUtf8(device_->errorText());
+        errorText_ = base::fromUtf8(device_ ? device_->errorText() : PortAudioDevice::unavailableText());
         device_.reset();
     }
-    return failed;
+    if (const auto opened = std::exchange(opened_, nullptr))
+        opened(failed);
+}
+
+void PortAudioInput::forgetOpening() {
+    givesUp_.stop();
+    const auto opening = std::exchange(opening_, nullptr);
+    if (!opening)
+        return;
+    const std::lock_guard lock(opening->mutex);
+    opening->asker = nullptr;
 }
 
 void PortAudioInput::close() {
+    forgetOpening();
+    opened_ = nullptr;
     device_.reset();
     queue_.clear();
 }
