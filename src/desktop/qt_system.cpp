@@ -26,9 +26,12 @@ QtSystem::~QtSystem() {
 }
 
 base::Text QtSystem::LeggiLocale(int setting) const {
+    const QLocale locale = QLocale::system();
+    if (setting == platform::localeDecimalSign)
+        return text(locale.decimalPoint());
     if (setting != platform::localeEnglishCountry)
         return {};
-    const QLocale::Territory country = QLocale::system().territory();
+    const QLocale::Territory country = locale.territory();
     return country == QLocale::AnyTerritory ? base::Text() : text(QLocale::territoryToString(country));
 }
 

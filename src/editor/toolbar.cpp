@@ -20,9 +20,18 @@ std::vector<base::Text> fontSizes() {
     return sizes;
 }
 
-bool isNumeric(const base::Text& text) {
-    const base::Text trimmed = base::trimmed(text);
-    return !trimmed.empty() && trimmed.find_first_not_of(u"0123456789.") == base::Text::npos;
+// The number that this text is, less blanks around it: digits with at most one decimal sign. 0 when it is
+// none.
+double number(const base::Text& text, base::TextView decimalSign) {
+    base::Text digits = base::trimmed(text);
+    const auto sign = digits.find(decimalSign);
+    const auto isWhole = [](base::TextView part) {
+        return part.find_first_not_of(u"0123456789") == base::TextView::npos;
+    };
+    if (sign == base::Text::npos)
+        return isWhole(digits) ? base::val(digits) : 0;
+    digits.replace(sign, decimalSign.size(), u".");
+    return isWhole(digits.substr(0, sign)) && isWhole(digits.substr(sign + 1)) ? base::val(digits) : 0;
 }
 
 } // namespace
@@ -147,9 +156,10 @@ void Toolbar::Combo1_Change() {
 }
 
 void Toolbar::Combo2_Change() {
-    const base::Text& typed = form_.Combo2.text;
-    if (isNumeric(typed) && base::val(typed) != 0)
-        base::carryOn([&] { form_.RTB.setSelFontSize(base::val(typed)); });
+    const base::Text sign = system_.LeggiLocale(platform::localeDecimalSign);
+    const double size = number(form_.Combo2.text, sign.empty() ? u"." : base::TextView(sign));
+    if (size != 0)
+        base::carryOn([&] { form_.RTB.setSelFontSize(size); });
 }
 
 } // namespace editor

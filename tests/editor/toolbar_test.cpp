@@ -35,7 +35,10 @@ TEST_F(ToolbarTest, SizeStep_WithoutASizeOrBelowTheLeast_ChangesNothing) {
 TEST_F(ToolbarTest, FontBoxes_TakeWhatTheirRulesTake) {
     EXPECT_THAT(form.Combo1.items.get(), ElementsAre(u"Arial", u"Courier New"))
         << "the list begins with the second font";
-    for (const base::Text typed : {u"0", u"abc", u"", u"1x", u"13"}) {
+    for (const base::Text typed :
+         {u"0", u"abc", u"", u"1x", u".", u"1.2.3", u"9,5", u" 10.5 ", u"|", u"9.5", u"9,5"}) {
+        if (typed == u"|")
+            desktop.systemPort.decimalSign = u",";
         form.Combo2.text = typed;
         form.Combo2.Change();
     }
@@ -43,7 +46,7 @@ TEST_F(ToolbarTest, FontBoxes_TakeWhatTheirRulesTake) {
         form.Combo1.text = name;
         form.Combo1.Change();
     }
-    EXPECT_THAT(text.commands, ElementsAre("size 13", "font Courier New"));
+    EXPECT_THAT(text.commands, ElementsAre("size 10.5", "size 9.5", "font Courier New"));
 }
 
 TEST_F(ToolbarTest, Colour_BeginsOnBlackEachTime_AndCancelLeavesIt) {

@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/files.h"
+#include "base/numbers.h"
 #include "platform/rich_text.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ public:
         if (points < 1)
             throw base::Failure("Invalid property value");
         size = points;
-        commands.push_back("size " + std::to_string(static_cast<int>(points)));
+        commands.push_back("size " + base::toUtf8(base::numberText(points)));
     }
     void setSelColor(std::uint32_t color) override { commands.push_back("color " + std::to_string(color)); }
     platform::Setting SelBold() const override { return style; }
