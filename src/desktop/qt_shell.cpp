@@ -1,14 +1,15 @@
 #include "desktop/qt_shell.h"
 
 #include "desktop/conversions.h"
+#include "desktop/notice.h"
 
-#include <QApplication>
 #include <QDesktopServices>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
+#include <algorithm>
+#include <vector>
 
 namespace desktop {
 
@@ -17,22 +18,31 @@ namespace {
 struct Panel {
     const char* program;
     QStringList arguments;
+    const char* desktop = nullptr; // whose own settings these are; the others are good anywhere
 };
 
-const std::vector<Panel>& soundPanels() {
-    static const QStringList kde = {QStringLiteral("kcm_pulseaudio")};
-    static const std::vector<Panel> panels = {
-        {"pwvucontrol", {}},     {"pavucontrol", {}},
-        {"pavucontrol-qt", {}},  {"gnome-control-center", {QStringLiteral("sound")}},
-        {"systemsettings", kde}, {"systemsettings5", kde},
-        {"kcmshell6", kde},      {"kcmshell5", kde},
+// Those that somebody installed for their own sake, then those of this desktop, then those of another: of
+// some it takes no more than the program to be there.
+std::vector<Panel> soundPanels() {
+    const QStringList sound = {QStringLiteral("sound")};
+    const QStringList kde = {QStringLiteral("kcm_pulseaudio")};
+    std::vector<Panel> panels = {
+        {"pwvucontrol", {}},
+        {"pavucontrol", {}},
+        {"pavucontrol-qt", {}},
+        {"gnome-control-center", sound, "GNOME"},
+        {"cinnamon-settings", sound, "X-Cinnamon"},
+        {"mate-volume-control", {}, "MATE"},
+        {"systemsettings", kde, "KDE"},
+        {"systemsettings5", kde, "KDE"},
+        {"kcmshell6", kde, "KDE"},
+        {"kcmshell5", kde, "KDE"},
     };
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    std::stable_partition(panels.begin(), panels.end(), [&](const Panel& panel) {
+        return !panel.desktop || desktops.contains(QLatin1String(panel.desktop), Qt::CaseInsensitive);
+    });
     return panels;
-}
-
-// The language files may bring words for these texts too.
-QString inLanguage(const char* words) {
-    return QCoreApplication::translate("Shell", words);
 }
 
 } // namespace
@@ -41,9 +51,9 @@ void QtShell::open(base::TextView target) {
     const QString name = qstring(target);
     const bool isFile = name.startsWith(u'/');
     if (isFile && !QFileInfo::exists(name))
-        tell(inLanguage("This file does not exist: %1").arg(name));
+        notify("This file does not exist: %1", name);
     else if (!QDesktopServices::openUrl(isFile ? QUrl::fromLocalFile(name) : QUrl(name)))
-        tell(inLanguage("No program was found that opens this: %1").arg(name));
+        notify("No program was found that opens this: %1", name);
 }
 
 void QtShell::openSoundSettings() {
@@ -52,19 +62,9 @@ void QtShell::openSoundSettings() {
         if (!program.isEmpty() && QProcess::startDetached(program, panel.arguments))
             return;
     }
-    tell(inLanguage("No sound settings were found on this system. One of these programs opens them: %1")
-             .arg(QStringLiteral("pwvucontrol, pavucontrol, gnome-control-center, systemsettings")));
-}
-
-void QtShell::tell(const QString& message) {
-    auto* const box =
-        new QMessageBox(QMessageBox::Warning, QApplication::applicationName(), message, QMessageBox::Ok);
-    box->setObjectName(QStringLiteral("shellBox"));
-    box->setTextFormat(Qt::PlainText);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setWindowFlag(Qt::WindowStaysOnTopHint);
-    box->setModal(false);
-    box->show();
+    notify("No sound settings were found on this system. One of these programs opens them: %1",
+           QStringLiteral("pwvucontrol, pavucontrol, gnome-control-center, cinnamon-settings, "
+                          "mate-volume-control, systemsettings"));
 }
 
 } // namespace desktop

@@ -13,8 +13,10 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTimer>
+#include <csignal>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 using platform::PrinterProperty;
 
@@ -140,17 +142,42 @@ TEST_F(Printing, WhatCannotBePrintedOn_IsAFailure_AndNothingOfADocumentOfNothing
     rtb.setText(u"one");
     settings.file = folder.text("no such folder/out.pdf");
     EXPECT_THROW(print(), base::Failure);
+    // A disk, and a memory, that takes a hundred bytes.
+    settings.file = folder.text("out.pdf");
+    folder.write("out.pdf", "what was printed before");
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit full{100, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &full);
+    EXPECT_THROW(print(), base::Failure);
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(folder.read("out.pdf"), "what was printed before");
+    int told = 0;
+    for (QWidget* const widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == QStringLiteral("notice") && widget->isVisible()) {
+            ++told;
+            widget->close();
+        }
+    }
+    EXPECT_EQ(told, 2) << "Nobody would miss a file.";
     EXPECT_THROW(printer.setPrinter(u"Nowhere"), base::Failure);
     EXPECT_EQ(printer.DeviceName(), desktop::pdfPrinter);
 }
 
 TEST_F(Printing, TheDialog_WithoutPrinters_OffersAFile_AndTellsWhatWasChosen) {
-    printer.set(PrinterProperty::File, settings);
+    settings.Copies = 2;
+    settings.PrintQuality = 300;
+    for (const auto property :
+         {PrinterProperty::File, PrinterProperty::Copies, PrinterProperty::PrintQuality})
+        printer.set(property, settings);
     QTimer::singleShot(0, qApp, [this] {
         auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
         EXPECT_EQ(dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->text().toStdString(),
                   folder.path().string() + "/a-b.pdf");
-        dialog.findChild<QSpinBox*>(QStringLiteral("copies"))->setValue(3);
+        auto& copies = *dialog.findChild<QSpinBox*>(QStringLiteral("copies"));
+        EXPECT_EQ(copies.value(), 2);
+        copies.setValue(3);
         QTimer::singleShot(0, &dialog, [] {
             auto& page = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
             EXPECT_EQ(page.objectName(), QStringLiteral("pageSetup"));
@@ -165,6 +192,7 @@ TEST_F(Printing, TheDialog_WithoutPrinters_OffersAFile_AndTellsWhatWasChosen) {
     EXPECT_EQ(choice->deviceName, desktop::pdfPrinter);
     EXPECT_EQ(choice->settings.file, folder.text("a-b.pdf"));
     EXPECT_EQ(choice->settings.Copies, 3);
+    EXPECT_EQ(choice->settings.PrintQuality, 300);
     EXPECT_EQ(choice->settings.Orientation, platform::PageOrientation::Landscape);
     EXPECT_NEAR(choice->settings.margins.left, 1134, 10);
 }

@@ -5,7 +5,7 @@ source "$(dirname "$0")/lib.sh"
 
 # Programs that note what they are asked to open, in place of the desktop's own.
 mkdir "$scratch/bin"
-for program in xdg-open pavucontrol; do
+for program in xdg-open pavucontrol mate-volume-control cinnamon-settings; do
   printf '#!/bin/sh\necho "%s ${QT_QPA_PLATFORM-none} $*" >>"%s/opened"\n' "$program" "$scratch" >"$scratch/bin/$program"
   chmod +x "$scratch/bin/$program"
 done
@@ -60,9 +60,14 @@ expect_soon "the player is back" 10 '[[ $(titles) == Quillmere ]]'
 quit_program
 
 rm "$scratch/bin/pavucontrol"
-start_program "$folder"
+XDG_CURRENT_DESKTOP=MATE start_program "$folder"
 player=$window
-if ! type -P pwvucontrol pavucontrol pavucontrol-qt gnome-control-center systemsettings{,5} kcmshell{6,5} >/dev/null; then
+if ! type -P pwvucontrol pavucontrol pavucontrol-qt >/dev/null; then
+  key F9
+  opens mate-volume-control "" # of the desktop's own, and not of the one before it in the list
+fi
+rm "$scratch/bin/"{mate-volume-control,cinnamon-settings}
+if ! type -P pwvucontrol pavucontrol{,-qt} {gnome-control-center,cinnamon-settings,mate-volume-control} systemsettings{,5} kcmshell{6,5} >/dev/null; then
   key F9
   expect_soon "it says that there are no sound settings" 10 '[[ $(titles) == Quillmere,Quillmere ]]'
   screenshot no_sound_settings

@@ -11,6 +11,7 @@
 #include "desktop/editor/selection_formats.h"
 #include "desktop/editor/text_search.h"
 #include "desktop/editor/text_units.h"
+#include "desktop/notice.h"
 #include "desktop/print_device.h"
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
@@ -289,7 +290,15 @@ void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {
     const TextRange range = selectedRange();
     const bool all = range.begin == range.end;
     const auto pages = documentOfRtf(all ? rtfOf(*document_) : rtfOf(*document_, range), font());
-    printPages(*pages, static_cast<QtPrintDevice&>(hDC).paper());
+    auto& device = static_cast<QtPrintDevice&>(hDC);
+    printPages(*pages, device.paper());
+    try {
+        device.finish();
+    } catch (const base::Failure& failure) {
+        // The rooms pass over it, and a file does not show that it is missing, as paper does.
+        notify("This file could not be written: %1", QString::fromUtf8(failure.what()));
+        throw;
+    }
 }
 
 std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t> start, int options) {

@@ -1,6 +1,7 @@
 #include "qt_printer.h"
 
 #include "base/carry_on.h"
+#include "base/files.h"
 #include "desktop/conversions.h"
 #include "print_dialog.h"
 
@@ -8,12 +9,20 @@
 #include <QPrinterInfo>
 #include <QWidget>
 #include <algorithm>
+#include <cerrno>
+#include <string>
+#include <string_view>
+#include <sys/mman.h>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
 
 namespace desktop {
 
 namespace {
 
 constexpr int mostCopies = 999;
+constexpr std::string_view pdfEnd = "%%EOF";
 
 QWidget* windowNamed(std::string_view name) {
     const QString wanted = qstring(name);
@@ -96,7 +105,13 @@ platform::PrintDevice& QtPrinter::hDC() {
     // A printer may have gone since it was chosen. Qt would print on another one, or wait for nobody.
     setPrinter(base::Text(deviceName_));
     job_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    apply(*job_, {deviceName_, settings_});
+    pdf_.reset();
+    platform::PrinterSettings settings = settings_;
+    if (deviceName_ == pdfPrinter) {
+        pdf_ = std::make_unique<MemoryFile>();
+        settings.file = pdf_->path();
+    }
+    apply(*job_, {deviceName_, settings});
     job_->setDocName(document_);
     job_->setCreator(QApplication::applicationName());
     return *this;
@@ -104,6 +119,30 @@ platform::PrintDevice& QtPrinter::hDC() {
 
 QPagedPaintDevice& QtPrinter::paper() {
     return *job_;
+}
+
+void QtPrinter::finish() {
+    const auto pdf = std::move(pdf_);
+    if (!pdf)
+        return;
+    const std::string bytes = base::readFile(pdf->path());
+    // Qt does not tell when it could not write all of it.
+    if (bytes.find(pdfEnd, bytes.size() - std::min(bytes.size(), 2 * pdfEnd.size())) == std::string::npos)
+        throw base::Failure(std::generic_category().message(ENOMEM) + ": " + base::toUtf8(settings_.file));
+    base::replaceFile(settings_.file, bytes);
+}
+
+QtPrinter::MemoryFile::MemoryFile() : fd_(::memfd_create("pdf", MFD_CLOEXEC)) {
+    if (fd_ < 0)
+        throw base::Failure(std::generic_category().message(errno));
+}
+
+QtPrinter::MemoryFile::~MemoryFile() {
+    ::close(fd_);
+}
+
+base::Text QtPrinter::MemoryFile::path() const {
+    return base::fromUtf8("/proc/self/fd/" + std::to_string(fd_));
 }
 
 } // namespace desktop

@@ -23,12 +23,29 @@ public:
     platform::PrintDevice& hDC() override;
 
 private:
+    // A file of the process's own, without a name, which is gone when it is closed.
+    class MemoryFile {
+    public:
+        MemoryFile();
+        MemoryFile(const MemoryFile&) = delete;
+        MemoryFile& operator=(const MemoryFile&) = delete;
+        ~MemoryFile();
+
+        // By which it can be opened like any other file.
+        base::Text path() const;
+
+    private:
+        int fd_;
+    };
+
     QPagedPaintDevice& paper() override;
+    void finish() override;
 
     base::Text deviceName_;
     platform::PrinterSettings settings_;
     QString document_; // name of the job
     std::unique_ptr<QPrinter> job_;
+    std::unique_ptr<MemoryFile> pdf_; // what a job without paper writes; complete, it becomes the file
 };
 
 } // namespace desktop
