@@ -68,6 +68,23 @@ TEST(Links, Guide_GoesByTheLanguageFile_InAnyCase) {
         EXPECT_EQ(outside::guideLanguage(file), code);
 }
 
+TEST_F(OutsideTest, Commands_OpenTheirPages_AndThePlayerStandsAside) {
+    const std::string site = "https://www.brackenloft.example";
+    const std::string folder = desktop.folder.path().string();
+    const std::pair<controls::MenuItem&, std::string> rows[] = {
+        {form().mnuAggiornamenti, site + "/quillmere.html"},
+        {form().mnuAggLingua, site + "/quillmere-languages.html"},
+        {form().mnuFaiDonazione, site + "/donazioni--donation.html"},
+        {form().mnuGuida, folder + "/Files/Help-en.html"},
+        {form().mnuVersioni, folder + "/Versioni.txt"}};
+    for (const auto& [command, target] : rows) {
+        form().windowState = controls::WindowState::Normal;
+        command.Click();
+        EXPECT_EQ(opened.back(), target);
+        EXPECT_EQ(form().windowState, controls::WindowState::Minimised);
+    }
+}
+
 class AboutBoxTest : public OutsideTest {
 protected:
     outside::FrmInformazioni& open() {
@@ -102,6 +119,7 @@ TEST_F(AboutBoxTest, Windows_MakeRoom_AndThoseThatTheMenusNameComeBack) {
 }
 
 TEST_F(AboutBoxTest, Caption_KeepsTheDotsAtItsEnd) {
+    EXPECT_EQ(open().lblVersion.caption.get(), outside::programVersion.shown());
     for (const auto& [entry, caption] : {std::pair{"&About...", u"About..."}, {"...About us", u"...About"}}) {
         desktop.layLanguage("English.lng", 136, {{19, entry}});
         start();
