@@ -1,13 +1,10 @@
 #include "editor/editor_keys.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace editor {
 
 namespace {
-
-using Routine = std::function<void()>;
 
 // Key codes; a letter is its own.
 enum Key {
@@ -20,18 +17,22 @@ enum Key {
     f8 = 119,
     f9 = 120,
     f11 = 122,
+    f12 = 123,
 };
 
 constexpr int rightMouseButton = 2;
 
 // Letters that act when they are released: what the control itself would do with them at the press never
 // runs.
-constexpr base::TextView actOnRelease = u"XCVZIY";
+bool actsOnRelease(int keyCode) {
+    constexpr base::TextView letters = u"XCVZIY";
+    return letters.find(static_cast<char16_t>(keyCode)) != base::TextView::npos;
+}
 
 constexpr base::TextView italian = u"italiano.lng";
 
 // A command whose room is not there does nothing.
-void run(const Routine& routine) {
+void run(const std::function<void()>& routine) {
     if (routine)
         routine();
 }
@@ -39,7 +40,16 @@ void run(const Routine& routine) {
 } // namespace
 
 EditorKeys::EditorKeys(Form2& form, Toolbar& toolbar, player::Form1& player)
-    : form_(form), toolbar_(toolbar), player_(player) {
+    : form_(form), toolbar_(toolbar),
+      player_(player), pressRows_{{{player.mnuAddBM.Click, 'M', true},
+                                   {player.mnuApri.Click, 'O', true},
+                                   {player.mnuEsci.Click, 'Q', true},
+                                   {player.mnuLingua.Click, 'W', true},
+                                   {player.mnuInfo.Click, f1, true},
+                                   {player.mnuChiudi.Click, f4, true},
+                                   {player.mnuDiminuisciVelocità.Click, f6, false},
+                                   {player.mnuAumentaVelocità.Click, f7, false}}} {
+    form_.RTB.TakesKey = [this](const platform::KeyEvent& key) { return RTB_TakesKey(key); };
     form_.RTB.KeyDown = [this](platform::KeyEvent& key) { RTB_KeyDown(key); };
     form_.RTB.KeyUp = [this](const platform::KeyEvent& key) { RTB_KeyUp(key); };
     form_.RTB.EditKey = [this](platform::EditCommand command) { RTB_EditKey(command); };
@@ -47,11 +57,17 @@ EditorKeys::EditorKeys(Form2& form, Toolbar& toolbar, player::Form1& player)
     form_.KeyDown = [this](const platform::KeyEvent& key) { Form_KeyDown(key); };
 }
 
+bool EditorKeys::RTB_TakesKey(const platform::KeyEvent& key) const {
+    if (key.keyCode >= f1 && key.keyCode <= f12)
+        return true;
+    return key.shift == platform::controlKey && (pressRow(key.keyCode) || actsOnRelease(key.keyCode));
+}
+
 void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
     if (key.shift == platform::controlKey) {
         if (givesPlayerCommand(key))
             return;
-        if (actOnRelease.find(static_cast<char16_t>(key.keyCode)) != base::TextView::npos)
+        if (actsOnRelease(key.keyCode))
             key = {};
     }
     if (key.keyCode != f3 && key.keyCode != f4)
@@ -60,26 +76,16 @@ void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
     key.keyCode = 0;
 }
 
+const EditorKeys::PressRow* EditorKeys::pressRow(int keyCode) const {
+    const auto row = std::find_if(pressRows_.begin(), pressRows_.end(),
+                                  [&](const PressRow& each) { return each.keyCode == keyCode; });
+    return row == pressRows_.end() ? nullptr : &*row;
+}
+
 // A command may open a modal window, which then gets the release: the key is spent before it runs.
 bool EditorKeys::givesPlayerCommand(platform::KeyEvent& key) {
-    struct Row {
-        const Routine& command;
-        int keyCode;
-        bool spent; // else the control still sees the key, without its Ctrl
-    };
-    const Row rows[] = {
-        {player_.mnuAddBM.Click, 'M', true},
-        {player_.mnuApri.Click, 'O', true},
-        {player_.mnuEsci.Click, 'Q', true},
-        {player_.mnuLingua.Click, 'W', true},
-        {player_.mnuInfo.Click, f1, true},
-        {player_.mnuChiudi.Click, f4, true},
-        {player_.mnuDiminuisciVelocità.Click, f6, false},
-        {player_.mnuAumentaVelocità.Click, f7, false},
-    };
-    const Row* const row = std::find_if(std::begin(rows), std::end(rows),
-                                        [&](const Row& each) { return each.keyCode == key.keyCode; });
-    if (row == std::end(rows))
+    const PressRow* const row = pressRow(key.keyCode);
+    if (!row)
         return false;
     key.shift = 0;
     if (row->spent)

@@ -113,6 +113,8 @@ public:
 
     // After every change of the text, the program's own included; never for a mere change of format.
     std::function<void()> Change = [] {};
+    // Whether the program has a use for the key in the text, ahead of the shortcuts of the menus.
+    std::function<bool(const KeyEvent&)> TakesKey = [](const KeyEvent&) { return false; };
     std::function<void(KeyEvent&)> KeyDown = [](KeyEvent&) {};
     std::function<void(const KeyEvent&)> KeyUp = [](const KeyEvent&) {};
     // A key that means the command to the desktop, and that KeyDown has left alone. The control itself does

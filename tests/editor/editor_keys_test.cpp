@@ -54,6 +54,12 @@ TEST_F(EditorKeysTest, APress_RunsItsCommand_AndLeavesOfTheKeyWhatTheControlMayS
         EXPECT_EQ(press(keyCode, shift), expected) << keyCode << '/' << shift;
     for (const char letter : std::string_view("XCVZIY"))
         EXPECT_EQ(press(letter, 2), "0/0") << letter;
+    std::string taken;
+    for (int keyCode = 8; keyCode < 130; ++keyCode)
+        if (text.TakesKey({keyCode, 2}))
+            taken += keyCode < 'a' ? std::string(1, static_cast<char>(keyCode)) : std::to_string(keyCode);
+    EXPECT_EQ(taken, "CIMOQVWXYZ112113114115116117118119120121122123") << "what no menu may take away";
+    EXPECT_FALSE(text.TakesKey({'Z', 3}));
 }
 
 TEST_F(EditorKeysTest, ARelease_RunsItsCommand_LettersWithControlAloneAndFunctionKeysWithAny) {
@@ -96,10 +102,13 @@ TEST_F(EditorKeysTest, LettersOfBoldAndUnderline_GoByTheNameOfTheLanguageFile) {
 
 TEST_F(EditorKeysTest, TheRightButton_OpensTheEditMenu_AndEscapeInTheWindowQuits) {
     form.PopupMenu = [this](controls::MenuItem& menu) { text.commands.emplace_back(menu.name); };
-    text.MouseDown(1);
+    for (const int button : {1, 4})
+        text.MouseDown(button);
+    EXPECT_EQ(told(), "");
     text.MouseDown(2);
+    EXPECT_EQ(told(), "mnuModifica ");
     platform::KeyEvent key{platform::escapeKey, 0};
-    EXPECT_EQ(press(platform::escapeKey, 0), "mnuModifica 27/0") << "in the text Escape does nothing";
+    EXPECT_EQ(press(platform::escapeKey, 0), "27/0") << "in the text Escape does nothing";
     form.KeyDown(key);
     EXPECT_EQ(told(), "mnuEsci ");
 }

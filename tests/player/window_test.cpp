@@ -101,3 +101,38 @@ TEST_F(VideoPictureTest, Window_KeepsThePictureProportions_BesideThePlayer) {
         EXPECT_NEAR(window.width / window.height, double(width) / height, 0.001);
     }
 }
+
+TEST_F(PlayerWindowTest, Language_IsWrittenToEveryItemOfBothWindows) {
+    const auto captions = [](const std::vector<controls::MenuItem*>& bar) {
+        std::string all;
+        for (const controls::MenuItem* menu : bar) {
+            all += base::toUtf8(menu->caption.get()) + ":";
+            for (const controls::MenuItem* item : menu->items)
+                if (item->caption.get() != u"-")
+                    all += " " + base::toUtf8(item->caption.get());
+            all += "\n";
+        }
+        return all;
+    };
+    speakPlainly();
+    EXPECT_EQ(captions(form().menuBar), "T2: T3 T4 T104... mnuRecent1 mnuRecent2 mnuRecent3 mnuRecent4 T5\n"
+                                        "T6: T7 T9 T11 T10 T129 T130 T12 T93 T94 T95\n"
+                                        "T87: T116 T84\n"
+                                        "T13: T81 T30 T14 T124 T125... T126... T135 T80 T103 &T15 T101\n"
+                                        "T74: T17\n"
+                                        "&?: T16 T102 T18 Controlla aggiornamenti all'avvio T19\n");
+    EXPECT_EQ(captions(desktop.form2->menuBar),
+              "T2: T42 T43 T44 T45 mnuRecent1 mnuRecent2 mnuRecent3 mnuRecent4 T46\n"
+              "T47: T70 T82 T48 T49 T50 T51 T56 T59\n"
+              "T71: T72\n"
+              "T134:\n");
+    std::string others;
+    for (const auto* text : {&form().cmdPlay.tag, &form().cmdAvanz.tag, &form().cmdIndietro.tag,
+                             &form().Image3.toolTip, &form().cmdIndietro.toolTip, &form().cmdAvanz.toolTip,
+                             &form().cmdPlay.toolTip, &form().cmdStop.toolTip, &form().imgDetta.toolTip})
+        others += base::toUtf8(text->get()) + "|";
+    for (const controls::Label& letter : desktop.form2->Label3)
+        others += base::toUtf8(letter.caption.get()) + "|";
+    EXPECT_EQ(others, "T7|T10 ->|<- T11| T3 | T76 | T77 | T78 | T79 | T124 |T90|T115|T91|T92|");
+    EXPECT_FALSE(desktop.form2->mnuStrumenti.visible);
+}

@@ -161,7 +161,7 @@ base::Text RichTextEdit::SelText() const {
 }
 
 void RichTextEdit::setSelText(base::TextView text) {
-    edit(SameLength::Replacement, [&] { replaceSelection(text); });
+    edit(sameLengthNow(), [&] { replaceSelection(text); });
 }
 
 void RichTextEdit::replaceSelection(base::TextView text) {
@@ -185,7 +185,7 @@ base::Text RichTextEdit::SelRTF() const {
 }
 
 void RichTextEdit::setSelRTF(base::TextView source) {
-    edit(SameLength::Replacement, [&] {
+    edit(sameLengthNow(), [&] {
         if (isRtfSource(source)) {
             insertSource(rtf::read(rtfBytes(source)));
             return;

@@ -74,6 +74,9 @@ protected:
     QMimeData* createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
+    // Takes the selection out and puts what it offers in at that place, in two changes. Dropped on itself it
+    // stays.
+    void moveSelection(const QMimeData& offer, const QTextCursor& place);
 
 private:
     // What a change of the document that leaves its length alone is taken for.
@@ -110,6 +113,10 @@ private:
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
     void insertSource(const rtf::Document& source);
+    // What an edit of the selection that leaves the length of the text alone has done.
+    SameLength sameLengthNow() const {
+        return caret().hasSelection() ? SameLength::Replacement : SameLength::Format;
+    }
     void replaceSelection(const std::function<void(QTextCursor&)>& insert);
     // Inserts what was selected last, be it in another program, where `place` leads the caret.
     void pasteSelection(const std::function<void()>& place);

@@ -23,16 +23,24 @@ namespace desktop {
 
 namespace {
 
-// Letters that do something with Ctrl in the text: a shortcut of a menu must not take them away. The save
-// key is the menu's.
-constexpr std::string_view textLetters = "BCGIMOQUVWXYZ";
-
-bool isFunctionKey(int key) {
-    return key >= Qt::Key_F1 && key <= Qt::Key_F12;
-}
-
-bool isLetter(int key) {
-    return key >= Qt::Key_A && key <= Qt::Key_Z;
+// Keys that Qt's control may act on: those that move the caret, extend the selection or delete, and those
+// that type. It has more, some by the desktop's habits, which would change the text unasked.
+bool isControlsOwn(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+        return true;
+    default:
+        return (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+    }
 }
 
 Qt::KeyboardModifiers heldKeys(const QKeyEvent& event) {
@@ -83,11 +91,9 @@ bool RichTextEdit::event(QEvent* event) {
         // A shortcut of a menu may take the press; the release comes here all the same.
         if (!key.isAutoRepeat())
             pressed_.insert(placeOf(key));
-        const int name = latinKey(key);
-        const bool letterWithControl = isLetter(name) && heldKeys(key) == Qt::ControlModifier;
-        if (isFunctionKey(name) || letterWithControl) {
-            event->setAccepted(!letterWithControl ||
-                               textLetters.find(static_cast<char>(name)) != std::string_view::npos);
+        // Qt's control would take further ones, which are the menus'.
+        if (!isControlsOwn(key) || TakesKey(keyEvent(key))) {
+            event->setAccepted(TakesKey(keyEvent(key)));
             return true;
         }
     }
@@ -140,11 +146,10 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
         return;
     }
     // A key pressed with nothing selected replaces nothing; it may take a bullet away.
-    const bool replaces = textCursor().hasSelection();
-    edit(replaces ? SameLength::Replacement : SameLength::Format, [&] { QTextEdit::keyPressEvent(event); });
-    // The window would take it for its own.
-    if (event->key() == Qt::Key_Escape)
-        event->accept();
+    if (isControlsOwn(*event))
+        edit(sameLengthNow(), [&] { QTextEdit::keyPressEvent(event); });
+    // The window would take some for its own: Escape ends the program, Shift+Tab gives the keyboard to a box.
+    event->accept();
 }
 
 void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
@@ -192,7 +197,25 @@ void RichTextEdit::pasteSelection(const std::function<void()>& place) {
 }
 
 void RichTextEdit::dropEvent(QDropEvent* event) {
-    edit(SameLength::Replacement, [&] { QTextEdit::dropEvent(event); });
+    if (event->dropAction() != Qt::MoveAction || event->source() != viewport()) {
+        edit(SameLength::Replacement, [&] { QTextEdit::dropEvent(event); });
+        return;
+    }
+    // Qt would move the selection in one edit of equal length, which tells nobody what went where.
+    const QTextCursor place = cursorForPosition(event->position().toPoint());
+    QDragLeaveEvent over; // takes away what the drag shows
+    QTextEdit::dragLeaveEvent(&over);
+    event->acceptProposedAction();
+    moveSelection(*event->mimeData(), place);
+}
+
+void RichTextEdit::moveSelection(const QMimeData& offer, const QTextCursor& place) {
+    const auto [begin, end] = selectedRange();
+    if (place.position() >= begin && place.position() <= end)
+        return;
+    setSelText({});
+    setTextCursor(place);
+    insertFromMimeData(&offer);
 }
 
 void RichTextEdit::focusOutEvent(QFocusEvent* event) {

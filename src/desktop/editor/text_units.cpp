@@ -42,6 +42,8 @@ QString documentText(base::TextView text) {
         case programLineBreak:
             *to++ = documentLineBreak;
             break;
+        case u'\0': // ends a text for other programs, and is none
+            break;
         case u'\uFDD0': // marks of Qt's own, which would end a paragraph
         case u'\uFDD1':
             *to++ = replacementUnit;

@@ -15,6 +15,11 @@ namespace {
 class RichTextEvents : public RichText {
 protected:
     RichTextEvents() {
+        rtb.TakesKey = [](const platform::KeyEvent& key) {
+            return key.keyCode >= 112 ||
+                   (key.shift == 2 &&
+                    std::string_view("COQV").find(static_cast<char>(key.keyCode)) != std::string_view::npos);
+        };
         rtb.KeyDown = [this](platform::KeyEvent& key) { told.push_back(name("down", key)); };
         rtb.KeyUp = [this](const platform::KeyEvent& key) { told.push_back(name("up", key)); };
         rtb.EditKey = [this](platform::EditCommand command) {
@@ -197,6 +202,16 @@ TEST_F(RichTextEvents, Change_AfterEachKey_ComesOnceWhenTheTextChanged) {
         {Qt::Key_Backspace, {}, {}, 0, 0, 0, "|ab\r\nc"},
         {Qt::Key_Delete, {}, {}, 0, 5, 1, "|"},
         {Qt::Key_Right, Qt::ShiftModifier, {}, 2, 0, 0, "ab[\r\n]c"},
+        {Qt::Key_Tab, {}, QStringLiteral("\t"), 1, 0, 1, "a\t|b\r\nc"},
+        {Qt::Key_End, Qt::ControlModifier, {}, 1, 0, 0, "ab\r\nc|"},
+        {Qt::Key_Backspace, Qt::ControlModifier, {}, 2, 0, 1, "|\r\nc"},
+        // Keys that Qt would bring along
+        {Qt::Key_K, Qt::ControlModifier, QStringLiteral("\v"), 1, 0, 0, "a|b\r\nc"},
+        {Qt::Key_D, Qt::ControlModifier, QStringLiteral("\4"), 1, 0, 0, "a|b\r\nc"},
+        {Qt::Key_I, Qt::ControlModifier | Qt::AltModifier, QStringLiteral("\t"), 1, 0, 0, "a|b\r\nc"},
+        {Qt::Key_J, Qt::AltModifier, QStringLiteral("j"), 1, 0, 0, "a|b\r\nc"},
+        {Qt::Key_Backtab, Qt::ShiftModifier, {}, 1, 0, 0, "a|b\r\nc"},
+        {Qt::Key_Escape, {}, QStringLiteral("\33"), 1, 0, 0, "a|b\r\nc"},
     };
     for (const auto& row : rows) {
         rtb.setText(u"ab\r\nc");
@@ -205,6 +220,7 @@ TEST_F(RichTextEvents, Change_AfterEachKey_ComesOnceWhenTheTextChanged) {
         QKeyEvent event(QEvent::KeyPress, row.key, row.held, row.text);
         QApplication::sendEvent(&rtb, &event);
         EXPECT_EQ(shown(), row.after);
+        EXPECT_TRUE(event.isAccepted()) << "the window would take it: " << row.key;
         EXPECT_EQ(changes, row.expected) << row.after;
         EXPECT_TRUE(changes == 0 || seen == row.after) << "told of the text as it was: " << seen;
     }
@@ -266,6 +282,26 @@ TEST_F(RichTextEvents, ADrop_GoesInWithTheFormatsOfRtfOnly_AndOneChange) {
         EXPECT_EQ(changes, row.after == u"ab" ? 0 : 1) << row.type;
         select(2, 1);
         EXPECT_EQ(rtb.SelBold() == platform::Setting::On, row.bold) << row.type;
+    }
+}
+
+TEST_F(RichTextEvents, ADrag_InsideOfTheText_IsARemovalAndAnInsertion) {
+    const struct {
+        int start, length;
+        Told changes;
+    } rows[] = {
+        {0, 1, {"|b\r\ncd", "b\r\ncda|"}}, {1, 4, {"a|d", "adb\r\nc|"}}, {4, 2, {}}, // on itself
+    };
+    for (const auto& row : rows) {
+        rtb.setText(u"ab\r\ncd");
+        select(row.start, row.length);
+        rtb.Change = [&] { told.push_back(shown()); };
+        QTextCursor end(rtb.document());
+        end.movePosition(QTextCursor::End);
+        const std::unique_ptr<QMimeData> dragged(rtb.createMimeDataFromSelection());
+        rtb.moveSelection(*dragged, end);
+        EXPECT_EQ(heard(), row.changes);
+        rtb.Change = [] {};
     }
 }
 

@@ -21,6 +21,7 @@ TEST_F(RichText, Find_ByItsOptions_TellsTheFirstPlace) {
         {u"x \U00010400", u"\U00010428", 0, 0, 2},
         // Whole words
         {u"concat cat's cat", u"cat", 0, word, 13},
+        {u"cats cat sat", u"cat", 0, word, 5},
         {u"3.14 3", u"3", 0, word, 5},
         {u"a_cat cat9 cat", u"cat", 0, word, 11},
         {u"cat́ cat", u"cat", 0, word, 5},

@@ -15,6 +15,7 @@ namespace tests {
 class Control : public desktop::RichTextEdit {
 public:
     using RichTextEdit::createMimeDataFromSelection;
+    using RichTextEdit::moveSelection;
     using RichTextEdit::RichTextEdit;
 };
 
