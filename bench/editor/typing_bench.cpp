@@ -166,6 +166,8 @@ void measureTyping(const std::string& size, std::size_t letters) {
         control->document()->documentLayout()->documentSize();
         QApplication::processEvents();
     }
+    static_cast<desktop::EditorLayout&>(*rtb.document()->documentLayout())
+        .measureFor(std::chrono::minutes(1));
     measureKeys(size, rtb, bare);
     measureRecord(size, rtb, editor.undoRedo);
     std::mt19937 random(1);
@@ -213,16 +215,41 @@ void measureMemory(int changes, double goal) {
                   taken / megabyte <= goal});
 }
 
-// Replace All as the program runs it, with a record of undo for each of its hits.
-void measureReplaceAll() {
+// The editor on the screen with a text in it.
+struct ShownEditor {
+    explicit ShownEditor(const base::Text& text) : editor(rtb) {
+        rtb.resize(645, 229);
+        rtb.show();
+        rtb.setText(text);
+        rtb.viewport()->repaint();
+    }
+
     desktop::RichTextEdit rtb{base::CodePage(1252)};
-    Editor editor(rtb);
+    Editor editor;
+};
+
+// Until what was pasted is seen, with its record of undo.
+void measurePaste(const std::string& what, const base::Text& pasted, double goal) {
+    std::vector<double> times;
+    for (int i = 0; i < 3; ++i) {
+        ShownEditor shown(u"before\r\nbehind");
+        shown.rtb.setSelStart(7);
+        times.push_back(microseconds([&] {
+            shown.rtb.setSelRTF(pasted);
+            QApplication::processEvents();
+        }));
+    }
+    const double time = bench::median(times) / 1000;
+    bench::print({what + " pasted until painted", bench::measure("%.0f ms", time), "", "",
+                  bench::measure("<= %.0f ms", goal), time <= goal});
+}
+
+// Replace All as the program runs it, with a record of undo for each of its hits.
+void measureReplaceAll(const std::string& size, std::size_t letters) {
+    ShownEditor shown(transcript(letters));
+    Editor& editor = shown.editor;
     editor::FrmFind frmFind(editor.loop);
     editor::FindReplace findReplace(frmFind, editor.form, editor.desktop.dialogPort);
-    rtb.resize(645, 229);
-    rtb.show();
-    rtb.setText(transcript(945'000));
-    rtb.viewport()->repaint();
     frmFind.cboFind.text = u"sentence";
     frmFind.cboReplace.text = u"phrase";
     const auto before = editor.undoRedo.ListaUndo().size();
@@ -231,9 +258,13 @@ void measureReplaceAll() {
         QApplication::processEvents();
     });
     const auto records = editor.undoRedo.ListaUndo().size() - before;
-    bench::print({"Replace All of " + std::to_string(records) + " hits in 1 MB with their records",
+    bench::print({"Replace All of " + std::to_string(records) + " hits in " + size + " with their records",
                   bench::measure("%.0f ms", time / 1000), "", "",
                   bench::measure("<= %.0f ms", replaceAllGoal), time / 1000 <= replaceAllGoal});
+}
+
+base::Text asRtf(const base::Text& text) {
+    return u"{\\rtf1\\ansi {\\b bold} " + base::replaced(text, u"\r\n", u"\\par ") + u"}";
 }
 
 } // namespace
@@ -244,7 +275,11 @@ int main(int argc, char** argv) {
     measureTyping("200 KB", 200'000);
     measureTyping("1 MB", 1'000'000);
     measureTyping("5 MB", 5'000'000);
-    measureReplaceAll();
+    measureReplaceAll("1 MB", 945'000);
+    measureReplaceAll("5 MB", 5'760'000);
+    measurePaste("5 MB", transcript(5'000'000), 600);
+    measurePaste("5 MB of RTF", asRtf(transcript(5'000'000)), 600);
+    measurePaste("20 MB", transcript(20'000'000), 2500);
     measureMemory(100'000, 60);
     measureMemory(1'000'000, 600);
 }

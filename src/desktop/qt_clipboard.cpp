@@ -12,9 +12,8 @@ namespace desktop {
 
 namespace {
 
-constexpr qsizetype largestRtf = 100'000'000; // bytes, as for files
-constexpr qsizetype largestText = 20'000'000; // bytes
-constexpr qsizetype largestHtml = 2'000'000;  // bytes; Qt reads it slowly
+constexpr qsizetype largestOffer = 2'000'000'000; // bytes: the places of a document are 32 bits wide
+constexpr qsizetype largestHtml = 2'000'000;      // bytes; Qt reads it slowly
 
 constexpr auto htmlForm = "text/html";
 
@@ -103,7 +102,7 @@ std::optional<XSelection::Held> QtClipboard::read(const QList<QByteArray>& forms
 
 base::Text QtClipboard::GetText(platform::ClipboardFormat format) {
     const bool wantsRtf = format == platform::ClipboardFormat::Rtf;
-    const auto held = wantsRtf ? read(rtfForms(), largestRtf) : read(textForms(), largestText);
+    const auto held = read(wantsRtf ? rtfForms() : textForms(), largestOffer);
     if (!held)
         return {};
     if (!wantsRtf)

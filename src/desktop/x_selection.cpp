@@ -16,6 +16,7 @@ constexpr milliseconds untilForms{300};
 constexpr milliseconds untilBytes{700};
 constexpr milliseconds untilPiece{500};
 constexpr milliseconds untilAll{3000};
+constexpr qsizetype slowest = 5000; // bytes in a millisecond, of a selection that takes longer
 constexpr milliseconds deafFor{5000};
 
 constexpr std::uint32_t wholeProperty = 0x1FFFFFFF; // units of four bytes
@@ -102,9 +103,9 @@ QByteArray XSelection::takeProperty(Atom& type) {
 
 // A large selection comes piece by piece, each when the one before has been taken; an empty one ends it.
 QByteArray XSelection::takePieces(qsizetype limit) {
-    const auto end = Clock::now() + untilAll;
+    const auto begin = Clock::now();
     QByteArray all;
-    while (Clock::now() < end && all.size() <= limit) {
+    while (Clock::now() - begin < untilAll + milliseconds(all.size() / slowest) && all.size() <= limit) {
         waitFor<xcb_property_notify_event_t>(XCB_PROPERTY_NOTIFY, untilPiece, [&](const auto& event) {
             return event.state == XCB_PROPERTY_NEW_VALUE && event.atom == atom("QUILLMERE_SELECTION");
         });

@@ -7,7 +7,7 @@ namespace desktop {
 namespace {
 
 constexpr std::size_t longestParagraph = 10'000'000; // units, each in 45 bytes
-constexpr std::size_t longestWord = 100'000;         // units, one second
+constexpr std::size_t longestWord = 10'000;          // units, a hundredth of a second
 
 bool endsParagraph(char16_t unit) {
     return unit == u'\n' || unit == u'\r';
@@ -34,8 +34,7 @@ bool hasLongStretch(base::TextView text, std::size_t most, Ends ends) {
 } // namespace
 
 bool cannotBeLaidOut(base::TextView text) {
-    return hasLongStretch(text, longestParagraph, endsParagraph) ||
-           hasLongStretch(text, longestWord, endsWord);
+    return hasLongStretch(text, longestParagraph, endsParagraph);
 }
 
 bool cannotBeLaidOut(const rtf::Document& document) {
@@ -46,6 +45,11 @@ bool cannotBeLaidOut(const rtf::Document& document) {
             begin += each.length;
             return cannotBeLaidOut(text);
         });
+}
+
+bool hasEndlessWord(QStringView paragraph) {
+    return hasLongStretch({paragraph.utf16(), static_cast<std::size_t>(paragraph.size())}, longestWord,
+                          endsWord);
 }
 
 } // namespace desktop

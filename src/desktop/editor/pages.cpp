@@ -1,6 +1,7 @@
 #include "desktop/editor/pages.h"
 
 #include "base/carry_on.h"
+#include "desktop/editor/layout_limits.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>
@@ -61,7 +62,10 @@ void fitPictures(QTextDocument& document, QSizeF page) {
 void scaleParagraphs(QTextDocument& document, double scale) {
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
+    QTextOption option = document.defaultTextOption();
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (hasEndlessWord(block.text()))
+            option.setWrapMode(QTextOption::WrapAnywhere);
         const QTextBlockFormat format = block.blockFormat();
         QTextBlockFormat scaled = format;
         scaled.setLeftMargin(format.leftMargin() * scale);
@@ -75,6 +79,7 @@ void scaleParagraphs(QTextDocument& document, double scale) {
         cursor.setBlockFormat(scaled);
     }
     cursor.endEditBlock();
+    document.setDefaultTextOption(option);
 }
 
 // Each break begins a page. A paragraph that ends directly behind one leaves no empty line on top of the

@@ -16,6 +16,7 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
+#include <QGuiApplication>
 #include <QTextBlock>
 #include <algorithm>
 #include <cmath>
@@ -28,8 +29,25 @@ namespace {
 constexpr double smallestSize = 1;   // points
 constexpr double largestSize = 1638; // points
 
-// Text that goes in at the caret is laid out at once, not in idle moments as that of a file is.
-constexpr std::size_t largestInsertion = 10'000'000; // units, some seconds
+// Shows the hourglass while a text goes in that takes longer than a blink.
+class Hourglass {
+public:
+    explicit Hourglass(std::size_t units) : shown_(units > longText) {
+        if (shown_)
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    ~Hourglass() {
+        if (shown_)
+            QGuiApplication::restoreOverrideCursor();
+    }
+
+private:
+    static constexpr std::size_t longText = 4'000'000;
+
+    bool shown_;
+};
 
 void refuseIf(bool tooLarge) {
     if (tooLarge)
@@ -74,7 +92,8 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     EditorDocument* const before = document_;
     document_ = document.release();
     document_->setParent(this);
-    direction_.begin(*document_);
+    layout_ = new EditorLayout(*document_);
+    document_->setDocumentLayout(layout_);
     connect(document_, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
         // Of edits that are done together each has told of itself.
         if (!ahead_)
@@ -91,8 +110,8 @@ void RichTextEdit::noteChange(int position, int removed, int added) {
     if (removed == added && sameLength_ == SameLength::Format)
         return;
     stretch_.note(*document_, position, removed, added);
-    direction_.noteInserted(textBetween(*document_, position, position + added));
     changed_ = true;
+    putMeasuringOff();
     if (editing_ == 0)
         edit(SameLength::Format, [] {});
 }
@@ -185,18 +204,19 @@ base::Text RichTextEdit::SelRTF() const {
 }
 
 void RichTextEdit::setSelRTF(base::TextView source) {
+    const Hourglass untilDone(source.size());
     edit(sameLengthNow(), [&] {
         if (isRtfSource(source)) {
             insertSource(rtf::read(rtfBytes(source)));
             return;
         }
-        refuseIf(source.size() > largestInsertion || cannotBeLaidOut(source));
+        refuseIf(cannotBeLaidOut(source));
         replaceSelection(source);
     });
 }
 
 void RichTextEdit::insertSource(const rtf::Document& source) {
-    refuseIf(source.text.size() > largestInsertion || cannotBeLaidOut(source));
+    refuseIf(cannotBeLaidOut(source));
     replaceSelection([&](QTextCursor& cursor) { insertRtf(cursor, *document_, source); });
 }
 

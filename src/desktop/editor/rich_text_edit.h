@@ -3,11 +3,12 @@
 #include "base/code_page.h"
 #include "desktop/editor/changed_stretch.h"
 #include "desktop/editor/editor_document.h"
-#include "desktop/editor/text_direction.h"
+#include "desktop/editor/editor_layout.h"
 #include "desktop/editor/text_units.h"
 #include "desktop/qt_clipboard.h"
 #include "platform/rich_text.h"
 
+#include <QBasicTimer>
 #include <QTextEdit>
 #include <cstdint>
 #include <memory>
@@ -70,6 +71,9 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void timerEvent(QTimerEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
@@ -118,15 +122,20 @@ private:
         return caret().hasSelection() ? SameLength::Replacement : SameLength::Format;
     }
     void replaceSelection(const std::function<void(QTextCursor&)>& insert);
+    // Does something that replaces estimated heights by measured ones, and keeps what is seen in its place.
+    void keepView(const std::function<void()>& measure);
+    void putMeasuringOff();
     // Inserts what was selected last, be it in another program, where `place` leads the caret.
     void pasteSelection(const std::function<void()>& place);
 
     base::CodePage page_;
     EditorDocument* document_ = nullptr; // a child of this
-    int editing_ = 0;                    // how many edits are under way, one within the other
+    EditorLayout* layout_ = nullptr;     // a child of the document
+    QBasicTimer measuring_;              // runs while heights are estimated
+    bool keepsView_ = false;
+    int editing_ = 0; // how many edits are under way, one within the other
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
-    TextDirection direction_;
     ChangedStretch stretch_;          // of what nobody has asked for yet
     std::set<std::uint64_t> pressed_; // keys by their places that went down in the text and are not up again
     QtClipboard selection_{QClipboard::Selection};
@@ -143,7 +152,6 @@ void RichTextEdit::edit(SameLength meaning, Work&& work) {
     if (editing_ > 0 || !changed_)
         return;
     changed_ = false;
-    direction_.settle(*document_);
     Change();
 }
 

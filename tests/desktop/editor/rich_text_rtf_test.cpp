@@ -1,8 +1,11 @@
 #include "base/carry_on.h"
+#include "desktop/editor/editor_layout.h"
 #include "desktop/editor/rtf_bridge.h"
 #include "fakes/temporary_folder.h"
 #include "rich_text_fixture.h"
 #include "rtf/rtf_reader.h"
+
+#include <QPainter>
 
 using tests::RichText;
 
@@ -62,6 +65,31 @@ TEST_F(RichText, Documents_SavedAndTakenAsRTF_AreEqual) {
         EXPECT_EQ(rtb.Text(), text) << source;
         select(0, rtb.textLength());
         EXPECT_EQ(rtb.SelRTF(), taken);
+    }
+}
+
+// In the lines of a narrow page, with a selection and the caret.
+TEST_F(RichText, Documents_LookAsQtLaysThemOut) {
+    for (const std::string& source : documents) {
+        QImage pictures[] = {QImage(200, 700, QImage::Format_RGB32), QImage(200, 700, QImage::Format_RGB32)};
+        for (QImage& picture : pictures) {
+            const auto document = desktop::documentOfRtf(rtf::read(source), rtb.font());
+            if (&picture == &pictures[0])
+                document->setDocumentLayout(new desktop::EditorLayout(*document));
+            document->setPageSize(QSizeF(150, -1));
+            QAbstractTextDocumentLayout::PaintContext context;
+            QTextCursor cursor(document.get());
+            cursor.movePosition(QTextCursor::End, QTextCursor::KeepAnchor);
+            cursor.setPosition(1, QTextCursor::KeepAnchor);
+            QTextCharFormat selected;
+            selected.setBackground(Qt::yellow);
+            context.selections = {{cursor, selected}};
+            context.cursorPosition = 1;
+            picture.fill(Qt::white);
+            QPainter painter(&picture);
+            document->documentLayout()->draw(&painter, context);
+        }
+        EXPECT_EQ(pictures[0], pictures[1]) << source.substr(0, 300);
     }
 }
 
