@@ -9,6 +9,9 @@ constexpr double gap = 30; // twips between two windows
 } // namespace
 
 void CompanionWindows::TornaAllEditor() {
+    // Behind a picture that fills the screen nobody would see what is typed.
+    if (form1_.pictureKeepsKeyboard() && !editor_.form().active)
+        return;
     if (editor_.form().visible) {
         editor_.form().setFocus();
         editor_.form().RTB.SetFocus();

@@ -32,7 +32,10 @@ void BookmarkCommands::mnuBookMark_Click() {
     form3_.height = form1_.height.get();
     placeAcross();
     form3_.visible = true;
-    form2_.visible ? form2_.setFocus() : form1_.setFocus();
+    if (form1_.pictureKeepsKeyboard() && !form2_.active)
+        form1_.VideoWindow.setFocus();
+    else
+        form2_.visible ? form2_.setFocus() : form1_.setFocus();
 }
 
 void BookmarkCommands::mnuAddBM_Click() {

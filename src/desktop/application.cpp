@@ -1,6 +1,7 @@
 #include "desktop/application.h"
 
 #include "desktop/skin_button.h"
+#include "desktop/x_errors.h"
 
 #include <QFont>
 #include <QPalette>
@@ -33,6 +34,19 @@ int& choosePlatform(int& argc) {
 void forgetPlatform() {
     if (platformIsOurChoice)
         qunsetenv(platformVariable);
+}
+
+// The path without "." and "..", but for a ".." behind a symbolic link, which leads elsewhere than back.
+std::filesystem::path tidied(const std::filesystem::path& absolute) {
+    std::filesystem::path result;
+    std::error_code ignored;
+    for (const std::filesystem::path& part : absolute) {
+        if (part == ".." && result.filename() != ".." && !std::filesystem::is_symlink(result, ignored))
+            result = result.parent_path();
+        else if (part != ".")
+            result /= part;
+    }
+    return result;
 }
 
 // Qt's own style, with the skin's buttons, and less the pictures on the buttons of dialogs: they are of no
@@ -80,6 +94,8 @@ QPalette skinPalette() {
 
 Application::Application(int& argc, char** argv) : QApplication(choosePlatform(argc), argv) {
     forgetPlatform();
+    if (platformName() == QLatin1String("xcb"))
+        surviveXErrors();
     // Qt's dialogs would keep their looks and the paths that they showed in the user's home. The program is
     // carried about in its folder and leaves nothing elsewhere: a folder that takes no file.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
@@ -96,7 +112,7 @@ base::Text Application::commandLine(int argc, char** argv) {
         return {};
     std::error_code failed;
     const auto path = std::filesystem::absolute(argv[1], failed);
-    return u'"' + base::fromUtf8(failed ? argv[1] : path.lexically_normal().string()) + u'"';
+    return u'"' + base::fromUtf8(failed ? argv[1] : tidied(path).string()) + u'"';
 }
 
 } // namespace desktop

@@ -156,6 +156,12 @@ void ControlView::mouseReleaseEvent(QMouseEvent* event) {
         control_.Click();
 }
 
+void ControlView::mouseDoubleClickEvent(QMouseEvent* event) {
+    mousePressEvent(event); // which the second press of two is as well
+    if (takesMouse())
+        control_.DblClick();
+}
+
 PictureView::PictureView(controls::Picture& picture, QWidget* parent)
     : ControlView(picture, parent), picture_(picture) {
     PictureView::follow();

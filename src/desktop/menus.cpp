@@ -82,7 +82,7 @@ bool runShortcutByPlace(const QWidget& window, const QKeyEvent& event) {
     if (key == event.key())
         return false;
     const QKeySequence shortcut(event.modifiers() | Qt::Key(key));
-    for (QAction* const action : window.findChildren<QAction*>()) {
+    for (QAction* const action : window.findChildren<QAction*>() + window.actions()) {
         if (action->shortcut() != shortcut)
             continue;
         if (action->autoRepeat() || !event.isAutoRepeat())

@@ -2,63 +2,79 @@
 
 #include "desktop/conversions.h"
 #include "desktop/key_codes.h"
+#include "desktop/menus.h"
+#include "desktop/pictures.h"
 
 #include <QAction>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
-#include <cstdlib>
-#include <xcb/xcb.h>
+#include <QWindow>
 
 namespace desktop {
 
 namespace {
 
-// Waits until the X server has carried out what Qt has asked of it. The player speaks to the server on a
-// connection of its own, on which a window that was only asked for does not exist yet.
-void waitForServer() {
-    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    // The platform without a screen knows of X11 too, but has no connection.
-    xcb_connection_t* const connection = x11 ? x11->connection() : nullptr;
-    if (connection)
-        std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
-}
+constexpr int largestIcon = 64; // pixels, enough for title bars
 
 } // namespace
 
-VideoSurface::VideoSurface(player::Form1& form) : form_(form) {
-    setObjectName(QStringLiteral("VideoSurface"));
-    setFlags(Qt::FramelessWindowHint);
-}
-
-void VideoSurface::mouseDoubleClickEvent(QMouseEvent*) {
-    (form_.VideoWindow.visible ? form_.VideoWindow.DblClick : form_.VideoBox.DblClick)();
-}
-
-VideoWindowView::VideoWindowView(player::Form1& form, VideoSurface& surface)
-    : form_(form), surface_(surface) {
+VideoWindowView::VideoWindowView(player::Form1& form) : form_(form) {
     setObjectName(qstring(form.VideoWindow.name));
     setWindowFlag(Qt::Window);
     QPalette black = palette();
     black.setColor(QPalette::Window, Qt::black);
     setPalette(black);
+    form_.VideoWindow.setFocus = [this] {
+        raise();
+        activateWindow();
+    };
 }
 
 void VideoWindowView::follow() {
+    if (reporting_)
+        return;
     const controls::Window& video = form_.VideoWindow;
     setWindowTitle(qstring(video.caption));
-    if (isHidden() == video.visible) {
-        if (video.visible) {
-            setWindowFlag(Qt::WindowStaysOnTopHint, video.topmost);
-            resize(pixels(video.width), pixels(video.height));
-            move(pixels(video.left), pixels(video.top));
-        }
-        setVisible(video.visible);
-    }
+    if (isHidden() == video.visible)
+        video.visible ? show() : hide();
     const bool full = video.windowState == controls::WindowState::FullScreen;
     if (isVisible() && isFullScreen() != full)
         setWindowState(full ? Qt::WindowFullScreen : Qt::WindowNoState);
+}
+
+void VideoWindowView::show() {
+    const controls::Window& video = form_.VideoWindow;
+    if (shownIcon_ != video.icon.get()) {
+        shownIcon_ = video.icon;
+        setWindowIcon(loadIcon(shownIcon_, largestIcon));
+    }
+    // A hidden window has lost its frame, and would come back higher by its title bar. One that is made anew
+    // stands right.
+    if (QWindow* const handle = windowHandle())
+        handle->destroy();
+    setWindowFlag(Qt::WindowStaysOnTopHint, video.topmost);
+    resize(pixels(video.width), pixels(video.height));
+    move(pixels(video.left), pixels(video.top));
+    QWidget::show();
+}
+
+void VideoWindowView::reportPlace() {
+    if (!isVisible() || windowState() != Qt::WindowNoState ||
+        form_.VideoWindow.windowState != controls::WindowState::Normal)
+        return;
+    reporting_ = true;
+    form_.VideoWindow.left = twips(frameGeometry().left());
+    form_.VideoWindow.top = twips(frameGeometry().top());
+    form_.VideoWindow.width = twips(width());
+    form_.VideoWindow.height = twips(height());
+    reporting_ = false;
+}
+
+void VideoWindowView::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange)
+        form_.VideoWindow.active = isActiveWindow();
 }
 
 void VideoWindowView::closeEvent(QCloseEvent* event) {
@@ -67,49 +83,88 @@ void VideoWindowView::closeEvent(QCloseEvent* event) {
 }
 
 void VideoWindowView::keyPressEvent(QKeyEvent* event) {
-    if (event->key() == Qt::Key_Escape)
+    // A held Escape would go on through the window to the player, and end the program.
+    if (!runShortcutByPlace(*this, *event) && !event->isAutoRepeat())
         report(form_.VideoWindow.KeyDown, *event);
-    else
-        QWidget::keyPressEvent(event);
 }
 
-void VideoWindowView::resizeEvent(QResizeEvent*) {
-    if (surface_.parent() == windowHandle())
-        surface_.setGeometry(QRect(QPoint(0, 0), size()));
+void VideoWindowView::mouseDoubleClickEvent(QMouseEvent*) {
+    form_.VideoWindow.DblClick();
+}
+
+void VideoWindowView::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    reportPlace();
+}
+
+void VideoWindowView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    reportPlace();
 }
 
 VideoScreen::VideoScreen(player::Form1& form, QWidget& playerWindow, QWidget& skin)
-    : form_(form), playerWindow_(playerWindow), skin_(skin), surface_(new VideoSurface(form)),
-      window_(form, *surface_) {
+    : form_(form), playerWindow_(playerWindow), skin_(skin), window_(form) {
     for (const QMenu* menu : playerWindow.findChildren<QMenu*>())
         window_.addActions(menu->actions());
+    for (QWidget* const widget : {&playerWindow_, static_cast<QWidget*>(&window_)})
+        widget->installEventFilter(this);
     form.VideoBox.observe([this] { follow(); });
     form.VideoWindow.observe([this] { follow(); });
-    // It has no parent until there is a picture: the native window of the player is made anew when it is
-    // shown, and would take the surface with it.
-    const WId id = surface_->winId();
-    waitForServer();
-    form.WMP1.showPicturesIn(id);
+    if (canvas_.id() != 0)
+        form.WMP1.showPicturesIn(canvas_.id());
 }
 
-VideoScreen::~VideoScreen() {
-    surface_->setParent(nullptr);
-    delete surface_;
+bool VideoScreen::eventFilter(QObject* watched, QEvent* event) {
+    const auto leave = [&] {
+        const QWindow* const handle = static_cast<QWidget*>(watched)->windowHandle();
+        if (handle && handle->handle() && canvas_.isIn(handle->winId()))
+            canvas_.takeOut();
+    };
+    switch (event->type()) {
+    case QEvent::Hide:
+        // A window whose flags have changed meanwhile is made anew when it is shown again, and nobody is
+        // told.
+        leave();
+        break;
+    case QEvent::PlatformSurface:
+        leave();
+        followSoon();
+        break;
+    case QEvent::Show:
+    case QEvent::Resize:
+        followSoon();
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void VideoScreen::followSoon() {
+    QMetaObject::invokeMethod(
+        this, [this] { follow(); }, Qt::QueuedConnection);
 }
 
 void VideoScreen::follow() {
     if (form_.VideoWindow.visible) {
         window_.follow(); // its native window has to be there first
-        if (surface_->parent() != window_.windowHandle()) {
-            surface_->setParent(window_.windowHandle());
-            surface_->setGeometry(QRect(QPoint(0, 0), window_.size()));
-        }
-    } else if (form_.VideoBox.visible) {
-        surface_->setParent(playerWindow_.windowHandle());
-        surface_->setGeometry(boxOnPlayer());
+        putInto(window_, window_.rect());
+        return;
     }
+    if (form_.VideoBox.visible)
+        putInto(playerWindow_, boxOnPlayer());
+    else
+        canvas_.takeOut();
     window_.follow();
-    surface_->setVisible(form_.VideoWindow.visible || form_.VideoBox.visible);
+}
+
+void VideoScreen::putInto(QWidget& window, QRect place) {
+    const QWindow* const handle = window.windowHandle();
+    if (!window.isVisible() || !handle || !handle->handle())
+        return;
+    const double density = handle->devicePixelRatio();
+    canvas_.showIn(handle->winId(),
+                   QRect((QPointF(place.topLeft()) * density).toPoint(), place.size() * density));
 }
 
 // The picture in its own proportions, in the middle of its box: no bars on the white skin.

@@ -88,6 +88,10 @@ struct Form1 : controls::Window, Form1Menu {
 
     // True while a file plays; every routine that asks tells it by this comparison.
     bool isPlaying() const { return cmdPlay.tag.get() == Lingua(8); }
+    // True while the picture of a video fills the screen and the user is not in the player in front of it.
+    bool pictureKeepsKeyboard() const {
+        return VideoWindow.visible && VideoWindow.windowState == controls::WindowState::FullScreen && !active;
+    }
     // Puts the picture `file` of the skin into a control.
     void load(controls::Picture& picture, base::TextView file) const { picture.picture = folder.files(file); }
 
@@ -99,8 +103,8 @@ struct Form1 : controls::Window, Form1Menu {
     static constexpr double clientHeight = 2625; // twips
 
     controls::Screen screen;
-    // The picture of a video in a window of its own. The commands of the player's menus work in it by their
-    // keys.
+    // The picture of a video in a window of its own, whose size is that of the picture inside its frame. The
+    // commands of the player's menus work in it by their keys.
     controls::Window VideoWindow{"VideoWindow", {0, 0, 9600, 5400}};
 
     // From the bottom to the top, as they lie over each other.

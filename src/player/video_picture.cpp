@@ -9,51 +9,116 @@ namespace {
 
 using controls::WindowState;
 
-constexpr int escapeKey = 27;
 constexpr double twipsPerPixel = 15;
-constexpr double leastScale = 0.1; // on a screen that has no room beside the player
 constexpr double gap = 300;        // twips, about a window's frame, that stay free around the picture
+constexpr double leastWidth = 160; // pixels; where no more is free, the window covers what lies there
+
+bool isSeen(const controls::Window& window) {
+    return window.visible && window.windowState != WindowState::Minimised;
+}
 
 } // namespace
 
-VideoPicture::VideoPicture(Form1& form) : form_(form) {
+VideoPicture::VideoPicture(Form1& form, const controls::Window& form2, const controls::Window& form3)
+    : form_(form), Form2_(form2), Form3_(form3) {
     form_.WMP1.PictureChanged = [this] { WMP1_PictureChanged(); };
     form_.VideoBox.DblClick = [this] { WMP1_DblClick(); };
     form_.VideoWindow.DblClick = [this] { VideoWindow_DblClick(); };
     form_.VideoWindow.KeyDown = [this](const platform::KeyEvent& key) { VideoWindow_KeyDown(key.keyCode); };
     form_.VideoWindow.Unload = [this] { return VideoWindow_Unload(); };
+    form_.observe([this] { followPlayer(); });
 }
 
 void VideoPicture::WMP1_PictureChanged() {
     if (!form_.WMP1.pictureSize().exists())
         putBack();
     else
-        form_.VideoBox.visible = !form_.VideoWindow.visible;
+        form_.VideoBox.visible = !form_.VideoWindow.visible && !away_;
 }
 
 void VideoPicture::WMP1_DblClick() {
     const platform::PictureSize picture = form_.WMP1.pictureSize();
     if (!picture.exists())
         return;
-    sizeWindow(picture);
-    form_.VideoWindow.caption = base::Text(base::afterLast(form_.Label4.tag.get(), base::pathSeparator));
-    form_.VideoWindow.topmost = form_.topmost.get();
+    placeWindow(picture);
     form_.VideoWindow.windowState = WindowState::Normal;
+    open();
+}
+
+void VideoPicture::open() {
+    // Not the title line's file: a dropped one plays without a title of its own.
+    form_.VideoWindow.caption = base::Text(base::afterLast(form_.WMP1.URL(), base::pathSeparator));
+    form_.VideoWindow.icon = form_.icon.get();
+    form_.VideoWindow.topmost = form_.topmost.get();
     form_.VideoBox.visible = false;
     form_.VideoWindow.visible = true;
 }
 
-// The window opens to the right of the player, so that neither the player nor the text below it is covered.
-void VideoPicture::sizeWindow(platform::PictureSize picture) {
-    const double width = picture.width * twipsPerPixel;
-    const double height = picture.height * twipsPerPixel;
-    const double left = form_.left + form_.width + gap;
-    const double scale = std::min(
-        {1.0, (form_.screen.width - left - gap) / width, (form_.screen.height - form_.top - gap) / height});
-    form_.VideoWindow.left = left;
-    form_.VideoWindow.top = form_.top.get();
-    form_.VideoWindow.width = std::round(width * std::max(scale, leastScale));
-    form_.VideoWindow.height = std::round(height * std::max(scale, leastScale));
+void VideoPicture::followPlayer() {
+    if (!isSeen(form_) && form_.VideoWindow.visible) {
+        away_ = true;
+        form_.VideoWindow.visible = false;
+    } else if (isSeen(form_) && away_) {
+        away_ = false;
+        open();
+    }
+}
+
+void VideoPicture::placeWindow(platform::PictureSize picture) {
+    controls::Window& window = form_.VideoWindow;
+    if (placedFor_.width * picture.height == placedFor_.height * picture.width && placedFor_.exists())
+        return;
+    double scale = 0;
+    if (!placedFor_.exists()) {
+        const Area area = roomiest(picture);
+        window.left = area.left;
+        window.top = area.top;
+        scale = scaleIn(area, picture);
+    } else {
+        // The user's window, as wide as it is, in the proportions of this picture.
+        scale = std::min(window.width / (picture.width * twipsPerPixel),
+                         std::max(form_.screen.height - gap - window.top, gap) /
+                             (picture.height * twipsPerPixel));
+    }
+    window.width = std::round(picture.width * twipsPerPixel * scale);
+    window.height = std::round(picture.height * twipsPerPixel * scale);
+    placedFor_ = picture;
+}
+
+VideoPicture::Area VideoPicture::roomiest(platform::PictureSize picture) const {
+    const double right = form_.screen.width - gap;
+    const double bottom = form_.screen.height - gap;
+    Area others{form_.left, form_.top, form_.left + form_.width, form_.top + form_.height};
+    Area row = others; // of the player, with the marks beside it
+    for (const controls::Window* const window : {&Form3_, &Form2_}) {
+        if (!isSeen(*window))
+            continue;
+        others = {std::min<double>(others.left, window->left), std::min<double>(others.top, window->top),
+                  std::max<double>(others.right, window->left + window->width),
+                  std::max<double>(others.bottom, window->top + window->height)};
+        if (window == &Form3_)
+            row = others;
+    }
+    const double endOfRow = isSeen(Form2_) && Form2_.top > form_.top ? Form2_.top - gap : bottom;
+    const Area areas[] = {{row.right + gap, form_.top, right, endOfRow},
+                          {others.right + gap, form_.top, right, bottom},
+                          {others.left, others.bottom + gap, right, bottom},
+                          {gap, form_.top, others.left - gap, bottom}};
+    const Area best =
+        *std::max_element(std::begin(areas), std::end(areas), [&](const Area& a, const Area& b) {
+            return scaleIn(a, picture) < scaleIn(b, picture);
+        });
+    if (scaleIn(best, picture) * picture.width >= std::min<double>(leastWidth, picture.width))
+        return best;
+    const double left = std::min(form_.left + form_.width + gap, right / 2);
+    return {left, std::min<double>(form_.top, bottom / 2), right, bottom};
+}
+
+// At most 1: a picture is not made larger than it is.
+double VideoPicture::scaleIn(const Area& area, platform::PictureSize picture) const {
+    return std::clamp(std::min((area.right - area.left) / (picture.width * twipsPerPixel),
+                               (area.bottom - area.top) / (picture.height * twipsPerPixel)),
+                      0.0, 1.0);
 }
 
 void VideoPicture::VideoWindow_DblClick() {
@@ -76,6 +141,7 @@ bool VideoPicture::VideoWindow_Unload() {
 }
 
 void VideoPicture::putBack() {
+    away_ = false;
     form_.VideoWindow.visible = false;
     form_.VideoWindow.windowState = WindowState::Normal;
     form_.VideoBox.visible = form_.WMP1.pictureSize().exists();

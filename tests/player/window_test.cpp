@@ -91,14 +91,72 @@ TEST_F(VideoPictureTest, Picture_GoesFromItsBoxToItsWindowAndBack) {
     EXPECT_FALSE(desktop.systemPort.ended) << "Esc in the picture does not leave the program";
 }
 
-TEST_F(VideoPictureTest, Window_KeepsThePictureProportions_BesideThePlayer) {
-    for (const auto& [width, height] : {std::pair{640, 480}, {3840, 2160}, {720, 5000}}) {
-        show({width, height});
-        form().VideoBox.DblClick();
-        EXPECT_GE(window.left, form().left + form().width);
-        EXPECT_LE(window.left + window.width, form().screen.width);
-        EXPECT_LE(window.top + window.height, form().screen.height);
-        EXPECT_NEAR(window.width / window.height, double(width) / height, 0.001);
+TEST_F(VideoPictureTest, Window_OpensInThePicturesProportions_CoveringNoOther) {
+    for (const bool marks : {false, true}) {
+        for (const auto& [width, height] : {std::pair{640, 480}, {3840, 2160}, {720, 1280}}) {
+            SCOPED_TRACE(height);
+            ASSERT_TRUE(start());
+            desktop.form3->visible = marks;
+            form().mnuPrimoPiano.Click(); // to a place of its own
+            show({width, height});
+            form().VideoBox.DblClick();
+            const controls::Window& opened = form().VideoWindow;
+            for (const controls::Window* const other :
+                 {static_cast<controls::Window*>(&form()), static_cast<controls::Window*>(desktop.form2),
+                  static_cast<controls::Window*>(desktop.form3)})
+                EXPECT_TRUE(!other->visible || opened.left >= other->left + other->width ||
+                            opened.top >= other->top + other->height ||
+                            opened.left + opened.width <= other->left ||
+                            opened.top + opened.height <= other->top)
+                    << other->name;
+            EXPECT_LE(opened.left + opened.width, form().screen.width);
+            EXPECT_LE(opened.top + opened.height, form().screen.height);
+            EXPECT_NEAR(opened.width / opened.height, double(width) / height, 0.001);
+        }
+    }
+}
+
+TEST_F(VideoPictureTest, Window_ComesBackWhereItWasLeft_AndGoesWithThePlayer) {
+    open("talk.mp4", 60);
+    form().Drop({desktop.layMedia("dropped.mp4", 60)});
+    show({640, 360});
+    form().VideoBox.DblClick();
+    EXPECT_EQ(window.caption.get(), u"dropped.mp4");
+    EXPECT_EQ(window.icon.get(), form().icon.get());
+    window.left = 1500;
+    window.width = 6000;
+    window.height = 3000; // by hand
+    window.Unload();
+    form().VideoBox.DblClick();
+    EXPECT_EQ(window.left, 1500);
+    EXPECT_EQ(window.width, 6000);
+    EXPECT_EQ(window.height, 3000);
+    form().windowState = controls::WindowState::Minimised;
+    EXPECT_FALSE(window.visible || form().VideoBox.visible);
+    form().windowState = controls::WindowState::Normal;
+    EXPECT_TRUE(window.visible);
+    window.Unload();
+    show({480, 480});
+    form().VideoBox.DblClick();
+    EXPECT_EQ(window.height, 6000) << "the width stays, the proportions follow the picture";
+}
+
+TEST_F(VideoPictureTest, PictureThatFillsTheScreen_KeepsTheKeyboard_ButNotFromWhoTypes) {
+    open("talk.mp4", 60);
+    show({640, 360});
+    int focused = 0;
+    desktop.form2->setFocus = [&] { ++focused; };
+    form().VideoBox.DblClick();
+    for (const auto& [full, inEditor, gets] :
+         {std::tuple{false, false, true}, {true, false, false}, {true, true, true}}) {
+        if (full != (window.windowState == controls::WindowState::FullScreen))
+            window.DblClick();
+        desktop.form2->active = inEditor;
+        focused = 0;
+        for (controls::MenuItem* const command : {&form().mnuPlay, &form().mnuAvanti, &form().mnuBookMark})
+            command->Click();
+        form().mnuBookMark.Click();
+        EXPECT_EQ(focused, gets ? 3 : 0) << full << inEditor;
     }
 }
 
