@@ -40,9 +40,27 @@ TEST_F(MpvPlayerTest, Write_IsClamped_AndNonsenseIsIgnored) {
                                         {infinity, 1},
                                         {-infinity, 1}}) {
         player_.setCurrentPosition(written);
-        EXPECT_EQ(player_.currentPosition(), read) << written;
+        EXPECT_TRUE(waitFor([&] { return player_.currentPosition() == read; }, 200)) << written;
         runLoop(30);
         EXPECT_EQ(player_.currentPosition(), read) << written;
+    }
+}
+
+// A recording without a table of its own, 60 s long, of which the engine takes the first second for the rest.
+TEST_F(MpvPlayerTest, GuessedLength_IsNoLimit_AndIsMeasured) {
+    for (const auto& [file, guessesLess] : {std::pair{u"" MEDIA_FOLDER "/dense_first.mp3", true},
+                                            {u"" MEDIA_FOLDER "/thin_first.mp3", false}}) {
+        player_.setURL(file);
+        ASSERT_TRUE(waitFor([&] { return player_.duration() > 0; }));
+        ASSERT_EQ(player_.duration() < 50, guessesLess);
+        ASSERT_EQ(player_.duration() > 70, !guessesLess);
+        player_.pause();
+        player_.setCurrentPosition(55);
+        runLoop(200);
+        EXPECT_EQ(player_.currentPosition(), 55);
+        EXPECT_TRUE(waitFor([&] { return std::abs(player_.duration() - 60) < 0.2; }, 5000));
+        player_.setCurrentPosition(1000);
+        EXPECT_EQ(player_.currentPosition(), player_.duration());
     }
 }
 

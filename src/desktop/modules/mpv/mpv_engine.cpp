@@ -8,7 +8,6 @@
 #include <array>
 #include <clocale>
 #include <cstdio>
-#include <filesystem>
 #include <string_view>
 
 namespace desktop {
@@ -19,13 +18,6 @@ namespace {
 enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End, Picture };
 constexpr int kindBits = 4;
 constexpr std::uint64_t kindMask = (1U << kindBits) - 1;
-
-// A leading "/" keeps mpv from finding a protocol or a place-holder in the name.
-std::string absolutePath(const std::string& path) {
-    std::error_code ignored;
-    const auto absolute = std::filesystem::absolute(path, ignored);
-    return absolute.empty() ? "/" + path : absolute.string();
-}
 
 std::int64_t entryNumber(const mpv_node& result) {
     if (result.format != MPV_FORMAT_NODE_MAP)
@@ -78,8 +70,7 @@ MpvEngine::~MpvEngine() {
 
 void MpvEngine::load(const std::string& path) {
     leaveFile();
-    const std::string file = absolutePath(path);
-    std::array<const char*, 4> command{"loadfile", file.c_str(), "replace", nullptr};
+    std::array<const char*, 4> command{"loadfile", path.c_str(), "replace", nullptr};
     mpv_command_async(handle_, tag(Load), command.data());
 }
 
@@ -224,7 +215,10 @@ void MpvEngine::handle(const mpv_event& event) {
         handleStart(static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id);
         break;
     case MPV_EVENT_END_FILE:
-        handleEnd(static_cast<const mpv_event_end_file*>(event.data)->playlist_entry_id);
+        // At its own end the engine tells that of the file first, and the owner will go on with it.
+        if (const auto& end = *static_cast<const mpv_event_end_file*>(event.data);
+            end.reason != MPV_END_FILE_REASON_QUIT)
+            handleEnd(end.playlist_entry_id);
         break;
     case MPV_EVENT_FILE_LOADED:
         if (open_)
@@ -235,6 +229,10 @@ void MpvEngine::handle(const mpv_event& event) {
         break;
     case MPV_EVENT_PLAYBACK_RESTART:
         handleRestart();
+        break;
+    case MPV_EVENT_SHUTDOWN:
+        open_ = false;
+        owner_.engineEnded();
         break;
     case MPV_EVENT_PROPERTY_CHANGE:
         if (event.reply_userdata >> kindBits == generation_)
@@ -305,8 +303,15 @@ void MpvEngine::handleRestart() {
     // The one of the load may still arrive when the first seek has been sent.
     if (seekUnderWay_ && seekBegun_)
         finishSeek();
+    // A seek beyond a guessed end has found the true one, of which the engine tells after this.
+    tellDuration();
     owner_.soundReady();
     judgeEnd();
+}
+
+void MpvEngine::tellDuration() {
+    if (double seconds = 0; mpv_get_property(handle_, "duration", MPV_FORMAT_DOUBLE, &seconds) >= 0)
+        owner_.durationKnown(seconds);
 }
 
 void MpvEngine::handleProperty(const mpv_event_property& property, std::uint64_t kind) {

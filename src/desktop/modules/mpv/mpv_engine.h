@@ -33,6 +33,8 @@ public:
     virtual void durationKnown(double seconds) = 0;
     // In pixels, in the right proportions.
     virtual void pictureKnown(int width, int height) = 0;
+    // The engine has ended by itself: it takes no more commands and tells nothing more.
+    virtual void engineEnded() = 0;
 
 protected:
     ~MpvEngineOwner() = default;
@@ -48,8 +50,7 @@ public:
     MpvEngine(const MpvEngine&) = delete;
     MpvEngine& operator=(const MpvEngine&) = delete;
 
-    // The path as the file system has it, in bytes. Whatever it looks like, it is taken as the name of a
-    // local file.
+    // An absolute path as the file system has it, in bytes.
     void load(const std::string& path);
     void unload();
 
@@ -79,6 +80,7 @@ private:
     void handleLoadReply(const mpv_event& event);
     void handleSettingReply(std::uint64_t kind);
     void handlePicture();
+    void tellDuration();
     void handleProperty(const mpv_event_property& property, std::uint64_t kind);
     void handleStart(std::int64_t entry);
     void handleEnd(std::int64_t entry);

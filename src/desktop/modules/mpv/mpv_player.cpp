@@ -1,9 +1,11 @@
 #include "mpv_player.h"
 
+#include "base/carry_on.h"
 #include "base/numbers.h"
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 namespace desktop {
 
@@ -17,9 +19,25 @@ constexpr int fullVolume = 100;
 // reading that is further back than this is the truth: the file did not have the place asked for.
 constexpr double earlyReading = 0.5;
 
+// How long a file has been heard before its length is measured: the start has the disk for itself.
+constexpr int quietAfter = 1000; // ms
+
+// A leading "/" keeps mpv from finding a protocol or a place-holder in the name.
+std::string absolutePath(const base::Text& path) {
+    std::error_code ignored;
+    const std::string given = base::toUtf8(path);
+    const auto absolute = std::filesystem::absolute(given, ignored);
+    return absolute.empty() ? "/" + given : absolute.string();
+}
+
 } // namespace
 
-MpvPlayer::MpvPlayer(const MpvOptions& options) : engine_(options, *this) {}
+MpvPlayer::MpvPlayer(const MpvOptions& options)
+    : options_(options), engine_(std::make_unique<MpvEngine>(options, static_cast<MpvEngineOwner&>(*this))) {
+    quietMoment_.setSingleShot(true);
+    quietMoment_.setInterval(quietAfter);
+    QObject::connect(&quietMoment_, &QTimer::timeout, &loop_, [this] { measureLength(); });
+}
 
 void MpvPlayer::setURL(base::TextView path) {
     url_ = path;
@@ -32,13 +50,18 @@ void MpvPlayer::setURL(base::TextView path) {
 void MpvPlayer::reload() {
     forget(Media::Opening);
     run_ = Run::Playing;
-    engine_.load(base::toUtf8(url_));
+    file_ = absolutePath(url_);
+    load();
+}
+
+void MpvPlayer::load() {
+    engine_->load(file_);
     applyPause();
 }
 
 void MpvPlayer::close() {
     if (media_ != Media::None)
-        engine_.unload();
+        engine_->unload();
     forget(Media::None);
 }
 
@@ -46,6 +69,9 @@ void MpvPlayer::forget(Media media) {
     media_ = media;
     run_ = Run::Stopped;
     duration_ = 0;
+    measured_ = false;
+    quietMoment_.stop();
+    length_.reset();
     place_ = 0;
     held_ = false;
     setPicture({});
@@ -76,18 +102,18 @@ void MpvPlayer::play() {
 bool MpvPlayer::atEnd() const {
     // The engine tells the end only after having played up to it, not when it was sent there.
     const bool sentThere = held_ && duration_ > 0 && place_ >= duration_;
-    return run_ == Run::Paused && (sentThere || engine_.atEnd());
+    return run_ == Run::Paused && (sentThere || engine_->atEnd());
 }
 
 void MpvPlayer::pause() {
     if (!hasMedia() || run_ != Run::Playing)
         return;
     run_ = Run::Paused;
-    held_ = media_ != Media::Ready || engine_.seeking();
+    held_ = media_ != Media::Ready || engine_->seeking();
     applyPause();
     // On a busy machine the seek under way may be done, and sound run on from there, before the pause
     // arrives.
-    if (engine_.seeking())
+    if (engine_->seeking())
         moveTo(place_);
 }
 
@@ -107,9 +133,9 @@ void MpvPlayer::haltAtStart() {
 double MpvPlayer::currentPosition() const {
     if (!hasMedia() || run_ == Run::Stopped)
         return 0;
-    if (held_ || media_ != Media::Ready || engine_.seeking())
+    if (held_ || media_ != Media::Ready || engine_->seeking())
         return place_;
-    if (const auto heard = engine_.position(); heard && (*heard > place_ || *heard < place_ - earlyReading))
+    if (const auto heard = engine_->position(); heard && (*heard > place_ || *heard < place_ - earlyReading))
         place_ = std::max(*heard, 0.0);
     return place_;
 }
@@ -117,9 +143,10 @@ double MpvPlayer::currentPosition() const {
 void MpvPlayer::setCurrentPosition(double seconds) {
     if (!hasMedia() || !std::isfinite(seconds))
         return;
-    // mpv would count a negative position from the end.
+    // mpv would count a negative position from the end. A length that is only guessed is no limit: on the way
+    // there the engine finds the end.
     double target = std::max(seconds, 0.0);
-    if (duration_ > 0)
+    if (measured_)
         target = std::min(target, duration_);
     if (run_ == Run::Stopped) {
         if (target == 0)
@@ -134,7 +161,7 @@ void MpvPlayer::setCurrentPosition(double seconds) {
 void MpvPlayer::moveTo(double seconds) {
     place_ = seconds;
     if (media_ == Media::Starting || media_ == Media::Ready)
-        engine_.seek(seconds);
+        engine_->seek(seconds);
 }
 
 base::Text MpvPlayer::currentPositionString() const {
@@ -149,15 +176,17 @@ void MpvPlayer::setRate(double factor) {
     if (!std::isfinite(factor))
         return;
     rate_ = std::clamp(factor, slowestRate, fastestRate);
-    engine_.setSpeed(rate_);
+    engine_->setSpeed(rate_);
 }
 
 void MpvPlayer::setVolume(int percent) {
-    engine_.setVolume(std::clamp(percent, 0, fullVolume));
+    volume_ = std::clamp(percent, 0, fullVolume);
+    engine_->setVolume(volume_);
 }
 
 void MpvPlayer::showPicturesIn(std::uint64_t window) {
-    engine_.showPicturesIn(window);
+    window_ = window;
+    engine_->showPicturesIn(window);
 }
 
 void MpvPlayer::setPicture(platform::PictureSize size) {
@@ -175,7 +204,7 @@ void MpvPlayer::pictureKnown(int width, int height) {
 void MpvPlayer::applyPause() {
     // A file that is to start elsewhere is kept silent until the seek can be sent.
     const bool awaitsSeek = media_ == Media::Opening && place_ > 0;
-    engine_.setPause(run_ != Run::Playing || awaitsSeek);
+    engine_->setPause(run_ != Run::Playing || awaitsSeek);
 }
 
 void MpvPlayer::fileLoaded() {
@@ -190,7 +219,12 @@ void MpvPlayer::fileLost() {
 }
 
 void MpvPlayer::soundReady() {
+    if (media_ != Media::Ready && !measured_)
+        quietMoment_.start();
     media_ = Media::Ready;
+    playedSinceRenewal_ = true;
+    if (!engine_->seeking() && duration_ > 0)
+        place_ = std::min(place_, duration_);
 }
 
 void MpvPlayer::pauseCarriedOut() {
@@ -206,9 +240,48 @@ void MpvPlayer::endReached() {
 }
 
 void MpvPlayer::durationKnown(double seconds) {
-    duration_ = seconds;
-    if (place_ > duration_ && (held_ || engine_.seeking()))
-        place_ = duration_;
+    if (!measured_)
+        duration_ = seconds;
+}
+
+void MpvPlayer::measureLength() {
+    // The files of videos tell their length, or the engine finds it at once.
+    if (media_ != Media::Ready || picture_.exists())
+        return;
+    const auto take = [this](std::optional<double> seconds) {
+        measured_ = seconds.has_value();
+        duration_ = seconds.value_or(duration_);
+        QMetaObject::invokeMethod(
+            &loop_, [this] { length_.reset(); }, Qt::QueuedConnection);
+    };
+    base::carryOn([&] { length_ = std::make_unique<MpvLength>(file_, take); });
+}
+
+void MpvPlayer::engineEnded() {
+    // Not from inside a call of the engine that is thrown away.
+    QMetaObject::invokeMethod(
+        &loop_, [this] { renewEngine(); }, Qt::QueuedConnection);
+}
+
+void MpvPlayer::renewEngine() {
+    try {
+        engine_ = std::make_unique<MpvEngine>(options_, static_cast<MpvEngineOwner&>(*this));
+    } catch (const base::Failure&) {
+        return forget(Media::Lost);
+    }
+    engine_->setSpeed(rate_);
+    engine_->setVolume(volume_);
+    if (window_ != 0)
+        engine_->showPicturesIn(window_);
+    if (!hasMedia())
+        return;
+    // A file that ends one engine after the other is left alone.
+    if (!playedSinceRenewal_)
+        return forget(Media::Lost);
+    playedSinceRenewal_ = false;
+    media_ = Media::Opening;
+    held_ = run_ == Run::Paused;
+    load();
 }
 
 } // namespace desktop

@@ -2,7 +2,12 @@
 #pragma once
 
 #include "mpv_engine.h"
+#include "mpv_length.h"
 #include "platform/media_player.h"
+
+#include <QTimer>
+
+#include <memory>
 
 namespace desktop {
 
@@ -32,7 +37,7 @@ public:
     platform::PictureSize pictureSize() const override { return picture_; }
 
     // Frames of the present file that came too late to be decoded or shown.
-    std::int64_t lostFrames() const { return engine_.lostFrames(); }
+    std::int64_t lostFrames() const { return engine_->lostFrames(); }
 
 private:
     // Opening: the engine has not read the file yet. Starting: it has, the first sound is to come. Lost: it
@@ -48,6 +53,7 @@ private:
     void endReached() override;
     void durationKnown(double seconds) override;
     void pictureKnown(int width, int height) override;
+    void engineEnded() override;
 
     bool hasMedia() const { return media_ != Media::None && media_ != Media::Lost; }
     bool atEnd() const;
@@ -57,18 +63,30 @@ private:
     void haltAtStart();
     void applyPause();
     void setPicture(platform::PictureSize size);
+    void load();
+    void renewEngine();
+    void measureLength();
 
+    MpvOptions options_;
     base::Text url_;
+    std::string file_; // the same as an absolute path, in bytes
     Media media_ = Media::None;
     Run run_ = Run::Stopped;
     double duration_ = 0;
+    bool measured_ = false; // duration_ is the true one
     double rate_ = 1.0;
+    int volume_ = 100;
+    std::uint64_t window_ = 0;
+    bool playedSinceRenewal_ = true;
     platform::PictureSize picture_;
     // The position told last. The engine's own reading is asked for only while sound is heard and `held_` is
     // false.
     mutable double place_ = 0;
     bool held_ = true;
-    MpvEngine engine_;
+    std::unique_ptr<MpvEngine> engine_;
+    QTimer quietMoment_; // until the length is measured
+    std::unique_ptr<MpvLength> length_;
+    QObject loop_; // what is posted to the loop dies with it
 };
 
 } // namespace desktop
