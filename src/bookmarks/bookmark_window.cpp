@@ -95,7 +95,9 @@ void BookmarkWindow::copyLines() {
 }
 
 void BookmarkWindow::Command1_Click() {
-    if (form1_.WMP1.currentPositionString() == form1_.WMP1.durationString()) {
+    // While a file is being read, place and length are both zero, which is not its end.
+    if (form1_.WMP1.playState() != platform::PlayState::Transitioning &&
+        form1_.WMP1.currentPositionString() == form1_.WMP1.durationString()) {
         form1_.WMP1.setCurrentPosition(0);
         form1_.cmdPlay.Click();
     }

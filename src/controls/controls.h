@@ -82,6 +82,7 @@ struct Label : Control {
     Property<Color> foreColor{this, rgb(0, 0, 0)};
     Property<Alignment> alignment{this, Alignment::Left};
     bool autoSize = false;
+    bool showsPath = false; // one that is too long loses its middle, so that the file's name is still there
 };
 
 // A picture, read from its file when `picture` changes. A file that cannot be read leaves what was shown

@@ -60,6 +60,8 @@ public:
     }
 
     double height() const { return height_; }
+    // False when something had to be cut off.
+    bool whole() const { return lastLine_.isNull(); }
 
     void draw(QPainter& painter, QRect area, controls::Alignment alignment, double top) const {
         for (int i = 0; i < shown_; ++i) {
@@ -96,6 +98,28 @@ private:
     double height_ = 0;
     int shown_ = 0;
 };
+
+// The longest form of a path that fits: whole, without the end of its folders, or, where the name alone is
+// too long, without the middle of that.
+QString pathThatFits(const QString& path, const QFont& font, QSize space) {
+    const auto without = [&](qsizetype kept, const QString& end) {
+        return path.left(kept) + QChar(0x2026) + end;
+    };
+    const auto fits = [&](const QString& text) { return Lines(text, font, space).whole(); };
+    if (fits(path))
+        return path;
+    const QString name = path.mid(path.lastIndexOf(u'/') + 1);
+    const bool cutsFolders = name.size() < path.size() && fits(without(0, u'/' + name));
+    const auto shortened = [&](qsizetype kept) {
+        return cutsFolders ? without(kept, u'/' + name) : without((kept + 1) / 2, path.right(kept / 2));
+    };
+    qsizetype least = 0;
+    for (qsizetype most = path.size(); least < most;) {
+        const qsizetype middle = (least + most + 1) / 2;
+        fits(shortened(middle)) ? least = middle : most = middle - 1;
+    }
+    return shortened(least);
+}
 
 } // namespace
 
@@ -227,6 +251,7 @@ void LabelView::follow() {
         return;
     caption_ = label_.caption;
     shown_ = withoutMnemonics(caption_);
+    fittedTo_ = {};
     font_ = font;
     color_ = label_.foreColor;
     if (label_.autoSize)
@@ -241,6 +266,10 @@ void LabelView::paintEvent(QPaintEvent*) {
     painter.setPen(QColor(color_));
     painter.setFont(font_);
     const QRect place = rect().adjusted(textMargin, 0, -textMargin, 0);
+    if (label_.showsPath && fittedTo_ != place.size()) {
+        fittedTo_ = place.size();
+        shown_ = pathThatFits(withoutMnemonics(caption_), font_, fittedTo_);
+    }
     const Lines lines(shown_, font_, place.size());
     lines.draw(painter, place, label_.alignment, (height() - lines.height()) / 2);
 }

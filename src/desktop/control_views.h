@@ -91,6 +91,7 @@ private:
     controls::Label& label_;
     base::Text caption_;
     QString shown_;
+    QSize fittedTo_; // the space that a path was shortened for; none: not yet
     QFont font_;
     controls::Color color_ = 0;
 };

@@ -25,12 +25,19 @@ namespace {
 constexpr int largestIconAtStart = 64; // pixels, enough for title bars
 constexpr auto heldState = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
 
-// The paths of the local files among what is dragged; web addresses and texts are none.
+// The paths of the local files among what is dragged; web addresses and texts are none. Qt's own addresses
+// would lose the bytes of a name that is no UTF-8.
 std::vector<base::Text> localFiles(const QMimeData& dragged) {
     std::vector<base::Text> paths;
-    for (const QUrl& url : dragged.urls()) {
-        if (url.isLocalFile())
-            paths.push_back(text(url.toLocalFile()));
+    for (const QByteArray& line : dragged.data(QStringLiteral("text/uri-list")).split('\n')) {
+        QByteArray path = line.trimmed();
+        if (!path.startsWith("file:"))
+            continue;
+        path.remove(0, 5);
+        if (path.startsWith("//")) // and a host, which is this one
+            path.remove(0, path.indexOf('/', 2));
+        if (path.startsWith('/'))
+            paths.push_back(base::fromUtf8(QByteArray::fromPercentEncoding(path).toStdString()));
     }
     return paths;
 }

@@ -91,6 +91,16 @@ QStringList nameFilters(const base::Text& filter) {
     return filters;
 }
 
+// What the engine plays of what people record and get; a desktop has no list of it. The language files may
+// bring words for its name.
+QString allMedia() {
+    static const QString kinds = QStringLiteral(
+        "3ga *.3gp *.aac *.ac3 *.aif *.aifc *.aiff *.amr *.ape *.asf *.au *.avi *.caf *.dss *.dts *.dv *.f4v "
+        "*.flac *.flv *.m2ts *.m4a *.m4b *.m4v *.mka *.mkv *.mov *.mp2 *.mp3 *.mp4 *.mpa *.mpeg *.mpg *.mts "
+        "*.mxf *.oga *.ogg *.ogv *.opus *.ra *.rm *.spx *.ts *.tta *.vob *.wav *.webm *.wma *.wmv *.wv");
+    return QStringLiteral("%1 (*.%2)").arg(QCoreApplication::translate("FileDlg", "All media"), kinds);
+}
+
 // Qt's own widths are those of English words.
 void fitColumns(const QFileDialog& dialog) {
     auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
@@ -204,7 +214,8 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
     // The box of filters shows their names alone: dozens of patterns would be cut off in it. The option
     // counts for what is set after it.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
-    dialog.setNameFilters(nameFilters(request.filter));
+    dialog.setNameFilters(nameFilters(request.filter) +
+                          (request.allMedia ? QStringList(allMedia()) : QStringList()));
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
     completeNames(dialog, qstring(request.defaultExtension));
     fitColumns(dialog);

@@ -18,12 +18,22 @@ TimedCycle::TimedCycle(player::Form1& form, player::Transport& transport, player
 }
 
 void TimedCycle::Timer5_Timer() {
-    if (form_.mnuNoPlayOnWrite.checked && form_.Timer6.interval() != 0)
+    if (!form_.cmdPlay.enabled)
+        end();
+    else if (form_.mnuNoPlayOnWrite.checked && form_.Timer6.interval() != 0)
         form_.Timer5.setInterval(form_.Timer6.interval());
     else if (form_.cmdPlay.tag.get() != form_.Lingua(7))
         beginPause();
     else
         transport_.cmdPlay_Click();
+}
+
+// The recording was closed in the middle: there is nothing to hold or to go on with.
+void TimedCycle::end() {
+    form_.cmdPlay.tag = form_.Lingua(7);
+    form_.mnuPlay.caption = form_.Lingua(7);
+    form_.Timer5.setInterval(0);
+    form_.Timer5.setEnabled(false);
 }
 
 void TimedCycle::beginPause() {

@@ -20,6 +20,7 @@ public:
 
 private:
     void beginPause();
+    void end();
 
     player::Form1& form_;
     player::Transport& transport_;

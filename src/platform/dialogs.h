@@ -33,6 +33,7 @@ struct FileDialogRequest {
     base::Text defaultExtension;  // without a point; added to a name without one
     bool extensionAlways = false; // added to every name that does not end in it, whatever points it has
     base::Text filter;        // pairs of a name and its patterns ("*.a;*.b"), all joined with NUL characters
+    bool allMedia = false;    // offers another filter behind those: all kinds of media that play
     base::Text initialFolder; // empty: the current directory
 };
 

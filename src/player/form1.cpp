@@ -71,6 +71,7 @@ Form1::Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer,
         label->fontBold = true;
     Label4.alignment = Alignment::Centre;
     Label4.fontSize = 14;
+    Label4.showsPath = true;
     Label4.visible = false;
     Shape3.visible = false;
     VideoBox.visible = false;

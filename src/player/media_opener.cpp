@@ -61,6 +61,7 @@ base::Text MediaOpener::askForMedia() {
     request.filter = form_.Lingua(41) + u'\0' +
                      u"*.aac;*.avi;*.mp3;*.mpg;*.mpeg;*.ogg;*.ogv;*.wav;*.wma;*.wmv;*.ts;*.vob;*.flv" +
                      u'\0' + form_.Lingua(26) + u'\0' + u"*.*";
+    request.allMedia = true;
     return dialogs_.FileDlg(request);
 }
 

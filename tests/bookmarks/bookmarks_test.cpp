@@ -194,4 +194,7 @@ TEST_F(BookmarksTest, AddAtTheVeryEnd_StartsFromTheBeginning) {
     add(length, u"end");
     EXPECT_TRUE(form().isPlaying());
     EXPECT_THAT(shown(), ElementsAre(u"00:00:00  end"));
+    open("unread.mp3", 0);
+    form().mnuAddBM.Click();
+    EXPECT_TRUE(form().isPlaying()) << "a file that is being read stands at no end";
 }

@@ -139,7 +139,21 @@ TEST_F(Form1WindowTest, Mouse_IsReportedInTwips_AndClicksWhereItIsReleasedInside
     EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(Form1WindowTest, LongPath_KeepsTheNameOfItsFile) {
+    form.Label4.visible = true;
+    show();
+    const auto shown = [&](const base::Text& folders, const base::Text& end) {
+        form.Label4.caption = u'/' + base::Text(folders) + base::Text(300, u'm') + end;
+        return window->grab().toImage();
+    };
+    EXPECT_EQ(shown(u"a", u"m/talk.mp3"), shown(u"a", u"mm/talk.mp3"));
+    EXPECT_NE(shown(u"a", u"/talk.mp3"), shown(u"a", u"/walk.mp3"));
+    EXPECT_NE(shown(u"a", u"/talk.mp3"), shown(u"b", u"/talk.mp3"));
+    EXPECT_NE(shown(u"a", u".mp3"), shown(u"a", u".mp4")) << "nor the end of a long name";
+}
+
 TEST_F(Form1WindowTest, LongCaption_IsWrapped_AndCutWithAnEllipsis) {
+    form.Label4.showsPath = false;
     show();
     const QRect whole = view(form.Label4).rect();
     for (const base::Text& word : {base::Text(u"wordword "), base::Text(u"oneword")}) {

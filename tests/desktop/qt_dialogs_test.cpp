@@ -153,10 +153,11 @@ TEST(ShowColor, BeginsWithoutColoursOfItsOwn) {
 }
 
 TEST_F(FileDlgTest, Filters_LetThroughWhatTheyName) {
-    for (const char* name : {"a.mp3", "B.MP3", "c.wav", "d.txt", "noPoint"})
+    for (const char* name : {"a.mp3", "B.MP3", "c.wav", "d.txt", "e.m4a", "noPoint"})
         folder.write(name, "");
     request.title = u"Open media file";
     request.filter = u"Media files\0*.mp3;*.wav\0All files\0*.*\0\0"s;
+    request.allMedia = true;
     const base::Text chosen = ask([](QFileDialog& dialog) {
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Open media file"));
         const auto* const box = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
@@ -164,7 +165,9 @@ TEST_F(FileDlgTest, Filters_LetThroughWhatTheyName) {
         EXPECT_TRUE(eventually(
             [&] { return files(dialog).keys().join(u'|') == QStringLiteral("B.MP3|a.mp3|c.wav"); }));
         dialog.selectNameFilter(dialog.nameFilters().value(1));
-        EXPECT_TRUE(eventually([&] { return files(dialog).size() == 5; }));
+        EXPECT_TRUE(eventually([&] { return files(dialog).size() == 6; }));
+        dialog.selectNameFilter(dialog.nameFilters().value(2));
+        EXPECT_TRUE(eventually([&] { return files(dialog).size() == 4; })) << "all that plays";
         dialog.reject();
     });
     EXPECT_EQ(chosen, u"");

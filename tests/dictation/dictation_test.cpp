@@ -116,6 +116,15 @@ TEST_F(DictationTest, Cycle_GoesFromStateToState) {
     }
 }
 
+TEST_F(DictationTest, Close_EndsTheCycle_WithTheKeyboardLeftWhereItIs) {
+    openTalk();
+    startCycle();
+    form.mnuChiudi.Click();
+    desktop.form2->setFocus = [] { ADD_FAILURE() << "nothing plays that could pause"; };
+    loop.advance(30000);
+    EXPECT_EQ(state(), "on paused idle");
+}
+
 TEST_F(DictationTest, Typing_HoldsAPhase_AtMostOnePeriodLongerThanItsWatch) {
     openTalk();
     startCycle();
