@@ -119,6 +119,13 @@ void createFolder(TextView path) {
         throw Failure(failed.message());
 }
 
+void createPrivateFolder(TextView path) {
+    createFolder(path);
+    const std::string name = toUtf8(path);
+    if (::chmod(name.c_str(), S_IRWXU) != 0)
+        fail(name);
+}
+
 std::string readFile(TextView path) {
     const std::string name = toUtf8(path);
     const Descriptor file(name, O_RDONLY);
@@ -171,6 +178,13 @@ void replaceFile(TextView path, std::string_view bytes) {
     const Descriptor directory(folder.empty() ? "." : folder.string(), O_RDONLY | O_DIRECTORY);
     if (directory.isOpen())
         ::fsync(directory.get());
+}
+
+void replacePrivateFile(TextView path, std::string_view bytes) {
+    replaceFile(path, bytes);
+    const std::string name = toUtf8(path);
+    if (::chmod(name.c_str(), S_IRUSR | S_IWUSR) != 0)
+        fail(name);
 }
 
 void removeFile(TextView path) {

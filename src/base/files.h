@@ -21,6 +21,9 @@ Text currentFolder();
 // Makes the folder; one that is there already is left alone. Throws Failure in the system's words.
 void createFolder(TextView path);
 
+// The same, with a folder that its owner alone may look into, also when it was there already.
+void createPrivateFolder(TextView path);
+
 // Makes an empty file beside `path`, for bytes that are on their way there, and tells its name: that of
 // `path` with ".new" behind it, or with a number too where that is somebody's file. Throws Failure in the
 // system's words.
@@ -33,6 +36,9 @@ std::string readFile(TextView path);
 // full disk leaves the old bytes or the new ones. A link is followed, a file that is not writable is left
 // alone, permissions stay. Throws Failure in the system's words, with the old file as it was.
 void replaceFile(TextView path, std::string_view bytes);
+
+// The same for a file in a private folder, which its owner alone may read.
+void replacePrivateFile(TextView path, std::string_view bytes);
 
 // Takes the file away; one that is not there is no failure. Throws Failure in the system's words.
 void removeFile(TextView path);

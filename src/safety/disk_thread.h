@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/worker.h"
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <stop_token>
+#include <thread>
+
+namespace safety {
+
+// The thread that writes and syncs what the safety net keeps: a disk can be busy for longer than a key may
+// wait. Its end finishes what was posted.
+class DiskThread : public platform::Worker {
+public:
+    DiskThread();
+    ~DiskThread() override;
+
+    void post(std::function<void()> work) override;
+    void drain() override;
+
+private:
+    void run(const std::stop_token& stop);
+
+    std::mutex mutex_;
+    std::condition_variable_any changed_;
+    std::deque<std::function<void()>> posted_;
+    bool busy_ = false;
+    std::jthread thread_; // last: it ends before what it uses does
+};
+
+} // namespace safety

@@ -1,0 +1,42 @@
+#include "safety/journal_file.h"
+
+#include "base/carry_on.h"
+#include "base/files.h"
+
+#include <string>
+
+namespace safety {
+
+base::BinaryFile& JournalFile::file() {
+    if (!file_) {
+        file_ = std::make_unique<base::BinaryFile>(path_);
+        end_ = file_->length();
+    }
+    return *file_;
+}
+
+void JournalFile::begin(std::string_view records) {
+    base::replacePrivateFile(path_, records);
+    file_.reset();
+}
+
+// Bytes of a write that failed half-way are overwritten by the next one.
+void JournalFile::append(std::string_view records) {
+    base::BinaryFile& open = file();
+    open.writeAt(end_, records);
+    open.sync();
+    end_ += records.size();
+}
+
+void JournalFile::remove() {
+    file_.reset();
+    base::removeFile(path_);
+}
+
+std::vector<Record> JournalFile::read(base::TextView path) {
+    std::string bytes;
+    base::carryOn([&] { bytes = base::readFile(path); });
+    return intactRecords(bytes);
+}
+
+} // namespace safety

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "base/text.h"
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+
+namespace safety {
+
+// What happened without a message box: failures that a rule keeps silent, and work that was saved from being
+// lost. The newest one stands on the quiet line for a while; the last fifty are kept for a list.
+class Notices {
+public:
+    static constexpr std::size_t most = 50;
+
+    struct Notice {
+        std::int64_t time = 0; // seconds since 1970, UTC
+        base::Text sentence;
+    };
+
+    // `now` gives the time, seconds since 1970.
+    explicit Notices(std::function<std::int64_t()> now) : now_(std::move(now)) {}
+
+    // Tells one sentence. The same one again within a minute is not told twice: a disk that is full refuses
+    // every write.
+    void tell(base::TextView sentence);
+
+    // The newest first.
+    const std::deque<Notice>& all() const { return notices_; }
+
+    // A sentence to be shown now.
+    std::function<void(const base::Text& sentence)> Told = [](const base::Text&) {};
+
+private:
+    std::function<std::int64_t()> now_;
+    std::deque<Notice> notices_;
+};
+
+} // namespace safety

@@ -1,0 +1,168 @@
+#include "base/files.h"
+#include "fakes/temporary_folder.h"
+#include "fakes/virtual_loop.h"
+#include "rtf/rtf_reader.h"
+#include "rtf/rtf_writer.h"
+#include "safety/journal.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+using safety::ParagraphChange;
+using safety::Record;
+using safety::RecordType;
+
+namespace {
+
+// Work is done at once, or held back as a slow disk does.
+class InlineWorker : public platform::Worker {
+public:
+    void post(std::function<void()> work) override { work(); }
+    void drain() override {}
+};
+
+std::string source(const std::vector<std::string>& paragraphs) {
+    std::string rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1 Courier;}}";
+    for (const std::string& paragraph : paragraphs)
+        rtf += "\\pard " + paragraph + "\\par\n";
+    return rtf + "}";
+}
+
+// One form for all sources of one text, readable where a test fails.
+std::string asWritten(const std::string& rtf) {
+    return rtf::write(rtf::read(rtf));
+}
+
+// An editor as the journal sees it: paragraphs of RTF that change by whole paragraphs.
+class Editor : public safety::JournalSource {
+public:
+    std::optional<ParagraphChange> takeChange() override { return std::exchange(change_, std::nullopt); }
+    std::string wholeText() override {
+        change_.reset();
+        return source(paragraphs);
+    }
+    safety::DocumentState documentState() override { return state; }
+    safety::Marks marks() override { return held; }
+
+    void replace(std::size_t first, std::size_t removed, const std::vector<std::string>& inserted) {
+        const auto at = paragraphs.begin() + static_cast<std::ptrdiff_t>(first);
+        paragraphs.insert(paragraphs.erase(at, at + static_cast<std::ptrdiff_t>(removed)), inserted.begin(),
+                          inserted.end());
+        change_ = ParagraphChange{static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(removed),
+                                  inserted.empty() ? "" : source(inserted)};
+    }
+
+    std::vector<std::string> paragraphs{"first"};
+    safety::DocumentState state;
+    safety::Marks held;
+
+private:
+    std::optional<ParagraphChange> change_;
+};
+
+class JournalTest : public testing::Test {
+protected:
+    base::Text path() const { return folder.text("Journal"); }
+    safety::Work restored() const { return safety::replay(safety::JournalFile::read(path())); }
+    void change(std::size_t first, std::size_t removed, const std::vector<std::string>& inserted) {
+        editor.replace(first, removed, inserted);
+        journal.changed();
+    }
+    void expectRestored() { EXPECT_EQ(asWritten(restored().source), asWritten(source(editor.paragraphs))); }
+
+    fakes::TemporaryFolder folder;
+    fakes::VirtualLoop loop;
+    InlineWorker disk;
+    Editor editor;
+    safety::Journal journal{loop, disk, editor, path()};
+};
+
+} // namespace
+
+TEST_F(JournalTest, EveryChange_IsOnTheDiskWithinASecond) {
+    change(0, 1, {"first, typed"});
+    loop.advance(900);
+    expectRestored();
+    editor.state = {u"/a/b.rtf", u"b.rtf", 7, true, 42};
+    editor.held = {u"/a/b.mp3", {u"00:00:05 start"}};
+    change(1, 0, {"{\\f1\\b second}", "third"});
+    loop.advance(900);
+    expectRestored();
+    EXPECT_EQ(restored().document, editor.state);
+    EXPECT_EQ(restored().marks, editor.held);
+    journal.close();
+    EXPECT_FALSE(base::fileExists(path()));
+}
+
+TEST_F(JournalTest, RandomChanges_AreBroughtBack_WhereverTheFileIsCutOff) {
+    std::mt19937 random(7);
+    const auto below = [&](std::size_t limit) { return random() % (limit + 1); };
+    const std::vector<std::string> words = {"plain",        "{\\b bold}",      "{\\f1 other}",
+                                            "{\\fs40 big}", "{\\i x}{\\ul y}", ""};
+    std::vector<std::pair<std::size_t, std::string>> states; // bytes of the file, text then
+    for (int step = 0; step < 300; ++step) {
+        const std::size_t first = below(editor.paragraphs.size());
+        const std::size_t removed = std::min(below(3), editor.paragraphs.size() - first);
+        std::vector<std::string> inserted(below(3) + (removed == editor.paragraphs.size() ? 1 : 0));
+        for (std::string& paragraph : inserted)
+            paragraph = words[below(words.size() - 1)] + " " + std::to_string(step);
+        if (inserted.empty() && removed == 0)
+            continue;
+        change(first, removed, inserted);
+        loop.advance(400);
+        states.emplace_back(folder.read("Journal").size(), source(editor.paragraphs));
+    }
+    const std::string whole = folder.read("Journal");
+    for (std::size_t i = 1; i < states.size(); i += 7) {
+        // A torn record is dropped, all before it is used.
+        const std::size_t cut = states[i - 1].first + (states[i].first - states[i - 1].first) / 2;
+        const safety::Work work = safety::replay(safety::intactRecords(whole.substr(0, cut)));
+        EXPECT_EQ(asWritten(work.source), asWritten(states[i - 1].second)) << i;
+    }
+}
+
+TEST_F(JournalTest, ADamagedRecord_EndsWhatIsRead) {
+    change(0, 1, {"one"});
+    loop.advance(400);
+    const std::size_t intact = folder.read("Journal").size();
+    change(0, 1, {"two"});
+    loop.advance(400);
+    std::string bytes = folder.read("Journal");
+    bytes[intact + 12] ^= 1;
+    EXPECT_EQ(rtf::plainText(rtf::read(safety::replay(safety::intactRecords(bytes)).source)), u"one");
+}
+
+TEST_F(JournalTest, AChangeThatDoesNotFit_LeavesWhatStoodBefore) {
+    const std::vector<Record> records = {
+        {RecordType::Source, source({"kept"})},
+        {RecordType::Change, packed(ParagraphChange{5, 1, source({"lost"})})},
+        {RecordType::Change, packed(ParagraphChange{0, 1, source({"too late"})})},
+    };
+    const safety::Work work = safety::replay(records);
+    EXPECT_FALSE(work.whole);
+    EXPECT_EQ(rtf::plainText(rtf::read(work.source)), u"kept");
+}
+
+TEST_F(JournalTest, GrownBeyondTheText_ItIsWrittenAnewInAPause) {
+    editor.paragraphs = {std::string(200'000, 'x')};
+    for (int step = 0; step < 6; ++step) {
+        change(0, 1, {std::string(200'000, 'x') + std::to_string(step)});
+        loop.advance(400);
+    }
+    EXPECT_GT(folder.read("Journal").size(), 1'000'000U);
+    loop.advance(2100);
+    EXPECT_LT(folder.read("Journal").size(), 300'000U);
+    expectRestored();
+}
+
+TEST_F(JournalTest, ADiskThatRefuses_IsToldOnce_AndGetsTheWholeTextLater) {
+    std::vector<base::Text> reasons;
+    journal.Failed = [&](const base::Text& reason) { reasons.push_back(reason); };
+    std::filesystem::create_directory(folder.path() / "Journal");
+    change(0, 1, {"typed while the disk refuses"});
+    loop.advance(10'000);
+    EXPECT_EQ(reasons.size(), 1U);
+    std::filesystem::remove(folder.path() / "Journal");
+    loop.advance(3'000);
+    expectRestored();
+}
