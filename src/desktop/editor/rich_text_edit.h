@@ -64,7 +64,6 @@ public:
 
 protected:
     bool event(QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -124,6 +123,7 @@ private:
     void replaceSelection(const std::function<void(QTextCursor&)>& insert);
     // Does something that replaces estimated heights by measured ones, and keeps what is seen in its place.
     void keepView(const std::function<void()>& measure);
+    void paintPageBreaks(const QRect& area);
     void putMeasuringOff();
     // Inserts what was selected last, be it in another program, where `place` leads the caret.
     void pasteSelection(const std::function<void()>& place);

@@ -9,14 +9,10 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 
-#include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QPainter>
-#include <QScrollBar>
-#include <QTextBlock>
 #include <QTextDocumentFragment>
 
 namespace desktop {
@@ -98,23 +94,6 @@ bool RichTextEdit::event(QEvent* event) {
         }
     }
     return QTextEdit::event(event);
-}
-
-// A page break is a dashed line above the paragraph that begins the page.
-void RichTextEdit::paintEvent(QPaintEvent* event) {
-    QTextEdit::paintEvent(event);
-    QPainter painter(viewport());
-    painter.setPen(QPen(QColor(0x9A, 0xA3, 0xB0), 1, Qt::DashLine));
-    const QAbstractTextDocumentLayout& layout = *document_->documentLayout();
-    const int scrolled = verticalScrollBar()->value();
-    for (QTextBlock block = cursorForPosition({0, event->rect().top()}).block(); block.isValid();
-         block = block.next()) {
-        const int top = static_cast<int>(layout.blockBoundingRect(block).top()) - scrolled;
-        if (top > event->rect().bottom())
-            break;
-        if (document_->pageBreakBefore(block) != PageBreak::None)
-            painter.drawLine(0, top, viewport()->width(), top);
-    }
 }
 
 void RichTextEdit::keyPressEvent(QKeyEvent* event) {

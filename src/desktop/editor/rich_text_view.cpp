@@ -1,7 +1,9 @@
 // How the text control shows a text whose heights are not all known.
 #include "desktop/editor/rich_text_edit.h"
 
+#include <QPainter>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTimerEvent>
 
 namespace desktop {
@@ -47,8 +49,24 @@ void RichTextEdit::scrollContentsBy(int dx, int dy) {
 
 void RichTextEdit::paintEvent(QPaintEvent* event) {
     QTextEdit::paintEvent(event);
+    paintPageBreaks(event->rect());
     if (layout_->isEstimated() && !measuring_.isActive())
         measuring_.start(rest, this);
+}
+
+// A page break is a dashed line above the paragraph that begins the page.
+void RichTextEdit::paintPageBreaks(const QRect& area) {
+    QPainter painter(viewport());
+    painter.setPen(QPen(QColor(0x9A, 0xA3, 0xB0), 1, Qt::DashLine));
+    const int scrolled = verticalScrollBar()->value();
+    for (QTextBlock block = cursorForPosition({0, area.top()}).block(); block.isValid();
+         block = block.next()) {
+        const int top = static_cast<int>(layout_->blockBoundingRect(block).top()) - scrolled;
+        if (top > area.bottom())
+            break;
+        if (document_->pageBreakBefore(block) != PageBreak::None)
+            painter.drawLine(0, top, viewport()->width(), top);
+    }
 }
 
 void RichTextEdit::timerEvent(QTimerEvent* event) {
