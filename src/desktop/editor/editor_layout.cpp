@@ -307,7 +307,9 @@ QImage EditorLayout::picture(const QTextFormat& format) const {
 
 void EditorLayout::resizeInlineObject(QTextInlineObject item, int, const QTextFormat& format) {
     const QTextImageFormat image = format.toImageFormat();
-    const bool known = image.width() > 0 && image.height() > 0;
+    // Hidden letters have a size of nothing.
+    const bool known =
+        image.hasProperty(QTextFormat::ImageWidth) && image.hasProperty(QTextFormat::ImageHeight);
     const QSizeF size = known ? QSizeF(image.width(), image.height()) : QSizeF(picture(format).size());
     item.setWidth(size.width());
     item.setAscent(size.height());
