@@ -96,6 +96,8 @@ Application::Application(int& argc, char** argv) : QApplication(choosePlatform(a
     forgetPlatform();
     if (platformName() == QLatin1String("xcb"))
         surviveXErrors();
+    // A dialog of the desktop's own would open below the player, and in the language of the desktop.
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     // Qt's dialogs would keep their looks and the paths that they showed in the user's home. The program is
     // carried about in its folder and leaves nothing elsewhere: a folder that takes no file.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));

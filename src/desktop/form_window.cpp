@@ -2,18 +2,17 @@
 
 #include "desktop/conversions.h"
 #include "desktop/key_codes.h"
+#include "desktop/keyboard_order.h"
 #include "desktop/menus.h"
 #include "desktop/pictures.h"
 #include "desktop/window_hints.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
 #include <QEventLoop>
 #include <QMenu>
 #include <QMimeData>
-#include <QPointer>
 #include <QThread>
 #include <QWindow>
 #include <utility>
@@ -61,7 +60,7 @@ FormWindow::FormWindow(controls::Window& form, Size size, Qt::WindowFlags button
 void FormWindow::begin() {
     form_.setFocus = [this] {
         raise();
-        activateWindow();
+        giveKeyboard(*this);
     };
     form_.showModal = [this] { showModal(); };
     form_.PopupMenu = [this](const controls::MenuItem& item) {
@@ -188,13 +187,9 @@ void FormWindow::showModal() {
     setWindowModality(Qt::ApplicationModal);
     QEventLoop loop;
     modal_ = &loop;
-    const QPointer<QWidget> before = QApplication::activeWindow();
     form_.visible = true;
     loop.exec();
     modal_ = nullptr;
-    // The keyboard goes back to where it was, not to what the window manager takes for the next window.
-    if (before && before->isVisible())
-        before->activateWindow();
     setWindowModality(Qt::NonModal);
 }
 

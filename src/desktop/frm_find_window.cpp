@@ -3,6 +3,7 @@
 #include "desktop/control_views.h"
 #include "desktop/conversions.h"
 #include "desktop/input_views.h"
+#include "desktop/keyboard_order.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -58,7 +59,7 @@ void addBox(controls::ComboBox& box, QWidget& parent) {
     QComboBox* const view = addView(box, parent);
     view->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
     box.setFocus = [view] {
-        view->window()->activateWindow();
+        giveKeyboard(*view->window());
         view->setFocus();
         view->lineEdit()->selectAll();
     };

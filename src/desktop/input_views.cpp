@@ -2,6 +2,7 @@
 
 #include "desktop/conversions.h"
 #include "desktop/key_codes.h"
+#include "desktop/keyboard_order.h"
 #include "desktop/pictures.h"
 
 #include <QAbstractItemView>
@@ -60,7 +61,7 @@ void tie(View& view, Data& control, Follow follow) {
 }
 
 void takeFocus(QWidget& view) {
-    view.window()->activateWindow();
+    giveKeyboard(*view.window());
     view.setFocus();
 }
 
@@ -114,6 +115,25 @@ private:
     }
 
     controls::ComboBox& box_;
+};
+
+// While its list is open the list has the keys. Qt closes it before it looks for a shortcut, so that the
+// window would take the same Escape or Enter for its button.
+class ComboView : public QComboBox {
+public:
+    using QComboBox::QComboBox;
+
+    void showPopup() override {
+        view()->installEventFilter(this);
+        QComboBox::showPopup();
+    }
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::ShortcutOverride)
+            event->accept();
+        return QComboBox::eventFilter(receiver, event);
+    }
 };
 
 class ListView : public QListView {
@@ -225,7 +245,7 @@ QLineEdit* addView(controls::TextBox& box, QWidget& parent) {
 }
 
 QComboBox* addView(controls::ComboBox& box, QWidget& parent) {
-    auto* const view = new QComboBox(&parent);
+    auto* const view = new ComboView(&parent);
     view->setEditable(box.editable);
     view->setInsertPolicy(QComboBox::NoInsert);
     if (box.editable) {

@@ -10,6 +10,7 @@
 #include "desktop/frm_find_window.h"
 #include "desktop/frm_informazioni_window.h"
 #include "desktop/key_repeats.h"
+#include "desktop/keyboard_order.h"
 #include "desktop/lazy_internet.h"
 #include "desktop/lazy_player.h"
 #include "desktop/lazy_wave_input.h"
@@ -66,6 +67,7 @@ private:
     LazyPlayer player_;
     QtClipboard clipboard_{QClipboard::Clipboard};
     KeyRepeats keyRepeats_;
+    KeyboardOrder keyboardOrder_;
     LazyWaveInput waveInput_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;

@@ -45,6 +45,7 @@ void AboutBox::mnuInfo_Click() {
     Form_Load();
     fillIn();
     about_.visible = true;
+    about_.setFocus();
 }
 
 void AboutBox::Form_Load() {

@@ -3,6 +3,7 @@
 #include "desktop/qt_event_loop.h"
 #include "eventually.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -65,6 +66,12 @@ TEST_F(FrmFindWindow, ABox_HoldsALineOfAnyLength_AndTellsWhatTheUserDoes_NotWhat
     QTest::keyClick(&box, Qt::Key_Down);
     EXPECT_EQ(form.cboFind.text.get(), u"one");
     EXPECT_EQ(pressed, "changed changed chosen ");
+    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return}) {
+        box.showPopup();
+        QTest::keyClick(box.view(), key);
+        EXPECT_FALSE(box.view()->isVisible());
+    }
+    EXPECT_EQ(pressed, "changed changed chosen changed chosen ") << "an open list keeps its keys";
 }
 
 TEST_F(FrmFindWindow, ADrop_LeavesTheTextWhereItComesFrom_AndHasLinesOfOneKind) {

@@ -9,6 +9,7 @@
 #include "desktop/editor/rtf_bridge.h"
 #include "desktop/editor/rtf_source.h"
 #include "desktop/editor/selection_formats.h"
+#include "desktop/keyboard_order.h"
 #include "desktop/editor/text_search.h"
 #include "desktop/editor/text_units.h"
 #include "desktop/notice.h"
@@ -358,8 +359,7 @@ void RichTextEdit::together(const std::function<void()>& edits) {
 }
 
 void RichTextEdit::SetFocus() {
-    if (!isActiveWindow())
-        activateWindow();
+    giveKeyboard(*window());
     setFocus(Qt::OtherFocusReason);
 }
 

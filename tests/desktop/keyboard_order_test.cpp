@@ -1,0 +1,51 @@
+#include "desktop/keyboard_order.h"
+
+#include "eventually.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTest>
+#include <gtest/gtest.h>
+
+TEST(KeyboardOrder, AWindowThatGoesAway_GivesTheKeyboardBackToTheOneBefore_OrToTheOneThatAsks) {
+    const desktop::KeyboardOrder order;
+    QWidget player;
+    QWidget editor;
+    const auto activate = [](QWidget& window) {
+        window.show();
+        desktop::giveKeyboard(window);
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    };
+    const auto hasKeyboard = [](QWidget& window) {
+        return fakes::eventually([&] { return QApplication::activeWindow() == &window; });
+    };
+    activate(player);
+    activate(editor);
+    {
+        QDialog box(&player); // whose window it is does not matter
+        box.setModal(true);
+        activate(box);
+        QDialog question(&box);
+        question.setModal(true);
+        activate(question);
+        question.hide();
+        player.activateWindow(); // as a window manager does
+        EXPECT_TRUE(hasKeyboard(box));
+        box.hide();
+        player.activateWindow();
+        EXPECT_TRUE(hasKeyboard(editor)) << "again, when it has gone elsewhere meanwhile";
+        activate(box);
+        box.hide();
+        desktop::giveKeyboard(player);
+        EXPECT_TRUE(hasKeyboard(player));
+    }
+    activate(editor);
+    QWidget about;
+    player.hide();
+    editor.hide();
+    activate(about);
+    about.hide();
+    player.show();
+    editor.show();
+    EXPECT_TRUE(hasKeyboard(editor)) << "also when they come back together";
+}
