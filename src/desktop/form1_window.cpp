@@ -49,6 +49,10 @@ Form1Window::Form1Window(player::Form1& form)
     white.setColor(QPalette::Window, Qt::white);
     setPalette(white);
 
+    // No control on the skin takes the keyboard: without this the menu bar would keep it for good.
+    setFocusPolicy(Qt::StrongFocus);
+    setFocus();
+
     auto* const menuBar = new MenuBar(form.menuBar, this);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

@@ -184,3 +184,22 @@ TEST_F(Form1WindowTest, StayOnTop_GoesOnAndOff_WithoutHidingTheWindow) {
     EXPECT_EQ(hides.count(), 0);
     EXPECT_EQ(window->windowHandle(), &handle);
 }
+
+TEST_F(Form1WindowTest, MenuBar_LeftByKeyboard_GivesTheKeyboardBack) {
+    int quits = 0;
+    form.KeyDown = [&](const platform::KeyEvent& key) { quits += key.keyCode == 27; };
+    show();
+    QApplication::setActiveWindow(&*window);
+    const std::pair<QKeyCombination, bool> road[] = {{Qt::ALT | Qt::Key_F, true},
+                                                     {Qt::Key_Escape, false},
+                                                     {Qt::Key_Escape, false},
+                                                     {Qt::Key_F, false},
+                                                     {Qt::Key_Escape, false}};
+    for (const auto& [key, opensMenu] : road) {
+        EXPECT_EQ(quits, 0);
+        QWidget* const popup = QApplication::activePopupWidget();
+        QTest::keyClick(popup ? popup : QApplication::focusWidget(), key.key(), key.keyboardModifiers());
+        EXPECT_EQ(QApplication::activePopupWidget() != nullptr, opensMenu);
+    }
+    EXPECT_EQ(quits, 1);
+}
