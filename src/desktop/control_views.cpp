@@ -15,7 +15,8 @@ constexpr double fadedStrength = 0.35;
 constexpr double pixelsPerPoint =
     96.0 / 72; // the skin has a fixed scale, whatever the screen says of its own
 
-constexpr int textMargin = 1; // pixels: some letters reach over their own width
+constexpr int textMargin = 1;     // pixels: some letters reach over their own width
+constexpr double mostMissing = 4; // pixels
 
 QRect place(const controls::Control& control) {
     return {pixels(control.left), pixels(control.top), pixels(control.width), pixels(control.height)};
@@ -37,11 +38,11 @@ QString withoutMnemonics(const base::Text& caption) {
     return shown;
 }
 
-// Lays the text out in lines of `width` pixels, as many as `height` holds; the last one is cut with an
-// ellipsis.
+// Lays the text out in lines, as many as the space holds. The last one is cut with an ellipsis; when only a
+// few pixels are missing, its letters move together instead.
 class Lines {
 public:
-    Lines(const QString& text, const QFont& font, QSize space) : layout_(text, font) {
+    Lines(const QString& text, const QFont& font, QSize space) : layout_(text, font), lastFont_(font) {
         QTextOption option;
         option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
         layout_.setTextOption(option);
@@ -67,17 +68,19 @@ public:
         for (int i = 0; i < shown_; ++i) {
             const QTextLine line = layout_.lineAt(i);
             const QString cut = i == shown_ - 1 ? lastLine_ : QString();
-            const double width = cut.isEmpty() ? line.naturalTextWidth()
-                                               : QFontMetricsF(layout_.font()).horizontalAdvance(cut);
+            const double width =
+                cut.isEmpty() ? line.naturalTextWidth() : QFontMetricsF(lastFont_).horizontalAdvance(cut);
             const double left = alignment == controls::Alignment::Left     ? 0
                                 : alignment == controls::Alignment::Centre ? (area.width() - width) / 2
                                                                            : area.width() - width;
             // On whole pixels: letters between two of them look blurred at this size.
             const QPointF at(area.left() + std::floor(left), area.top() + std::floor(top));
-            if (cut.isEmpty())
+            if (cut.isEmpty()) {
                 line.draw(&painter, at);
-            else
+            } else {
+                painter.setFont(lastFont_);
                 painter.drawText(at + QPointF(0, line.y() + line.ascent()), cut);
+            }
         }
     }
 
@@ -88,6 +91,11 @@ private:
         const int start = layout_.lineAt(shown_ - 1).textStart();
         const QFontMetricsF metrics(layout_.font());
         const QString rest = layout_.text().mid(start);
+        if (const double missing = metrics.horizontalAdvance(rest) - width; missing <= mostMissing) {
+            lastLine_ = rest;
+            lastFont_.setLetterSpacing(QFont::AbsoluteSpacing, -missing / static_cast<double>(rest.size()));
+            return;
+        }
         lastLine_ = metrics.elidedText(rest, Qt::ElideRight, width);
         if (lastLine_ == rest)
             lastLine_ = rest.left(hidden - start) + QChar(0x2026);
@@ -95,6 +103,7 @@ private:
 
     QTextLayout layout_;
     QString lastLine_;
+    QFont lastFont_;
     double height_ = 0;
     int shown_ = 0;
 };
