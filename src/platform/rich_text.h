@@ -35,6 +35,15 @@ struct TextChange {
     base::Text inserted;
 };
 
+// Paragraphs `first` to `first` + `removed` gave way to those of `source`: RTF, or empty where they were only
+// removed. Paragraphs count from 0, as RTF has them. `whole`: the source is all of the text.
+struct ParagraphChange {
+    std::uint32_t first = 0;
+    std::uint32_t removed = 0;
+    std::string source;
+    bool whole = false;
+};
+
 // One document of rich text with a selection. Positions and lengths count UTF-16 units, the end of a
 // paragraph counting two (CR LF); one that lies outside the text is taken as the nearest inside, one inside a
 // pair as the place before it. A line break inside of a paragraph is the one unit U+000B, a picture or
@@ -56,6 +65,17 @@ public:
     // What has changed in Text since this was last asked, at first since the empty document. Changes in many
     // places are told as one that covers them all; its cost is that of what it covers.
     virtual TextChange takeChange() = 0;
+
+    // What has changed since this was last asked, in letters or formats, at first since the empty document;
+    // nothing when nothing has. Changes in many places are told as one that covers them all; its cost is that
+    // of what it covers.
+    virtual std::optional<ParagraphChange> takeParagraphs() = 0;
+    // All paragraphs as RTF, with which takeParagraphs begins anew.
+    virtual std::string takeAllParagraphs() = 0;
+
+    // The whole document as RTF, as SaveFile writes it. Writing replaces it all and raises Change once.
+    virtual std::string source() const = 0;
+    virtual void setSource(std::string_view source) = 0;
 
     virtual std::int32_t SelStart() const = 0;
     // Puts the caret there, with nothing selected.
@@ -115,6 +135,8 @@ public:
     std::function<void()> Change = [] {};
     // Whether the program has a use for the key in the text, ahead of the shortcuts of the menus.
     std::function<bool(const KeyEvent&)> TakesKey = [](const KeyEvent&) { return false; };
+    // After every change of the text or of its formats.
+    std::function<void()> Edited = [] {};
     std::function<void(KeyEvent&)> KeyDown = [](KeyEvent&) {};
     std::function<void(const KeyEvent&)> KeyUp = [](const KeyEvent&) {};
     // A key that means the command to the desktop, and that KeyDown has left alone. The control itself does

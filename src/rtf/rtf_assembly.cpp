@@ -25,6 +25,7 @@ Assembly::Assembly(const Document& frame) {
     result_.pageWords = frame.pageWords;
     result_.head = frame.head;
     result_.keptTables = frame.keptTables;
+    result_.lastParagraphEnds = frame.lastParagraphEnds;
 }
 
 void Assembly::take(const Document& source) {
@@ -93,7 +94,6 @@ std::uint32_t Assembly::sectionOf(std::size_t index) {
 }
 
 Document Assembly::finish() {
-    result_.lastParagraphEnds = true;
     source_ = nullptr;
     return std::exchange(result_, {});
 }

@@ -33,12 +33,17 @@ void Journal::gather() {
     idle_->start(idleAfter);
     reportFailure();
     if (shared_->mustBegin.exchange(false)) {
-        beginAnew();
+        beginAnew(source_.wholeText());
         return;
     }
     std::string records;
-    if (const auto change = source_.takeChange())
+    if (const auto change = source_.takeChange()) {
+        if (change->whole) {
+            beginAnew(change->source);
+            return;
+        }
         records = framed(RecordType::Change, packed(*change));
+    }
     records += stateRecords();
     if (!records.empty())
         write(std::move(records), false);
@@ -49,11 +54,10 @@ void Journal::gatherIdle() {
     idle_->stop();
     reportFailure();
     if (shared_->size > std::max(leastCompacted, timesTheText * sourceSize_))
-        beginAnew();
+        beginAnew(source_.wholeText());
 }
 
-void Journal::beginAnew() {
-    const std::string source = source_.wholeText();
+void Journal::beginAnew(const std::string& source) {
     sourceSize_ = source.size();
     lastState_.reset();
     lastMarks_.reset();

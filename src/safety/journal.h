@@ -19,7 +19,7 @@ public:
     virtual ~JournalSource() = default;
     // Paragraphs that changed since this was last asked, in letters or formats; nothing when none did. Its
     // cost is that of the paragraphs.
-    virtual std::optional<ParagraphChange> takeChange() = 0;
+    virtual std::optional<platform::ParagraphChange> takeChange() = 0;
     // The whole text as RTF, with which takeChange begins anew.
     virtual std::string wholeText() = 0;
     virtual DocumentState documentState() = 0;
@@ -60,7 +60,7 @@ private:
 
     void gather();
     void gatherIdle();
-    void beginAnew();
+    void beginAnew(const std::string& source);
     std::string stateRecords();
     void write(std::string records, bool anew);
     void reportFailure();

@@ -25,7 +25,7 @@ public:
     }
 
     // False when the paragraphs that gave way are not there.
-    bool replace(const ParagraphChange& change) {
+    bool replace(const platform::ParagraphChange& change) {
         if (documents_.empty() || change.first > places_.size() ||
             change.removed > places_.size() - change.first)
             return false;
@@ -51,7 +51,11 @@ public:
             return {};
         rtf::Document frame = documents_.front();
         // The tables of what is kept as RTF only ever grow: the newest source has them all.
-        frame.keptTables = documents_.back().keptTables;
+        const auto newest =
+            std::find_if(documents_.rbegin(), documents_.rend(),
+                         [](const rtf::Document& document) { return !document.kept.empty(); });
+        if (newest != documents_.rend())
+            frame.keptTables = newest->keptTables;
         rtf::Assembly assembly(frame);
         const rtf::Document* taken = nullptr;
         for (const Place& place : places_) {
@@ -98,7 +102,7 @@ std::string packed(const Marks& marks) {
     return packer.take();
 }
 
-std::string packed(const ParagraphChange& change) {
+std::string packed(const platform::ParagraphChange& change) {
     return Packer().number(change.first).number(change.removed).bytes(change.source).take();
 }
 
@@ -113,7 +117,7 @@ Work replay(const std::vector<Record>& records) {
             work.whole = true;
             break;
         case RecordType::Change: {
-            ParagraphChange change{from.number(), from.number(), {}};
+            platform::ParagraphChange change{from.number(), from.number(), {}, false};
             change.source = from.bytes();
             if (work.whole)
                 work.whole = text.replace(change);

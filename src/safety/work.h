@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "platform/rich_text.h"
 #include "safety/records.h"
 
 #include <optional>
@@ -29,18 +30,9 @@ struct Marks {
     bool operator==(const Marks&) const = default;
 };
 
-// Paragraphs `first` to `first` + `removed` gave way to those of `source`, which is RTF, or empty where
-// they were only removed. Paragraphs count
-// from 0, as RTF has them.
-struct ParagraphChange {
-    std::uint32_t first = 0;
-    std::uint32_t removed = 0;
-    std::string source;
-};
-
 std::string packed(const DocumentState& state);
 std::string packed(const Marks& marks);
-std::string packed(const ParagraphChange& change);
+std::string packed(const platform::ParagraphChange& change);
 
 struct Work {
     std::string source; // the whole text as RTF; empty where the journal holds none

@@ -4,6 +4,7 @@
 #include "base/files.h"
 #include "base/numbers.h"
 #include "platform/rich_text.h"
+#include "rtf/rtf_reader.h"
 
 #include <algorithm>
 #include <string>
@@ -25,10 +26,25 @@ public:
 
     base::Text Text() const override { return text_; }
     platform::TextChange takeChange() override { return {0, std::exchange(told_, textLength()), text_}; }
+    std::optional<platform::ParagraphChange> takeParagraphs() override {
+        if (!std::exchange(edited_, false))
+            return std::nullopt;
+        return platform::ParagraphChange{0, 0, source(), true};
+    }
+    std::string takeAllParagraphs() override {
+        edited_ = false;
+        return source();
+    }
+    std::string source() const override {
+        return "{\\rtf1 " + base::toUtf8(base::replaced(text_, u"\r\n", u"\\par\n")) + "}";
+    }
+    void setSource(std::string_view source) override {
+        setText(base::replaced(rtf::plainText(rtf::read(source)), u"\n", u"\r\n"));
+    }
     void setText(base::TextView text) override {
         text_ = text;
         start_ = length_ = 0;
-        Change();
+        tellChange();
     }
     std::int32_t textLength() const override { return static_cast<std::int32_t>(text_.size()); }
     std::int32_t SelStart() const override { return start_; }
@@ -47,7 +63,7 @@ public:
         text_.replace(static_cast<std::size_t>(start_), static_cast<std::size_t>(length_), text);
         start_ += static_cast<std::int32_t>(text.size());
         length_ = 0;
-        Change();
+        tellChange();
     }
     base::Text SelRTF() const override { return u"{\\rtf1 " + SelText() + u"}"; }
     void setSelRTF(base::TextView source) override {
@@ -117,6 +133,11 @@ public:
     }
 
 private:
+    void tellChange() {
+        edited_ = true;
+        Change();
+        Edited();
+    }
     void set(const std::string& what, bool on) {
         style = on ? platform::Setting::On : platform::Setting::Off;
         commands.push_back(what + (on ? " on" : " off"));
@@ -126,6 +147,7 @@ private:
     std::int32_t start_ = 0;
     std::int32_t length_ = 0;
     std::int32_t told_ = 0; // length of the text when its changes were last asked for
+    bool edited_ = false;
 };
 
 } // namespace fakes

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 #include <random>
 
-using safety::ParagraphChange;
+using platform::ParagraphChange;
 using safety::Record;
 using safety::RecordType;
 
@@ -36,7 +36,9 @@ std::string asWritten(const std::string& rtf) {
 // An editor as the journal sees it: paragraphs of RTF that change by whole paragraphs.
 class Editor : public safety::JournalSource {
 public:
-    std::optional<ParagraphChange> takeChange() override { return std::exchange(change_, std::nullopt); }
+    std::optional<platform::ParagraphChange> takeChange() override {
+        return std::exchange(change_, std::nullopt);
+    }
     std::string wholeText() override {
         change_.reset();
         return source(paragraphs);
@@ -49,7 +51,7 @@ public:
         paragraphs.insert(paragraphs.erase(at, at + static_cast<std::ptrdiff_t>(removed)), inserted.begin(),
                           inserted.end());
         change_ = ParagraphChange{static_cast<std::uint32_t>(first), static_cast<std::uint32_t>(removed),
-                                  inserted.empty() ? "" : source(inserted)};
+                                  inserted.empty() ? "" : source(inserted), false};
     }
 
     std::vector<std::string> paragraphs{"first"};
@@ -57,7 +59,7 @@ public:
     safety::Marks held;
 
 private:
-    std::optional<ParagraphChange> change_;
+    std::optional<platform::ParagraphChange> change_;
 };
 
 class JournalTest : public testing::Test {
@@ -135,8 +137,8 @@ TEST_F(JournalTest, ADamagedRecord_EndsWhatIsRead) {
 TEST_F(JournalTest, AChangeThatDoesNotFit_LeavesWhatStoodBefore) {
     const std::vector<Record> records = {
         {RecordType::Source, source({"kept"})},
-        {RecordType::Change, packed(ParagraphChange{5, 1, source({"lost"})})},
-        {RecordType::Change, packed(ParagraphChange{0, 1, source({"too late"})})},
+        {RecordType::Change, safety::packed(ParagraphChange{5, 1, source({"lost"}), false})},
+        {RecordType::Change, safety::packed(ParagraphChange{0, 1, source({"too late"}), false})},
     };
     const safety::Work work = safety::replay(records);
     EXPECT_FALSE(work.whole);

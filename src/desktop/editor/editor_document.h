@@ -79,6 +79,8 @@ public:
     // the first one counts.
     PageBreak pageBreakBefore(const QTextBlock& block) const;
     // Gives a paragraph that is not there yet a break of its own.
+    // True once a page break has been in the document.
+    bool hasPageBreaks() const { return pageBreaks_ > 0; }
     void breakPage(QTextBlockFormat& format) { format.setProperty(PageBreakNumber, ++pageBreaks_); }
     // Cuts the paragraph at the cursor by a page break; the new one begins with these letters.
     void breakPageAt(QTextCursor& cursor, const QTextCharFormat& letters);

@@ -76,6 +76,12 @@ QString textBetween(QTextDocument& document, int begin, int end) {
     return cursor.selectedText();
 }
 
+// An empty paragraph at the end of a source is one only where it is ended.
+std::string withAllEnds(rtf::Document paragraphs) {
+    paragraphs.lastParagraphEnds = true;
+    return rtf::write(paragraphs);
+}
+
 } // namespace
 
 RichTextEdit::RichTextEdit(const base::CodePage& page, QWidget* parent) : QTextEdit(parent), page_(page) {
@@ -97,14 +103,18 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     document_->setDocumentLayout(layout_);
     connect(document_, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
         // Of edits that are done together each has told of itself.
+        paragraphs_.note(*document_, position, added);
         if (!ahead_)
             noteChange(position, removed, added);
+        Edited();
     });
     setDocument(document_);
     // Qt would go on typing in the format of the old text.
     setTextCursor(QTextCursor(document_));
     delete before;
     stretch_.noteAll(*document_);
+    paragraphs_.noteAll();
+    Edited();
 }
 
 void RichTextEdit::noteChange(int position, int removed, int added) {
@@ -302,7 +312,44 @@ void RichTextEdit::LoadFile(base::TextView path) {
 }
 
 void RichTextEdit::SaveFile(base::TextView path) {
-    base::replaceFile(path, rtf::write(rtfOf(*document_)));
+    base::replaceFile(path, source());
+}
+
+std::string RichTextEdit::source() const {
+    return rtf::write(rtfOf(*document_));
+}
+
+void RichTextEdit::setSource(std::string_view source) {
+    auto document = documentOfRtf(rtf::read(source), font());
+    edit(SameLength::Format, [&] {
+        exchangeDocument(std::move(document));
+        changed_ = true;
+    });
+}
+
+std::optional<platform::ParagraphChange> RichTextEdit::takeParagraphs() {
+    if (!paragraphs_.changed())
+        return std::nullopt;
+    // Behind a page break inside of a paragraph Qt's count is no longer that of RTF.
+    if (document_->hasPageBreaks())
+        return platform::ParagraphChange{0, 0, takeAllParagraphs(), true};
+    const ChangedParagraphs::Range range = paragraphs_.take(*document_);
+    if (range.whole)
+        return platform::ParagraphChange{0, 0, takeAllParagraphs(), true};
+    platform::ParagraphChange change{
+        static_cast<std::uint32_t>(range.first), static_cast<std::uint32_t>(range.removed), {}, false};
+    if (range.inserted > 0) {
+        const QTextBlock behind = document_->findBlockByNumber(range.first + range.inserted);
+        const int begin = document_->findBlockByNumber(range.first).position();
+        const int end = behind.isValid() ? behind.position() : document_->characterCount();
+        change.source = withAllEnds(rtfOf(*document_, {begin, end}));
+    }
+    return change;
+}
+
+std::string RichTextEdit::takeAllParagraphs() {
+    paragraphs_.take(*document_);
+    return withAllEnds(rtfOf(*document_));
 }
 
 void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/code_page.h"
+#include "desktop/editor/changed_paragraphs.h"
 #include "desktop/editor/changed_stretch.h"
 #include "desktop/editor/editor_document.h"
 #include "desktop/editor/editor_layout.h"
@@ -28,6 +29,10 @@ public:
     void setText(base::TextView text) override;
     std::int32_t textLength() const override;
     platform::TextChange takeChange() override;
+    std::optional<platform::ParagraphChange> takeParagraphs() override;
+    std::string takeAllParagraphs() override;
+    std::string source() const override;
+    void setSource(std::string_view source) override;
 
     std::int32_t SelStart() const override;
     void setSelStart(std::int32_t position) override;
@@ -137,6 +142,7 @@ private:
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
     ChangedStretch stretch_;          // of what nobody has asked for yet
+    ChangedParagraphs paragraphs_;    // likewise, formats included
     std::set<std::uint64_t> pressed_; // keys by their places that went down in the text and are not up again
     QtClipboard selection_{QClipboard::Selection};
     std::optional<QTextCursor> ahead_; // only while several edits are done together
