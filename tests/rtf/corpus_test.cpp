@@ -1,4 +1,4 @@
-// The reader before files of many other programs, where the folder with them is at hand.
+// The reader before files of other programs.
 #include "base/files.h"
 #include "rtf/reading.h"
 
@@ -62,21 +62,15 @@ double similarity(const base::Text& a, const base::Text& b) {
     return 2.0 * static_cast<double>(row.back()) / static_cast<double>(left.size() + right.size());
 }
 
-class RtfCorpus : public testing::Test {
-protected:
-    void SetUp() override {
-        if (!fs::is_directory(folder))
-            GTEST_SKIP() << "no folder " << folder;
-    }
+const fs::path folder = RTF_CORPUS;
 
-    static std::string bytesOf(const fs::path& file) { return base::readFile(base::fromUtf8(file.string())); }
-
-    const fs::path folder = RTF_CORPUS;
-};
+std::string bytesOf(const fs::path& file) {
+    return base::readFile(base::fromUtf8(file.string()));
+}
 
 } // namespace
 
-TEST_F(RtfCorpus, Words_AreThoseThatOtherProgramsRead) {
+TEST(RtfCorpus, Words_AreThoseThatOtherProgramsRead) {
     double sum = 0;
     int files = 0;
     for (const auto& entry : fs::directory_iterator(folder / "expected")) {
@@ -91,7 +85,7 @@ TEST_F(RtfCorpus, Words_AreThoseThatOtherProgramsRead) {
     EXPECT_GE(sum / files, 0.985);
 }
 
-TEST_F(RtfCorpus, EveryFile_ReadsInASecond_AndIsWrittenAsItself) {
+TEST(RtfCorpus, EveryFile_ReadsInASecond_AndIsWrittenAsItself) {
     for (const auto& entry : fs::directory_iterator(folder)) {
         if (entry.path().extension() != ".rtf")
             continue;
