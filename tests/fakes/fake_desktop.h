@@ -92,15 +92,15 @@ public:
     void endProcess() override { ended = true; }
 };
 
-// An internet with one answer for every address; it notes what is asked.
+// An internet of the pages that the test laid; it notes what is asked.
 class FakeInternet : public platform::Internet {
 public:
-    std::string answer;
-    std::vector<std::string> reads; // "agent address"
+    std::map<std::string, std::string> pages; // by address
+    std::vector<std::string> reads;           // "agent address"
 
     std::string read(const std::string& address, const std::string& agent) override {
         reads.push_back(agent + ' ' + address);
-        return answer;
+        return pages.contains(address) ? pages.at(address).substr(0, 64 * 1024 + 1) : std::string();
     }
 };
 
