@@ -113,6 +113,13 @@ public:
     void openSoundSettings() override { opened.emplace_back("sound settings"); }
 };
 
+// A thread without time of its own: work is done when it is posted.
+class FakeWorker : public platform::Worker {
+public:
+    void post(std::function<void()> work) override { work(); }
+    void drain() override {}
+};
+
 // A desktop without a screen: virtual time, a temporary program folder with the shipped kind of files in it.
 class FakeDesktop : public app::Desktop {
 public:
@@ -124,6 +131,7 @@ public:
     FakeClipboard clipboardPort;
     FakeInternet internetPort;
     FakeShell shellPort;
+    FakeWorker diskPort;
     outside::FrmInformazioni* about = nullptr;
     FakeRichText text;
     FakePrinter printerPort;
@@ -195,6 +203,7 @@ public:
     base::CodePage codePage() override { return base::CodePage(1252); }
     platform::Internet& internet() override { return internetPort; }
     platform::Shell& shell() override { return shellPort; }
+    platform::Worker& disk() override { return diskPort; }
     std::vector<outside::Library> libraries() override { return {{u"Fake library", u"1.0", u"none"}}; }
     void speak(const base::Text&) override {}
     void show(player::Form1& form) override {
