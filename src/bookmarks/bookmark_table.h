@@ -2,9 +2,7 @@
 
 #include "base/text.h"
 
-#include <algorithm>
 #include <array>
-#include <vector>
 
 namespace bookmarks {
 
@@ -15,10 +13,6 @@ struct BookmarkTable {
     std::array<base::Text, size> BookMark;
 
     bool empty() const { return BookMark[0].empty(); }
-    // Those before the first empty one.
-    std::vector<base::Text> lines() const {
-        return {BookMark.begin(), std::find(BookMark.begin(), BookMark.end(), base::Text())};
-    }
     void SvuotaBookMark() { BookMark.fill({}); }
 };
 

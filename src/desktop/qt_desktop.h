@@ -21,7 +21,6 @@
 #include "desktop/qt_shell.h"
 #include "desktop/qt_system.h"
 #include "desktop/standard_words.h"
-#include "safety/disk_thread.h"
 
 #include <memory>
 
@@ -41,7 +40,6 @@ public:
     platform::Printer& printer() override { return printing_.printer(); }
     platform::WaveInput& waveInput() override { return waveInput_; }
     platform::Internet& internet() override { return internet_; }
-    platform::Worker& disk() override { return disk_; }
     platform::Shell& shell() override { return shell_; }
     std::vector<outside::Library> libraries() override;
     base::CodePage codePage() override { return QtSystem::codePage(); }
@@ -76,7 +74,6 @@ private:
     PrintModule printing_;
     LazyInternet internet_;
     QtShell shell_;
-    safety::DiskThread disk_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;
     std::unique_ptr<FrmFindWindow> frmFind_;

@@ -2,6 +2,7 @@
 
 #include "desktop/conversions.h"
 #include "desktop/key_codes.h"
+#include "desktop/keyboard_order.h"
 #include "desktop/menus.h"
 #include "desktop/pictures.h"
 
@@ -27,7 +28,7 @@ VideoWindowView::VideoWindowView(player::Form1& form) : form_(form) {
     setPalette(black);
     form_.VideoWindow.setFocus = [this] {
         raise();
-        activateWindow();
+        giveKeyboard(*this);
     };
 }
 

@@ -58,9 +58,7 @@ void Document::newDocument() {
     if (!mayLoseText())
         return;
     base::carryOn([&] { NumeroDocumento = base::sumInt16(NumeroDocumento, 1); });
-    Replacing();
     base::carryOn([&] { form_.RTB.setText(u""); });
-    Settled();
     form_.caption = form_.Lingua(96) + u" - " + untitledName();
     // The path stays: the next save writes over the former file. Settled behaviour.
     TestoModificato = 0;
@@ -80,40 +78,17 @@ void Document::ApriDocumento(base::TextView path) {
                             BoxStyle::Exclamation);
         return;
     }
-    Replacing();
-    nowIn(chosen, [&] {
-        base::carryOn([&] {
-            form_.RTB.LoadFile(chosen);
-            Settled();
-        });
-    });
+    nowIn(chosen, &platform::RichText::LoadFile);
 }
 
 // A load or a save that fails is skipped: the document has its new name all the same.
-void Document::nowIn(const base::Text& path, const std::function<void()>& loadOrSave) {
+void Document::nowIn(const base::Text& path, void (platform::RichText::*loadOrSave)(base::TextView)) {
     base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
     FileEditor = path;
-    loadOrSave();
+    base::carryOn([&] { (form_.RTB.*loadOrSave)(FileEditor); });
     SalvaFilesRecenti(FileEditor);
     showName(FileEditor);
     TestoModificato = 0;
-}
-
-void Document::write(const base::Text& path) {
-    Writing(path);
-    const bool written = base::carryOn([&] { form_.RTB.SaveFile(path); },
-                                       [&](const char* reason) { SaveFailed(base::fromUtf8(reason)); });
-    if (written)
-        Settled();
-}
-
-void Document::restore(const base::Text& path, std::string_view source, std::int32_t caret) {
-    form_.RTB.setSource(source);
-    form_.RTB.setSelStart(caret);
-    FileEditor = path;
-    if (!path.empty())
-        showName(path);
-    TestoModificato = 1;
 }
 
 void Document::save() {
@@ -125,7 +100,7 @@ void Document::save() {
     system_.beep();
     if (TestoModificato != 1)
         return;
-    write(FileEditor);
+    base::carryOn([&] { form_.RTB.SaveFile(FileEditor); });
     SalvaFilesRecenti(FileEditor);
     TestoModificato = 0;
 }
@@ -145,7 +120,7 @@ void Document::mnuSalvaConNome_Click() {
             Answer::No)
             return;
     }
-    nowIn(chosen, [&] { write(chosen); });
+    nowIn(chosen, &platform::RichText::SaveFile);
 }
 
 void Document::SalvaFilesRecenti(base::TextView path) {

@@ -87,7 +87,7 @@ void VideoPicture::placeWindow(platform::PictureSize picture) {
 
 VideoPicture::Area VideoPicture::roomiest(platform::PictureSize picture) const {
     const double right = form_.screen.width - gap;
-    const double bottom = form_.screen.height - gap;
+    const double bottom = form_.screen.height - 2 * gap; // a title bar is thicker
     Area others{form_.left, form_.top, form_.left + form_.width, form_.top + form_.height};
     Area row = others; // of the player, with the marks beside it
     for (const controls::Window* const window : {&Form3_, &Form2_}) {

@@ -1,6 +1,7 @@
 #include "desktop/lazy_player.h"
 #include "desktop/lazy_wave_input.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using desktop::LazyPlayer;
@@ -22,6 +23,12 @@ TEST(LazyPlayer, WithoutItsModule_AnswersLikeAFileThatCannotBePlayed) {
         EXPECT_EQ(player.currentPosition(), 0);
         EXPECT_EQ(player.duration(), 0);
     }
+}
+
+TEST(LazyPlayer, AsksItsModuleForTheVersions) {
+    EXPECT_EQ(LazyPlayer("/nowhere/player.so").versions(), "");
+    LazyPlayer player(LAID_MODULES "/mpv_player.so");
+    EXPECT_EQ(std::ranges::count(player.versions(), '\n'), 1);
 }
 
 TEST(LazyWaveInput, WithoutItsModule_RefusesEveryDevice_AndSaysWhy) {

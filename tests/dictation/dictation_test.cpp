@@ -57,6 +57,7 @@ TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
     for (const auto& [ms, expected] : road) {
         loop.advance(ms);
         EXPECT_EQ(state(), expected) << loop.now();
+        EXPECT_EQ(form.mnuPlay.caption.get(), form.cmdPlay.tag.get());
     }
     EXPECT_NEAR(player.currentPosition(), 6, 0.01) << "a cycle gains its play less the step back";
 }

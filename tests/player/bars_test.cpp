@@ -75,6 +75,8 @@ TEST(SeekBar, Release_GoesToTheWholeSecondBelow_AndAtRestTwoFurtherBack) {
     bench.form().cmdPlay.Click();
     EXPECT_THAT(commandsOfRelease(2317.5), ElementsAre("seek 50", "play", "seek 48", "pause"));
     EXPECT_EQ(bench.form().Label2.caption.get(), u"00:48 / 01:40");
+    bench.form().mnuChiudi.Click();
+    EXPECT_THAT(commandsOfRelease(2000), ElementsAre()) << "nor after the close";
 }
 
 TEST(Speed, Steps_StayWithinTheirTwoLimits) {
@@ -90,5 +92,6 @@ TEST(Speed, Steps_StayWithinTheirTwoLimits) {
         bench.player.setRate(rate);
         command.Click();
         EXPECT_EQ(form.Label7.caption.get(), shown) << rate;
+        EXPECT_TRUE(form.Label7.visible);
     }
 }

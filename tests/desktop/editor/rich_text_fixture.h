@@ -3,7 +3,6 @@
 #include "base/code_page.h"
 #include "desktop/conversions.h"
 #include "desktop/editor/rich_text_edit.h"
-#include "fakes/watched_text.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -30,15 +29,34 @@ inline std::string pngDigits(QSize size, QColor color) {
     return png.toHex().toStdString();
 }
 
-// A text window with its changes counted.
+// A text window with its changes counted, and what the program finds at the last of them.
 class RichText : public testing::Test {
 protected:
-    void select(int start, int length) { fakes::select(rtb, start, length); }
-    std::string shown() const { return fakes::shown(rtb); }
+    RichText() {
+        rtb.Change = [this] {
+            ++changes;
+            seen = shown();
+        };
+    }
+
+    void select(int start, int length) {
+        rtb.setSelStart(start);
+        rtb.setSelLength(length);
+    }
+    // The text with its selection between brackets: "a[b]c", "a|bc".
+    std::string shown() const {
+        base::Text text = rtb.Text();
+        const auto start = static_cast<std::size_t>(rtb.SelStart());
+        const auto length = static_cast<std::size_t>(rtb.SelLength());
+        if (length > 0)
+            text.insert(start + length, u"]");
+        text.insert(start, length > 0 ? u"[" : u"|");
+        return base::toUtf8(text);
+    }
 
     Control rtb{base::CodePage(1252)};
-    fakes::WatchedText watch{rtb};
-    int& changes = watch.changes;
+    int changes = 0;
+    std::string seen{};
 };
 
 } // namespace tests

@@ -1,0 +1,54 @@
+#!/usr/bin/env bash
+# A video in its box, in its window and on the whole screen, while windows are made anew and the engine dies.
+source "$(dirname "$0")/lib.sh"
+
+coloured() { # WINDOW AREA: most of the area is in strong colours, as no part of the program is
+  local seen
+  seen=$(import -window "$1" -crop "$2" +repage -depth 8 rgb:- | od -An -v -tu1 -w3 |
+    awk '{ most = least = $1; for (i = 2; i <= 3; i++) { if ($i > most) most = $i; if ($i < least) least = $i } }
+      most - least > 90 { n++ } END { print int(100 * n / NR) }')
+  ((seen > 50))
+}
+in_box() { coloured "$player" "33x24+30+$((28 + $(skin_top)))"; }
+in_window() { coloured "$window" "200x140+20+20"; }
+double_click() { # X Y
+  xdotool mousemove --window "$window" "$1" "$2" click --repeat 2 --delay 60 1
+}
+filling() { xprop -id "$window" _NET_WM_STATE | grep -q FULLSCREEN; }
+
+start_display
+start_sound
+folder=$(lay_folder)
+film=$scratch/film.mp4
+ffmpeg -v error -f lavfi -i color=c=orange:d=90:s=320x240:r=15 -f lavfi -i anoisesrc=d=90:a=0.1:r=44100 \
+  -c:v mpeg4 -c:a aac "$film"
+start_program "$folder" "$film"
+player=$window
+expect_soon "the picture in its box" 10 in_box
+
+key alt+o Up Up Up Return # no longer on top: Qt makes the window anew when it is shown next
+key ctrl+F1
+expect_soon "the about box in place of the player" 10 '! xwininfo -id "$player" 2>/dev/null | grep -q IsViewable'
+key Escape
+expect "the player comes back" use_window Quillmere
+player=$window
+expect_soon "the picture after that" 10 in_box
+
+reached=$(position 90)
+xdotool windowclose "$(xwininfo -id "$player" -tree | awk '/"mpv"/ { print $1; exit }')"
+expect_soon "another engine goes on where that one was" 10 'in_box && (($(position 90) > reached))'
+screenshot box
+
+double_click 46 $((40 + $(skin_top)))
+expect "the window of its own" use_window film.mp4
+expect_soon "the picture in its window" 10 in_window
+screenshot window
+double_click 100 100
+expect_soon "the whole screen" 10 'filling && in_window'
+key F5 F7
+type_text unseen
+expect_soon "the keyboard stays" 5 '[[ $(xdotool getactivewindow) == "$window" ]]'
+expect "so does the picture" filling
+key Escape
+expect_soon "Esc leaves the whole screen" 10 '! filling && in_window'
+quit_program # without a question about unsaved text
