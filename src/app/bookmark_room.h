@@ -20,6 +20,8 @@ public:
     bookmarks::Form3& form() { return form3_; }
 
     bool empty() const { return table_.empty(); }
+    // The bookmarks of the media in use, up to the first empty one.
+    std::vector<base::Text> lines() const { return table_.lines(); }
     // Reads and shows the bookmarks of the media at this path; false when it has no file of them.
     bool open(base::TextView mediaPath) {
         if (!media.hasFile(mediaPath))

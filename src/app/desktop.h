@@ -16,6 +16,7 @@
 #include "platform/shell.h"
 #include "platform/system.h"
 #include "platform/wave_input.h"
+#include "platform/worker.h"
 #include "player/form1.h"
 #include "recorder/frm_audio_rec.h"
 
@@ -39,6 +40,8 @@ public:
     virtual platform::WaveInput& waveInput() = 0;
     virtual platform::Internet& internet() = 0;
     virtual platform::Shell& shell() = 0;
+    // What waits for the disk apart from the loop.
+    virtual platform::Worker& disk() = 0;
     // The libraries that stand behind the ports, with the versions that are in use.
     virtual std::vector<outside::Library> libraries() = 0;
     // The single-byte page that goes with the user's language.

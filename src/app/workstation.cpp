@@ -41,7 +41,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
       cycle_(form1_, transport_, preferences_, companions_),
       inputJobs_(input_.dialog, form1_, preferences_, settings_),
-      outside_(desktop, form1_, editor_.form(), bookmarks_.form()) {
+      outside_(desktop, form1_, editor_.form(), bookmarks_.form()),
+      safety_(desktop, form1_, editor_, bookmarks_, files) {
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.KeyDown = [this](const platform::KeyEvent& key) {
@@ -79,6 +80,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     volumeBar_.ApplicaVolume();
     if (withFile)
         opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
+    safety_.start();
     recorder_.searchCutOff();
     if (start.checkUpdate == 1)
         ends_ = outside_.updateCheck().ControllaAggiornamenti();
@@ -137,6 +139,7 @@ bool Workstation::Form_Unload() {
     bookmarks_.media.SalvaBookMark();
     if (keepsRunning())
         return true;
+    safety_.leave();
     drop_.remove();
     settings_.Salva();
     bookmarks_.form().visible = false;
@@ -147,6 +150,13 @@ bool Workstation::Form_Unload() {
     editor_.form().visible = false;
     desktop_.system().endProcess();
     return false;
+}
+
+void Workstation::endSession() {
+    recorder_.close();
+    safety_.endSession();
+    settings_.Salva();
+    desktop_.system().endProcess();
 }
 
 bool Workstation::keepsRunning() {

@@ -5,8 +5,9 @@
 #include "app/editor_room.h"
 #include "app/find_and_print.h"
 #include "app/input_room.h"
-#include "app/recorder_room.h"
 #include "app/outside_room.h"
+#include "app/recorder_room.h"
+#include "app/safety_room.h"
 #include "app/settings_file.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -41,6 +42,9 @@ public:
     EditorRoom& editor() { return editor_; }
     CompanionWindows& companions() { return companions_; }
     RecorderRoom& recorder() { return recorder_; }
+    SafetyRoom& safety() { return safety_; }
+    // The way out without a question, of a session that ends: nothing is lost, the next start brings it back.
+    void endSession();
     player::MediaOpener& opener() { return opener_; }
     // True when the process ends as soon as the start is over, without the player having been shown.
     bool ends() const { return ends_; }
@@ -90,6 +94,7 @@ private:
     dictation::TimedCycle cycle_;
     InputJobs inputJobs_;
     OutsideRoom outside_;
+    SafetyRoom safety_;
     bool ends_ = false;
 };
 

@@ -26,4 +26,16 @@ bool carryOn(Statement&& statement) {
     }
 }
 
+// The same; `report` gets the system's words when the statement failed.
+template <typename Statement, typename Report>
+bool carryOn(Statement&& statement, Report&& report) {
+    try {
+        std::forward<Statement>(statement)();
+        return true;
+    } catch (const Failure& failure) {
+        std::forward<Report>(report)(failure.what());
+        return false;
+    }
+}
+
 } // namespace base

@@ -2,7 +2,9 @@
 
 #include "base/text.h"
 
+#include <algorithm>
 #include <array>
+#include <vector>
 
 namespace bookmarks {
 
@@ -13,6 +15,10 @@ struct BookmarkTable {
     std::array<base::Text, size> BookMark;
 
     bool empty() const { return BookMark[0].empty(); }
+    // Those before the first empty one.
+    std::vector<base::Text> lines() const {
+        return {BookMark.begin(), std::find(BookMark.begin(), BookMark.end(), base::Text())};
+    }
     void SvuotaBookMark() { BookMark.fill({}); }
 };
 

@@ -22,15 +22,18 @@ void MediaBookmarks::SalvaBookMark() {
         return;
     const base::Text file = fileOf(form1_.Label4.tag.get());
     base::carryOn([&] { base::createFolder(form1_.folder.bookmarks({})); });
-    base::carryOn([&] {
-        // What could not be read is still the user's: if it is not there now either, nothing is written.
-        const bool keeps = file == unread_;
-        std::vector<base::Text> lines = keeps ? files_.readLines(file) : std::vector<base::Text>();
-        std::copy_if(table_.BookMark.begin(), table_.BookMark.end(), std::back_inserter(lines),
-                     [](const base::Text& line) { return !line.empty(); });
-        files_.writeLines(file, lines);
-        unread_.clear();
-    });
+    base::carryOn(
+        [&] {
+            // What could not be read is still the user's: if it is not there now either, nothing is written.
+            const bool keeps = file == unread_;
+            std::vector<base::Text> lines = keeps ? files_.readLines(file) : std::vector<base::Text>();
+            std::copy_if(table_.BookMark.begin(), table_.BookMark.end(), std::back_inserter(lines),
+                         [](const base::Text& line) { return !line.empty(); });
+            Replacing(file, lines.size());
+            files_.writeLines(file, lines);
+            unread_.clear();
+        },
+        [this](const char* reason) { Failed(base::fromUtf8(reason)); });
     clear(form3_.List1);
     clear(form3_.List2);
 }
@@ -50,9 +53,24 @@ void MediaBookmarks::read(base::TextView mediaPath) {
     std::vector<base::Text> lines;
     if (!base::carryOn([&] { lines = files_.readLines(fileOf(mediaPath)); }))
         unread_ = fileOf(mediaPath);
+    if (lines.size() > BookmarkTable::size)
+        Replacing(fileOf(mediaPath), BookmarkTable::size);
     const std::size_t count = std::min(lines.size(), BookmarkTable::size);
     for (std::size_t i = 0; i < count; ++i)
         table_.BookMark[i] = mended(lines[i]);
+}
+
+bool MediaBookmarks::bringBack(base::TextView mediaPath, const std::vector<base::Text>& lines) {
+    const base::Text file = fileOf(mediaPath);
+    std::vector<base::Text> held;
+    base::carryOn([&] { held = files_.readLines(file); });
+    if (held == lines)
+        return false;
+    base::createFolder(form1_.folder.bookmarks({}));
+    if (!held.empty())
+        Replacing(file, 0);
+    files_.writeLines(file, lines);
+    return true;
 }
 
 } // namespace bookmarks

@@ -6,6 +6,9 @@
 #include "bookmarks/form3.h"
 #include "player/form1.h"
 
+#include <functional>
+#include <vector>
+
 namespace bookmarks {
 
 // The bookmarks of a media between its file and the table. The file is called after the media alone, so two
@@ -26,6 +29,16 @@ public:
     bool hasFile(base::TextView mediaPath) const;
     // Reads the lines of that file into the table, as many as it holds.
     void read(base::TextView mediaPath);
+
+    // Replaces the bookmark file of the media at this path by these lines, which an earlier run of the
+    // program could not save; false when it holds them already. Throws Failure.
+    bool bringBack(base::TextView mediaPath, const std::vector<base::Text>& lines);
+
+    // The file is replaced by so many lines next, or was read with more lines than the table holds.
+    std::function<void(const base::Text& file, std::size_t lines)> Replacing = [](const base::Text&,
+                                                                                  std::size_t) {};
+    // A save failed, with the system's words; the rule passes over it.
+    std::function<void(const base::Text& reason)> Failed = [](const base::Text&) {};
 
 private:
     base::Text fileOf(base::TextView mediaPath) const;

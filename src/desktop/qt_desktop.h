@@ -21,6 +21,7 @@
 #include "desktop/qt_shell.h"
 #include "desktop/qt_system.h"
 #include "desktop/standard_words.h"
+#include "safety/disk_thread.h"
 
 #include <memory>
 
@@ -40,6 +41,7 @@ public:
     platform::Printer& printer() override { return printing_.printer(); }
     platform::WaveInput& waveInput() override { return waveInput_; }
     platform::Internet& internet() override { return internet_; }
+    platform::Worker& disk() override { return disk_; }
     platform::Shell& shell() override { return shell_; }
     std::vector<outside::Library> libraries() override;
     base::CodePage codePage() override { return QtSystem::codePage(); }
@@ -74,6 +76,7 @@ private:
     PrintModule printing_;
     LazyInternet internet_;
     QtShell shell_;
+    safety::DiskThread disk_;
     std::unique_ptr<Form1Window> form1_;
     std::unique_ptr<Form2Window> form2_;
     std::unique_ptr<FrmFindWindow> frmFind_;

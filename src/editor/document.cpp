@@ -58,7 +58,9 @@ void Document::newDocument() {
     if (!mayLoseText())
         return;
     base::carryOn([&] { NumeroDocumento = base::sumInt16(NumeroDocumento, 1); });
+    Replacing();
     base::carryOn([&] { form_.RTB.setText(u""); });
+    Settled();
     form_.caption = form_.Lingua(96) + u" - " + untitledName();
     // The path stays: the next save writes over the former file. Settled behaviour.
     TestoModificato = 0;
@@ -78,17 +80,40 @@ void Document::ApriDocumento(base::TextView path) {
                             BoxStyle::Exclamation);
         return;
     }
-    nowIn(chosen, &platform::RichText::LoadFile);
+    Replacing();
+    nowIn(chosen, [&] {
+        base::carryOn([&] {
+            form_.RTB.LoadFile(chosen);
+            Settled();
+        });
+    });
 }
 
 // A load or a save that fails is skipped: the document has its new name all the same.
-void Document::nowIn(const base::Text& path, void (platform::RichText::*loadOrSave)(base::TextView)) {
+void Document::nowIn(const base::Text& path, const std::function<void()>& loadOrSave) {
     base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
     FileEditor = path;
-    base::carryOn([&] { (form_.RTB.*loadOrSave)(FileEditor); });
+    loadOrSave();
     SalvaFilesRecenti(FileEditor);
     showName(FileEditor);
     TestoModificato = 0;
+}
+
+void Document::write(const base::Text& path) {
+    Writing(path);
+    const bool written = base::carryOn([&] { form_.RTB.SaveFile(path); },
+                                       [&](const char* reason) { SaveFailed(base::fromUtf8(reason)); });
+    if (written)
+        Settled();
+}
+
+void Document::restore(const base::Text& path, std::string_view source, std::int32_t caret) {
+    form_.RTB.setSource(source);
+    form_.RTB.setSelStart(caret);
+    FileEditor = path;
+    if (!path.empty())
+        showName(path);
+    TestoModificato = 1;
 }
 
 void Document::save() {
@@ -100,7 +125,7 @@ void Document::save() {
     system_.beep();
     if (TestoModificato != 1)
         return;
-    base::carryOn([&] { form_.RTB.SaveFile(FileEditor); });
+    write(FileEditor);
     SalvaFilesRecenti(FileEditor);
     TestoModificato = 0;
 }
@@ -120,7 +145,7 @@ void Document::mnuSalvaConNome_Click() {
             Answer::No)
             return;
     }
-    nowIn(chosen, &platform::RichText::SaveFile);
+    nowIn(chosen, [&] { write(chosen); });
 }
 
 void Document::SalvaFilesRecenti(base::TextView path) {

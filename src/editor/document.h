@@ -33,6 +33,10 @@ public:
     enum class ExitAnswer { Go, Cancelled, SaveCancelled };
     ExitAnswer askAtExit();
 
+    // Shows a text that an earlier run of the program left unsaved, as the document of this path (empty for
+    // an untitled one), with the caret there. Throws Failure when the text cannot be shown.
+    void restore(const base::Text& path, std::string_view source, std::int32_t caret);
+
     // The word for an untitled document, in a new language.
     void CambiaLingua2();
 
@@ -41,9 +45,19 @@ public:
     std::int16_t NumeroDocumento = 1; // of the untitled document; only ever grows
     std::int16_t TestoModificato = 0; // 1 while the text holds unsaved changes
 
+    // The text gives way to another one.
+    std::function<void()> Replacing = [] {};
+    // The document is written to the file at this path next.
+    std::function<void(const base::Text& path)> Writing = [](const base::Text&) {};
+    // That failed, with the system's words; the rule goes on as if it had not.
+    std::function<void(const base::Text& reason)> SaveFailed = [](const base::Text&) {};
+    // The text is that of its file, or a new one.
+    std::function<void()> Settled = [] {};
+
 private:
+    void write(const base::Text& path);
     bool mayLoseText();
-    void nowIn(const base::Text& path, void (platform::RichText::*loadOrSave)(base::TextView));
+    void nowIn(const base::Text& path, const std::function<void()>& loadOrSave);
     void showName(base::TextView path);
     base::Text untitledName() const;
     platform::FileDialogRequest request(bool open, int title) const;

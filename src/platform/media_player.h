@@ -48,8 +48,9 @@ public:
     // Stops, with the position going back to 0.
     virtual void stop() = 0;
 
-    // Reads 0 when stopped. A position below 0 goes to 0, one behind the end to the end. While paused it
-    // reads what was asked for, so that repeated steps do not drift.
+    // Reads 0 when stopped. A position below 0 goes to 0, one behind the end to the end; one that is not a
+    // number is ignored. While paused it reads what was asked for, so that repeated steps do not drift. A
+    // position above 0 takes a stopped player to Paused there.
     virtual double currentPosition() const = 0;
     virtual void setCurrentPosition(double seconds) = 0;
     // "mm:ss" below an hour, "h:mm:ss" from there on; empty when stopped.

@@ -33,19 +33,7 @@ struct PageMargins {
     bool operator==(const PageMargins&) const = default;
 };
 
-struct PrinterSettings {
-    int Copies = 1;
-    Duplex duplex = Duplex::PrintersOwn;
-    PageOrientation Orientation = PageOrientation::Portrait;
-    Paper PaperSize;
-    int PrintQuality = 0; // dots per inch; 0: the printer's own
-    ColorMode colorMode = ColorMode::Color;
-    int PaperBin = 0; // number of the tray; 0: the printer's own
-    PageMargins margins{1134, 1134, 1134, 1134};
-    base::Text file; // path of the file that is written instead of paper
-};
-
-// One of the settings above.
+// One of the settings below.
 enum class PrinterProperty {
     Copies,
     Duplex,
@@ -56,6 +44,53 @@ enum class PrinterProperty {
     PaperBin,
     Margins,
     File
+};
+
+struct PrinterSettings {
+    int Copies = 1;
+    Duplex duplex = Duplex::PrintersOwn;
+    PageOrientation Orientation = PageOrientation::Portrait;
+    Paper PaperSize;
+    int PrintQuality = 0; // dots per inch; 0: the printer's own
+    ColorMode colorMode = ColorMode::Color;
+    int PaperBin = 0; // number of the tray; 0: the printer's own
+    PageMargins margins{1134, 1134, 1134, 1134};
+    base::Text file; // path of the file that is written instead of paper
+
+    bool operator==(const PrinterSettings&) const = default;
+
+    // Copies one setting and leaves the others as they are.
+    void take(PrinterProperty property, const PrinterSettings& from) {
+        switch (property) {
+        case PrinterProperty::Copies:
+            Copies = from.Copies;
+            break;
+        case PrinterProperty::Duplex:
+            duplex = from.duplex;
+            break;
+        case PrinterProperty::Orientation:
+            Orientation = from.Orientation;
+            break;
+        case PrinterProperty::PaperSize:
+            PaperSize = from.PaperSize;
+            break;
+        case PrinterProperty::PrintQuality:
+            PrintQuality = from.PrintQuality;
+            break;
+        case PrinterProperty::ColorMode:
+            colorMode = from.colorMode;
+            break;
+        case PrinterProperty::PaperBin:
+            PaperBin = from.PaperBin;
+            break;
+        case PrinterProperty::Margins:
+            margins = from.margins;
+            break;
+        case PrinterProperty::File:
+            file = from.file;
+            break;
+        }
+    }
 };
 
 // What the dialog begins with, and what the user chose there.

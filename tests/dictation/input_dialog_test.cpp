@@ -74,7 +74,7 @@ TEST_F(InputDialogTest, GoTo_StepsBackAtRestOnly) {
     open("a.mp3", 600);
     desktop.loop.advance(100);
     for (const auto& [playing, typed, place] :
-         {std::tuple{true, u"90", 90.}, {true, u"1.5x", 1.5}, {false, u"90", 88.}, {false, u"abc", -2.}}) {
+         {std::tuple{true, u"90", 90.}, {true, u"1.5x", 1.5}, {false, u"90", 88.}, {false, u"abc", 0.}}) {
         if (form.isPlaying() != playing)
             form.cmdPlay.Click();
         answer(form.mnuVai, typed);

@@ -3,7 +3,6 @@
 # that ends it all.
 source "$(dirname "$0")/lib.sh"
 
-length=66
 changed() { # NOT_BEFORE: the change that was seen just now came between the two
   not_before=$1 not_after=$(now)
 }
@@ -17,58 +16,41 @@ phase() { # CONDITION LEAST MOST: until it holds, between so many ms from the la
   ((not_after - last_before >= $2 && not_before - last_after <= $3)) ||
     fail "$1 came $((not_before - last_after)) to $((not_after - last_before)) ms after the last change, not $2 to $3"
 }
-type_for() { # SECONDS CONDITION: types, and it holds all the time
-  local end=$(($(now) + $1 * 1000))
-  while (($(now) < end)); do
-    type_text "words "
-    expect "typing holds the phase" "$2"
-    sleep 0.3
-  done
+type_while() { # CONDITION: types for five seconds, and it holds all the time
+  expect_stays "typing holds the phase" 5 "type_text 'words '; $1"
+  changed "$(now)"
 }
 
-start_display
-start_sound
-folder=$(lay_folder)
-sed -i '21s/.*/3\r/; 22s/.*/3\r/; 25s/.*/1\r/' "$folder/Files/Quillmere.ini"
-start_program "$folder" "$folder/Samples/Interview.mp3"
-player=$window
-use_window 'Text Editor - Untitled 1' || fail "the editor did not appear"
-window=$player
-hover 330 150
-expect_soon "the sample plays" 10 '(( $(position $length) > 40 ))'
+begin
+set_line 21 3 22 3 25 1
+start_on_sample
+expect_soon "far enough for a step back" 10 '(( $(position) > 40 ))'
 press play
-hover 330 150
+rest_mouse
 expect_soon "paused" 10 resting
-from=$(rest_position $length)
+from=$(rest_position)
 began=$(now)
 click 287 $((109 + $(skin_top))) # smart play starts the player
-hover 330 150
+rest_mouse
 expect_soon "playing" 10 playing
 changed "$began"
-expect_eq "the mode is kept" 1 "$(settings_line "$folder" 23)"
+expect_eq "the mode is kept" 1 "$(settings_line 23)"
 
 phase resting 2800 3400
-at=$(rest_position $length)
+at=$(rest_position)
 ((at >= from + 5 && at <= from + 16)) || fail "3 s of play and 2 back lead from $from to $at tenths"
 phase playing 2800 3400
 phase resting 2800 3400
-type_for 5 resting
+type_while resting
 screenshot typing
-changed "$(now)"
 phase playing 0 3200 # its watch of 1.3 s, and at most as much again
-type_for 5 playing
-changed "$(now)"
+type_while playing
 phase resting 0 3200
 phase playing 2800 3400
 phase resting 2800 3400
 screenshot paused
 
 press stop
-expect_soon "the stop ends the mode" 10 '[[ $(settings_line "$folder" 23) == 0 ]]'
-sleep 4
-expect "and nothing starts again" resting
-expect_eq "at the start" 0 "$(rest_position $length)"
-use_window 'Text Editor - Untitled 1'
-key ctrl+q
-answer alt+n
-expect_soon "the program ends" 10 '! running'
+expect_soon "the stop ends the mode" 10 '[[ $(settings_line 23) == 0 ]]'
+expect_stays "and nothing starts again" 4 resting
+expect_eq "at the start" 0 "$(rest_position)"

@@ -1,11 +1,13 @@
 // A window that lets what it is given be dragged off it: `drag_source TITLE ADDRESS...`, paths or web
-// addresses. For the journeys, where a drop has to come from another program.
+// addresses. It tells when a drag begins, what the target answers, and how it ends. For the journeys, where a
+// drop has to come from another program.
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QUrl>
 #include <QWidget>
+#include <cstdio>
 
 namespace {
 
@@ -27,10 +29,17 @@ protected:
         dragged->setUrls(urls);
         auto* const drag = new QDrag(this);
         drag->setMimeData(dragged);
-        drag->exec(Qt::CopyAction);
+        connect(drag, &QDrag::actionChanged, [](Qt::DropAction action) { tell("answer", action); });
+        tell("drag", Qt::CopyAction);
+        tell("end", drag->exec(Qt::CopyAction));
     }
 
 private:
+    static void tell(const char* what, Qt::DropAction action) {
+        std::printf("%s %d\n", what, static_cast<int>(action));
+        std::fflush(stdout);
+    }
+
     QStringList addresses_;
 };
 

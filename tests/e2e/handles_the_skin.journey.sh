@@ -2,13 +2,12 @@
 # The skin under the mouse, the volume, the speed, the language and the place of the window.
 source "$(dirname "$0")/lib.sh"
 
-start_display
-start_sound
-folder=$(lay_folder)
-hide_editor "$folder"
-start_program "$folder" "$folder/Samples/Interview.mp3"
+volume_shown() { # the volume in per cent, which fades into the ground
+  (($(import -window "$window" -crop "33x16+308+$((113 + $(skin_top)))" png:- | identify -format %k -) > 1))
+}
 
-hover 340 160 # after an open the play button keeps its picture until the mouse was elsewhere
+begin alone
+start_on_sample
 hover 94 109
 expect_soon "play lights up" 10 'shows pause2.jpg 70 84'
 screenshot hover_play
@@ -17,36 +16,37 @@ expect_soon "stop lights up" 10 'shows stop2.jpg 154 90'
 expect_soon "play rests again" 10 'shows pause.jpg 70 84'
 hover 44 109
 expect_soon "open lights up" 10 'shows Apri2.bmp 20 90'
-hover 340 160
+rest_mouse
 expect_soon "open rests again" 10 'shows Apri.bmp 20 90'
 
 xdotool mousemove --window "$window" 323 $((43 + $(skin_top))) mousedown 1
 for y in 50 60 70 80; do
+  before=$(glance 308 $((30 + $(skin_top))) 30 80)
   hover 323 "$y"
-  sleep 0.05
+  expect_change "the thumb follows" "$before" 308 $((30 + $(skin_top))) 30 80
 done
+expect_soon "the volume is shown" 10 volume_shown
 screenshot volume_dragged
 xdotool mouseup 1
-hover 340 160
-expect_soon "the volume has faded from sight" 10 '[[ $(import -window "$window" -crop "33x16+308+$((113 + $(skin_top)))" png:- | identify -format %k -) == 1 ]]'
+rest_mouse
+expect_soon "the volume has faded from sight" 10 '! volume_shown'
 
 key F4 F4 F3
 screenshot speed
 key ctrl+w
-use_window "Language" || fail "the language dialog did not appear"
+switch_to Language
 type_text "$folder/Files/Lang/Italiano.lng"
 key Return
-use_window Quillmere || fail "the player is gone"
-expect_soon "the choice is saved" 10 '[[ $(settings_line "$folder" 1) == Italiano.lng ]]'
+switch_to Quillmere
+expect_soon "the choice is saved" 10 '[[ $(settings_line 1) == Italiano.lng ]]'
 screenshot italian
-volume=$(settings_line "$folder" 2)
+volume=$(settings_line 2)
 ((volume > 20 && volume < 70)) || fail "the volume was dragged to $volume"
 
-eval "$(xdotool getwindowgeometry --shell "$window")"
 xdotool windowmove --sync "$window" 300 300
 quit_program
-expect_eq "the place that was left" "4500 4500" "$(settings_line "$folder" 9) $(settings_line "$folder" 10)"
-start_program "$folder"
+expect_eq "the place that was left" "4500 4500" "$(settings_line 9) $(settings_line 10)"
+start_program
 read -r left top < <(xwininfo -id "$window" | sed -n 's/.*Absolute upper-left [XY]: *//p' | paste -sd' ')
 IFS=', ' read -r border _ title _ < <(xprop -id "$window" _NET_FRAME_EXTENTS | sed 's/.*= //')
 expect_eq "the player comes back to its own place" "50 50" "$((left - border)) $((top - title))"

@@ -2,40 +2,36 @@
 # Bookmarks from one day to the next: three are set, one is deleted, the next start finds the others and jumps to them.
 source "$(dirname "$0")/lib.sh"
 
-player() { use_window Quillmere || fail "the player is gone"; }
 mark() { # NAME
-  player
+  switch_to Quillmere
   key ctrl+m
-  use_window 'Add bookmark' || fail "the dialog did not open"
+  switch_to 'Add bookmark'
   type_text "$1"
   [[ $1 != Жук* ]] || screenshot naming
   key Return
-  expect_soon "the dialog closes" 10 '! xdotool search --onlyvisible --name "^Add bookmark$" >/dev/null 2>&1'
+  expect_gone 'Add bookmark'
 }
 
-start_display
+begin
 setxkbmap -layout us,ru -variant altgr-intl, # letters that no single-byte page of this place has
-start_sound
-folder=$(lay_folder)
 file=$folder/Bookmarks/Interview.mp3.bm
-start_program "$folder" "$folder/Samples/Interview.mp3"
-hover 340 160
-expect_soon "the sample plays" 10 '(( $(position 66) > 30 ))'
+start_on_sample
 key F5
 for name in 'First answer' 'Жук, «sieve»' '"Last" one'; do
   mark "$name"
-  player
+  switch_to Quillmere
   key F7
-  rest_position 66 >/dev/null
+  rest_position >/dev/null
 done
-use_window Bookmarks || fail "no window of bookmarks"
+switch_to Bookmarks
 screenshot three
 click 100 32 # the second row
 eval "$(xdotool getwindowgeometry --shell "$window")"
+before=$(glance 10 40 100 20)
 click $((WIDTH - 66)) 178 # minus
-sleep 0.3
+expect_change "the third row has moved up" "$before" 10 40 100 20
 screenshot deleted
-player
+switch_to Quillmere
 key ctrl+q
 expect_soon "the program ends" 10 '! running'
 
@@ -47,17 +43,16 @@ expect "the mark of UTF-8" [ "$(head -c3 "$file" | od -An -tx1)" = " ef bb bf" ]
 at=${BASH_REMATCH[1]}
 expect_eq "second line" "00:00:0$((at + 5))  Жук, «sieve»               00:00:0$((at + 5))" "${lines[1]}"
 
-start_program "$folder" "$folder/Samples/Interview.mp3"
-use_window Bookmarks || fail "the bookmarks did not come up by themselves"
-player
-hover 340 160
+start_on_sample
+switch_to Bookmarks # come up by themselves
+switch_to Quillmere
 key F5
 expect_soon "paused" 10 resting
-use_window Bookmarks
+switch_to Bookmarks
 xdotool mousemove --window "$window" 100 32 click --repeat 2 --delay 60 1
-player
-hover 340 160
-seen=$(rest_position 66)
+switch_to Quillmere
+rest_mouse
+seen=$(rest_position)
 screenshot jumped
 ((seen >= at * 10 + 46 && seen <= at * 10 + 54)) || fail "a jump to second $((at + 5)) ends at $seen tenths"
 quit_program

@@ -19,17 +19,17 @@ minimised() { xprop -id "$player" WM_STATE | grep -q Iconic; }
 back() { # the player stood aside for what was opened
   expect_soon "the player is minimised" 10 minimised
   xdotool windowmap "$player"
-  use_window Quillmere || fail "the player does not come back"
+  switch_to Quillmere
+}
+alone() { # TITLE: of the one window that is seen
+  expect_soon "$1 alone is seen" 10 "[[ \$(titles) == '$1' ]]"
 }
 titles() { xdotool search --onlyvisible --class quillmere 2>/dev/null | xargs -rn1 xdotool getwindowname | sort | paste -sd,; }
 
-start_display
-start_sound
+begin alone
 unset QT_QPA_PLATFORM
-folder=$(lay_folder)
-hide_editor "$folder"
-sed -i '1s/.*/Italiano.lng\r/; 24s/.*/1\r/' "$folder/Files/Quillmere.ini"
-start_program "$folder"
+set_line 1 Italiano.lng 24 1
+start_program
 player=$window
 
 key F1
@@ -46,21 +46,23 @@ expect "the list of versions is there" test -s "$folder/Versioni.txt"
 back
 
 key ctrl+F1
-expect_soon "the about box alone is seen" 10 '[[ $(titles) == "Informazioni sul programma..." ]]'
-sleep 2.5
+alone "Informazioni sul programma..."
+switch_to "Informazioni sul programma..."
+expect_change "the credits scroll into sight" "$(glance 40 40 260 60)" 40 40 260 60
 screenshot about
-use_window "Informazioni sul programma..."
 click 170 252 # the address
 opens xdg-open https://www.brackenloft.example
 expect_eq "the about box stays" "Informazioni sul programma..." "$(titles)"
 click 300 200 # the credits do not close it
 expect_eq "the about box stays" "Informazioni sul programma..." "$(titles)"
-xdotool keydown Escape sleep 1.5 keyup Escape # once: the player, where it would end the program, gets none of it
-expect_soon "the player is back" 10 '[[ $(titles) == Quillmere ]]'
+xdotool keydown Escape
+alone Quillmere
+expect_stays "the player, where Escape would end the program, gets none of it" 2 running
+xdotool keyup Escape
 quit_program
 
 rm "$scratch/bin/pavucontrol"
-XDG_CURRENT_DESKTOP=MATE start_program "$folder"
+XDG_CURRENT_DESKTOP=MATE start_program
 player=$window
 if ! type -P pwvucontrol pavucontrol pavucontrol-qt >/dev/null; then
   key F9

@@ -55,6 +55,10 @@ expect_soon() {  # WHAT SECONDS COMMAND: COMMAND is evaluated until it succeeds
   wait_until "$2" "$3" || fail "$1: not within $2 s: $3"
 }
 
+expect_stays() {  # WHAT SECONDS COMMAND: COMMAND succeeds all the time
+  ! wait_until "$2" "! { $3; }" || fail "$1: not for $2 s: $3"
+}
+
 # ---- Surroundings ----------------------------------------------------------
 
 # A sink nobody hears; what is played can be recorded from quill.monitor.
@@ -79,26 +83,33 @@ play_noise() {  # SECONDS
   companions+=($!)
 }
 
-lay_folder() {  # prints a fresh copy of the portable folder
-  local folder
+lay_folder() {  # a fresh copy of the portable folder, in $folder
   folder=$(mktemp -d "$scratch/folder.XXXX")
   cp -a "$PORTABLE_DIR/." "$folder/"
   # What somebody's own trial left there stays out of the way.
   rm -f "$folder"/Files/LastFiles*.ini
   cp "$root/data/Files/Quillmere.ini" "$folder/Files/Quillmere.ini"
-  echo "$folder"
 }
 
-hide_editor() {  # FOLDER: the player starts alone and keeps the keyboard
-  sed -i '8s/.*/1\r/' "$1/Files/Quillmere.ini"
+begin() {  # [alone]: a display, a sound server and a folder; alone, without the editor, the player keeps the keyboard
+  start_display
+  start_sound
+  lay_folder
+  [[ ${1-} != alone ]] || set_line 8 1
 }
 
 # ---- The program -----------------------------------------------------------
 
-start_program() {  # FOLDER [ARGUMENTS]: leaves the player's number in $window
-  local folder=$1
-  shift
+start_program() {  # [ARGUMENTS]: the program of $folder; leaves the player's number in $window
   launch "$folder/quillmere" "$@" >>"$scratch/program.log" 2>&1 || fail "the player's window did not appear"
+}
+
+# Every journey through the player begins so: the sample plays, and the mouse lies beside the buttons.
+start_on_sample() {
+  start_program "$folder/Samples/Interview.mp3"
+  player=$window
+  expect_soon "the sample plays" 10 '(( $(position) > 20 ))'
+  rest_mouse
 }
 
 quit_program() {
@@ -107,8 +118,15 @@ quit_program() {
   expect_eq "exit code on Ctrl+Q" 0 "$code"
 }
 
-settings_line() {  # FOLDER N
-  sed -n "$2{s/\r\$//;p;q}" "$1/Files/Quillmere.ini"
+settings_line() {  # N
+  sed -n "$1{s/\r\$//;p;q}" "$folder/Files/Quillmere.ini"
+}
+
+set_line() {  # N TEXT [N TEXT]...: before the start
+  while (($#)); do
+    sed -i "$1s/.*/$2\r/" "$folder/Files/Quillmere.ini"
+    shift 2
+  done
 }
 
 box() {  # a box of the program waits for an answer
@@ -118,6 +136,16 @@ box() {  # a box of the program waits for an answer
 answer() {  # KEYS...: to the box that comes up
   expect_soon "a box asks" 10 box
   key "$@"
+}
+
+switch_to() {  # TITLE: a pattern
+  use_window "$1" || fail "no window: $1"
+}
+
+use_editor() { switch_to "Text Editor - ${1-.*}"; }  # [NAME]
+
+expect_gone() {  # TITLE
+  expect_soon "the window closes: $1" 10 '! xdotool search --onlyvisible --name "^'"$1"'$" >/dev/null 2>&1'
 }
 
 # ---- Hands and eyes: on $window, the player unless use_window chose another --
@@ -151,9 +179,9 @@ skin_top() {  # height of the menu bar
 }
 
 press() {  # NAME: clicks a button of the skin
-  local -A at=([open]="42 109" [play]="94 109" [back]="134 109" [stop]="172 109" [forward]="210 109" [record]="245 109" [seek]="${2-} 154")
+  local -A buttons=([open]="42 109" [play]="94 109" [back]="134 109" [stop]="172 109" [forward]="210 109" [record]="245 109" [seek]="${2-} 154")
   local -a place
-  read -ra place <<<"${at[$1]}"
+  read -ra place <<<"${buttons[$1]}"
   click "${place[0]}" $((place[1] + $(skin_top)))
 }
 
@@ -171,21 +199,37 @@ shows() {  # PICTURE X Y: the skin shows this picture of Files at that place
   (($(compare -metric AE -fuzz 4% "$file" "$scratch/shown.png" null: 2>&1 || true) < 20))
 }
 
+# What a part of $window looks like: two of these tell whether it has changed.
+glance() {  # X Y WIDTH HEIGHT
+  import -window "$window" -crop "$3x$4+$1+$2" +repage -depth 8 rgb:- | md5sum
+}
+
+expect_change() {  # WHAT BEFORE X Y WIDTH HEIGHT: it no longer looks like this glance of before
+  expect_soon "$1" 10 "[[ \$(glance ${*:3}) != '$2' ]]"
+}
+
+rest_mouse() { hover 330 150; }  # after a click or an open a button keeps its picture until the mouse was elsewhere
+
 playing() { shows pause.jpg 70 84 || shows pause2.jpg 70 84; }
 resting() { shows play.jpg 70 84 || shows play2.jpg 70 84; }
 
-rest_position() {  # as position, once the bar stands still: what a key moves is drawn with the player's next tick
-  local length=$1 at=
-  wait_until 10 '[[ $at == $(position $length) ]] || { at=$(position $length); sleep 0.3; false; }' || fail "the position does not come to rest"
-  echo "$at"
-}
-
 now() { echo $((${EPOCHREALTIME/[.,]/} / 1000)); }  # ms
 
-position() {  # the filled part of the position bar in tenths of a second of a recording of $1 s
+settle() {  # MS COMMAND...: its output, once that has been the same for so long
+  local ms=$1 look=("${@:2}") last='' since seen
+  since=$(now)
+  wait_until 20 'seen=$("${look[@]}"); [[ $seen == "$last" ]] || since=$(now); last=$seen; (($(now) - since > ms))' ||
+    fail "does not come to rest: ${look[*]}"
+  echo "$last"
+}
+
+# As position, once the bar stands still: what a key moves is drawn with the player's next tick.
+rest_position() { settle 300 position; }
+
+position() {  # [SECONDS]: the filled part of the position bar, in tenths of a second of the sample or a recording so long
   local filled
   # A row of pixels through the bar, counted where it is light teal: the letters over it are dark.
   filled=$(import -window "$window" -crop "309x1+20+$((148 + $(skin_top)))" +repage -depth 8 rgb:- |
     od -An -v -tu1 -w3 | awk '$1 > 90 && $3 - $1 > 30 { n++ } END { print n + 0 }')
-  echo $((filled * $1 * 10 / 309))
+  echo $((filled * ${1-66} * 10 / 309))
 }

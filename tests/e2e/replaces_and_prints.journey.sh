@@ -3,8 +3,6 @@
 # print server of its own.
 source "$(dirname "$0")/lib.sh"
 
-use_editor() { use_window 'Text Editor - .*' || fail "no editor"; }
-
 start_print_server() {  # false where none can run
   local dir=$scratch/cups
   PATH=$PATH:/usr/sbin
@@ -26,6 +24,11 @@ start_print_server() {  # false where none can run
   wait_until 10 'lpadmin -p Office -E -v file:/dev/null -P "$dir/office.ppd" 2>/dev/null' && lpadmin -d Office
 }
 
+print_keys() {  # KEYS...: in the editor, up to the printer dialog
+  use_editor
+  key "$@" ctrl+p
+  switch_to Print
+}
 job() {  # N: the pages that arrived at the server
   pdftotext -layout "$scratch/cups/spool/d0000$1-001" - 2>/dev/null | tr -d '\f'
 }
@@ -33,12 +36,12 @@ job() {  # N: the pages that arrived at the server
 cd "$HOME"
 export CUPS_SERVER=$scratch/nobody
 start_display
-folder=$(lay_folder)
-start_program "$folder"
+lay_folder
+start_program
 use_editor
 type_text 'the pilot and the harbour'
 key ctrl+Home ctrl+h
-use_window 'Replace\.\.\.' || fail "no window to replace in"
+switch_to 'Replace\.\.\.'
 expect_eq "the frame stands 50 pixels from the corner" '50 50' "$(xwininfo -id "$window" | awk '
   /Absolute/ { at[++n] = $NF } /Relative/ { at[++m] -= $NF } END { print at[1], at[2] }')"
 type_text 'THE'
@@ -46,12 +49,10 @@ key Tab
 type_text 'a'
 screenshot replacing
 key alt+a
-expect_soon "the window gives way to the count" 10 '! xdotool search --onlyvisible --name "^Replace" >/dev/null 2>&1'
+expect_gone 'Replace.*'
 answer Return
 expect_soon "the count is read" 10 '! box'
-use_editor
-key ctrl+p
-use_window Print || fail "no printer dialog"
+print_keys
 screenshot printing
 key Return
 expect_soon "a file is written where there is no printer" 10 \
@@ -60,24 +61,17 @@ kill "$program"
 wait "$program" || true
 
 start_print_server || { echo "No print server can run here: printing on a queue is left out."; exit 0; }
-start_program "$folder"
+start_program
 use_editor
 type_text 'all of the text'
-key ctrl+Home shift+ctrl+Right
-key ctrl+p
-use_window Print || fail "no printer dialog"
+print_keys ctrl+Home shift+ctrl+Right
 key Return
 expect_soon "the selection arrives at the printer" 10 '[[ $(job 1) == all* && $(job 1) != *text* ]]'
-use_editor
-key ctrl+End ctrl+p
-use_window Print
+print_keys ctrl+End
 key Return
 expect_soon "all of the text arrives at the printer" 10 '[[ $(job 2) == "all of the text"* ]]'
-use_editor
-key ctrl+p
-use_window Print
+print_keys
 lpadmin -x Office
 key Return
-sleep 1
-use_editor
-expect "a printer that vanishes does not end the program" running
+expect_gone Print
+expect_stays "a printer that vanishes does not end the program" 1 running

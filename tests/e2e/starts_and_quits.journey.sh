@@ -2,15 +2,11 @@
 # The first minute: unpack the folder, start it on the sample, hear it, leave.
 source "$(dirname "$0")/lib.sh"
 
-start_display
-start_sound
-folder=$(lay_folder)
-hide_editor "$folder"
-
-start_program "$folder" "$folder/Samples/Interview.mp3"
+begin alone
+start_program "$folder/Samples/Interview.mp3"
 expect_soon "the sample is heard" 10 'pactl list short sink-inputs | grep -q .'
 screenshot playing
 quit_program
 
-start_program "$folder"
+start_program
 quit_program

@@ -2,17 +2,16 @@
 # A transcript from its first word to the next day: typed, formatted, guarded at the exit, saved, opened again.
 source "$(dirname "$0")/lib.sh"
 
-use_editor() { use_window "Text Editor - ${1-.*}" || fail "no editor of ${1-any text}"; }
 words() { "$RTF_TEXT" "$HOME/interview.rtf"; }
 quit_keys() {
-  use_window Quillmere
+  switch_to Quillmere
   key ctrl+q
   expect_soon "a box asks" 10 box
 }
 
 start_display
-folder=$(lay_folder)
-start_program "$folder"
+lay_folder
+start_program
 use_editor 'Untitled 1'
 type_text 'Interview'
 key Return
@@ -22,11 +21,10 @@ click 207 37 # bold
 click 387 37 # to the right
 click 357 37 # to the middle
 click 417 37 # a size larger
-sleep 0.3
 screenshot formatted
 
 place=$(xdotool getwindowgeometry "$window")
-use_window Quillmere
+switch_to Quillmere
 xdotool windowminimize "$window"
 expect_soon "the editor goes with the player" 10 '! xdotool search --onlyvisible --name "^Text Editor" >/dev/null'
 xdotool windowmap "$window"
@@ -40,7 +38,7 @@ expect_soon "the box is gone" 10 '! box'
 expect "a cancelled exit keeps the program" running
 quit_keys
 key alt+y
-use_window 'Save document as' || fail "no dialog to save"
+switch_to 'Save document as'
 screenshot saving
 type_text "$HOME/interview"
 key Return
@@ -50,16 +48,14 @@ expect "bold" grep -q '\\b[ \\]' "$HOME/interview.rtf"
 expect "in the middle" grep -q '\\qc' "$HOME/interview.rtf"
 expect "13 points" grep -q '\\fs26' "$HOME/interview.rtf"
 
-start_program "$folder"
+start_program
 use_editor 'Untitled 1'
 key alt+f Down Down Down Down # past open, save and save as to the recent document
-sleep 0.2
 screenshot recent
 key Return
 use_editor interview.rtf
 key ctrl+End
 type_text ' Then loud.'
-sleep 0.2
 screenshot opened
 key ctrl+s
 expect_soon "the text is saved over its file" 10 '[[ $(words) == *"Quietly. Then loud."* ]]'

@@ -8,8 +8,7 @@ protected:
         form.active = true;
         forms.Form_Load();
         text.setText(u"one two");
-        text.setSelStart(0);
-        text.setSelLength(3);
+        select(0, 3);
     }
     base::Text afterTick(bool editorInFront) {
         form.active = editorInFront;
@@ -58,8 +57,7 @@ TEST_F(ClipboardFormsTest, ACutComesBack_AndAPasteTakesRtfBeforeText_AndOfNothin
 
 TEST_F(ClipboardFormsTest, TheKeyboardGoneElsewhere_LeavesTheSelectionAsText) {
     form.mnuCopia.Click();
-    text.setSelStart(4);
-    text.setSelLength(3);
+    select(4, 3);
     text.LostFocus();
     EXPECT_EQ(clipboard.text, u"two");
     EXPECT_EQ(afterTick(false), u"one");

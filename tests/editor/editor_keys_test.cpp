@@ -29,7 +29,7 @@ protected:
         return told() + std::to_string(key.keyCode) + '/' + std::to_string(key.shift);
     }
     std::string release(int keyCode, int shift) {
-        text.style = platform::Setting::Off;
+        text.setAllStyles(platform::Setting::Off);
         text.KeyUp({keyCode, shift});
         return told();
     }
@@ -115,6 +115,7 @@ TEST_F(EditorKeysTest, TheRightButton_OpensTheEditMenu_AndEscapeInTheWindowQuits
 
 TEST_F(EditorKeysTest, TimeStamp_HasElevenCharacters_OrIsNone) {
     const editor::TimeStamp stamp(form, desktop.player);
+    desktop.player.setURL(desktop.layMedia("talk.mp3", 500'000));
     for (const auto& [seconds, expected] :
          {std::pair{65, u"[00:01:05] "}, {3723, u"[01:02:03] "}, {45296, u"[12:34:56] "}, {445506, u"ab"}}) {
         text.setText(u"ab");

@@ -7,10 +7,6 @@ using testing::ElementsAre;
 
 class FindReplaceTest : public fakes::EditorBench {
 protected:
-    void select(int start, int length) {
-        text.setSelStart(start);
-        text.setSelLength(length);
-    }
     // The text, the states in the captions, and the messages since the last look.
     std::string seen() {
         std::string told = shown();

@@ -12,16 +12,16 @@ protected:
 
 TEST_F(ToolbarTest, Buttons_ActOnTheSelection_AndGiveTheKeyboardBack) {
     for (std::size_t index = 4; index < form.Label2.size(); ++index) {
-        text.style = platform::Setting::Mixed; // is set as a whole first
+        text.setAllStyles(platform::Setting::Mixed); // is set as a whole first
         form.Label2[index].Click();
     }
     EXPECT_THAT(text.commands,
                 ElementsAre("bold on", "focus", "italic on", "focus", "underline on", "focus", "strike on",
                             "focus", "align 0", "focus", "align 2", "focus", "align 1", "focus", "size 13",
                             "size 12", "bullet on", "focus", "focus", "focus"));
-    text.style = platform::Setting::On;
+    text.setAllStyles(platform::Setting::On);
     form.Label2[4].Click();
-    EXPECT_EQ(text.style, platform::Setting::Off);
+    EXPECT_EQ(text.SelBold(), platform::Setting::Off);
 }
 
 TEST_F(ToolbarTest, Letters_StandOnTheirButtons) {

@@ -52,8 +52,7 @@ TEST_F(UndoRedoTest, ARun_PutBack_IsSelected_ButASingleLetterOrLineEndIsNot) {
     };
     for (const Row& row : rows) {
         text.setText(u"one two\r\n3");
-        text.setSelStart(row.start);
-        text.setSelLength(row.length);
+        select(row.start, row.length);
         text.setSelText(row.by);
         EXPECT_EQ(shown(), row.after);
         EXPECT_EQ(undo(), row.undone) << row.after;

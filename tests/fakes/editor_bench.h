@@ -2,7 +2,7 @@
 
 #include "editor/typing.h"
 #include "fakes/fake_desktop.h"
-#include "fakes/fake_rich_text.h"
+#include "fakes/watched_text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -17,14 +17,8 @@ protected:
         Lingua.load();
     }
 
-    // The text with its selection, "a[b]c" or "a|bc", each end of a paragraph as a stroke.
-    std::string shown() const {
-        base::Text all = text.Text();
-        const auto start = static_cast<std::size_t>(text.SelStart());
-        const base::Text selected = text.SelText();
-        all.replace(start, selected.size(), selected.empty() ? u"|" : u"[" + selected + u"]");
-        return base::toUtf8(base::replaced(all, u"\r\n", u"/"));
-    }
+    void select(int start, int length) { fakes::select(text, start, length); }
+    std::string shown() const { return fakes::shown(text); }
 
     fakes::FakeDesktop desktop;
     fakes::FakeDialogs& dialogs = desktop.dialogPort;

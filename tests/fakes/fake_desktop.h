@@ -92,15 +92,15 @@ public:
     void endProcess() override { ended = true; }
 };
 
-// An internet with one answer for every address; it notes what is asked.
+// An internet of the pages that the test laid; it notes what is asked.
 class FakeInternet : public platform::Internet {
 public:
-    std::string answer;
-    std::vector<std::string> reads; // "agent address"
+    std::map<std::string, std::string> pages; // by address
+    std::vector<std::string> reads;           // "agent address"
 
     std::string read(const std::string& address, const std::string& agent) override {
         reads.push_back(agent + ' ' + address);
-        return answer;
+        return pages.contains(address) ? pages.at(address).substr(0, 64 * 1024 + 1) : std::string();
     }
 };
 
@@ -111,6 +111,13 @@ public:
 
     void open(base::TextView target) override { opened.push_back(base::toUtf8(target)); }
     void openSoundSettings() override { opened.emplace_back("sound settings"); }
+};
+
+// A thread without time of its own: work is done when it is posted.
+class FakeWorker : public platform::Worker {
+public:
+    void post(std::function<void()> work) override { work(); }
+    void drain() override {}
 };
 
 // A desktop without a screen: virtual time, a temporary program folder with the shipped kind of files in it.
@@ -124,6 +131,7 @@ public:
     FakeClipboard clipboardPort;
     FakeInternet internetPort;
     FakeShell shellPort;
+    FakeWorker diskPort;
     outside::FrmInformazioni* about = nullptr;
     FakeRichText text;
     FakePrinter printerPort;
@@ -195,6 +203,7 @@ public:
     base::CodePage codePage() override { return base::CodePage(1252); }
     platform::Internet& internet() override { return internetPort; }
     platform::Shell& shell() override { return shellPort; }
+    platform::Worker& disk() override { return diskPort; }
     std::vector<outside::Library> libraries() override { return {{u"Fake library", u"1.0", u"none"}}; }
     void speak(const base::Text&) override {}
     void show(player::Form1& form) override {

@@ -5,16 +5,21 @@
 #include "platform/media_player.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 #include <map>
 #include <string>
 #include <vector>
 
 namespace fakes {
 
-// A media player in virtual time: it takes `loadingTime` to load, runs at its rate, stops at the end. A file
-// plays when the test gave it a length. It clamps nothing, so that a test sees what it was asked for.
+// A media player in virtual time: it takes `loadingTime` to load, runs at its rate, stops at the end. It
+// plays the files that the test gave a length. `commands` tells what it was asked for, before any rule of the
+// port.
 class FakePlayer : public platform::MediaPlayer {
 public:
+    static constexpr double unknownLength = std::numeric_limits<double>::infinity();
+
     explicit FakePlayer(VirtualLoop& loop) : loop_(loop) {}
 
     std::map<base::Text, double> lengths; // seconds by path
@@ -23,62 +28,73 @@ public:
     int volume = -1;
 
     void setURL(base::TextView path) override {
-        url_ = path;
         commands.emplace_back(path.empty() ? "unload" : "load");
-        length_ = lengths.contains(url_) ? lengths[url_] : 0;
-        position_ = 0;
-        started_ = loop_.now() + loadingTime;
-        state_ = path.empty() ? platform::PlayState::Undefined : platform::PlayState::Playing;
+        url_ = path;
+        path.empty() ? forget() : load();
     }
     base::Text URL() const override { return url_; }
-    void close() override { commands.emplace_back("close"); }
+    void close() override {
+        commands.emplace_back("close");
+        forget();
+    }
 
     platform::PlayState playState() const override {
-        if (state_ == platform::PlayState::Playing && loop_.now() < started_ && position_ == 0)
-            return platform::PlayState::Transitioning;
-        if (state_ == platform::PlayState::Playing && run() >= length_)
+        if (!media_)
+            return platform::PlayState::Undefined;
+        if (run_ == platform::PlayState::Stopped || (!isLoading() && (length() == 0 || isAtEnd())))
             return platform::PlayState::Stopped;
-        return state_;
+        return isLoading() ? platform::PlayState::Transitioning : run_;
     }
     void play() override {
         commands.emplace_back("play");
-        if (url_.empty() || (state_ == platform::PlayState::Playing && run() < length_))
+        settle();
+        if (media_ && !isLoading() && length() == 0)
+            return load();
+        if (!media_ || run_ == platform::PlayState::Playing)
             return;
-        if (playState() == platform::PlayState::Stopped)
-            position_ = 0;
-        state_ = platform::PlayState::Playing;
-        started_ = std::max(loop_.now(), started_);
+        moveTo(place() >= length() ? 0 : place());
+        run_ = platform::PlayState::Playing;
     }
     void pause() override {
         commands.emplace_back("pause");
-        if (state_ != platform::PlayState::Playing)
-            return;
-        position_ = run();
-        state_ = platform::PlayState::Paused;
+        settle();
+        moveTo(place());
+        if (run_ == platform::PlayState::Playing)
+            run_ = platform::PlayState::Paused;
     }
     void stop() override {
         commands.emplace_back("stop");
-        state_ = platform::PlayState::Stopped;
-        position_ = 0;
+        run_ = platform::PlayState::Stopped;
+        settle();
     }
 
     double currentPosition() const override {
-        return playState() == platform::PlayState::Stopped ? 0 : run();
+        return playState() == platform::PlayState::Stopped ? 0 : place();
     }
     void setCurrentPosition(double seconds) override {
         commands.push_back("seek " + base::toUtf8(base::numberText(seconds)));
-        position_ = seconds;
-        started_ = std::max(loop_.now(), started_);
+        settle();
+        if (!hasMedia() || !std::isfinite(seconds))
+            return;
+        const double target = std::clamp(seconds, 0.0, isLoading() ? unknownLength : length());
+        if (run_ == platform::PlayState::Stopped && target > 0)
+            run_ = platform::PlayState::Paused;
+        moveTo(target);
     }
     base::Text currentPositionString() const override {
-        return playState() == platform::PlayState::Stopped ? base::Text() : base::clockText(run());
+        return !hasMedia() || playState() == platform::PlayState::Stopped ? base::Text()
+                                                                          : base::clockText(place());
     }
-    double duration() const override { return length_; }
+    double duration() const override { return isLoading() || !std::isfinite(length()) ? 0 : length(); }
     base::Text durationString() const override {
-        return url_.empty() ? base::Text() : base::clockText(length_);
+        return hasMedia() ? base::clockText(duration()) : base::Text();
     }
     double rate() const override { return rate_; }
-    void setRate(double factor) override { rate_ = factor; }
+    void setRate(double factor) override {
+        settle();
+        moveTo(place());
+        rate_ = std::clamp(factor, 0.5, 5.0);
+    }
     void setVolume(int percent) override { volume = percent; }
     void showPicturesIn(std::uint64_t) override {}
     platform::PictureSize pictureSize() const override { return picture; }
@@ -86,19 +102,48 @@ public:
     platform::PictureSize picture; // the test tells a change by PictureChanged
 
 private:
-    double run() const {
-        if (state_ != platform::PlayState::Playing)
+    void load() {
+        forget();
+        media_ = true;
+        run_ = platform::PlayState::Playing;
+        since_ = ready_ = loop_.now() + loadingTime;
+    }
+    void forget() {
+        media_ = false;
+        run_ = platform::PlayState::Stopped;
+        position_ = 0;
+        if (std::exchange(picture, {}).exists() && PictureChanged)
+            PictureChanged();
+    }
+    bool isLoading() const { return media_ && loop_.now() < ready_; }
+    bool hasMedia() const { return media_ && (isLoading() || length() > 0); }
+    double length() const { return media_ && lengths.contains(url_) ? lengths.at(url_) : 0; }
+    bool isAtEnd() const { return run_ == platform::PlayState::Playing && place() >= length(); }
+    double place() const {
+        if (isLoading())
             return position_;
-        return position_ +
-               static_cast<double>(std::max<std::int64_t>(0, loop_.now() - started_)) / 1000 * rate_;
+        const double ms = run_ == platform::PlayState::Playing ? double(loop_.now() - since_) : 0;
+        return std::min(position_ + ms / 1000 * rate_, length());
+    }
+    // Makes what time alone has brought about, the end of the media, the state.
+    void settle() {
+        if (playState() != platform::PlayState::Stopped)
+            return;
+        run_ = platform::PlayState::Stopped;
+        position_ = 0;
+    }
+    void moveTo(double seconds) {
+        position_ = seconds;
+        since_ = std::max(loop_.now(), ready_);
     }
 
     VirtualLoop& loop_;
     base::Text url_;
-    platform::PlayState state_ = platform::PlayState::Undefined;
-    double length_ = 0;
-    double position_ = 0;
-    std::int64_t started_ = 0; // when the position last began to run
+    bool media_ = false;
+    platform::PlayState run_ = platform::PlayState::Stopped; // once the file is loaded
+    std::int64_t ready_ = 0;                                 // when the file is loaded
+    double position_ = 0;                                    // seconds, at `since_`
+    std::int64_t since_ = 0;
     double rate_ = 1;
 };
 

@@ -29,11 +29,11 @@ public:
     }
     platform::PrinterSettings settings() const override { return now; }
     void set(platform::PrinterProperty property, const platform::PrinterSettings& from) override {
-        if (std::find(refused.begin(), refused.end(), property) != refused.end())
+        if (std::find(refused.begin(), refused.end(), property) != refused.end() || from.Copies < 1 ||
+            from.Copies > 999)
             throw base::Failure("not on this printer");
         commands.push_back("set " + std::to_string(static_cast<int>(property)));
-        if (property == platform::PrinterProperty::Copies)
-            now.Copies = from.Copies;
+        now.take(property, from);
     }
     std::optional<platform::PrinterChoice> PrintDlg(std::string_view, base::TextView document,
                                                     const platform::PrinterChoice& start) override {

@@ -7,19 +7,26 @@
 #include "rtf/rtf_reader.h"
 
 #include <algorithm>
+#include <cmath>
+#include <map>
 #include <string>
 #include <vector>
 
 namespace fakes {
 
-// A rich-text control without a screen: plain text with one set of formats for all of it. It notes what is
-// asked of it.
+// A rich-text control without a screen: plain text with one set of formats for all of it; it folds the case
+// of ASCII alone. It notes what is asked of it.
 class FakeRichText : public platform::RichText {
 public:
     std::vector<std::string> commands; // in order: "bold on", "align 2", "size 13", "focus", "load", "save"
-    platform::Setting style = platform::Setting::Off;
+    std::map<std::string, platform::Setting> styles; // by "bold", "italic", "underline", "strike", "bullet"
     std::optional<double> size = 12;
     bool refusesSearch = false;
+
+    void setAllStyles(platform::Setting setting) {
+        for (const char* style : {"bold", "italic", "underline", "strike", "bullet"})
+            styles[style] = setting;
+    }
 
     // Types at the caret, as the user does.
     void type(base::TextView typed) { setSelText(typed); }
@@ -42,60 +49,58 @@ public:
         setText(base::replaced(rtf::plainText(rtf::read(source)), u"\n", u"\r\n"));
     }
     void setText(base::TextView text) override {
-        text_ = text;
-        start_ = length_ = 0;
-        tellChange();
+        styles.clear();
+        replaceAll(text);
     }
     std::int32_t textLength() const override { return static_cast<std::int32_t>(text_.size()); }
     std::int32_t SelStart() const override { return start_; }
     void setSelStart(std::int32_t position) override {
-        start_ = std::clamp(position, 0, textLength());
+        start_ = nearest(position);
         length_ = 0;
     }
     std::int32_t SelLength() const override { return length_; }
     void setSelLength(std::int32_t length) override {
-        length_ = std::clamp(length, 0, textLength() - start_);
+        length_ = nearest(start_ + std::clamp(length, 0, textLength() - start_)) - start_;
     }
     base::Text SelText() const override {
         return text_.substr(static_cast<std::size_t>(start_), static_cast<std::size_t>(length_));
     }
     void setSelText(base::TextView text) override {
+        if (length_ == 0 && text.empty())
+            return;
         text_.replace(static_cast<std::size_t>(start_), static_cast<std::size_t>(length_), text);
         start_ += static_cast<std::int32_t>(text.size());
         length_ = 0;
         tellChange();
     }
     base::Text SelRTF() const override { return u"{\\rtf1 " + SelText() + u"}"; }
-    void setSelRTF(base::TextView source) override {
-        const bool isRtf = source.starts_with(u"{\\rtf1 ");
-        setSelText(isRtf ? source.substr(7, source.size() - 8) : source);
-    }
+    void setSelRTF(base::TextView source) override { setSelText(plain(source)); }
     void setSelFontName(base::TextView name) override { commands.push_back("font " + base::toUtf8(name)); }
     std::optional<double> SelFontSize() const override { return size; }
     void setSelFontSize(double points) override {
-        if (points < 1)
+        if (!(points >= 1 && points <= 1638))
             throw base::Failure("Invalid property value");
-        size = points;
-        commands.push_back("size " + base::toUtf8(base::numberText(points)));
+        size = std::round(points * 2) / 2;
+        commands.push_back("size " + base::toUtf8(base::numberText(*size)));
     }
     void setSelColor(std::uint32_t color) override { commands.push_back("color " + std::to_string(color)); }
-    platform::Setting SelBold() const override { return style; }
+    platform::Setting SelBold() const override { return style("bold"); }
     void setSelBold(bool on) override { set("bold", on); }
-    platform::Setting SelItalic() const override { return style; }
+    platform::Setting SelItalic() const override { return style("italic"); }
     void setSelItalic(bool on) override { set("italic", on); }
-    platform::Setting SelUnderline() const override { return style; }
+    platform::Setting SelUnderline() const override { return style("underline"); }
     void setSelUnderline(bool on) override { set("underline", on); }
-    platform::Setting SelStrikeThru() const override { return style; }
+    platform::Setting SelStrikeThru() const override { return style("strike"); }
     void setSelStrikeThru(bool on) override { set("strike", on); }
-    platform::Setting SelBullet() const override { return style; }
+    platform::Setting SelBullet() const override { return style("bullet"); }
     void setSelBullet(bool on) override { set("bullet", on); }
     void setSelAlignment(platform::ParagraphAlignment alignment) override {
         commands.push_back("align " + std::to_string(static_cast<int>(alignment)));
     }
     void LoadFile(base::TextView path) override {
-        const std::string bytes = base::readFile(path);
+        const base::Text bytes = base::fromUtf8(base::readFile(path));
         commands.emplace_back("load");
-        setText(base::fromUtf8(bytes));
+        replaceAll(base::replaced(base::replaced(plain(bytes), u"\r\n", u"\n"), u"\n", u"\r\n"));
     }
     void SaveFile(base::TextView path) override {
         commands.emplace_back("save");
@@ -110,8 +115,9 @@ public:
         const auto isLetter = [&](std::size_t at) {
             return at < all.size() && all[at] > u' ' && all[at] < 0x80;
         };
-        std::size_t at = wanted.empty() ? base::Text::npos
-                                        : all.find(wanted, static_cast<std::size_t>(start.value_or(start_)));
+        std::size_t at = wanted.empty()
+                             ? base::Text::npos
+                             : all.find(wanted, static_cast<std::size_t>(nearest(start.value_or(start_))));
         while (at != base::Text::npos && (options & platform::findWholeWord) != 0 &&
                ((at > 0 && isLetter(at - 1)) || isLetter(at + wanted.size())))
             at = all.find(wanted, at + 1);
@@ -138,9 +144,30 @@ private:
         Change();
         Edited();
     }
-    void set(const std::string& what, bool on) {
-        style = on ? platform::Setting::On : platform::Setting::Off;
-        commands.push_back(what + (on ? " on" : " off"));
+    // The place, or the nearest before it that lies inside the text and between two letters or line ends.
+    std::int32_t nearest(std::int32_t place) const {
+        const std::int32_t inside = std::clamp(place, 0, textLength());
+        if (inside == 0 || inside == textLength())
+            return inside;
+        const char16_t before = text_[static_cast<std::size_t>(inside) - 1];
+        const char16_t behind = text_[static_cast<std::size_t>(inside)];
+        const bool inPair = before >> 10U == 0xD800 >> 10U && behind >> 10U == 0xDC00 >> 10U;
+        return inside - (inPair || (before == u'\r' && behind == u'\n') ? 1 : 0);
+    }
+    static base::TextView plain(base::TextView source) {
+        return source.starts_with(u"{\\rtf1 ") ? source.substr(7, source.size() - 8) : source;
+    }
+    void replaceAll(base::TextView text) {
+        text_ = text;
+        start_ = length_ = 0;
+        tellChange();
+    }
+    platform::Setting style(const std::string& name) const {
+        return styles.contains(name) ? styles.at(name) : platform::Setting::Off;
+    }
+    void set(const std::string& name, bool on) {
+        styles[name] = on ? platform::Setting::On : platform::Setting::Off;
+        commands.push_back(name + (on ? " on" : " off"));
     }
 
     base::Text text_;

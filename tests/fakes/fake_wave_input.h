@@ -56,6 +56,8 @@ public:
         return carryOut([&] { buffer.dwFlags |= Buffer::WHDR_PREPARED; });
     }
     Result unprepareHeader(Buffer& buffer) override {
+        if ((buffer.dwFlags & Buffer::WHDR_INQUEUE) != 0)
+            return 33;
         return carryOut([&] { buffer.dwFlags &= ~Buffer::WHDR_PREPARED; });
     }
     Result addBuffer(Buffer& buffer) override {
@@ -64,6 +66,7 @@ public:
             return 33;
         return carryOut([&] {
             buffer.dwFlags = Buffer::WHDR_PREPARED | Buffer::WHDR_INQUEUE;
+            buffer.dwBytesRecorded = 0;
             queue_.push_back(&buffer);
         });
     }
@@ -75,6 +78,7 @@ public:
     }
     Result reset() override {
         return carryOut([&] {
+            running_ = false;
             for (; !queue_.empty(); queue_.pop_front())
                 finish(*queue_.front(), 0);
         });

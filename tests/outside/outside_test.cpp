@@ -8,6 +8,8 @@ protected:
     std::vector<std::string>& opened = desktop.shellPort.opened;
 };
 
+const std::string versionPage = "https://sites.brackenloft.example/site/brackenloftfreeware/ver_qmr.txt";
+
 // Starts the program once more, with the update check switched on.
 class UpdateCheckTest : public OutsideTest {
 protected:
@@ -16,7 +18,7 @@ protected:
         desktop.layLanguage("English.lng", 136, {{131, "New & <BR>good?<BR>"}});
     }
     void startReading(const std::string& received, platform::Answer answer) {
-        desktop.internetPort.answer = received;
+        desktop.internetPort.pages[versionPage] = received;
         desktop.dialogPort.answers = {answer};
         start();
     }
@@ -43,9 +45,7 @@ TEST_F(UpdateCheckTest, Yes_OpensThePage_AndEndsWithoutSaving) {
     const std::string settings = desktop.folder.read("Files/Quillmere.ini");
     startReading("001015003", platform::Answer::Yes);
     EXPECT_THAT(opened, ElementsAre("https://www.brackenloft.example/quillmere.html"));
-    EXPECT_THAT(
-        desktop.internetPort.reads,
-        ElementsAre("Quillmere https://sites.brackenloft.example/site/brackenloftfreeware/ver_qmr.txt"));
+    EXPECT_THAT(desktop.internetPort.reads, ElementsAre("Quillmere " + versionPage));
     EXPECT_TRUE(desktop.systemPort.ended);
     EXPECT_FALSE(form().visible) << "the player is never seen";
     EXPECT_EQ(desktop.folder.read("Files/Quillmere.ini"), settings);

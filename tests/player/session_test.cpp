@@ -67,6 +67,7 @@ TEST_F(SessionTest, Title_SizeFollowsItsLength_InWhichADoubledAmpersandCountsTwi
 
 TEST_F(SessionTest, Bar_GrowsInWholeTwips) {
     open("talk.mp3", 180);
+    desktop.loop.advance(player.loadingTime);
     form().cmdPlay.Click();
     form().Label2.width = 3000;
     for (const auto& [position, width] : {std::pair{90., 1500.}, {180., 3000.}, {0.13, 2.}, {0., 0.}}) {
@@ -79,7 +80,8 @@ TEST_F(SessionTest, Bar_GrowsInWholeTwips) {
     form().forEachControl([&](auto& control) { control.observe([&] { ++changes; }); });
     form().Timer1.Tick();
     EXPECT_EQ(changes, 0) << "a tick without a change tells nobody";
-    open("stream.ts", 0);
+    open("stream.ts", fakes::FakePlayer::unknownLength);
+    desktop.loop.advance(player.loadingTime);
     form().cmdPlay.Click();
     player.setCurrentPosition(12);
     form().Timer1.Tick();

@@ -20,10 +20,10 @@ TEST_F(TransportTest, PauseAndStep_MoveWithoutALimit_AndAStepKeepsTheState) {
     openAt(1);
     EXPECT_THAT(commandsOf(form().cmdPlay), ElementsAre("seek -1", "pause"));
     EXPECT_EQ(form().mnuPlay.caption.get(), form().Lingua(7));
-    EXPECT_THAT(commandsOf(form().cmdAvanz), ElementsAre("seek 4"));
-    EXPECT_EQ(form().Label2.caption.get(), u"00:04 / 03:00");
+    EXPECT_THAT(commandsOf(form().cmdAvanz), ElementsAre("seek 5"));
+    EXPECT_EQ(form().Label2.caption.get(), u"00:05 / 03:00");
     form().cmdPlay.Click();
-    EXPECT_THAT(commandsOf(form().cmdIndietro), ElementsAre("seek -1"));
+    EXPECT_THAT(commandsOf(form().cmdIndietro), ElementsAre("seek 0"));
 }
 
 TEST_F(TransportTest, StepWithoutALength_TakesTwoSecondsForGood) {

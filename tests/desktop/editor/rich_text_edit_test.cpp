@@ -2,85 +2,9 @@
 #include "rich_text_fixture.h"
 
 #include <QTextBlock>
-#include <cmath>
 
 using platform::Setting;
 using tests::RichText;
-
-namespace {
-
-constexpr base::TextView mixedText =
-    u"\r\nfirst \U0001F600 line\r\n\r\n\r\nпривет\u000Bsoft \uFFFC\r\n\U0001F3B5\U0001F3B5\r\n";
-
-} // namespace
-
-TEST_F(RichText, SelStart_AtEveryPlace_IsTheNearestPlaceBefore) {
-    rtb.setText(mixedText);
-    EXPECT_EQ(rtb.Text(), mixedText);
-    const base::Text text(mixedText);
-    const auto length = static_cast<std::int32_t>(text.size());
-    for (std::int32_t place = -3; place <= length + 3; ++place) {
-        std::int32_t expected = std::clamp(place, 0, length);
-        if (expected > 0 && expected < length) {
-            const auto at = static_cast<std::size_t>(expected);
-            const bool inCrLf = text[at - 1] == u'\r' && text[at] == u'\n';
-            const bool inPair = QChar::isHighSurrogate(text[at - 1]) && QChar::isLowSurrogate(text[at]);
-            expected -= inCrLf || inPair ? 1 : 0;
-        }
-        rtb.setSelStart(place);
-        EXPECT_EQ(rtb.SelStart(), expected) << place;
-        EXPECT_EQ(rtb.SelLength(), 0);
-        // The text in front of the place is what a user would count.
-        rtb.setSelStart(0);
-        rtb.setSelLength(place);
-        EXPECT_EQ(rtb.SelText(), text.substr(0, static_cast<std::size_t>(expected))) << place;
-        EXPECT_EQ(rtb.SelLength(), expected);
-    }
-}
-
-TEST_F(RichText, SelText_Written_ReplacesWithOneChange_AndLeavesTheCaretBehind) {
-    const struct {
-        int start, length;
-        base::TextView text;
-        const char* after;
-    } rows[] = {
-        {1, 0, u"x\r\ny", "ax\r\ny|b\r\ncd"}, {1, 4, u"", "a|d"},
-        {2, 0, u"\r\n", "ab\r\n|\r\ncd"},     {0, 99, u"all", "all|"},
-        {6, 0, u"[00] ", "ab\r\ncd[00] |"},   {0, 2, u"zz", "zz|\r\ncd"},
-    };
-    for (const auto& row : rows) {
-        rtb.setText(u"ab\r\ncd");
-        select(row.start, row.length);
-        changes = 0;
-        rtb.setSelText(row.text);
-        EXPECT_EQ(shown(), row.after);
-        EXPECT_EQ(seen, row.after) << "what the program finds while it is told";
-        EXPECT_EQ(changes, 1) << row.after;
-    }
-}
-
-TEST_F(RichText, WhatLeavesTheText_IsNoChange) {
-    rtb.setText(u"ab\r\ncd\r\n");
-    changes = 0;
-    for (const auto& [start, length] : {std::pair{0, 9}, {1, 0}, {6, 99}}) {
-        select(start, length);
-        rtb.setSelBold(true);
-        rtb.setSelUnderline(true);
-        rtb.setSelFontName(u"Courier");
-        rtb.setSelFontSize(20);
-        rtb.setSelColor(0xFF0000);
-        rtb.setSelAlignment(platform::ParagraphAlignment::Centre);
-        rtb.setSelBullet(true);
-        rtb.setSelBullet(false);
-    }
-    rtb.Find(u"cd", 0, 0);
-    rtb.setSelStart(0);
-    rtb.setSelText(u"");
-    EXPECT_EQ(changes, 0);
-    rtb.setText(u"");
-    rtb.setText(u"");
-    EXPECT_EQ(changes, 2) << "no text in place of none is one all the same";
-}
 
 TEST_F(RichText, SelRTF_OfTextThatQtCouldNotLayOut_IsRefusedAndChangesNothing) {
     rtb.setText(u"kept");
@@ -119,20 +43,9 @@ TEST_F(RichText, Style_OfSelections_IsOnOffOrMixed) {
             EXPECT_EQ((rtb.*read)(), row.expected) << row.start << ", " << row.length;
         }
     }
-}
-
-TEST_F(RichText, SelFontSize_Written_IsKeptInHalvesWithinItsBounds) {
-    rtb.setText(u"abc");
+    select(0, 1);
+    rtb.setSelFontSize(20);
     select(0, 2);
-    for (const auto& [written, expected] :
-         {std::pair{1.0, 1.0}, {1638.0, 1638.0}, {10.2, 10.0}, {13.4, 13.5}}) {
-        rtb.setSelFontSize(written);
-        EXPECT_EQ(rtb.SelFontSize(), expected);
-    }
-    for (const double wrong : {0.99, 1638.5, std::nan("")})
-        EXPECT_THROW(rtb.setSelFontSize(wrong), base::Failure);
-    EXPECT_EQ(rtb.SelFontSize(), 13.5);
-    select(0, 3);
     EXPECT_EQ(rtb.SelFontSize(), std::nullopt);
 }
 
@@ -154,4 +67,28 @@ TEST_F(RichText, SelBullet_OfParagraphs_IsOnOffOrMixedAndLeavesNoIndentBehind) {
     rtb.setSelBullet(false);
     for (QTextBlock block = rtb.document()->begin(); block.isValid(); block = block.next())
         EXPECT_EQ(block.blockFormat().leftMargin(), 0);
+}
+
+TEST_F(RichText, EditsTogether_EachTellOfItself_AndShowOnce) {
+    base::Text words;
+    for (int i = 0; i < 1500; ++i)
+        words += u"one\r\n"; // farther than the first piece that a search looks into
+    rtb.setText(words);
+    std::vector<std::int32_t> lengths;
+    rtb.Change = [&] { lengths.push_back(rtb.textLength()); };
+    rtb.together([&] {
+        EXPECT_EQ(rtb.Find(u"ONE", 7490, 0), 7490);
+        rtb.setSelRTF(u"three");
+        EXPECT_EQ(rtb.SelStart(), 7495);
+        rtb.setSelStart(0);
+        rtb.setSelRTF(u""); // changes nothing
+        EXPECT_EQ(rtb.Find(u"three", std::nullopt, 0), 7490);
+        rtb.setSelText(u"two");
+        EXPECT_EQ(rtb.textCursor().position(), 0) << "was shown while the edits ran";
+    });
+    EXPECT_EQ(lengths, (std::vector<std::int32_t>{7502, 7500}));
+    EXPECT_EQ(rtb.SelStart(), 7493);
+    EXPECT_EQ(rtb.Text().substr(7485, 10), u"one\r\ntwo\r\n");
+    rtb.setSelText(u"!");
+    EXPECT_EQ(lengths.size(), 3U);
 }

@@ -3,6 +3,7 @@
 #include "base/code_page.h"
 #include "desktop/conversions.h"
 #include "desktop/editor/rich_text_edit.h"
+#include "fakes/watched_text.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -29,34 +30,15 @@ inline std::string pngDigits(QSize size, QColor color) {
     return png.toHex().toStdString();
 }
 
-// A text window with its changes counted, and what the program finds at the last of them.
+// A text window with its changes counted.
 class RichText : public testing::Test {
 protected:
-    RichText() {
-        rtb.Change = [this] {
-            ++changes;
-            seen = shown();
-        };
-    }
-
-    void select(int start, int length) {
-        rtb.setSelStart(start);
-        rtb.setSelLength(length);
-    }
-    // The text with its selection between brackets: "a[b]c", "a|bc".
-    std::string shown() const {
-        base::Text text = rtb.Text();
-        const auto start = static_cast<std::size_t>(rtb.SelStart());
-        const auto length = static_cast<std::size_t>(rtb.SelLength());
-        if (length > 0)
-            text.insert(start + length, u"]");
-        text.insert(start, length > 0 ? u"[" : u"|");
-        return base::toUtf8(text);
-    }
+    void select(int start, int length) { fakes::select(rtb, start, length); }
+    std::string shown() const { return fakes::shown(rtb); }
 
     Control rtb{base::CodePage(1252)};
-    int changes = 0;
-    std::string seen{};
+    fakes::WatchedText watch{rtb};
+    int& changes = watch.changes;
 };
 
 } // namespace tests

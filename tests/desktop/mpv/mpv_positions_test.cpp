@@ -1,8 +1,25 @@
 // Positions, play states and speeds of the player.
+#include "contracts/player_contract.h"
 #include "mpv_player_test.h"
 
-#include <cmath>
-#include <limits>
+namespace contracts {
+
+namespace {
+
+struct MpvBench : PlayerBench {
+    platform::MediaPlayer& player() override { return mpv; }
+    base::Text recording() override { return u"" MEDIA_FOLDER "/noise.wav"; }
+    base::Text unplayable() override { return u"" MEDIA_FOLDER "/none.wav"; }
+    void run(int ms) override { listening::runLoop(ms); }
+
+    desktop::MpvPlayer mpv{{"null"}};
+};
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Mpv, PlayerContract, testing::Values(make<PlayerBench, MpvBench>));
+
+} // namespace contracts
 
 namespace listening {
 
@@ -25,25 +42,6 @@ TEST_F(MpvPlayerTest, PausedSteps_DoNotDrift_NorHoldTheProgramUp) {
     EXPECT_EQ(player_.currentPosition(), 3);
     player_.play();
     expectPlaysOnFrom(3);
-}
-
-TEST_F(MpvPlayerTest, Write_IsClamped_AndNonsenseIsIgnored) {
-    start();
-    player_.setCurrentPosition(2);
-    player_.pause();
-    ASSERT_TRUE(waitFor([&] { return player_.duration() > 0; }));
-    const double infinity = std::numeric_limits<double>::infinity();
-    for (const auto& [written, read] : {std::pair{-3.0, 0.0},
-                                        {1e9, player_.duration()},
-                                        {1, 1},
-                                        {std::nan(""), 1},
-                                        {infinity, 1},
-                                        {-infinity, 1}}) {
-        player_.setCurrentPosition(written);
-        EXPECT_TRUE(waitFor([&] { return player_.currentPosition() == read; }, 200)) << written;
-        runLoop(30);
-        EXPECT_EQ(player_.currentPosition(), read) << written;
-    }
 }
 
 // A recording without a table of its own, 60 s long, of which the engine takes the first second for the rest.
@@ -92,33 +90,6 @@ TEST_F(MpvPlayerTest, EndWhileTheProgramIsBusy_HoldsNeitherASeekNorAPlayBack) {
             player_.play();
         }
         expectPlaysOnFrom(seeks ? 1 : 0);
-    }
-}
-
-TEST_F(MpvPlayerTest, Stop_GoesBackToTheStart_AlsoDuringTheLoad) {
-    for (const int delay : {0, 10, 500}) {
-        player_.setURL(folder_.text("a.wav"));
-        runLoop(delay);
-        player_.stop();
-        EXPECT_FALSE(waitFor(
-            [&] { return player_.playState() != PlayState::Stopped || player_.currentPosition() != 0; }, 100))
-            << delay;
-        player_.play();
-        expectPlaysOnFrom(0);
-    }
-}
-
-TEST_F(MpvPlayerTest, Rate_ReadsBackAsGiven_AndHoldsOverFiles) {
-    for (const double rate : {1.2000000000000002, 4.999999999999999, 3.0}) {
-        player_.setRate(rate);
-        EXPECT_EQ(player_.rate(), rate);
-    }
-    for (int i = 0; i < 2; ++i) {
-        start();
-        QElapsedTimer clock;
-        clock.start();
-        EXPECT_TRUE(waitFor([&] { return player_.currentPosition() > 1.8; }, 1200));
-        EXPECT_GT(clock.elapsed(), 500);
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "desktop/mpv/listening.h"
 #include "desktop/mpv/pulse_daemon.h"
 #include "fakes/temporary_folder.h"
 
@@ -68,6 +69,18 @@ inline std::string said(const char* program, const std::vector<std::string>& arg
     return QString::fromStdString(outputOf(*process)).simplified().toStdString();
 }
 
+// From now on ALSA knows what this configuration tells, and nothing else.
+inline void useAlsa(const fakes::TemporaryFolder& folder, const std::string& configuration) {
+    folder.write("asound.conf", configuration);
+    qputenv("ALSA_CONFIG_PATH", (folder.path() / "asound.conf").c_str());
+}
+
+// A device that gives the bytes of a file as fast as it is read.
+inline std::string fileDevice(const std::string& file) {
+    return R"(pcm.!default { type file slave.pcm "null" file "/dev/null" infile ")" + file +
+           R"(" format "raw" } pcm.null { type null })";
+}
+
 class CaptureFixture : public testing::Test {
 protected:
     CaptureFixture() {
@@ -83,10 +96,7 @@ protected:
     }
 
     std::string path(const std::string& name) const { return (folder.path() / name).string(); }
-    void useAlsa(const std::string& configuration) {
-        folder.write("asound.conf", configuration);
-        qputenv("ALSA_CONFIG_PATH", path("asound.conf").c_str());
-    }
+    void useAlsa(const std::string& configuration) const { capture::useAlsa(folder, configuration); }
     // A sound server with one sink a format, whose monitors are recorded.
     void startServer(const std::vector<Format>& formats) {
         std::vector<std::string> sinks;

@@ -1,4 +1,6 @@
 #include "capture_fixture.h"
+#include "contracts/wave_input_contract.h"
+#include "portaudio_input.h"
 #include "recorder/cut_off_recordings.h"
 #include "recorder/wav_repair.h"
 
@@ -17,7 +19,23 @@ std::string words(const Format& format) {
            std::to_string(format.bits);
 }
 
+struct PortAudioBench : contracts::WaveInputBench {
+    PortAudioBench() { capture::useAlsa(folder, capture::fileDevice("/dev/zero")); }
+    platform::WaveInput& device() override { return input; }
+    void takeDeviceAway() override { capture::useAlsa(folder, ""); }
+    void listen() override { listening::runLoop(1); }
+
+    fakes::TemporaryFolder folder;
+    desktop::PortAudioInput input;
+};
+
 } // namespace
+
+namespace contracts {
+
+INSTANTIATE_TEST_SUITE_P(PortAudio, WaveInputContract, testing::Values(make<WaveInputBench, PortAudioBench>));
+
+} // namespace contracts
 
 TEST_F(RealCapture, FromASoundServer_EveryFormat_IsWhatWasPlayed) {
     const auto formats = capture::allFormats();
@@ -54,8 +72,7 @@ TEST_F(RealCapture, FromASoundServer_EveryFormat_IsWhatWasPlayed) {
 
 TEST_F(RealCapture, WithoutAServer_EveryFormat_IsWhatAlsaReads) {
     folder.write("noise", capture::noise(400000));
-    useAlsa(R"(pcm.!default { type file slave.pcm "null" file "/dev/null" infile ")" + path("noise") +
-            R"(" format "raw" } pcm.null { type null })");
+    useAlsa(capture::fileDevice(path("noise")));
     for (const Format& format : capture::allFormats()) {
         const auto recording = record(format, 49, "a.wav");
         EXPECT_THAT(capture::outputOf(*recording), HasSubstr(" 0 losses"));

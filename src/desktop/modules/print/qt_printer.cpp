@@ -58,38 +58,9 @@ void QtPrinter::setPrinter(base::TextView deviceName) {
 }
 
 void QtPrinter::set(platform::PrinterProperty property, const platform::PrinterSettings& from) {
-    using platform::PrinterProperty;
-    switch (property) {
-    case PrinterProperty::Copies:
-        if (from.Copies < 1 || from.Copies > mostCopies)
-            throw base::Failure("not that many copies");
-        settings_.Copies = from.Copies;
-        break;
-    case PrinterProperty::Duplex:
-        settings_.duplex = from.duplex;
-        break;
-    case PrinterProperty::Orientation:
-        settings_.Orientation = from.Orientation;
-        break;
-    case PrinterProperty::PaperSize:
-        settings_.PaperSize = from.PaperSize;
-        break;
-    case PrinterProperty::PrintQuality:
-        settings_.PrintQuality = from.PrintQuality;
-        break;
-    case PrinterProperty::ColorMode:
-        settings_.colorMode = from.colorMode;
-        break;
-    case PrinterProperty::PaperBin:
-        settings_.PaperBin = from.PaperBin;
-        break;
-    case PrinterProperty::Margins:
-        settings_.margins = from.margins;
-        break;
-    case PrinterProperty::File:
-        settings_.file = from.file;
-        break;
-    }
+    if (property == platform::PrinterProperty::Copies && (from.Copies < 1 || from.Copies > mostCopies))
+        throw base::Failure("not that many copies");
+    settings_.take(property, from);
 }
 
 std::optional<platform::PrinterChoice> QtPrinter::PrintDlg(std::string_view owner, base::TextView document,

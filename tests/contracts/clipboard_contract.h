@@ -1,0 +1,37 @@
+#pragma once
+
+#include "contracts/contract.h"
+#include "platform/clipboard.h"
+
+namespace contracts {
+
+struct ClipboardBench {
+    virtual ~ClipboardBench() = default;
+    virtual platform::Clipboard& clipboard() = 0;
+    // What another part of the program, or another program, puts there.
+    virtual void offer(base::TextView text, base::TextView rtf) = 0;
+};
+
+class ClipboardContract : public Contract<ClipboardBench> {
+protected:
+    void expectHolds(base::TextView text, base::TextView rtf) {
+        EXPECT_EQ(clipboard.GetText(platform::ClipboardFormat::Text), text);
+        EXPECT_EQ(clipboard.GetText(platform::ClipboardFormat::Rtf), rtf);
+    }
+
+    platform::Clipboard& clipboard = bench->clipboard();
+};
+
+TEST_P(ClipboardContract, WhatIsWritten_IsPlainTextAlone_AndClearedToNothing) {
+    for (const base::TextView text : {u"one\r\ntwo", u"Жук \U0001F600", u"{\\rtf1 a source as text}", u""}) {
+        bench->offer(u"plain", u"{\\rtf1 rich}");
+        expectHolds(u"plain", u"{\\rtf1 rich}");
+        clipboard.SetText(text);
+        expectHolds(text, u"");
+    }
+    bench->offer(u"plain", u"{\\rtf1 rich}");
+    clipboard.Clear();
+    expectHolds(u"", u"");
+}
+
+} // namespace contracts

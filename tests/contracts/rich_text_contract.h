@@ -1,0 +1,225 @@
+#pragma once
+
+#include "base/carry_on.h"
+#include "contracts/contract.h"
+#include "fakes/temporary_folder.h"
+#include "fakes/watched_text.h"
+#include "platform/rich_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+namespace contracts {
+
+struct RichTextBench {
+    virtual ~RichTextBench() = default;
+    virtual platform::RichText& text() = 0;
+    virtual bool foldsCaseOf(base::TextView text) = 0; // and knows its letters
+};
+
+class RichTextContract : public Contract<RichTextBench> {
+protected:
+    // The text with its selection after one edit of "ab/cd", which has to be one change and told as such.
+    void expectOneChange(const char* after) {
+        EXPECT_EQ(fakes::shown(text), after);
+        EXPECT_EQ(watch.seen, after) << "what the program finds while it is told";
+        EXPECT_EQ(std::exchange(watch.changes, 0), 1) << after;
+        EXPECT_EQ(watch.told, text.Text());
+    }
+
+    platform::RichText& text = bench->text();
+    fakes::WatchedText watch{text};
+};
+
+TEST_P(RichTextContract, SelStart_AtEveryPlace_IsTheNearestPlaceBefore) {
+    const base::Text whole =
+        u"\r\nfirst \U0001F600 line\r\n\r\n\r\nпривет\u000Bsoft \uFFFC\r\n\U0001F3B5\U0001F3B5\r\n";
+    text.setText(whole);
+    EXPECT_EQ(text.Text(), whole);
+    const auto length = static_cast<std::int32_t>(whole.size());
+    EXPECT_EQ(text.textLength(), length);
+    for (std::int32_t place = -3; place <= length + 3; ++place) {
+        std::int32_t expected = std::clamp(place, 0, length);
+        if (expected > 0 && expected < length) {
+            const base::Text around = whole.substr(static_cast<std::size_t>(expected) - 1, 2);
+            expected -= around == u"\r\n" || around == u"\xD83D\xDE00" || around == u"\xD83C\xDFB5" ? 1 : 0;
+        }
+        text.setSelStart(place);
+        EXPECT_EQ(text.SelStart(), expected) << place;
+        EXPECT_EQ(text.SelLength(), 0);
+        // The text in front of the place is what a user would count.
+        fakes::select(text, 0, place);
+        EXPECT_EQ(text.SelText(), whole.substr(0, static_cast<std::size_t>(expected))) << place;
+        EXPECT_EQ(text.SelLength(), expected);
+    }
+}
+
+TEST_P(RichTextContract, AnEdit_IsOneChange_AndLeavesTheCaretBehind) {
+    const struct {
+        int start, length;
+        base::TextView text;
+        const char* after;
+    } rows[] = {
+        {1, 0, u"x\r\ny", "ax/y|b/cd"},  {1, 4, u"", "a|d"},
+        {2, 0, u"\r\n", "ab/|/cd"},      {0, 99, u"all", "all|"},
+        {6, 0, u"{00} ", "ab/cd{00} |"}, {0, 2, u"zz", "zz|/cd"},
+    };
+    for (const auto& row : rows) {
+        for (const auto write : {&platform::RichText::setSelText, &platform::RichText::setSelRTF}) {
+            text.setText(u"ab\r\ncd");
+            expectOneChange("|ab/cd");
+            fakes::select(text, row.start, row.length);
+            (text.*write)(row.text);
+            expectOneChange(row.after);
+        }
+    }
+    // A selection taken as RTF goes in again, unless there is nothing in it.
+    fakes::select(text, 1, 3);
+    const base::Text source = text.SelRTF();
+    text.setSelStart(0);
+    text.setSelRTF(source);
+    expectOneChange("z/|zz/cd");
+    text.setSelRTF(text.SelRTF());
+    EXPECT_EQ(watch.changes, 0);
+}
+
+TEST_P(RichTextContract, WhatLeavesTheText_IsNoChange) {
+    text.setText(u"ab\r\ncd\r\n");
+    watch.changes = 0;
+    for (const auto& [start, length] : {std::pair{0, 9}, {1, 0}, {6, 99}}) {
+        fakes::select(text, start, length);
+        text.setSelBold(true);
+        text.setSelUnderline(true);
+        text.setSelFontName(u"Courier");
+        text.setSelFontSize(20);
+        text.setSelColor(0xFF0000);
+        text.setSelAlignment(platform::ParagraphAlignment::Centre);
+        text.setSelBullet(true);
+        text.setSelBullet(false);
+    }
+    text.Find(u"cd", 0, 0);
+    text.setSelStart(0);
+    text.setSelText(u"");
+    EXPECT_EQ(watch.changes, 0);
+    text.setText(u"");
+    text.setText(u"");
+    EXPECT_EQ(watch.changes, 2) << "no text in place of none is one all the same";
+}
+
+TEST_P(RichTextContract, EachStyle_IsOnOrOffForItself_AndGoesWithTheText) {
+    using Text = platform::RichText;
+    const std::pair<platform::Setting (Text::*)() const, void (Text::*)(bool)> styles[] = {
+        {&Text::SelBold, &Text::setSelBold},
+        {&Text::SelItalic, &Text::setSelItalic},
+        {&Text::SelUnderline, &Text::setSelUnderline},
+        {&Text::SelStrikeThru, &Text::setSelStrikeThru},
+        {&Text::SelBullet, &Text::setSelBullet}};
+    const auto expectOn = [&](auto only) {
+        for (const auto& style : styles)
+            EXPECT_EQ((text.*style.first)() == platform::Setting::On, style.first == only);
+    };
+    for (const auto& [read, write] : styles) {
+        text.setText(u"a");
+        expectOn(nullptr);
+        fakes::select(text, 0, 1);
+        (text.*write)(true);
+        expectOn(read);
+        (text.*write)(false);
+        expectOn(nullptr);
+        (text.*write)(true);
+    }
+}
+
+TEST_P(RichTextContract, SelFontSize_Written_IsKeptInHalvesWithinItsBounds) {
+    text.setText(u"abc");
+    fakes::select(text, 0, 2);
+    for (const auto& [written, expected] :
+         {std::pair{1.0, 1.0}, {1638.0, 1638.0}, {10.2, 10.0}, {13.4, 13.5}}) {
+        text.setSelFontSize(written);
+        EXPECT_EQ(text.SelFontSize(), expected);
+    }
+    for (const double wrong : {0.99, 1638.5, std::nan("")})
+        EXPECT_THROW(text.setSelFontSize(wrong), base::Failure);
+    EXPECT_EQ(text.SelFontSize(), 13.5);
+}
+
+TEST_P(RichTextContract, Files_ComeInWithOneChange_AndOneThatCannotBeReadLeavesTheText) {
+    const fakes::TemporaryFolder folder;
+    folder.write("text", "one\ntwo\r\n");
+    text.LoadFile(folder.text("text"));
+    expectOneChange("|one/two/");
+    text.SaveFile(folder.text("saved.txt"));
+    EXPECT_TRUE(folder.read("saved.txt").starts_with("{\\rtf1")) << "whatever its name";
+    text.setText(u"before");
+    text.setSelStart(3);
+    watch.changes = 0;
+    text.LoadFile(folder.text("saved.txt"));
+    expectOneChange("|one/two/");
+    EXPECT_THROW(text.SaveFile(folder.text("no such folder/file")), base::Failure);
+    for (const char* const name : {"none", ""}) {
+        EXPECT_THROW(text.LoadFile(folder.text(name)), base::Failure) << name;
+        EXPECT_EQ(fakes::shown(text), "|one/two/");
+        EXPECT_EQ(watch.changes, 0);
+    }
+}
+
+TEST_P(RichTextContract, Find_ByItsOptions_TellsTheFirstPlace) {
+    constexpr int word = platform::findWholeWord;
+    constexpr int exact = platform::findMatchCase;
+    const struct {
+        base::TextView text, wanted;
+        int start, options, expected;
+    } rows[] = {
+        {u"one two one", u"one", 1, 0, 8},
+        {u"one two one", u"one", -5, 0, 0},
+        {u"one two one", u"one", 9, 0, -1},
+        {u"one two one", u"one", 99, 0, -1},
+        {u"one two one", u"", 0, 0, -1},
+        {u"One one", u"one", 0, exact, 4},
+        {u"needle\r\nneedle", u"needle", 1, 0, 8},
+        // Case in every script
+        {u"ПРИВЕТ привет", u"привет", 0, exact, 7},
+        {u"ΟΔΥΣΣΕΥΣ", u"οδυσσευς", 0, 0, 0},
+        {u"STRA\u1E9EE", u"straße", 0, 0, 0},
+        {u"x \U00010400", u"\U00010428", 0, 0, 2},
+        // Whole words
+        {u"concat cat's cat", u"cat", 0, word, 13},
+        {u"cats cat sat", u"cat", 0, word, 5},
+        {u"3.14 3", u"3", 0, word, 5},
+        {u"a_cat cat9 cat", u"cat", 0, word, 11},
+        {u"cat́ cat", u"cat", 0, word, 5},
+        {u"the cat sat", u"cat sat", 0, word, 4},
+        // Over the ends of paragraphs
+        {u"one\r\ntwo", u"e\r\nt", 0, 0, 2},
+        {u"one\r\ntwo", u"e\r\nT", 0, exact, -1},
+        {u"one\r\ntwo", u"one\r\ntwo", 0, word, 0},
+        {u"one\r\ntwo", u"one\r\ntw", 0, word, -1},
+        {u"a\r\n\r\nb\r\nc", u"\r\n\r\nb\r\n", 0, 0, 1},
+        {u"a\r\n\r\nb\r\nc", u"\r\n\r\n", 3, 0, -1},
+        {u"x\r\na\r\nb\r\na\r\nc", u"a\r\nc", 0, 0, 9},
+        {u"ab\u000Bcd", u"b\u000Bc", 0, 0, 1},
+    };
+    for (const auto& row : rows) {
+        if (!bench->foldsCaseOf(row.text))
+            continue;
+        text.setText(row.text);
+        SCOPED_TRACE("\"" + base::toUtf8(row.wanted) + "\" in \"" + base::toUtf8(row.text) + "\"");
+        EXPECT_EQ(text.Find(row.wanted, row.start, row.options), row.expected);
+        EXPECT_EQ(text.SelLength(), row.expected >= 0 ? static_cast<std::int32_t>(row.wanted.size()) : 0);
+        EXPECT_EQ(text.SelStart(), std::max(row.expected, 0));
+    }
+}
+
+TEST_P(RichTextContract, Find_GoesFromTheCaret_AndSelectsNothingButAHitToHighlight) {
+    text.setText(u"one one one");
+    fakes::select(text, 1, 2);
+    EXPECT_EQ(text.Find(u"three", 0, 0), -1);
+    EXPECT_EQ(text.Find(u"one", 0, platform::findNoHighlight), 0);
+    EXPECT_EQ(fakes::shown(text), "o[ne] one one");
+    EXPECT_EQ(text.Find(u"one", std::nullopt, 0), 4);
+    text.setSelText(u"one!");
+    EXPECT_EQ(text.Find(u"one", std::nullopt, 0), 9);
+}
+
+} // namespace contracts
