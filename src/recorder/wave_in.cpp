@@ -116,7 +116,7 @@ void WaveIn::ProcCattura(platform::WaveBuffer& buffer) {
 }
 
 void WaveIn::offerAllBuffers() {
-    // Those that are in the queue still are refused, and that is that.
+    // Those that are still in the queue are refused, which is fine.
     for (platform::WaveBuffer& buffer : Intestazioni)
         UltimoErrore = device_.addBuffer(buffer);
 }
