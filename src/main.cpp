@@ -1,6 +1,7 @@
 #include "app/program.h"
 #include "desktop/application.h"
 #include "desktop/qt_desktop.h"
+#include "desktop/session_end.h"
 
 #include <cstdlib>
 
@@ -11,6 +12,8 @@ int main(int argc, char* argv[]) {
     app::Program program(desktop);
     if (!program.Main(desktop::Application::commandLine(argc, argv)))
         return 1;
+    const desktop::SessionEnd sessionEnd([&] { program.workstation().endSession(); },
+                                         [&] { program.workstation().keepAll(); });
     desktop.prepareInIdleTime();
     const int result = desktop::Application::exec();
     desktop.closeWindows();

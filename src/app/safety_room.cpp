@@ -154,8 +154,10 @@ void SafetyRoom::leave() {
     base::carryOn([this] { base::removeFile(folder(u"BringingBack")); });
 }
 
-void SafetyRoom::endSession() {
+void SafetyRoom::flush() {
     journal_.flush();
+    // An end that somebody asked for is not the text's doing.
+    base::carryOn([this] { base::removeFile(folder(u"BringingBack")); });
 }
 
 std::optional<platform::ParagraphChange> SafetyRoom::takeChange() {

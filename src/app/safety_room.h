@@ -24,8 +24,8 @@ public:
     void start();
     // The exit goes: what is unsaved goes into the archive, and the journal is deleted.
     void leave();
-    // The session ends without a question: the journal holds all of the work when this returns.
-    void endSession();
+    // The journal holds all of the work when this returns.
+    void flush();
 
     safety::Archive& archive() { return archive_; }
     base::Text archiveFolder() const;

@@ -154,9 +154,13 @@ bool Workstation::Form_Unload() {
 
 void Workstation::endSession() {
     recorder_.close();
-    safety_.endSession();
-    settings_.Salva();
+    keepAll();
     desktop_.system().endProcess();
+}
+
+void Workstation::keepAll() {
+    safety_.flush();
+    settings_.Salva();
 }
 
 bool Workstation::keepsRunning() {

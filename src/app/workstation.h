@@ -45,6 +45,8 @@ public:
     SafetyRoom& safety() { return safety_; }
     // The way out without a question, of a session that ends: nothing is lost, the next start brings it back.
     void endSession();
+    // The same without the end, which may still be called off.
+    void keepAll();
     player::MediaOpener& opener() { return opener_; }
     // True when the process ends as soon as the start is over, without the player having been shown.
     bool ends() const { return ends_; }

@@ -57,8 +57,8 @@ bool Document::mayLoseText() {
 void Document::newDocument() {
     if (!mayLoseText())
         return;
-    base::carryOn([&] { NumeroDocumento = base::sumInt16(NumeroDocumento, 1); });
     Replacing();
+    base::carryOn([&] { NumeroDocumento = base::sumInt16(NumeroDocumento, 1); });
     base::carryOn([&] { form_.RTB.setText(u""); });
     Settled();
     form_.caption = form_.Lingua(96) + u" - " + untitledName();

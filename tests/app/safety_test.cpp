@@ -1,0 +1,155 @@
+#include "app/program.h"
+#include "fakes/fake_desktop.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// One run of the program after another, in the same folder. A run that is dropped has been killed.
+class SafetyTest : public testing::Test {
+protected:
+    SafetyTest() { start(); }
+
+    void start() {
+        run.reset();
+        const base::Text folder = desktop ? desktop->systemPort.folder : base::Text();
+        auto next = std::make_unique<fakes::FakeDesktop>();
+        if (desktop)
+            std::filesystem::copy(desktop->folder.path(), next->folder.path(),
+                                  std::filesystem::copy_options::recursive |
+                                      std::filesystem::copy_options::overwrite_existing);
+        else
+            next->laySettingsWith({});
+        desktop = std::move(next);
+        run = std::make_unique<app::Program>(*desktop);
+        ASSERT_TRUE(run->Main(commandLine));
+        run->workstation().safety().Tell = [this](std::string_view sentence, const base::Text&) {
+            told.emplace_back(sentence);
+        };
+    }
+    app::Workstation& workstation() { return run->workstation(); }
+    editor::Document& document() { return workstation().editor().document(); }
+    void type(base::TextView text) {
+        desktop->text.type(text);
+        desktop->loop.advance(1000);
+    }
+    void quit(platform::Answer answer) {
+        desktop->dialogPort.answers = {answer};
+        workstation().form1().Unload();
+    }
+    std::vector<std::string> archived() {
+        std::vector<std::string> names;
+        for (const safety::Version& version : workstation().safety().archive().versions())
+            names.push_back(base::toUtf8(version.document) + ": " +
+                            base::toUtf8(base::afterLast(version.path, u'[')));
+        return names;
+    }
+    bool journalExists() { return base::fileExists(desktop->folder.text("Files/Safety/Journal")); }
+
+    std::unique_ptr<fakes::FakeDesktop> desktop;
+    std::unique_ptr<app::Program> run;
+    std::vector<std::string> told;
+    base::Text commandLine;
+};
+
+using Names = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(SafetyTest, Killed_TheTextComesBack_WithItsCaretAndItsFlag) {
+    desktop->text.setText(u"");
+    type(u"first\r\nsecond");
+    desktop->text.setSelStart(3);
+    type(u"X");
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"firXst\r\nsecond");
+    EXPECT_EQ(desktop->text.SelStart(), 4);
+    EXPECT_EQ(document().TestoModificato, 1);
+    EXPECT_EQ(desktop->form2->caption.get(), u"&En96 - &En97 1");
+    desktop->loop.advance(1000);
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"firXst\r\nsecond") << "killed again before anything was typed";
+}
+
+TEST_F(SafetyTest, SavedOrLeftByTheDoor_NothingComesBack) {
+    type(u"saved");
+    desktop->dialogPort.choices = {desktop->folder.text("a.rtf")};
+    document().save();
+    desktop->loop.advance(1000);
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"") << "the journal says that the file has it";
+    type(u"given up");
+    quit(platform::Answer::No);
+    EXPECT_FALSE(journalExists());
+    EXPECT_EQ(archived(), (Names{"&En97 1: exit].rtf"}));
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"");
+}
+
+TEST_F(SafetyTest, WhatARuleDrops_GoesIntoTheArchive) {
+    type(u"replaced by a new one");
+    desktop->dialogPort.answers = {platform::Answer::No};
+    document().newDocument();
+    EXPECT_EQ(archived(), (Names{"&En97 1: replaced].rtf"}));
+
+    type(u"mine");
+    desktop->folder.write("b.rtf", "{\\rtf1 theirs}");
+    desktop->dialogPort.answers = {platform::Answer::Yes};
+    desktop->dialogPort.choices = {desktop->folder.text("b.rtf")};
+    document().save();
+    EXPECT_EQ(archived().front(), "b.rtf: overwritten].rtf");
+
+    type(u"lost");
+    desktop->form2->visible = false;
+    workstation().form1().Unload();
+    EXPECT_EQ(archived().size(), 3U) << "the exit does not ask about a hidden editor";
+}
+
+TEST_F(SafetyTest, ASaveThatFails_IsKeptAndTold_ThoughTheFlagIsCleared) {
+    type(u"x");
+    desktop->folder.write("gone/a.rtf", "");
+    desktop->dialogPort.answers = {platform::Answer::Yes};
+    desktop->dialogPort.choices = {desktop->folder.text("gone/a.rtf")};
+    std::filesystem::remove_all(desktop->folder.path() / "gone");
+    document().save();
+    EXPECT_EQ(document().TestoModificato, 0);
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(archived(), (Names{"a.rtf: save failed].rtf"}));
+    desktop->loop.advance(1000);
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"x");
+}
+
+TEST_F(SafetyTest, ATextThatEndsTheProgramTwice_IsNotBroughtBackAThirdTime) {
+    type(u"deadly");
+    for (int tries = 0; tries < 2; ++tries) {
+        start();
+        EXPECT_EQ(desktop->text.Text(), u"deadly") << tries;
+    }
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"");
+    EXPECT_EQ(archived(), (Names{"&En97 1: crash].rtf"}));
+}
+
+TEST_F(SafetyTest, AFileThatChangedMeanwhile_IsKeptToo) {
+    const fakes::TemporaryFolder papers;
+    type(u"one");
+    desktop->dialogPort.choices = {papers.text("a.rtf")};
+    document().save();
+    type(u"two");
+    papers.write("a.rtf", "{\\rtf1 another program's}");
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"onetwo");
+    EXPECT_EQ(desktop->form2->caption.get(), u"&En96 - a.rtf");
+    EXPECT_EQ(papers.read("a.rtf"), "{\\rtf1 another program's}");
+    EXPECT_EQ(archived(), (Names{"a.rtf: changed elsewhere].rtf"}));
+}
+
+TEST_F(SafetyTest, ASessionThatEnds_AsksNothing_AndKeepsAll) {
+    desktop->text.type(u"at the last moment");
+    workstation().endSession();
+    EXPECT_TRUE(desktop->systemPort.ended);
+    EXPECT_TRUE(desktop->dialogPort.boxes.empty());
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"at the last moment");
+}
