@@ -1,8 +1,26 @@
 #include "app/program.h"
 
 #include "base/carry_on.h"
+#include "base/unfinished_file.h"
+
+#include <algorithm>
+#include <iterator>
 
 namespace app {
+
+namespace {
+
+// What a killed process left on its way into the files that nobody but the program makes.
+void removeLeftFiles(const base::ProgramFolder& folder) {
+    base::removeUnfinished(folder.files({}), [](base::TextView name) {
+        static constexpr base::TextView own[] = {u"Quillmere.ini", u"LastFiles.ini", u"LastFilesEditor.ini",
+                                                 u"Recordings.ini"};
+        return std::find(std::begin(own), std::end(own), name) != std::end(own);
+    });
+    base::removeUnfinished(folder.bookmarks({}), [](base::TextView name) { return name.ends_with(u".bm"); });
+}
+
+} // namespace
 
 Program::Program(Desktop& desktop)
     : desktop_(desktop), files_(desktop.codePage()), folder_(desktop.system().programFolder()),
@@ -31,6 +49,7 @@ void Program::start(base::TextView commandLine) {
                                       platform::BoxStyle::Exclamation);
         return;
     }
+    removeLeftFiles(folder_);
     workstation_.emplace(desktop_, files_, folder_, Lingua, commandLine);
     workstation_->form1().visible = !workstation_->ends();
 }

@@ -3,18 +3,29 @@
 #include "base/carry_on.h"
 #include "base/numbers.h"
 
+#include <cmath>
+
 namespace app {
 
 namespace {
 
-constexpr std::int16_t leastPhase = 3;   // seconds
-constexpr std::int16_t defaultPhase = 7; // seconds, for a phase below the least
+constexpr std::int16_t leastPhase = 3;    // seconds
+constexpr std::int16_t defaultPhase = 7;  // seconds, for a phase below the least
+constexpr double farthest = 32767 * 15.0; // twips: as many pixels as 16 bits hold
 constexpr base::TextView fileName = u"Quillmere.ini";
 
 base::Text textField(base::FieldReader& fields) {
     base::Text field;
-    base::carryOn([&] { field = fields.text(); });
+    base::carryOn([&] { field = base::fromOneLine(fields.text()); });
     return field;
+}
+
+// A place in twips. Throws Failure for one that no control can take.
+double place(base::TextView field) {
+    const double twips = base::val(field);
+    if (!(std::abs(twips) <= farthest))
+        throw base::Failure("Overflow");
+    return twips;
 }
 
 std::int16_t numberField(base::FieldReader& fields) {
@@ -70,7 +81,8 @@ StartSettings SettingsFile::read() {
 }
 
 void SettingsFile::readOptions(base::FieldReader& fields) {
-    kept_.form1.Image1.top = base::val(textField(fields));
+    const base::Text thumb = textField(fields);
+    base::carryOn([&] { kept_.form1.Image1.top = place(thumb); });
     readSeconds(fields, kept_.preferences.SecSalto);
     readSeconds(fields, kept_.preferences.SecIndietro);
     kept_.form1.mnuTitoloCompleto.checked = base::val(textField(fields)) == 1;
@@ -132,7 +144,7 @@ void SettingsFile::Salva() {
     };
     for (base::Text& line : lines)
         line = base::trimmed(line);
-    base::carryOn([&] { files_.writeLines(folder_.files(fileName), lines); });
+    base::carryOn([&] { files_.writeChangedLines(folder_.files(fileName), lines); });
 }
 
 } // namespace app

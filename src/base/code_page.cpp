@@ -66,34 +66,15 @@ Text CodePage::decode(std::string_view bytes) const {
     return text;
 }
 
-std::optional<std::string> CodePage::encode(TextView text) const {
-    std::string bytes;
-    bytes.reserve(text.size());
-    for (const char16_t unit : text) {
-        if (unit < 0x80) {
-            bytes += static_cast<char>(unit);
-            continue;
-        }
-        const auto* const place = std::find(units_.begin() + 0x80, units_.end(), unit);
-        if (place == units_.end())
-            return std::nullopt;
-        bytes += static_cast<char>(place - units_.begin());
-    }
-    return bytes;
-}
-
 Text decodeFile(std::string_view bytes, const CodePage& page) {
     if (bytes.substr(0, byteOrderMark.size()) == byteOrderMark)
         return fromUtf8(bytes.substr(byteOrderMark.size()));
-    return page.decode(bytes);
+    return isUtf8(bytes) ? fromUtf8(bytes) : page.decode(bytes);
 }
 
-std::string encodeFile(TextView text, const CodePage& page) {
-    // A text in the page that begins with the mark's own three letters would be read back as UTF-8.
-    if (const auto bytes = page.encode(text);
-        bytes && bytes->substr(0, byteOrderMark.size()) != byteOrderMark)
-        return *bytes;
-    return std::string(byteOrderMark) + toUtf8(text);
+std::string encodeFile(TextView text) {
+    const bool ascii = std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
+    return (ascii ? std::string() : std::string(byteOrderMark)) + toUtf8(text);
 }
 
 } // namespace base

@@ -52,6 +52,10 @@ std::int16_t fitted(std::int32_t value) {
 
 } // namespace
 
+bool isNumber(TextView text) {
+    return !text.empty() && numberLength(text) == text.size();
+}
+
 double val(TextView text) {
     while (!text.empty() && (text.front() == u' ' || text.front() == u'\t'))
         text.remove_prefix(1);

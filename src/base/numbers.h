@@ -11,6 +11,9 @@ namespace base {
 // number (sign, digits, one point, exponent); 0 when there is none. "12abc" is 12, "abc" is 0.
 double val(TextView text);
 
+// True when the whole text is one decimal number, in the form that val reads.
+bool isNumber(TextView text);
+
 // To a signed 16-bit number, halves to the nearest even value. Throws Failure when the value does not fit.
 std::int16_t toInt16(double value);
 

@@ -9,6 +9,8 @@ namespace {
 constexpr char16_t foreignByteFirst = 0xDC80;
 constexpr char16_t foreignByteLast = 0xDCFF;
 constexpr char32_t replacement = 0xFFFD;
+constexpr TextView lineFeedMark{u"\0n", 2};
+constexpr TextView carriageReturnMark{u"\0r", 2};
 
 bool isHighSurrogate(char16_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;
@@ -87,6 +89,17 @@ Text fromUtf8(std::string_view bytes) {
     return text;
 }
 
+bool isUtf8(std::string_view bytes) {
+    while (!bytes.empty()) {
+        char32_t codePoint = 0;
+        const std::size_t length = decodeSequence(bytes, codePoint);
+        if (length == 0)
+            return false;
+        bytes.remove_prefix(length);
+    }
+    return true;
+}
+
 std::string toUtf8(TextView text) {
     std::string bytes;
     bytes.reserve(text.size());
@@ -141,6 +154,14 @@ Text lowered(TextView text) {
 
 TextView firstLine(TextView text) {
     return text.substr(0, text.find_first_of(u"\r\n"));
+}
+
+Text oneLine(TextView text) {
+    return replaced(replaced(text, u"\n", lineFeedMark), u"\r", carriageReturnMark);
+}
+
+Text fromOneLine(TextView line) {
+    return replaced(replaced(line, lineFeedMark, u"\n"), carriageReturnMark, u"\r");
 }
 
 TextView afterLast(TextView text, char16_t separator) {

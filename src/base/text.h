@@ -14,6 +14,9 @@ using TextView = std::u16string_view;
 Text fromUtf8(std::string_view bytes);
 std::string toUtf8(TextView text);
 
+// True when all of these bytes are whole sequences of UTF-8, as they are when there are none.
+bool isUtf8(std::string_view bytes);
+
 // The text with every "&" removed: a language entry with a menu mnemonic, shown as plain text.
 Text TogliAmp(TextView text);
 
@@ -31,6 +34,11 @@ Text lowered(TextView text);
 
 // What stands before the first line break, be it a CR or an LF; the whole text when there is none.
 TextView firstLine(TextView text);
+
+// The text as one line of a text file, and such a line as the text that it was: a line break in it, as a file
+// name may hold one, stands there as a NUL and a letter.
+Text oneLine(TextView text);
+Text fromOneLine(TextView line);
 
 // What stands behind the last `separator`; the whole text when there is none.
 TextView afterLast(TextView text, char16_t separator);

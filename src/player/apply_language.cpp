@@ -14,9 +14,7 @@ std::optional<bool> asBoolean(base::TextView text) {
     const base::Text word = base::lowered(base::trimmed(text));
     if (word == u"true" || word == u"false")
         return word == u"true";
-    if (word.empty() || word.find_first_not_of(u"+-.0123456789") != base::Text::npos)
-        return std::nullopt;
-    return base::val(word) != 0;
+    return base::isNumber(word) ? std::optional(base::val(word) != 0) : std::nullopt;
 }
 
 base::Text tip(base::TextView entry) {

@@ -12,6 +12,10 @@ TEST(Numbers, Val_ReadsTheLeadingNumber) {
     for (const auto& [text, value] : rows)
         EXPECT_EQ(base::val(text), value) << base::toUtf8(text);
     EXPECT_LT(base::val(u"-9e999"), -1e300);
+    for (const base::TextView number : {u"0", u"-1.5e3", u"+.5", u"5."})
+        EXPECT_TRUE(base::isNumber(number)) << base::toUtf8(number);
+    for (const base::TextView other : {u"", u"...", u"1.2.3", u"+-5", u"1e", u"0x", u"1 "})
+        EXPECT_FALSE(base::isNumber(other)) << base::toUtf8(other);
 }
 
 TEST(Numbers, ToInt16_RoundsHalvesToEven_AndRefusesWhatDoesNotFit) {

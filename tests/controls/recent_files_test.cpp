@@ -50,6 +50,15 @@ TEST_F(RecentFilesTest, Updates_MoveDownAndShowWhatTheyAlwaysShowed) {
     EXPECT_EQ(folder.read("list.ini"), "e\r\nb\r\nd\r\nc\r\n");
 }
 
+TEST_F(RecentFilesTest, NameWithALineBreak_ComesBack) {
+    list.remember(u"/talks/a");
+    list.remember(u"/talks/one\nname\r.mp3");
+    reset();
+    list.load(false);
+    EXPECT_EQ(one.caption.get(), u"/talks/one\nname\r.mp3");
+    EXPECT_EQ(two.caption.get(), u"/talks/a");
+}
+
 TEST_F(RecentFilesTest, Files_OfAllKinds_Load) {
     struct Row {
         std::string bytes;

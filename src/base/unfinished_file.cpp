@@ -1,0 +1,171 @@
+#include "base/unfinished_file.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <filesystem>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <utility>
+
+namespace base {
+
+namespace {
+
+constexpr std::string_view ending = ".quillmere-new";
+constexpr std::string_view earlierEnding = ".new";
+
+std::string folderOf(const std::string& path) {
+    const auto folder = std::filesystem::path(path).parent_path();
+    return folder.empty() ? "." : folder.string();
+}
+
+// Name number `n`, from 1. The longest names that a folder takes leave no room for an addition: they lose
+// their end, whole letters of it.
+std::string nameBeside(const std::string& target, int n) {
+    const std::string addition = std::string(ending) + (n == 1 ? "" : std::to_string(n));
+    const std::size_t nameAt = target.rfind('/') + 1;
+    std::size_t length = std::min(target.size() - nameAt, std::size_t{NAME_MAX} - addition.size());
+    const auto continuesLetter = [&](std::size_t at) {
+        return (static_cast<unsigned char>(target[at]) & 0xC0U) == 0x80U;
+    };
+    while (nameAt + length < target.size() && length > 0 && continuesLetter(nameAt + length))
+        --length;
+    return target.substr(0, nameAt + length) + addition;
+}
+
+// What stands before the ending and a number; empty for a name without that ending.
+std::string_view without(std::string_view end, std::string_view name) {
+    const auto last = name.find_last_not_of("0123456789");
+    name = name.substr(0, last == std::string_view::npos ? 0 : last + 1);
+    return name.ends_with(end) ? name.substr(0, name.size() - end.size()) : std::string_view();
+}
+
+// Takes away a file of ours that nobody writes any more. False when it is still there.
+bool removeLeft(const std::string& path) {
+    const Descriptor file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
+    struct stat opened {};
+    struct stat named {};
+    // Between the opening and the lock its writer may have renamed it: then it is somebody's whole file.
+    return file.isOpen() && ::fstat(file.get(), &opened) == 0 && S_ISREG(opened.st_mode) &&
+           ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 && ::lstat(path.c_str(), &named) == 0 &&
+           named.st_dev == opened.st_dev && named.st_ino == opened.st_ino && ::unlink(path.c_str()) == 0;
+}
+
+// Calls `make` with one free name after the other until it makes a file there, and tells the name; empty when
+// there can be none.
+template <typename Make>
+std::string firstFree(const std::string& target, Make&& make) {
+    for (int n = 1; n < INT_MAX;) {
+        std::string name = nameBeside(target, n);
+        if (make(name.c_str()))
+            return name;
+        if (errno != EEXIST)
+            return {};
+        if (!removeLeft(name))
+            ++n;
+    }
+    return {};
+}
+
+} // namespace
+
+UnfinishedFile::UnfinishedFile(std::string target, mode_t mode, Seen seen)
+    : target_(std::move(target)), mode_(mode) {
+    if (seen == Seen::Never)
+        file_.take(::open(folderOf(target_).c_str(), O_TMPFILE | O_RDWR | O_CLOEXEC, mode_));
+    if (!isOpen())
+        openNamed();
+    if (isOpen())
+        ::flock(file_.get(), LOCK_EX | LOCK_NB);
+}
+
+UnfinishedFile::~UnfinishedFile() {
+    if (name_.empty())
+        return;
+    const int reason = errno;
+    ::unlink(name_.c_str());
+    errno = reason;
+}
+
+void UnfinishedFile::openNamed() {
+    int fd = -1;
+    name_ = firstFree(target_, [&](const char* name) {
+        fd = ::open(name, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode_);
+        return fd >= 0;
+    });
+    file_.take(fd);
+}
+
+bool UnfinishedFile::write(std::string_view bytes) {
+    while (!bytes.empty()) {
+        const auto written = ::write(file_.get(), bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR)
+            return false;
+        if (written > 0)
+            bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+bool UnfinishedFile::putInPlace() {
+    if (::fsync(file_.get()) != 0 || (name_.empty() && !giveName()))
+        return false;
+    // Still open and locked: nobody takes it for one that was left.
+    if (::rename(name_.c_str(), target_.c_str()) != 0)
+        return false;
+    name_.clear();
+    file_.close();
+    return true;
+}
+
+bool UnfinishedFile::giveName() {
+    const std::string byNumber = "/proc/self/fd/" + std::to_string(file_.get());
+    name_ = firstFree(target_, [&](const char* name) {
+        return ::linkat(AT_FDCWD, byNumber.c_str(), AT_FDCWD, name, AT_SYMLINK_FOLLOW) == 0;
+    });
+    return !name_.empty() || copyToNamed();
+}
+
+// Where a file without a name can never get one the bytes go a second time.
+bool UnfinishedFile::copyToNamed() {
+    const Descriptor unnamed(::dup(file_.get()));
+    struct stat about {};
+    if (!unnamed.isOpen() || ::fstat(unnamed.get(), &about) != 0)
+        return false;
+    openNamed();
+    if (!isOpen())
+        return false;
+    ::flock(file_.get(), LOCK_EX | LOCK_NB);
+    ::fchmod(file_.get(), about.st_mode & 07777U);
+    std::string block(1U << 20U, '\0');
+    for (off_t at = 0; at < about.st_size;) {
+        const auto count = ::pread(unnamed.get(), block.data(), block.size(), at);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0 || !write(std::string_view(block).substr(0, static_cast<std::size_t>(count))))
+            return false;
+        at += count;
+    }
+    return ::fsync(file_.get()) == 0;
+}
+
+std::string UnfinishedFile::leave() {
+    file_.close();
+    return std::exchange(name_, {});
+}
+
+void removeUnfinished(TextView folder, const std::function<bool(TextView name)>& isOwn) {
+    std::error_code failed;
+    for (std::filesystem::directory_iterator file(toUtf8(folder), failed), end; !failed && file != end;
+         file.increment(failed)) {
+        const std::string name = file->path().filename().string();
+        const std::string_view earlier = without(earlierEnding, name);
+        if (!without(ending, name).empty() || (!earlier.empty() && isOwn(fromUtf8(earlier))))
+            removeLeft(file->path().string());
+    }
+}
+
+} // namespace base
