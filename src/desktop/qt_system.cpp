@@ -72,6 +72,7 @@ std::vector<base::Text> QtSystem::screenFonts() const {
 }
 
 void QtSystem::endProcess() {
+    end_.emplace();
     // By way of the loop: the handler may be one of the start, before there is a loop to leave.
     QMetaObject::invokeMethod(
         qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "base/code_page.h"
+#include "desktop/event_stop.h"
 #include "platform/system.h"
+
+#include <optional>
 
 namespace desktop {
 
@@ -25,7 +28,8 @@ public:
 
 private:
     base::Text programFolder_;
-    int place_ = -1; // the socket whose name says that this program runs
+    int place_ = -1;               // the socket whose name says that this program runs
+    std::optional<EventStop> end_; // from the end of the process on
 };
 
 } // namespace desktop

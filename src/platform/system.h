@@ -28,7 +28,8 @@ public:
     // The names of the fonts that the screen has, in the system's order.
     virtual std::vector<base::Text> screenFonts() const = 0;
 
-    // Ends the process when the handler that runs has returned.
+    // Ends the process when the handler that runs has returned. From now on the program hears nothing any
+    // more: no alarm is called, no event of a window, a player or a device arrives.
     virtual void endProcess() = 0;
 };
 

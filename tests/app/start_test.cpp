@@ -57,7 +57,8 @@ TEST_F(StartTest, PathInQuotes_Opens_AndBareOnesAreRefused) {
 
 TEST_F(StartTest, UpdateItem_NeverTakesItsCaptionFromTheTable_ButGreysOnATruthValueThere) {
     const std::pair<std::string, bool> rows[] = {{"Check", true}, {"False", false}, {"0", false},
-                                                 {"-1", true},    {"", true},       {"0x", true}};
+                                                 {"-1", true},    {"", true},       {"0x", true},
+                                                 {"...", true},   {"1.2.3", true}};
     for (const auto& [entry, enabled] : rows) {
         desktop.layLanguage("English.lng", 136, {{133, entry}});
         ASSERT_TRUE(start());
@@ -73,10 +74,15 @@ TEST_F(StartTest, EveryCommand_OfBothMenuBars_HasItsRoutineWhenItIsShown) {
 }
 
 TEST_F(StartTest, Closing_SavesStopsAndEnds) {
+    desktop.laySettingsWith({{8, "0"}, {23, "1"}});
     ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));
     desktop.laySettings({"rubbish"});
     EXPECT_FALSE(form().Unload());
     EXPECT_TRUE(desktop.systemPort.ended);
     EXPECT_EQ(player.commands.back(), "stop");
     EXPECT_EQ(desktop.savedLine(1), "English.lng");
+    // Nothing of the program runs any more: not the watch on the player, which would take the stop for the
+    // end of the recording, nor what stands for the windows that are gone.
+    desktop.loop.advance(1000);
+    EXPECT_EQ(desktop.savedLine(8) + desktop.savedLine(23), "01");
 }

@@ -78,6 +78,7 @@ public:
     base::Text decimalSign = u".";
     bool alreadyRunning = false;
     bool ended = false;
+    std::function<void()> whenEnded = [] {};
     int beeps = 0;
 
     base::Text programFolder() const override { return folder; }
@@ -89,7 +90,10 @@ public:
     bool previousInstance() override { return alreadyRunning; }
     void beep() override { ++beeps; }
     std::vector<base::Text> screenFonts() const override { return {u"Zeroth", u"Arial", u"Courier New"}; }
-    void endProcess() override { ended = true; }
+    void endProcess() override {
+        ended = true;
+        whenEnded();
+    }
 };
 
 // An internet of the pages that the test laid; it notes what is asked.
@@ -145,6 +149,7 @@ public:
     std::function<void()> inForm4 = [] {}; // what the user does while the dialog is open
 
     FakeDesktop() {
+        systemPort.whenEnded = [this] { loop.end(); };
         systemPort.folder = base::fromUtf8(folder.path().string());
         std::filesystem::create_directories(folder.path() / "Files/Lang");
         std::filesystem::create_directories(folder.path() / "Bookmarks");

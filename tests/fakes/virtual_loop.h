@@ -20,6 +20,8 @@ public:
         const std::int64_t end = now_ + ms;
         while (true) {
             VirtualAlarm* next = nullptr;
+            if (ended_)
+                break;
             for (VirtualAlarm* const alarm : running_) {
                 if (alarm->due <= end && (!next || alarm->due < next->due))
                     next = alarm;
@@ -35,6 +37,9 @@ public:
     }
 
     std::int64_t now() const override { return now_; }
+    // From now on no alarm is called, until a program begins anew.
+    void end() { ended_ = true; }
+    void begin() { ended_ = false; }
 
 private:
     struct VirtualAlarm : platform::Alarm {
@@ -58,6 +63,7 @@ private:
 
     std::vector<VirtualAlarm*> running_;
     std::int64_t now_ = 0;
+    bool ended_ = false;
 };
 
 } // namespace fakes

@@ -21,6 +21,7 @@ public:
 
     // Starts the program once more, on what lies in its folder now.
     bool start(base::TextView commandLine = u"") {
+        desktop.loop.begin();
         program.emplace(desktop);
         return program->Main(commandLine);
     }
