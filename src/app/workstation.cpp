@@ -137,8 +137,10 @@ void Workstation::showHandPointer() {
 
 bool Workstation::Form_Unload() {
     bookmarks_.media.SalvaBookMark();
-    if (keepsRunning())
+    if (keepsRunning()) {
+        bookmarks_.window.refill(); // the save has emptied the lists
         return true;
+    }
     safety_.leave();
     drop_.remove();
     settings_.Salva();

@@ -48,6 +48,15 @@ void BookmarkWindow::Form_Load() {
     form_.loaded = true;
     form_.icon = form1_.icon.get();
     form_.caption = form1_.Lingua(120);
+    fillLists();
+}
+
+void BookmarkWindow::refill() {
+    if (form_.loaded)
+        fillLists();
+}
+
+void BookmarkWindow::fillLists() {
     std::vector<base::Text> keys;
     std::vector<base::Text> lines;
     for (const base::Text& line : table_.BookMark) {
@@ -83,13 +92,13 @@ void BookmarkWindow::unload() {
 
 void BookmarkWindow::Form_Unload() {
     table_.SvuotaBookMark();
-    copyLines();
+    copyLines(rowCount(form_.List1));
     form1_.mnuBookMark.caption = form1_.Lingua(84);
 }
 
-// As many lines of List2 as List1 has rows. What the table has no place for is left out.
-void BookmarkWindow::copyLines() {
-    const int count = std::min(rowCount(form_.List1), static_cast<int>(BookmarkTable::size));
+// The first lines of List2. What the table has no place for is left out.
+void BookmarkWindow::copyLines(int count) {
+    count = std::min(count, static_cast<int>(BookmarkTable::size));
     for (int i = 0; i < count; ++i)
         table_.BookMark[static_cast<std::size_t>(i)] = rowOf(form_.List2, i);
 }
@@ -109,15 +118,24 @@ bool BookmarkWindow::addNamed(const base::Text& name) {
     const base::Text position = paddedPosition(form1_.WMP1.currentPositionString());
     // A bookmark is one line of its file.
     const base::Text key = ChiaveBM(position, base::firstLine(name));
-    const std::vector<base::Text>& keys = form_.List1.items;
-    if (std::find(keys.begin(), keys.end(), key) != keys.end()) {
+    const auto isThere = [&] {
+        const std::vector<base::Text>& keys = form_.List1.items;
+        return std::find(keys.begin(), keys.end(), key) != keys.end();
+    };
+    if (isThere()) {
         dialog_.warn(form1_.Lingua(89));
         return false;
     }
-    addSorted(form_.List1, key);
-    addSorted(form_.List2, lineOf(key, position));
+    // After a deletion the lists differ from each other and from the table. What is added then would push out
+    // the last line, which may be the new one.
+    if (rowCount(form_.List1) != rowCount(form_.List2))
+        fillLists();
+    if (!isThere()) {
+        addSorted(form_.List1, key);
+        addSorted(form_.List2, lineOf(key, position));
+    }
     std::fill(table_.BookMark.begin() + 1, table_.BookMark.end(), base::Text());
-    copyLines();
+    copyLines(rowCount(form_.List2));
     return true;
 }
 
@@ -126,7 +144,7 @@ void BookmarkWindow::Command2_Click() {
         return;
     removeChosen(form_.List1);
     table_.SvuotaBookMark();
-    copyLines();
+    copyLines(rowCount(form_.List1));
 }
 
 void BookmarkWindow::List1_DblClick() {

@@ -8,7 +8,8 @@
 namespace bookmarks {
 
 // The routines of Form3. Both lists and the table hold the same bookmarks, but for a deletion, which leaves
-// its line in List2 and loses the last one from the table; that is wanted as it stands.
+// its line in List2 and loses the last one from the table; that is wanted as it stands. The next bookmark
+// that is added goes by the table.
 class BookmarkWindow {
 public:
     BookmarkWindow(Form3& form, BookmarkTable& table, player::Form1& form1, dictation::InputDialog& dialog);
@@ -16,6 +17,8 @@ public:
     // Fills the lists from the table. Whoever is about to use the lists asks for it; a window that is loaded
     // is left alone.
     void Form_Load();
+    // Fills the lists of a loaded window once more, where they were emptied and the media stays in use.
+    void refill();
     void Form_Resize();
     // Takes the window away with its lists, after the table took over their lines. A later load begins with
     // the design again.
@@ -35,7 +38,8 @@ public:
 private:
     void Form_Unload();
     bool addNamed(const base::Text& name);
-    void copyLines();
+    void fillLists();
+    void copyLines(int count);
 
     Form3& form_;
     BookmarkTable& table_;

@@ -43,6 +43,9 @@ void MediaBookmarks::leave() {
         SalvaBookMark();
     table_.SvuotaBookMark();
     unread_.clear();
+    // A deletion leaves its line behind in a list, also when it empties the table.
+    clear(form3_.List1);
+    clear(form3_.List2);
 }
 
 bool MediaBookmarks::hasFile(base::TextView mediaPath) const {

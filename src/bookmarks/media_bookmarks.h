@@ -22,7 +22,7 @@ public:
     // file stays as it is, so that those deleted to the last one come back. A file that could not be read is
     // read again: its lines stay in front of the new ones, or, when that fails too, the file as it is.
     void SalvaBookMark();
-    // Saves the bookmarks, if there are any, and forgets them.
+    // Saves the bookmarks, if there are any, and forgets them: the next media begins with empty lists.
     void leave();
 
     // True when the media at this path has a bookmark file.

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <sys/stat.h>
 
+using testing::Contains;
 using testing::ElementsAre;
 
 class BookmarksTest : public fakes::WorkbenchTest {
@@ -144,10 +145,39 @@ TEST_F(BookmarksTest, Deletion_LosesTheLastLine_AndPutsTheListsOutOfStep) {
     EXPECT_EQ(jumpTo(0), 10);
     EXPECT_EQ(left(), line("00:00:10", "A") + line("00:00:20", "B"));
 
-    // Deleting all of them leaves the file, so they come back.
+    // Deleting all of them leaves the file, so they come back, and nothing of them reaches another one's.
     openMedia("a.mp3");
     remove(0);
     remove(0);
+    EXPECT_EQ(left(), line("00:00:10", "A") + line("00:00:20", "B"));
+    add(5, u"other");
+    openMedia("a.mp3");
+    EXPECT_EQ(desktop.folder.read("Bookmarks/other.mp3.bm"), line("00:00:05", "other"));
+
+    // One that is added after a deletion is kept, and goes by what the table holds.
+    const std::tuple<int, double, base::TextView, std::string> rows[] = {
+        {1, 30, u"C", line("00:00:10", "A") + line("00:00:30", "C")},
+        {0, 10, u"A", line("00:00:10", "A")},
+        {0, 40, u"D", line("00:00:40", "D")},
+    };
+    for (const auto& [deleted, second, name, saved] : rows) {
+        remove(deleted);
+        EXPECT_EQ(add(second, base::Text(name)), u"") << saved;
+        EXPECT_EQ(left(), saved);
+        openMedia("a.mp3");
+    }
+}
+
+TEST_F(BookmarksTest, ExitThatIsCancelled_KeepsTheBookmarks) {
+    openLaid(line("00:00:10", "A"));
+    desktop.text.setText(u"unsaved");
+    for (const auto answer : {platform::Answer::Cancel, platform::Answer::Yes}) {
+        // The second one breaks off the save.
+        desktop.dialogPort.answers = {answer};
+        EXPECT_TRUE(form().Unload());
+        EXPECT_THAT(shown(), Contains(u"00:00:10  A"));
+    }
+    add(20, u"B");
     EXPECT_EQ(left(), line("00:00:10", "A") + line("00:00:20", "B"));
 }
 
@@ -160,13 +190,16 @@ TEST_F(BookmarksTest, Jumps_BeginBehindTheFirstSecond_AndReadOldEndsByTheirPlace
 
     // Next and previous stay within the list, and need no window.
     window.Unload();
+    player.setCurrentPosition(0);
     for (const int row : {0, 1, 2, 3, 3}) {
         form().mnuBMsuccessivo.Click();
         EXPECT_EQ(window.List1.listIndex, row);
+        EXPECT_EQ(player.currentPosition(), std::max(places[row], 0.0));
     }
     for (const int row : {2, 1, 0, 0}) {
         form().mnuBMprecedente.Click();
         EXPECT_EQ(window.List1.listIndex, row);
+        EXPECT_EQ(player.currentPosition(), places[std::max(row, 1)]);
     }
     EXPECT_FALSE(window.visible);
 }
@@ -180,6 +213,8 @@ TEST_F(BookmarksTest, Window_StandsBesideThePlayer_AndGivesItsRowsBackWhenItClos
     add(5, u"kept");
     window.Unload();
     EXPECT_EQ(form().mnuBookMark.caption.get(), u"T84");
+    EXPECT_THAT((std::vector{window.left.get(), window.top.get(), window.width.get(), window.height.get()}),
+                ElementsAre(0, 0, 6000, 3180));
     form().mnuBookMark.Click();
     EXPECT_THAT(shown(), ElementsAre(u"00:00:05  kept"));
     form().mnuChiudi.Click();
