@@ -19,8 +19,9 @@ namespace app {
 // The editor with its window, beside the player.
 class EditorRoom {
 public:
+    // `Salva` saves the settings.
     EditorRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
-               const base::TextFiles& files);
+               const base::TextFiles& files, std::function<void()> Salva);
 
     // Builds the window, hidden. All commands have their routines by now: a menu asks for them once.
     void Form_Load();

@@ -17,9 +17,6 @@ constexpr std::size_t extensionLength = 3;
 Document::Document(Form2& form, platform::Dialogs& dialogs, platform::System& system,
                    player::Preferences& preferences, controls::RecentFiles& recent)
     : form_(form), dialogs_(dialogs), system_(system), preferences_(preferences), recent_(recent) {
-    form_.mnuNuovo.Click = [this] { newDocument(); };
-    form_.mnuApri.Click = [this] { openDocument(); };
-    form_.mnuSalva.Click = [this] { save(); };
     form_.mnuSalvaConNome.Click = [this] { mnuSalvaConNome_Click(); };
     form_.mnuSelezionaTutto.Click = [this] { mnuSelezionaTutto_Click(); };
     for (controls::MenuItem* item :

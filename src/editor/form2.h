@@ -8,6 +8,7 @@
 #include "platform/rich_text.h"
 
 #include <array>
+#include <functional>
 #include <vector>
 
 namespace editor {
@@ -75,6 +76,8 @@ struct Form2 : controls::Window, Form2Menu {
     std::array<controls::Label, letterCount> Label3;             // letters over the four style buttons
     controls::ComboBox Combo1{"Combo1", {7950, 90, 1965, 315}};  // font names
     controls::ComboBox Combo2{"Combo2", {9960, 90, 645, 315}};   // font sizes, points
+
+    std::function<void()> Print = [] {}; // prints the document, or what is selected of it
 
     controls::Timer Timer1; // swaps the form of the clipboard
 };

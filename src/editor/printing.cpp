@@ -22,7 +22,7 @@ constexpr base::TextView richTextEnd = u".rtf";
 
 Printing::Printing(Form2& form, std::function<platform::Printer&()> printer)
     : form_(form), printer_(std::move(printer)) {
-    form_.mnuStampa.Click = [this] { mnuStampa_Click(); };
+    form_.Print = [this] { mnuStampa_Click(); };
 }
 
 void Printing::mnuStampa_Click() {

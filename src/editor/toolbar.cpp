@@ -43,6 +43,10 @@ Toolbar::Toolbar(Form2& form, Document& document, platform::System& system, plat
         button.Click = [this, i] { Label2_Click(i); };
         button.MouseMove = [this, i](const auto&) { Label2_MouseMove(i); };
     }
+    form_.mnuNuovo.Click = [this] { Label2_Click(newButton); };
+    form_.mnuApri.Click = [this] { Label2_Click(openButton); };
+    form_.mnuSalva.Click = [this] { Label2_Click(saveButton); };
+    form_.mnuStampa.Click = [this] { Label2_Click(printButton); };
     form_.MouseMove = form_.Label1.MouseMove = [this](const auto&) { NascondiEvidenza(); };
     form_.Combo1.Change = [this] { Combo1_Change(); };
     form_.Combo2.Change = [this] { Combo2_Change(); };
@@ -71,6 +75,13 @@ void Toolbar::CambiaLingua2() {
 }
 
 void Toolbar::Label2_Click(int index) {
+    if (index < 0 || index >= Form2::buttonCount)
+        return;
+    press(index);
+    Salva();
+}
+
+void Toolbar::press(int index) {
     platform::RichText& text = form_.RTB;
     base::carryOn([&] {
         switch (index) {
@@ -81,7 +92,7 @@ void Toolbar::Label2_Click(int index) {
         case saveButton:
             return document_.save();
         case printButton:
-            return form_.mnuStampa.Click ? form_.mnuStampa.Click() : void();
+            return form_.Print();
         case boldButton:
             return toggle(text.SelBold(), &platform::RichText::setSelBold);
         case italicButton:

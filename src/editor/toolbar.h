@@ -4,6 +4,8 @@
 #include "editor/form2.h"
 #include "platform/dialogs.h"
 
+#include <functional>
+
 namespace editor {
 
 // The buttons of the strip, in their own numbers.
@@ -36,7 +38,7 @@ public:
     // Fills the font boxes and puts the letters over their buttons.
     void Form_Load();
 
-    // What button `index` does; nothing for an index without a button or without a routine.
+    // What button `index` does, then the settings are saved; nothing for an index without a button.
     void Label2_Click(int index);
     // The mark follows the mouse from button to button.
     void Label2_MouseMove(int index);
@@ -47,7 +49,11 @@ public:
 
     void CambiaLingua2();
 
+    // Saves the settings; whoever keeps them fills this in.
+    std::function<void()> Salva = [] {};
+
 private:
+    void press(int index);
     void toggle(platform::Setting present, void (platform::RichText::*set)(bool));
     void align(platform::ParagraphAlignment alignment);
     void stepSize(double points);

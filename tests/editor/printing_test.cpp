@@ -15,7 +15,7 @@ protected:
         }
         printer.commands.clear();
         text.commands.clear();
-        form.mnuStampa.Click();
+        form.Print();
     }
 
     fakes::FakePrinter& printer = desktop.printerPort;
