@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
+#include <QIcon>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -172,6 +173,9 @@ private:
 Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
     QMessageBox box(QApplication::activeWindow());
     box.setObjectName(QStringLiteral("messageBox"));
+    // One of a program that has no window, or none in front, has nobody to take its picture from.
+    if (!box.parentWidget())
+        box.setWindowIcon(QIcon(QApplication::applicationDirPath() + QStringLiteral("/Files/quillmere.ico")));
     box.setIcon(icon(style));
     box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
     box.setTextFormat(Qt::PlainText);

@@ -81,14 +81,15 @@ void readInto(Answer& answer, const QNetworkRequest& asked, std::chrono::millise
             reply->abort();
     };
     QObject::connect(reply.get(), &QNetworkReply::readyRead, &loop, take);
-    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, [&] {
-        if (reply->isOpen())
-            take();
-        loop.quit();
-    });
+    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
     QTimer::singleShot(limit, &loop, &QEventLoop::quit);
     if (!reply->isFinished())
         loop.exec();
+    if (reply->isOpen())
+        take();
+    // It was the limit that ended the loop, a moment before the one who waits has noticed it.
+    if (!reply->isFinished())
+        gaveUp = true;
 }
 
 } // namespace
