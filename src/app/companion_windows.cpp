@@ -1,5 +1,7 @@
 #include "app/companion_windows.h"
 
+#include <algorithm>
+
 namespace app {
 
 namespace {
@@ -23,6 +25,23 @@ void CompanionWindows::PosizionaEditor() {
         bookmarks_.empty() ? static_cast<controls::Window&>(form1_) : bookmarks_.form();
     editor_.form().top = above.top + above.height + gap;
     editor_.form().left = form1_.left.get();
+}
+
+void CompanionWindows::followFrame(double wider, double higher) {
+    controls::Window& editor = editor_.form();
+    controls::Window& marks = bookmarks_.form();
+    const double right = form1_.left + form1_.width - wider;
+    const double height = form1_.height - higher;
+    const double sideGap = bookmarks::BookmarkCommands::sideGap;
+    // The bookmarks reach to the end of the editor, and are as high as the player.
+    if (marks.left == right + sideGap) {
+        if (marks.left + marks.width == form1_.left + editor.width)
+            marks.width = std::max(marks.width - wider, 0.0);
+        marks.left = marks.left + wider;
+        marks.height = form1_.height.get();
+    }
+    if (editor.top == form1_.top + height + gap)
+        editor.top = editor.top + higher;
 }
 
 void CompanionWindows::applyLanguage() {

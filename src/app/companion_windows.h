@@ -20,6 +20,8 @@ public:
 
     void TornaAllEditor() override;
     void PosizionaEditor() override;
+    // The player's frame is known: what was put beside the guessed one moves along.
+    void followFrame(double wider, double higher);
     void applyLanguage() override;
     void enableTimeStamp(bool enabled) override { editor_.form().mnuTimeStamp.enabled = enabled; }
     void leaveBookmarks() override { bookmarks_.media.leave(); }

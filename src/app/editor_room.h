@@ -30,6 +30,7 @@ public:
 
     editor::Form2& form() { return form_; }
     editor::Document& document() { return document_; }
+    editor::EditorWindow& window() { return window_; }
     controls::RecentFiles& recentDocuments() { return recent_; }
 
 private:

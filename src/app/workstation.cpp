@@ -9,14 +9,6 @@ namespace {
 
 constexpr base::TextView applicationTitle = u"Quillmere";
 
-// Makes a companion window fit between its place and the end of the screen; it is never moved.
-void keepOnScreen(controls::Window& window, const controls::Screen& screen) {
-    if (window.left + window.width > screen.width)
-        window.width = screen.width - window.left;
-    if (window.top + window.height > screen.height)
-        window.height = screen.height - window.top;
-}
-
 } // namespace
 
 Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const base::ProgramFolder& folder,
@@ -46,6 +38,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       safety_(desktop, form1_, editor_, bookmarks_, files) {
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
+    form1_.FrameKnown = [this](double wider, double higher) { companions_.followFrame(wider, higher); };
     form1_.KeyDown = [this](const platform::KeyEvent& key) {
         if (key.keyCode == platform::escapeKey)
             mnuEsci_Click();
@@ -100,7 +93,7 @@ void Workstation::placeWindows(const StartSettings& start) {
 
 void Workstation::showCompanions(const StartSettings& start) {
     if (start.editorHidden == 0) {
-        keepOnScreen(editor_.form(), form1_.screen);
+        editor_.window().keepOnScreen();
         editor_.form().visible = true;
     }
     if (start.showForm3 == 1) {

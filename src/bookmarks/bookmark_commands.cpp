@@ -6,7 +6,6 @@ namespace bookmarks {
 
 namespace {
 
-constexpr double sideGap = 60;  // twips between the player and the window
 constexpr double belowGap = 30; // twips between the window and the editor
 
 } // namespace

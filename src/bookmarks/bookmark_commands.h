@@ -9,6 +9,8 @@ namespace bookmarks {
 // player and ends where the editor below it ends.
 class BookmarkCommands {
 public:
+    static constexpr double sideGap = 60; // twips between the player and the window
+
     BookmarkCommands(player::Form1& form1, controls::Window& form2, Form3& form3, BookmarkWindow& window,
                      platform::System& system);
 

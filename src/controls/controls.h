@@ -209,6 +209,9 @@ struct Window : Control {
     // Gives the window the keyboard; the one who shows it fills this in.
     std::function<void()> setFocus = [] {};
     std::function<void()> Resize = [] {};
+    // What the window manager adds is not known before a window is shown, and guessed until then. Told once,
+    // when it is known: the size of the window, which holds already, is larger by this than it was taken for.
+    std::function<void(double wider, double higher)> FrameKnown = [](double, double) {};
     // A key that no control of the window took.
     std::function<void(platform::KeyEvent&)> KeyDown = [](platform::KeyEvent&) {};
     std::function<void(const platform::KeyEvent&)> KeyUp = [](const platform::KeyEvent&) {};
@@ -227,10 +230,16 @@ struct Window : Control {
     std::function<bool()> Unload = [] { return false; };
 };
 
-// The screen: its size in twips without the system's own bars, and the pointer that all windows show.
+// The screen: the size of the first one in twips without the system's own bars, and the pointer that all
+// windows show.
 struct Screen : Observed {
     Property<double> width{this, 0};
     Property<double> height{this, 0};
+    // The area without bars of the screen that most of this window lies on; of the first one where it lies on
+    // none. Whoever knows the screens fills this in.
+    std::function<Box(const Control& window)> areaOf = [this](const Control&) {
+        return Box{0, 0, width, height};
+    };
     Property<Pointer> mousePointer{this, Pointer::Default};
 };
 

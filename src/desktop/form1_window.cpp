@@ -9,6 +9,7 @@
 #include <QMouseEvent>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace desktop {
 
@@ -41,6 +42,20 @@ private:
     player::Form1& form_;
 };
 
+controls::Box areaOf(const controls::Control& window) {
+    const QRect place(pixels(window.left), pixels(window.top), pixels(window.width), pixels(window.height));
+    const auto shown = [&](const QScreen* screen) {
+        const QRect part = screen->geometry() & place;
+        return part.width() * part.height();
+    };
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    // The first one where there is none to choose between.
+    const QScreen* const screen = *std::max_element(screens.begin(), screens.end(),
+                                                    [&](auto* a, auto* b) { return shown(a) < shown(b); });
+    const QRect area = screen->availableGeometry();
+    return {twips(area.left()), twips(area.top()), twips(area.width()), twips(area.height())};
+}
+
 } // namespace
 
 Form1Window::Form1Window(player::Form1& form)
@@ -64,6 +79,7 @@ Form1Window::Form1Window(player::Form1& form)
     const QSize available = screen()->availableSize();
     form.screen.width = twips(available.width());
     form.screen.height = twips(available.height());
+    form.screen.areaOf = areaOf;
     form.screen.observe([this] { followPointer(); });
     adjustSize();
     video_ = std::make_unique<VideoScreen>(form, *this, *skin);

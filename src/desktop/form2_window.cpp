@@ -68,7 +68,8 @@ public:
     EditorSurface(editor::Form2& form, QWidget* parent) : QWidget(parent), form_(form) {
         setObjectName(QStringLiteral("surface"));
         setMouseTracking(true);
-        setMinimumSize(1, 1);
+        // A window that is cut at the end of the screen can still be taken hold of.
+        setMinimumSize(leastWidth, leastHeight);
         // Qt's parent owns them all; the one added last lies on top.
         new PictureView(form.Image1, this);
         new RuleView(form.Line1, this);
@@ -93,7 +94,9 @@ protected:
     }
 
 private:
-    static constexpr int listLength = 21; // entries of an open list, all sizes at once
+    static constexpr int leastWidth = 120; // pixels
+    static constexpr int leastHeight = 20; // pixels
+    static constexpr int listLength = 21;  // entries of an open list, all sizes at once
 
     editor::Form2& form_;
 };

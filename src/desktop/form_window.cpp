@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QThread>
+#include <QTimer>
 #include <QWindow>
 #include <utility>
 
@@ -22,6 +23,9 @@ namespace desktop {
 namespace {
 
 constexpr int largestIconAtStart = 64; // pixels, enough for title bars
+constexpr int frameAwaited = 50;       // ms between two looks at the frame of a window that is new
+constexpr int frameTries = 40;
+constexpr int frameSettles = 200; // ms
 constexpr auto heldState = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
 
 // The paths of the local files among what is dragged; web addresses and texts are none. Qt's own addresses
@@ -161,16 +165,63 @@ void FormWindow::followPlace() {
 }
 
 void FormWindow::reportPlace() {
+    place_.moveTopLeft(frameGeometry().topLeft());
     reporting_ = true;
-    form_.left = twips(frameGeometry().left());
-    form_.top = twips(frameGeometry().top());
+    form_.left = twips(place_.left());
+    form_.top = twips(place_.top());
+    reporting_ = false;
     // A window that has just been shown has no frame yet.
     if (const QSize told = frameGeometry().size() - size(); !told.isNull())
-        frame_ = usualFrame(size_) = told;
-    place_ = QRect(frameGeometry().topLeft(), size() + frame_);
+        learnFrame(told);
+    else
+        reportSize();
+}
+
+void FormWindow::reportSize() {
+    if (correcting_)
+        return;
+    place_.setSize(size() + frame_);
+    reporting_ = true;
     form_.width = twips(place_.width());
     form_.height = twips(place_.height());
     reporting_ = false;
+}
+
+void FormWindow::learnFrame(QSize told) {
+    const QSize more = told - std::exchange(frame_, told);
+    usualFrame(size_) = told;
+    const bool wrong = !std::exchange(frameKnown_, true) && !more.isNull();
+    if (wrong) {
+        // Not at once: what the window manager still has to tell of the new windows is about their first
+        // places, and would undo it.
+        correcting_ = size_ == Size::Sizable;
+        QTimer::singleShot(frameSettles, this, [this, more] { correctGuess(more); });
+    }
+    reportSize();
+}
+
+// The window was laid out for a frame that is smaller by this.
+void FormWindow::correctGuess(QSize more) {
+    correcting_ = false;
+    if (size_ == Size::Fixed)
+        form_.FrameKnown(twips(more.width()), twips(more.height()));
+    else if (form_.windowState == controls::WindowState::Normal)
+        takeSize();
+    else
+        reportSize();
+}
+
+// Some window managers tell of the frame behind the last event of the showing.
+void FormWindow::awaitFrame(int tries) {
+    QTimer::singleShot(frameAwaited, this, [this, tries] {
+        if (frameKnown_ || !isVisible())
+            return;
+        const QMargins frame = windowHandle()->frameMargins();
+        if (!frame.isNull())
+            learnFrame({frame.left() + frame.right(), frame.top() + frame.bottom()});
+        else if (tries > 1)
+            awaitFrame(tries - 1);
+    });
 }
 
 void FormWindow::reportState() {
@@ -252,6 +303,8 @@ void FormWindow::resizeEvent(QResizeEvent* event) {
 void FormWindow::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     reportPlace();
+    if (!frameKnown_)
+        awaitFrame(frameTries);
 }
 
 } // namespace desktop

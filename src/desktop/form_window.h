@@ -47,6 +47,11 @@ private:
     void reportState();
     // Tells the data where the window stands and how large its frame is.
     void reportPlace();
+    void reportSize();
+    // `told` is what the frame adds to the window's size.
+    void learnFrame(QSize told);
+    void correctGuess(QSize more);
+    void awaitFrame(int tries);
     void showModal();
 
     controls::Window& form_;
@@ -55,6 +60,8 @@ private:
     QSize frame_; // what the frame adds; the usual one as long as the window manager has not told
     base::Text shownIcon_;
     QEventLoop* modal_ = nullptr; // the loop that waits for a modal window
+    bool frameKnown_ = false;     // the window manager has told
+    bool correcting_ = false;     // the size in the data is what the window is to have
     bool reporting_ = false;      // the data follows the window now, not the other way round
 };
 

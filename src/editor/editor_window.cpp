@@ -24,16 +24,23 @@ EditorWindow::EditorWindow(Form2& form, controls::Window& player, const controls
 void EditorWindow::Form_Load() {
     form_.left = player_.left.get();
     form_.top = player_.top + player_.height;
-    if (form_.left + form_.width > screen_.width)
-        form_.width = screen_.width - form_.left;
-    if (form_.top + form_.height > screen_.height)
-        form_.height = screen_.height - form_.top;
+    keepOnScreen();
     form_.icon = player_.icon.get();
     const base::Text hand = form_.folder.files(u"Indica.ico");
     for (controls::Control& button : form_.Label2)
         button.pointerIcon = hand;
     form_.Combo1.pointerIcon = form_.Combo2.pointerIcon = hand;
     CambiaLingua2();
+}
+
+void EditorWindow::keepOnScreen() {
+    const controls::Box area = screen_.areaOf(form_);
+    const double right = area.left + area.width;
+    const double bottom = area.top + area.height;
+    if (form_.left + form_.width > right)
+        resize(form_.width, right - form_.left);
+    if (form_.top + form_.height > bottom)
+        resize(form_.height, bottom - form_.top);
 }
 
 void EditorWindow::Form_Resize() {

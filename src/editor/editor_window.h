@@ -12,6 +12,9 @@ public:
 
     // Opens directly below the player; never larger than the rest of the screen.
     void Form_Load();
+    // Makes the window fit between its place and the end of its screen. It is never moved; one that begins
+    // beyond the end keeps its size.
+    void keepOnScreen();
     void Form_Resize();
     // The text, the flags and the records of undo stay.
     bool Form_Unload();

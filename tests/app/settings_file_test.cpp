@@ -35,11 +35,11 @@ TEST_F(SettingsFileTest, Salva_WritesTwentyFiveLines_ThatReadBackTheSame) {
 TEST_F(SettingsFileTest, Lines_HaveTheEffectsOfTheirPlace) {
     // A line, what it says, and in which line what is saved.
     const std::tuple<int, std::string, int, std::string> rows[] = {
-        {21, "2", 21, "7"},   {21, "3", 21, "3"},         {21, "99999", 21, "7"}, {22, "40", 22, "40"},
-        {23, "2", 23, "1"},   {24, "2", 24, "0"},         {25, "2", 25, "0"},     {15, "", 15, "0"},
-        {15, "x", 15, "1"},   {6, "1.0", 6, "1"},         {8, "x", 8, "0"},       {4, "2.5", 4, "2"},
-        {4, "40000", 4, "0"}, {4, "12abc", 4, "12"},      {5, "-4", 5, "-4"},     {2, "loud", 2, "loud"},
-        {7, "/a,15", 8, "1"}, {7, "\"/a,b\"", 7, "/a,b"},
+        {21, "2", 21, "7"},       {21, "3", 21, "3"},      {21, "99999", 21, "7"}, {22, "40", 22, "40"},
+        {23, "2", 23, "1"},       {24, "2", 24, "0"},      {25, "2", 25, "0"},     {15, "", 15, "0"},
+        {15, "x", 15, "1"},       {6, "1.0", 6, "1"},      {8, "x", 8, "0"},       {4, "2.5", 4, "2"},
+        {4, "40000", 4, "0"},     {4, "12abc", 4, "12"},   {5, "-4", 5, "-4"},     {2, "loud", 2, "loud"},
+        {3, "1e999", 3, "862.5"}, {3, "-1e9", 3, "862.5"}, {7, "/a,15", 8, "1"},   {7, "\"/a,b\"", 7, "/a,b"},
     };
     for (const auto& [line, value, savedAs, text] : rows) {
         startWith({{line, value}});
@@ -53,6 +53,33 @@ TEST_F(SettingsFileTest, Positions_CountOnlyWhenTheEditorHadASize) {
         startWith({{11, "1234"}, {13, width}, {14, height}});
         EXPECT_EQ(savedLine(11), left) << width << ' ' << height;
     }
+}
+
+TEST_F(SettingsFileTest, Editor_IsCutAtTheEndOfTheScreen_UnlessItBeginsBeyond) {
+    // Left, top; width and height that are left.
+    const std::tuple<std::string, std::string, double, double> rows[] = {
+        {"26000", "0", 2800, 5205},
+        {"0", "15000", 10920, 1200},
+        {"29000", "17000", 10920, 5205},
+        {"0", "0", 10920, 5205},
+    };
+    for (const auto& [left, top, width, height] : rows) {
+        startWith({{11, left}, {12, top}, {13, "1"}});
+        EXPECT_EQ(desktop.form2->width, width) << left;
+        EXPECT_EQ(desktop.form2->height, height) << top;
+    }
+}
+
+TEST_F(SettingsFileTest, ButtonsOfTheEditor_AndTheirMenus_Save) {
+    startWith({});
+    for (controls::MenuItem* const item : {&desktop.form2->mnuSalva, &desktop.form2->mnuStampa}) {
+        desktop.laySettings({"rubbish"});
+        item->Click();
+        EXPECT_EQ(desktop.savedLine(1), "English.lng") << item->name;
+    }
+    desktop.laySettings({"rubbish"});
+    desktop.form2->Label2[4].Click();
+    EXPECT_EQ(desktop.savedLine(1), "English.lng");
 }
 
 TEST_F(SettingsFileTest, ShortBrokenOrUnwritableFile_NeverStopsTheStart) {

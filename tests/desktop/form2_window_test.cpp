@@ -48,6 +48,8 @@ protected:
 } // namespace
 
 TEST_F(Form2WindowTest, Size_FromEitherSide_IsFilledByTheText) {
+    EXPECT_TRUE(eventually([&] { return window.frameGeometry().size() == QSize(728, 347); }))
+        << "with its frame";
     const QSize frame = window.frameGeometry().size() - window.size();
     window.resize(1000, 600);
     EXPECT_TRUE(eventually([&] { return form.width == (1000 + frame.width()) * 15; }));

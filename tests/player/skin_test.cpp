@@ -9,6 +9,7 @@ protected:
         base::Text rest, hover;
     };
 
+    static constexpr double dettaTop = 1425; // of the button at rest
     const Button buttons[6] = {
         {&form().Image3, &form().HoverApri, u"Apri.bmp", u"Apri2.bmp"},
         {&form().cmdPlay, &form().FlagHoverSkin, u"play.jpg", u"play2.jpg"},
@@ -30,7 +31,7 @@ TEST_F(SkinTest, EachHandler_LightsItsOwnAndResetsTheOthersOfItsRow) {
             form().load(*button.control, *button.flag ? button.hover : button.rest);
         }
         form().HoverPlay = 1;
-        form().imgDetta.top = form().DettaTop + 20;
+        form().imgDetta.top = dettaTop + 20;
         over->MouseMove({});
         for (const Button& button : buttons) {
             const bool left = over == &form().imgDetta &&
@@ -39,7 +40,7 @@ TEST_F(SkinTest, EachHandler_LightsItsOwnAndResetsTheOthersOfItsRow) {
             EXPECT_EQ(*button.flag, lit) << base::toUtf8(button.rest);
             EXPECT_EQ(button.control->picture.get(), form().folder.files(lit ? button.hover : button.rest));
         }
-        EXPECT_EQ(form().imgDetta.top == form().DettaTop, over == &form() || over == &form().cmdRec);
+        EXPECT_EQ(form().imgDetta.top == dettaTop, over == &form() || over == &form().cmdRec);
         EXPECT_EQ(form().HoverPlay == 0, over == &form() || over == &form().Image3);
     }
 }

@@ -13,6 +13,23 @@ TEST_F(PlayerWindowTest, Restore_LeavesAHiddenEditorHidden) {
     }
 }
 
+TEST_F(PlayerWindowTest, FrameOfAnotherSize_MovesWhatStandsBesideIt) {
+    desktop.folder.write("Bookmarks/a.mp3.bm", "00:00:09  A               00:00:09\r\n");
+    for (const std::string name : {"a.mp3", "b.mp3"}) {
+        open(name, 60);
+        form().width = form().width + 90;
+        form().height = form().height + 105;
+        form().FrameKnown(90, 105);
+        EXPECT_EQ(desktop.form2->top, form().top + form().height + 30);
+        EXPECT_EQ(desktop.form3->left, form().left + form().width + 60);
+        EXPECT_EQ(desktop.form3->height, form().height);
+    }
+    const double moved = desktop.form2->top + 15;
+    desktop.form2->top = moved;
+    form().FrameKnown(90, 105);
+    EXPECT_EQ(desktop.form2->top, moved) << "the user has moved it";
+}
+
 TEST_F(PlayerWindowTest, StayOnTop_JumpsToItsPlaceInBothDirections_AndIsSaved) {
     for (const auto& [on, line] : {std::pair{false, "1"}, {true, "0"}}) {
         form().left = 3000;
