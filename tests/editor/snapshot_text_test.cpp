@@ -21,44 +21,42 @@ std::size_t upTo(std::mt19937& random, std::size_t limit) {
 
 } // namespace
 
-TEST(SnapshotText, ManyStates_EachReadWhole_AreThoseOfWholeCopies) {
+TEST(SnapshotText, ManyStates_EachReadWhole_AreThoseOfWholeCopies_AndAreGivenBack) {
     SnapshotStore store;
-    std::mt19937 random(7);
-    base::Text plain = letters(random, 3000);
-    SnapshotText text(store, plain);
-    std::vector<std::pair<SnapshotText, base::Text>> kept;
-    for (int round = 0; round < 6000; ++round) {
-        const std::size_t at = upTo(random, plain.size());
-        // Mostly letters; now and then a stretch, all of it, or a paste.
-        const std::size_t reach = round % 500 == 0 ? plain.size() : round % 7 == 0 ? 200 : 2;
-        const std::size_t removed = upTo(random, std::min(reach, plain.size() - at));
-        const base::Text inserted = letters(random, upTo(random, round % 90 == 0 ? 2000 : 2));
-        plain.replace(at, removed, inserted);
-        text.replace(static_cast<std::int32_t>(at), static_cast<std::int32_t>(removed), inserted);
-        const std::size_t from = upTo(random, plain.size());
-        ASSERT_EQ(text.text(static_cast<std::int32_t>(from), 40), plain.substr(from, 40));
-        if (round % 50 == 0)
-            kept.emplace_back(text, plain);
-    }
-    for (const auto& [snapshot, whole] : kept)
-        ASSERT_EQ(snapshot.text(), whole);
+    const auto edit = [&store] {
+        std::mt19937 random(7);
+        base::Text plain = letters(random, 3000);
+        SnapshotText text(store, plain);
+        std::vector<std::pair<SnapshotText, base::Text>> kept;
+        for (int round = 0; round < 6000; ++round) {
+            const std::size_t at = upTo(random, plain.size());
+            // Mostly letters; now and then a stretch, all of it, or a paste.
+            const std::size_t reach = round % 500 == 0 ? plain.size() : round % 7 == 0 ? 200 : 2;
+            const std::size_t removed = upTo(random, std::min(reach, plain.size() - at));
+            const base::Text inserted = letters(random, upTo(random, round % 90 == 0 ? 2000 : 2));
+            plain.replace(at, removed, inserted);
+            text.replace(static_cast<std::int32_t>(at), static_cast<std::int32_t>(removed), inserted);
+            const std::size_t from = upTo(random, plain.size());
+            ASSERT_EQ(text.text(static_cast<std::int32_t>(from), 40), plain.substr(from, 40));
+            if (round % 50 == 0)
+                kept.emplace_back(text, plain);
+        }
+        for (const auto& [snapshot, whole] : kept)
+            ASSERT_EQ(snapshot.text(), whole);
+    };
+    edit();
+    const std::size_t full = store.bytes();
+    edit();
+    EXPECT_EQ(store.bytes(), full) << "what nobody holds is used again";
 }
 
-TEST(SnapshotText, AThousandLetters_InALongText_TakeNoCopyEach_AndAreGivenBack) {
+TEST(SnapshotText, AThousandLetters_InALongText_TakeNoCopyEach) {
     SnapshotStore store;
-    const SnapshotText whole(store, base::Text(200'000, u'a'));
+    std::vector<SnapshotText> states{SnapshotText(store, base::Text(200'000, u'a'))};
     const std::size_t before = store.bytes();
-    const auto type = [&] {
-        std::vector<SnapshotText> states{whole};
-        for (int i = 0; i < 1000; ++i) {
-            states.push_back(states.back());
-            states.back().replace(i * 199, 0, u"x");
-        }
-    };
-    type();
-    const std::size_t full = store.bytes();
-    EXPECT_GT(full, before);
-    EXPECT_LT(full - before, 600U * 1000);
-    type();
-    EXPECT_EQ(store.bytes(), full) << "what nobody holds is used again";
+    for (int i = 0; i < 1000; ++i) {
+        states.push_back(states.back());
+        states.back().replace(i * 199, 0, u"x");
+    }
+    EXPECT_LT(store.bytes() - before, 600U * 1000);
 }

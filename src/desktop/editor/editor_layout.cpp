@@ -61,7 +61,8 @@ void drawBullet(QPainter& painter, const QTextBlock& block, const QTextLayout& l
     const int space = metrics.horizontalAdvance(QLatin1Char(' '));
     const bool fromTheLeft = block.textDirection() == Qt::LeftToRight;
     const double x = fromTheLeft ? std::round(line.left()) - space - size : std::round(line.right()) + space;
-    const double y = std::round(line.top()) + metrics.height() / 2 - size / 2.0;
+    const int middle = metrics.height() / 2;
+    const double y = std::round(line.top()) + middle - size / 2.0;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(color);
