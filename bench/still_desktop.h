@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/form1_window.h"
+#include "desktop/windows/form1_window.h"
 #include "fakes/fake_desktop.h"
 
 #include <filesystem>

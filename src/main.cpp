@@ -1,7 +1,7 @@
 #include "app/program.h"
 #include "desktop/application.h"
 #include "desktop/qt_desktop.h"
-#include "desktop/session_end.h"
+#include "desktop/services/session_end.h"
 
 #include <cstdlib>
 

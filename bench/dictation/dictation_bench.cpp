@@ -5,7 +5,7 @@
 //   dictation_bench [PAUSES]
 #include "app/program.h"
 #include "desktop/mpv/sound_server.h"
-#include "desktop/qt_event_loop.h"
+#include "desktop/services/qt_event_loop.h"
 #include "fakes/fake_desktop.h"
 #include "mpv_player.h"
 #include "table.h"

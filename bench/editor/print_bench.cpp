@@ -1,7 +1,7 @@
 // What it takes to print a transcript of two hundred pages to a file, and for how long the program's timers
 // stand still meanwhile: the player's displays, the timed cycle. Best of three rounds.
 #include "desktop/application.h"
-#include "desktop/editor/rich_text_edit.h"
+#include "desktop/text/rich_text_edit.h"
 #include "fakes/temporary_folder.h"
 #include "print_dialog.h"
 #include "qt_printer.h"

@@ -2,8 +2,8 @@
 // text, on a display that only exists in memory. Best of several rounds.
 #include "base/files.h"
 #include "desktop/application.h"
-#include "desktop/conversions.h"
-#include "desktop/editor/rich_text_edit.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/text/rich_text_edit.h"
 #include "fakes/temporary_folder.h"
 #include "table.h"
 

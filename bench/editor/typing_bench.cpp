@@ -1,9 +1,9 @@
 // What a key press costs in the editor with all that it sets off, beside a bare text control with the same
 // text, and what the records of undo take. On a display that only exists in memory.
 #include "desktop/application.h"
-#include "desktop/conversions.h"
-#include "desktop/editor/rich_text_edit.h"
-#include "desktop/qt_event_loop.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/text/rich_text_edit.h"
+#include "desktop/services/qt_event_loop.h"
 #include "editor/editor_keys.h"
 #include "editor/find_replace.h"
 #include "editor/frm_find.h"

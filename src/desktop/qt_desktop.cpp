@@ -1,6 +1,6 @@
 #include "desktop/qt_desktop.h"
 
-#include "desktop/libraries.h"
+#include "desktop/services/libraries.h"
 
 #include <QCoreApplication>
 #include <QTimer>

@@ -2,8 +2,8 @@
 #include "contracts/clipboard_contract.h"
 #include "contracts/printer_contract.h"
 #include "contracts/rich_text_contract.h"
-#include "desktop/conversions.h"
-#include "desktop/editor/rich_text_edit.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/text/rich_text_edit.h"
 #include "qt_printer.h"
 
 #include <QGuiApplication>

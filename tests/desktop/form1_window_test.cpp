@@ -1,8 +1,8 @@
-#include "desktop/form1_window.h"
+#include "desktop/windows/form1_window.h"
 
-#include "desktop/conversions.h"
-#include "desktop/event_stop.h"
-#include "desktop/qt_event_loop.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/event_stop.h"
+#include "desktop/services/qt_event_loop.h"
 #include "eventually.h"
 #include "fakes/fake_player.h"
 #include "fakes/temporary_folder.h"

@@ -1,7 +1,7 @@
-#include "desktop/form2_window.h"
+#include "desktop/windows/form2_window.h"
 
-#include "desktop/conversions.h"
-#include "desktop/editor/rich_text_edit.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/text/rich_text_edit.h"
 #include "editor/editor_window.h"
 #include "eventually.h"
 #include "fakes/temporary_folder.h"

@@ -1,4 +1,4 @@
-#include "desktop/form4_window.h"
+#include "desktop/windows/form4_window.h"
 
 #include <QApplication>
 #include <QClipboard>

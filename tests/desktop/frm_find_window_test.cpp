@@ -1,6 +1,6 @@
-#include "desktop/frm_find_window.h"
+#include "desktop/windows/frm_find_window.h"
 
-#include "desktop/qt_event_loop.h"
+#include "desktop/services/qt_event_loop.h"
 #include "eventually.h"
 
 #include <QAbstractItemView>

@@ -1,4 +1,4 @@
-#include "desktop/keyboard_order.h"
+#include "desktop/qt/keyboard_order.h"
 
 #include "eventually.h"
 

@@ -1,6 +1,6 @@
-#include "desktop/lazy_internet.h"
-#include "desktop/lazy_player.h"
-#include "desktop/lazy_wave_input.h"
+#include "desktop/services/lazy_internet.h"
+#include "desktop/services/lazy_player.h"
+#include "desktop/services/lazy_wave_input.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>

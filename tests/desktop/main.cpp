@@ -1,6 +1,6 @@
 #include "desktop/application.h"
-#include "desktop/conversions.h"
-#include "desktop/qt_system.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/services/qt_system.h"
 
 #include <QTemporaryDir>
 #include <cstdio>

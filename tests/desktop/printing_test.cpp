@@ -1,5 +1,5 @@
 #include "base/carry_on.h"
-#include "desktop/conversions.h"
+#include "desktop/qt/conversions.h"
 #include "fakes/temporary_folder.h"
 #include "print_dialog.h"
 #include "qt_printer.h"

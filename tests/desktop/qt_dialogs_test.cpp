@@ -1,4 +1,4 @@
-#include "desktop/qt_dialogs.h"
+#include "desktop/services/qt_dialogs.h"
 
 #include "eventually.h"
 #include "fakes/temporary_folder.h"

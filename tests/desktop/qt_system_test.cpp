@@ -1,6 +1,6 @@
-#include "desktop/qt_system.h"
+#include "desktop/services/qt_system.h"
 
-#include "desktop/conversions.h"
+#include "desktop/qt/conversions.h"
 
 #include <QCoreApplication>
 #include <QProcess>

@@ -1,6 +1,6 @@
-#include "desktop/standard_words.h"
+#include "desktop/services/standard_words.h"
 
-#include "desktop/conversions.h"
+#include "desktop/qt/conversions.h"
 #include "fakes/temporary_folder.h"
 
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/code_page.h"
-#include "desktop/conversions.h"
-#include "desktop/editor/rich_text_edit.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/text/rich_text_edit.h"
 #include "fakes/watched_text.h"
 
 #include <QBuffer>

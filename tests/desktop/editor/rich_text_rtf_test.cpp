@@ -1,6 +1,6 @@
 #include "base/carry_on.h"
-#include "desktop/editor/editor_layout.h"
-#include "desktop/editor/rtf_bridge.h"
+#include "desktop/text/editor_layout.h"
+#include "desktop/text/rtf_bridge.h"
 #include "fakes/temporary_folder.h"
 #include "rich_text_fixture.h"
 #include "rtf/rtf_reader.h"

@@ -1,6 +1,6 @@
 #include "print_dialog.h"
 
-#include "desktop/conversions.h"
+#include "desktop/qt/conversions.h"
 
 #include <QDir>
 #include <QFileInfo>

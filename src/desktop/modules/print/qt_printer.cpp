@@ -2,7 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/files.h"
-#include "desktop/conversions.h"
+#include "desktop/qt/conversions.h"
 #include "print_dialog.h"
 
 #include <QApplication>

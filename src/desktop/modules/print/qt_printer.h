@@ -1,6 +1,6 @@
 #pragma once
 
-#include "desktop/print_device.h"
+#include "desktop/qt/print_device.h"
 
 #include <QPrinter>
 #include <memory>

@@ -1,0 +1,114 @@
+#include "desktop/clipboard/qt_clipboard.h"
+
+#include "desktop/qt/conversions.h"
+#include "desktop/clipboard/rtf_source.h"
+
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QStringDecoder>
+#include <QTextDocumentFragment>
+
+namespace desktop {
+
+namespace {
+
+constexpr qsizetype largestOffer = 2'000'000'000; // bytes: the places of a document are 32 bits wide
+constexpr qsizetype largestHtml = 2'000'000;      // bytes; Qt reads it slowly
+
+constexpr auto htmlForm = "text/html";
+
+QClipboard& clipboard() {
+    return *QGuiApplication::clipboard();
+}
+
+// No X server: offscreen, for one. There the owner is this program, or Qt does not wait for it.
+bool onX11() {
+    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 && x11->connection();
+}
+
+const QList<QByteArray>& rtfForms() {
+    static const QList<QByteArray> forms{"text/rtf", "application/rtf", "text/richtext"};
+    return forms;
+}
+
+QString decoded(const QByteArray& bytes) {
+    const bool isWide = bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
+    QStringDecoder decoder(isWide ? QStringDecoder::Utf16 : QStringDecoder::Utf8);
+    return decoder(bytes);
+}
+
+// A source of RTF has bytes of a code page here and there, which a text cannot hold but by their numbers.
+base::Text asciiSource(const QByteArray& bytes) {
+    constexpr std::string_view digits = "0123456789abcdef";
+    base::Text source;
+    source.reserve(static_cast<std::size_t>(bytes.size()));
+    for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        if (value == 0)
+            continue;
+        if (value < 0x80)
+            source += static_cast<char16_t>(value);
+        else
+            (source += u"\\'") +=
+                {static_cast<char16_t>(digits[value / 16]), static_cast<char16_t>(digits[value % 16])};
+    }
+    return source;
+}
+
+// In the order of their worth.
+const QList<QByteArray>& textForms() {
+    static const QList<QByteArray> forms{"text/plain;charset=utf-8", "UTF8_STRING", "text/plain", "STRING",
+                                         htmlForm};
+    return forms;
+}
+
+// The text that bytes in one of these forms mean.
+base::Text textOf(const XSelection::Held& held) {
+    if (held.form == "STRING")
+        return text(QString::fromLatin1(held.bytes));
+    if (held.form != htmlForm)
+        return text(decoded(held.bytes));
+    if (held.bytes.size() > largestHtml)
+        return {};
+    return text(QTextDocumentFragment::fromHtml(decoded(held.bytes)).toPlainText());
+}
+
+} // namespace
+
+QtClipboard::QtClipboard(QClipboard::Mode mode)
+    : mode_(mode), selection_(mode == QClipboard::Selection ? "PRIMARY" : "CLIPBOARD") {}
+
+void QtClipboard::Clear() {
+    clipboard().clear(mode_);
+}
+
+void QtClipboard::SetText(base::TextView text) {
+    clipboard().setText(qstring(text), mode_);
+}
+
+std::optional<XSelection::Held> QtClipboard::read(const QList<QByteArray>& forms, qsizetype limit) {
+    const bool own =
+        mode_ == QClipboard::Selection ? clipboard().ownsSelection() : clipboard().ownsClipboard();
+    if (onX11() && !own)
+        return selection_.read(forms, limit);
+    const QMimeData* const offer = clipboard().mimeData(mode_);
+    for (const QByteArray& form : forms) {
+        if (offer && offer->hasFormat(QString::fromLatin1(form)))
+            return XSelection::Held{form, offer->data(QString::fromLatin1(form))};
+    }
+    return std::nullopt;
+}
+
+base::Text QtClipboard::GetText(platform::ClipboardFormat format) {
+    const bool wantsRtf = format == platform::ClipboardFormat::Rtf;
+    const auto held = read(wantsRtf ? rtfForms() : textForms(), largestOffer);
+    if (!held)
+        return {};
+    if (!wantsRtf)
+        return textOf(*held);
+    base::Text source = asciiSource(held->bytes);
+    return isRtfSource(source) ? source : base::Text();
+}
+
+} // namespace desktop

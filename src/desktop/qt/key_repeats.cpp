@@ -1,0 +1,84 @@
+#include "desktop/qt/key_repeats.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QWidget>
+#include <algorithm>
+
+// The header is C and names a member so.
+#if defined(__clang__)
+#pragma clang diagnostic ignored "-Wkeyword-macro"
+#endif
+#define explicit explicitMember
+#include <xcb/xkb.h>
+#undef explicit
+
+namespace desktop {
+
+namespace {
+
+constexpr std::size_t rememberedPresses = 100;
+
+// A held shortcut goes on running its command where the command wants that.
+bool isRepeatingShortcut(const QKeyEvent& event) {
+    const QWidget* const window = QApplication::activeWindow();
+    const QList<QAction*> actions =
+        window ? window->findChildren<QAction*>() + window->actions() : QList<QAction*>();
+    return std::any_of(actions.begin(), actions.end(), [&](const QAction* action) {
+        return action->autoRepeat() && action->shortcut() == QKeySequence(event.keyCombination());
+    });
+}
+
+} // namespace
+
+KeyRepeats::KeyRepeats() {
+    const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    xcb_connection_t* const connection = x11 ? x11->connection() : nullptr;
+    if (!connection)
+        return;
+    constexpr auto flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
+    const auto cookie = xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
+    // A server that cannot do this repeats releases as before.
+    xcb_discard_reply(connection, cookie.sequence);
+    qApp->installNativeEventFilter(this);
+    qApp->installEventFilter(this);
+    // The release of a key may go to another program.
+    connect(qApp, &QGuiApplication::applicationStateChanged, this, [this] { held_.reset(); });
+}
+
+bool KeyRepeats::nativeEventFilter(const QByteArray&, void* message, qintptr*) {
+    const auto& event = *static_cast<const xcb_generic_event_t*>(message);
+    const auto kind = event.response_type & 0x7FU;
+    if (kind != XCB_KEY_PRESS && kind != XCB_KEY_RELEASE)
+        return false;
+    const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
+    if (kind == XCB_KEY_PRESS && held_.test(key.detail))
+        repeated_.emplace_back(key.detail, key.time);
+    held_.set(key.detail, kind == XCB_KEY_PRESS);
+    if (repeated_.size() > rememberedPresses)
+        repeated_.pop_front();
+    return false;
+}
+
+// A repeat goes on as what it is: as a copy that says so.
+bool KeyRepeats::eventFilter(QObject* receiver, QEvent* event) {
+    const bool isPress = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    if (!isPress || !event->spontaneous() || !receiver->isWindowType())
+        return false;
+    auto& key = static_cast<QKeyEvent&>(*event);
+    const Press press(key.nativeScanCode(), key.timestamp());
+    if (key.isAutoRepeat() || std::find(repeated_.begin(), repeated_.end(), press) == repeated_.end())
+        return false;
+    QKeyEvent repeat(key.type(), key.key(), key.modifiers(), key.nativeScanCode(), key.nativeVirtualKey(),
+                     key.nativeModifiers(), key.text(), true, static_cast<quint16>(key.count()));
+    repeat.setTimestamp(key.timestamp());
+    repeat.setAccepted(key.isAccepted());
+    QCoreApplication::sendEvent(receiver, &repeat);
+    // Qt looks for a shortcut when nobody accepts this, and does not know that the key is held.
+    key.setAccepted(repeat.isAccepted() ||
+                    (key.type() == QEvent::ShortcutOverride && !isRepeatingShortcut(key)));
+    return true;
+}
+
+} // namespace desktop

@@ -1,0 +1,249 @@
+#include "desktop/services/qt_dialogs.h"
+
+#include "desktop/qt/conversions.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QIcon>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPointer>
+#include <QProgressDialog>
+#include <QTreeView>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+using platform::Answer;
+using platform::BoxStyle;
+
+constexpr std::string_view player = "Form1";
+constexpr int leastTextWidth = 200;    // pixels; with less the title bar has no room for its title
+constexpr qsizetype longestPath = 255; // units; a longer one cannot be returned
+
+QMessageBox::StandardButtons buttons(BoxStyle style) {
+    switch (style) {
+    case BoxStyle::YesNoExclamation:
+    case BoxStyle::YesNoInformation:
+        return QMessageBox::Yes | QMessageBox::No;
+    case BoxStyle::YesNoCancelExclamation:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case BoxStyle::Plain:
+    case BoxStyle::Critical:
+    case BoxStyle::Information:
+    case BoxStyle::Exclamation:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::Icon icon(BoxStyle style) {
+    switch (style) {
+    case BoxStyle::Plain:
+        return QMessageBox::NoIcon;
+    case BoxStyle::Critical:
+        return QMessageBox::Critical;
+    case BoxStyle::Information:
+    case BoxStyle::YesNoInformation:
+        return QMessageBox::Information;
+    case BoxStyle::Exclamation:
+    case BoxStyle::YesNoExclamation:
+    case BoxStyle::YesNoCancelExclamation:
+        break;
+    }
+    return QMessageBox::Warning;
+}
+
+Answer answer(int button) {
+    switch (button) {
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    case QMessageBox::Cancel:
+        return Answer::Cancel;
+    default:
+        return Answer::OK;
+    }
+}
+
+// The dialog's filters: "name (*.a *.b)" for each pair of a name and its patterns.
+QStringList nameFilters(const base::Text& filter) {
+    const QStringList fields = qstring(filter).split(QChar(u'\0'));
+    QStringList filters;
+    for (qsizetype i = 0; i + 1 < fields.size(); i += 2) {
+        QString patterns = fields[i + 1];
+        if (patterns.isEmpty())
+            continue;
+        patterns.replace(u';', u' ');
+        // On this platform "*.*" would leave out the names without a point.
+        if (patterns == QLatin1String("*.*"))
+            patterns = QStringLiteral("*");
+        filters << QStringLiteral("%1 (%2)").arg(fields[i], patterns);
+    }
+    return filters;
+}
+
+// What the engine plays of what people record and get; a desktop has no list of it. The language files may
+// bring words for its name.
+QString allMedia() {
+    static const QString kinds = QStringLiteral(
+        "3ga *.3gp *.aac *.ac3 *.aif *.aifc *.aiff *.amr *.ape *.asf *.au *.avi *.caf *.dss *.dts *.dv *.f4v "
+        "*.flac *.flv *.m2ts *.m4a *.m4b *.m4v *.mka *.mkv *.mov *.mp2 *.mp3 *.mp4 *.mpa *.mpeg *.mpg *.mts "
+        "*.mxf *.oga *.ogg *.ogv *.opus *.ra *.rm *.spx *.ts *.tta *.vob *.wav *.webm *.wma *.wmv *.wv");
+    return QStringLiteral("%1 (*.%2)").arg(QCoreApplication::translate("FileDlg", "All media"), kinds);
+}
+
+// Qt's own widths are those of English words.
+void fitColumns(const QFileDialog& dialog) {
+    auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
+    if (!details)
+        return;
+    QHeaderView& header = *details->header();
+    header.setResizeContentsPrecision(0); // what is in sight: a folder may hold thousands
+    for (int column = 1; column < header.count(); ++column)
+        header.setSectionResizeMode(column, QHeaderView::ResizeToContents);
+    header.setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
+// Names without a point get the extension, but for a file to open that is there by the name as it is typed.
+void completeNames(QFileDialog& dialog, const QString& extension) {
+    dialog.setDefaultSuffix(extension);
+    const auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (!name || dialog.acceptMode() == QFileDialog::AcceptSave)
+        return;
+    QObject::connect(name, &QLineEdit::textChanged, &dialog, [&dialog, extension](const QString& typed) {
+        const bool there = QFileInfo(dialog.directory(), typed).isFile();
+        dialog.setDefaultSuffix(there ? QString() : extension);
+    });
+}
+
+QString boxText(base::TextView text) {
+    QString lines = qstring(text);
+    return lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
+}
+
+class ProgressWindow final : public platform::Progress {
+public:
+    ProgressWindow(const QString& text, const QString& title, std::function<void()> cancelled, QWidget* owner)
+        : window_(new QProgressDialog(owner)) {
+        window_->setObjectName(QStringLiteral("progress"));
+        window_->setWindowTitle(title);
+        auto* const label = new QLabel(text);
+        label->setTextFormat(Qt::PlainText);
+        window_->setLabel(label);
+        window_->setRange(0, steps);
+        window_->setAutoReset(false);
+        window_->setWindowFlag(Qt::WindowStaysOnTopHint);
+        // Who types goes on typing.
+        window_->setAttribute(Qt::WA_ShowWithoutActivating);
+        QObject::connect(window_, &QProgressDialog::canceled, window_, std::move(cancelled));
+        window_->show();
+    }
+    // Later: its own button may be what takes it away. Its owner may have done so before.
+    ~ProgressWindow() override {
+        if (!window_)
+            return;
+        window_->disconnect();
+        window_->hide();
+        window_->deleteLater();
+    }
+
+    void setShare(double share) override {
+        if (window_)
+            window_->setValue(static_cast<int>(share * steps));
+    }
+
+private:
+    static constexpr int steps = 1000;
+
+    const QPointer<QProgressDialog> window_;
+};
+
+} // namespace
+
+Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
+    QMessageBox box(QApplication::activeWindow());
+    box.setObjectName(QStringLiteral("messageBox"));
+    // One of a program that has no window, or none in front, has nobody to take its picture from.
+    if (!box.parentWidget())
+        box.setWindowIcon(QIcon(QApplication::applicationDirPath() + QStringLiteral("/Files/quillmere.ico")));
+    box.setIcon(icon(style));
+    box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(boxText(text));
+    box.setStandardButtons(buttons(style));
+    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->setColumnMinimumWidth(grid->columnCount() - 1, leastTextWidth);
+    // The player stays on top of all windows, and a box behind it would look like a hang.
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    return answer(box.exec());
+}
+
+std::unique_ptr<platform::Progress> QtDialogs::showProgress(base::TextView text, base::TextView title,
+                                                            std::function<void()> cancelled) {
+    return std::make_unique<ProgressWindow>(boxText(text), qstring(title), std::move(cancelled),
+                                            window(player));
+}
+
+std::optional<std::uint32_t> QtDialogs::ShowColor(std::string_view owner, std::uint32_t start) {
+    // Each dialog begins with none defined, and takes those that it got along.
+    for (int i = 0; i < QColorDialog::customCount(); ++i)
+        QColorDialog::setCustomColor(i, Qt::white);
+    QColorDialog dialog(QColor(QRgb(start)), window(owner));
+    dialog.setObjectName(QStringLiteral("ShowColor"));
+    dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    if (dialog.exec() != QDialog::Accepted)
+        return std::nullopt;
+    return dialog.currentColor().rgb() & RGB_MASK;
+}
+
+base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
+    // A folder that has gone would open the dialog anywhere.
+    const QString initial = qstring(request.initialFolder);
+    const bool there = !initial.isEmpty() && QFileInfo(initial).isDir();
+    QFileDialog dialog(window(request.owner), qstring(request.title), there ? initial : QDir::currentPath());
+    dialog.setObjectName(QStringLiteral("FileDlg"));
+    dialog.setAcceptMode(request.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
+    dialog.setFileMode(request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    // The box of filters shows their names alone: dozens of patterns would be cut off in it. The option
+    // counts for what is set after it.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(nameFilters(request.filter) +
+                          (request.allMedia ? QStringList(allMedia()) : QStringList()));
+    dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
+    completeNames(dialog, qstring(request.defaultExtension));
+    fitColumns(dialog);
+    if (!request.fileName.empty())
+        dialog.selectFile(qstring(request.fileName));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return {};
+    QString chosen = dialog.selectedFiles().constFirst();
+    if (const QString extension = u'.' + qstring(request.defaultExtension);
+        request.extensionAlways && !chosen.endsWith(extension, Qt::CaseInsensitive))
+        chosen += extension;
+    if (chosen.size() > longestPath)
+        return {};
+    QDir::setCurrent(QFileInfo(chosen).absolutePath());
+    return text(chosen);
+}
+
+QWidget* QtDialogs::window(std::string_view name) {
+    const QString wanted = qstring(name);
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->objectName() == wanted)
+            return widget;
+    }
+    return nullptr;
+}
+
+} // namespace desktop

@@ -1,0 +1,70 @@
+#include "desktop/services/qt_shell.h"
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/notice.h"
+
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QUrl>
+#include <algorithm>
+#include <vector>
+
+namespace desktop {
+
+namespace {
+
+struct Panel {
+    const char* program;
+    QStringList arguments;
+    const char* desktop = nullptr; // whose own settings these are; the others are good anywhere
+};
+
+// Those that somebody installed for their own sake, then those of this desktop, then those of another: of
+// some it takes no more than the program to be there.
+std::vector<Panel> soundPanels() {
+    const QStringList sound = {QStringLiteral("sound")};
+    const QStringList kde = {QStringLiteral("kcm_pulseaudio")};
+    std::vector<Panel> panels = {
+        {"pwvucontrol", {}},
+        {"pavucontrol", {}},
+        {"pavucontrol-qt", {}},
+        {"gnome-control-center", sound, "GNOME"},
+        {"cinnamon-settings", sound, "X-Cinnamon"},
+        {"mate-volume-control", {}, "MATE"},
+        {"systemsettings", kde, "KDE"},
+        {"systemsettings5", kde, "KDE"},
+        {"kcmshell6", kde, "KDE"},
+        {"kcmshell5", kde, "KDE"},
+    };
+    const QStringList desktops = qEnvironmentVariable("XDG_CURRENT_DESKTOP").split(u':');
+    std::stable_partition(panels.begin(), panels.end(), [&](const Panel& panel) {
+        return !panel.desktop || desktops.contains(QLatin1String(panel.desktop), Qt::CaseInsensitive);
+    });
+    return panels;
+}
+
+} // namespace
+
+void QtShell::open(base::TextView target) {
+    const QString name = qstring(target);
+    const bool isFile = name.startsWith(u'/');
+    if (isFile && !QFileInfo::exists(name))
+        notify("This file does not exist: %1", name);
+    else if (!QDesktopServices::openUrl(isFile ? QUrl::fromLocalFile(name) : QUrl(name)))
+        notify("No program was found that opens this: %1", name);
+}
+
+void QtShell::openSoundSettings() {
+    for (const Panel& panel : soundPanels()) {
+        const QString program = QStandardPaths::findExecutable(QString::fromLatin1(panel.program));
+        if (!program.isEmpty() && QProcess::startDetached(program, panel.arguments))
+            return;
+    }
+    notify("No sound settings were found on this system. One of these programs opens them: %1",
+           QStringLiteral("pwvucontrol, pavucontrol, gnome-control-center, cinnamon-settings, "
+                          "mate-volume-control, systemsettings"));
+}
+
+} // namespace desktop

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "base/code_page.h"
+#include "desktop/qt/event_stop.h"
+#include "platform/system.h"
+
+#include <optional>
+
+namespace desktop {
+
+// The system around the program: its folder, the user's locale, the one instance, the end of the process.
+class QtSystem : public platform::System {
+public:
+    QtSystem();
+    ~QtSystem() override;
+    QtSystem(const QtSystem&) = delete;
+    QtSystem& operator=(const QtSystem&) = delete;
+
+    base::Text programFolder() const override { return programFolder_; }
+    base::Text LeggiLocale(int setting) const override;
+    bool previousInstance() override;
+    void beep() override;
+    std::vector<base::Text> screenFonts() const override;
+    void endProcess() override;
+
+    // The page of the user's language.
+    static base::CodePage codePage();
+
+private:
+    base::Text programFolder_;
+    int place_ = -1;               // the socket whose name says that this program runs
+    std::optional<EventStop> end_; // from the end of the process on
+};
+
+} // namespace desktop

@@ -1,0 +1,45 @@
+#include "desktop/services/standard_words.h"
+
+#include "desktop/qt/conversions.h"
+
+#include <QFile>
+#include <string_view>
+
+namespace desktop {
+
+QString StandardWords::translate(const char* context, const char* sourceText, const char* disambiguation,
+                                 int n) const {
+    const QMutexLocker alone(&reading_);
+    if (shown_ != fileLingua_)
+        read(fileLingua_);
+    const auto own = ownWords_.constFind(QByteArray(sourceText));
+    if (own != ownWords_.cend())
+        return *own;
+    const QString word = catalogue_.translate(context, sourceText, disambiguation, n);
+    // The catalogues have the kinds of files where Qt asked for them before its version 6.
+    return word.isNull() && std::string_view(context) == "QAbstractFileIconProvider"
+               ? catalogue_.translate("QFileDialog", sourceText, disambiguation, n)
+               : word;
+}
+
+void StandardWords::read(const base::Text& name) const {
+    shown_ = name;
+    const base::Text stem = folder_.languages(name.substr(0, name.rfind(u'.')));
+    // One that cannot be loaded leaves none.
+    static_cast<void>(catalogue_.load(qstring(stem) + QStringLiteral(".qm")));
+    readOwnWords(stem + u".words");
+}
+
+void StandardWords::readOwnWords(base::TextView path) const {
+    ownWords_.clear();
+    QFile file(qstring(path));
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        return;
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        const auto tab = line.indexOf('\t');
+        if (tab > 0)
+            ownWords_.insert(line.left(tab), QString::fromUtf8(line.mid(tab + 1)));
+    }
+}
+
+} // namespace desktop

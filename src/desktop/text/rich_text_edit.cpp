@@ -1,0 +1,413 @@
+#include "desktop/text/rich_text_edit.h"
+
+#include "base/carry_on.h"
+#include "base/files.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/text/layout_limits.h"
+#include "desktop/text/load_document.h"
+#include "desktop/text/pages.h"
+#include "desktop/text/rtf_bridge.h"
+#include "desktop/clipboard/rtf_source.h"
+#include "desktop/text/selection_formats.h"
+#include "desktop/qt/keyboard_order.h"
+#include "desktop/text/text_search.h"
+#include "desktop/text/text_units.h"
+#include "desktop/qt/notice.h"
+#include "desktop/qt/print_device.h"
+#include "rtf/rtf_reader.h"
+#include "rtf/rtf_writer.h"
+
+#include <QGuiApplication>
+#include <QTextBlock>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+constexpr double smallestSize = 1;   // points
+constexpr double largestSize = 1638; // points
+
+// Shows the hourglass while a text goes in that takes longer than a blink.
+class Hourglass {
+public:
+    explicit Hourglass(std::size_t units) : shown_(units > longText) {
+        if (shown_)
+            QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    }
+    Hourglass(const Hourglass&) = delete;
+    Hourglass& operator=(const Hourglass&) = delete;
+    ~Hourglass() {
+        if (shown_)
+            QGuiApplication::restoreOverrideCursor();
+    }
+
+private:
+    static constexpr std::size_t longText = 4'000'000;
+
+    bool shown_;
+};
+
+void refuseIf(bool tooLarge) {
+    if (tooLarge)
+        throw base::Failure("The text is too large to be inserted");
+}
+
+base::Text withCrLf(const QString& text) {
+    return programText(text, static_cast<int>(text.count(QChar(documentParagraphEnd))));
+}
+
+// The end of the last paragraph, which a document counts too, is left out.
+QString textBetween(QTextDocument& document, int begin, int end) {
+    end = std::min(end, document.characterCount() - 1);
+    // A letter or two, which is what most changes are, cost less than a cursor.
+    constexpr int few = 4;
+    if (end - begin <= few) {
+        QString text;
+        for (int place = begin; place < end; ++place)
+            text += document.characterAt(place);
+        return text;
+    }
+    QTextCursor cursor(&document);
+    cursor.setPosition(begin);
+    cursor.setPosition(end, QTextCursor::KeepAnchor);
+    return cursor.selectedText();
+}
+
+// An empty paragraph at the end of a source is one only where it is ended.
+std::string withAllEnds(rtf::Document paragraphs) {
+    paragraphs.lastParagraphEnds = true;
+    return rtf::write(paragraphs);
+}
+
+} // namespace
+
+RichTextEdit::RichTextEdit(const base::CodePage& page, QWidget* parent) : QTextEdit(parent), page_(page) {
+    setFont(QFont(QStringLiteral("Arial"), 12));
+    setContextMenuPolicy(Qt::PreventContextMenu);
+    exchangeDocument(std::make_unique<EditorDocument>(font()));
+}
+
+RichTextEdit::~RichTextEdit() {
+    document_->disconnect(this);
+}
+
+// Built apart and then set: a document that is watched while it grows costs many times as much.
+void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
+    EditorDocument* const before = document_;
+    document_ = document.release();
+    document_->setParent(this);
+    layout_ = new EditorLayout(*document_);
+    document_->setDocumentLayout(layout_);
+    connect(document_, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
+        // Of edits that are done together each has told of itself.
+        paragraphs_.note(*document_, position, added);
+        if (!ahead_)
+            noteChange(position, removed, added);
+        Edited();
+    });
+    setDocument(document_);
+    // Qt would go on typing in the format of the old text.
+    setTextCursor(QTextCursor(document_));
+    delete before;
+    stretch_.noteAll(*document_);
+    paragraphs_.noteAll();
+    Edited();
+}
+
+void RichTextEdit::noteChange(int position, int removed, int added) {
+    if (removed == added && sameLength_ == SameLength::Format)
+        return;
+    stretch_.note(*document_, position, removed, added);
+    changed_ = true;
+    putMeasuringOff();
+    if (editing_ == 0)
+        edit(SameLength::Format, [] {});
+}
+
+base::Text RichTextEdit::Text() const {
+    return programText(document_->toRawText(), document_->blockCount() - 1);
+}
+
+void RichTextEdit::setText(base::TextView text) {
+    edit(SameLength::Format, [&] {
+        exchangeDocument(documentOfText(text, font()));
+        changed_ = true;
+    });
+}
+
+std::int32_t RichTextEdit::textLength() const {
+    return programLength(*document_);
+}
+
+platform::TextChange RichTextEdit::takeChange() {
+    const ChangedStretch::Both stretch = stretch_.take();
+    const int begin = stretch.document.begin;
+    return {stretch.program.begin, stretch.program.removed,
+            withCrLf(textBetween(*document_, begin, begin + stretch.document.added))};
+}
+
+std::int32_t RichTextEdit::SelStart() const {
+    return programPosition(*document_, caret().selectionStart());
+}
+
+void RichTextEdit::setSelStart(std::int32_t position) {
+    QTextCursor cursor = caret();
+    cursor.setPosition(documentPosition(*document_, position));
+    setCaret(cursor);
+}
+
+std::int32_t RichTextEdit::SelLength() const {
+    const QTextCursor cursor = caret();
+    return programPosition(*document_, cursor.selectionEnd()) -
+           programPosition(*document_, cursor.selectionStart());
+}
+
+void RichTextEdit::setSelLength(std::int32_t length) {
+    QTextCursor cursor = caret();
+    const int start = cursor.selectionStart();
+    const std::int64_t end = programPosition(*document_, start) + std::int64_t{std::max(length, 0)};
+    cursor.setPosition(start);
+    cursor.setPosition(documentPosition(*document_, end), QTextCursor::KeepAnchor);
+    setCaret(cursor);
+}
+
+void RichTextEdit::setCaret(const QTextCursor& cursor) {
+    if (ahead_)
+        ahead_ = cursor;
+    else
+        setTextCursor(cursor);
+}
+
+TextRange RichTextEdit::selectedRange() const {
+    const QTextCursor cursor = caret();
+    return {cursor.selectionStart(), cursor.selectionEnd()};
+}
+
+base::Text RichTextEdit::SelText() const {
+    return withCrLf(caret().selectedText());
+}
+
+void RichTextEdit::setSelText(base::TextView text) {
+    edit(sameLengthNow(), [&] { replaceSelection(text); });
+}
+
+void RichTextEdit::replaceSelection(base::TextView text) {
+    replaceSelection([&](QTextCursor& cursor) { cursor.insertText(documentText(text)); });
+}
+
+void RichTextEdit::replaceSelection(const std::function<void(QTextCursor&)>& insert) {
+    QTextCursor cursor = caret();
+    const int before = document_->characterCount();
+    const int start = cursor.selectionStart();
+    const int removed = cursor.selectionEnd() - start;
+    insert(cursor);
+    if (const int added = document_->characterCount() - before + removed; ahead_ && removed + added > 0)
+        noteChange(start, removed, added);
+    setCaret(cursor);
+}
+
+base::Text RichTextEdit::SelRTF() const {
+    const std::string source = rtf::write(rtfOf(*document_, selectedRange()));
+    return {source.begin(), source.end()};
+}
+
+void RichTextEdit::setSelRTF(base::TextView source) {
+    const Hourglass untilDone(source.size());
+    edit(sameLengthNow(), [&] {
+        if (isRtfSource(source)) {
+            insertSource(rtf::read(rtfBytes(source)));
+            return;
+        }
+        refuseIf(cannotBeLaidOut(source));
+        replaceSelection(source);
+    });
+}
+
+void RichTextEdit::insertSource(const rtf::Document& source) {
+    refuseIf(cannotBeLaidOut(source));
+    replaceSelection([&](QTextCursor& cursor) { insertRtf(cursor, *document_, source); });
+}
+
+void RichTextEdit::setSelFontName(base::TextView name) {
+    QTextCharFormat format;
+    nameFont(format, qstring(name));
+    format.setProperty(Charset, 0);
+    mergeCurrentCharFormat(format);
+}
+
+std::optional<double> RichTextEdit::SelFontSize() const {
+    return letterSize(textCursor());
+}
+
+void RichTextEdit::setSelFontSize(double points) {
+    if (!(points >= smallestSize && points <= largestSize))
+        throw base::Failure("a font has from 1 to 1638 points");
+    QTextCharFormat format;
+    format.setFontPointSize(std::round(points * 2) / 2);
+    mergeCurrentCharFormat(format);
+}
+
+void RichTextEdit::setSelColor(std::uint32_t color) {
+    QTextCharFormat format;
+    format.setForeground(QColor(color));
+    mergeCurrentCharFormat(format);
+}
+
+platform::Setting RichTextEdit::SelBold() const {
+    return letterStyle(textCursor(), LetterStyle::Bold);
+}
+
+void RichTextEdit::setSelBold(bool on) {
+    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Bold, on));
+}
+
+platform::Setting RichTextEdit::SelItalic() const {
+    return letterStyle(textCursor(), LetterStyle::Italic);
+}
+
+void RichTextEdit::setSelItalic(bool on) {
+    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Italic, on));
+}
+
+platform::Setting RichTextEdit::SelUnderline() const {
+    return letterStyle(textCursor(), LetterStyle::Underline);
+}
+
+void RichTextEdit::setSelUnderline(bool on) {
+    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Underline, on));
+}
+
+platform::Setting RichTextEdit::SelStrikeThru() const {
+    return letterStyle(textCursor(), LetterStyle::StrikeThru);
+}
+
+void RichTextEdit::setSelStrikeThru(bool on) {
+    mergeCurrentCharFormat(withLetterStyle(LetterStyle::StrikeThru, on));
+}
+
+platform::Setting RichTextEdit::SelBullet() const {
+    return bullets(textCursor());
+}
+
+void RichTextEdit::setSelBullet(bool on) {
+    setBullets(textCursor(), on);
+}
+
+void RichTextEdit::setSelAlignment(platform::ParagraphAlignment alignment) {
+    using platform::ParagraphAlignment;
+    desktop::setAlignment(textCursor(), alignment == ParagraphAlignment::Right    ? Qt::AlignRight
+                                        : alignment == ParagraphAlignment::Centre ? Qt::AlignHCenter
+                                                                                  : Qt::AlignLeft);
+}
+
+void RichTextEdit::LoadFile(base::TextView path) {
+    auto document = loadDocument(path, page_, font());
+    edit(SameLength::Format, [&] {
+        exchangeDocument(std::move(document));
+        changed_ = true;
+    });
+}
+
+void RichTextEdit::SaveFile(base::TextView path) {
+    base::replaceFile(path, source());
+}
+
+std::string RichTextEdit::source() const {
+    return rtf::write(rtfOf(*document_));
+}
+
+void RichTextEdit::setSource(std::string_view source) {
+    auto document = documentOfRtf(rtf::read(source), font());
+    edit(SameLength::Format, [&] {
+        exchangeDocument(std::move(document));
+        changed_ = true;
+    });
+}
+
+std::optional<platform::ParagraphChange> RichTextEdit::takeParagraphs() {
+    if (!paragraphs_.changed())
+        return std::nullopt;
+    // Behind a page break inside of a paragraph Qt's count is no longer that of RTF.
+    if (document_->hasPageBreaks())
+        return platform::ParagraphChange{0, 0, takeAllParagraphs(), true};
+    const ChangedParagraphs::Range range = paragraphs_.take(*document_);
+    if (range.whole)
+        return platform::ParagraphChange{0, 0, takeAllParagraphs(), true};
+    platform::ParagraphChange change{
+        static_cast<std::uint32_t>(range.first), static_cast<std::uint32_t>(range.removed), {}, false};
+    if (range.inserted > 0) {
+        const QTextBlock behind = document_->findBlockByNumber(range.first + range.inserted);
+        const int begin = document_->findBlockByNumber(range.first).position();
+        const int end = behind.isValid() ? behind.position() : document_->characterCount();
+        change.source = withAllEnds(rtfOf(*document_, {begin, end}));
+    }
+    return change;
+}
+
+std::string RichTextEdit::takeAllParagraphs() {
+    paragraphs_.take(*document_);
+    return withAllEnds(rtfOf(*document_));
+}
+
+void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {
+    if (document_->isEmpty())
+        return;
+    const TextRange range = selectedRange();
+    const bool all = range.begin == range.end;
+    const auto pages = documentOfRtf(all ? rtfOf(*document_) : rtfOf(*document_, range), font());
+    auto& device = static_cast<QtPrintDevice&>(hDC);
+    printPages(*pages, device.paper());
+    try {
+        device.finish();
+    } catch (const base::Failure& failure) {
+        // The rooms pass over it, and a file does not show that it is missing, as paper does.
+        notify("This file could not be written: %1", QString::fromUtf8(failure.what()));
+        throw;
+    }
+}
+
+std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t> start, int options) {
+    const int from = start ? documentPosition(*document_, *start) : caret().selectionStart();
+    const auto hit = findText(*document_, text, from,
+                              {.wholeWords = (options & platform::findWholeWord) != 0,
+                               .matchCase = (options & platform::findMatchCase) != 0});
+    if (!hit)
+        return -1;
+    if ((options & platform::findNoHighlight) == 0) {
+        QTextCursor cursor = caret();
+        cursor.setPosition(hit->begin);
+        cursor.setPosition(hit->end, QTextCursor::KeepAnchor);
+        setCaret(cursor);
+    }
+    return programPosition(*document_, hit->begin);
+}
+
+void RichTextEdit::together(const std::function<void()>& edits) {
+    if (ahead_)
+        return edits();
+    // Laid out anew for each one, a long text would take seconds.
+    struct Block {
+        explicit Block(RichTextEdit& control) : rtb(control), cursor(control.textCursor()) {
+            rtb.ahead_ = cursor;
+            cursor.beginEditBlock();
+        }
+        ~Block() {
+            cursor.endEditBlock();
+            rtb.setTextCursor(*std::exchange(rtb.ahead_, std::nullopt));
+        }
+        RichTextEdit& rtb;
+        QTextCursor cursor;
+    };
+    const Block block(*this);
+    edits();
+}
+
+void RichTextEdit::SetFocus() {
+    giveKeyboard(*window());
+    setFocus(Qt::OtherFocusReason);
+}
+
+} // namespace desktop

@@ -1,0 +1,147 @@
+#include "desktop/text/selection_formats.h"
+
+#include "desktop/text/editor_document.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextList>
+#include <algorithm>
+
+namespace desktop {
+
+namespace {
+
+using platform::Setting;
+
+bool hasStyle(const QTextCharFormat& format, LetterStyle style) {
+    switch (style) {
+    case LetterStyle::Bold:
+        return format.fontWeight() >= QFont::DemiBold;
+    case LetterStyle::Italic:
+        return format.fontItalic();
+    case LetterStyle::Underline:
+        return format.fontUnderline();
+    case LetterStyle::StrikeThru:
+        break;
+    }
+    return format.fontStrikeOut();
+}
+
+// The value that all letters of the selection share, looking no further than the second value. A selection
+// without a letter has the value of its place.
+template <typename Value>
+std::optional<Value> shared(const QTextCursor& selection, auto valueOf) {
+    if (!selection.hasSelection())
+        return valueOf(selection.charFormat());
+    std::optional<Value> found;
+    const int end = selection.selectionEnd();
+    for (QTextBlock block = selection.document()->findBlock(selection.selectionStart());
+         block.isValid() && block.position() < end; block = block.next()) {
+        for (auto piece = block.begin(); !piece.atEnd(); ++piece) {
+            const QTextFragment letters = piece.fragment();
+            if (letters.position() >= end)
+                break;
+            if (letters.position() + letters.length() <= selection.selectionStart())
+                continue;
+            const Value value = valueOf(letters.charFormat());
+            if (found && *found != value)
+                return std::nullopt;
+            found = value;
+        }
+    }
+    if (found)
+        return found;
+    QTextCursor place = selection;
+    place.setPosition(selection.selectionStart());
+    return valueOf(place.charFormat());
+}
+
+Setting setting(std::optional<bool> value) {
+    return !value ? Setting::Mixed : *value ? Setting::On : Setting::Off;
+}
+
+// Calls for each paragraph of the selection; false from the call ends it.
+void forEachParagraph(const QTextCursor& selection, auto call) {
+    QTextBlock block = selection.document()->findBlock(selection.selectionStart());
+    const int end = std::max(selection.selectionEnd(), selection.selectionStart() + 1);
+    for (; block.isValid() && block.position() < end; block = block.next())
+        if (!call(block))
+            return;
+}
+
+} // namespace
+
+Setting letterStyle(const QTextCursor& selection, LetterStyle style) {
+    return setting(
+        shared<bool>(selection, [&](const QTextCharFormat& format) { return hasStyle(format, style); }));
+}
+
+QTextCharFormat withLetterStyle(LetterStyle style, bool on) {
+    QTextCharFormat format;
+    switch (style) {
+    case LetterStyle::Bold:
+        format.setFontWeight(on ? QFont::Bold : QFont::Normal);
+        break;
+    case LetterStyle::Italic:
+        format.setFontItalic(on);
+        break;
+    case LetterStyle::Underline:
+        format.setFontUnderline(on);
+        break;
+    case LetterStyle::StrikeThru:
+        format.setFontStrikeOut(on);
+        break;
+    }
+    return format;
+}
+
+std::optional<double> letterSize(const QTextCursor& selection) {
+    const double usual = selection.document()->defaultFont().pointSizeF();
+    return shared<double>(selection, [&](const QTextCharFormat& format) {
+        return format.fontPointSize() > 0 ? format.fontPointSize() : usual;
+    });
+}
+
+Setting bullets(const QTextCursor& selection) {
+    std::optional<bool> found;
+    bool mixed = false;
+    forEachParagraph(selection, [&](const QTextBlock& block) {
+        const bool bullet = block.textList() != nullptr;
+        mixed = found && *found != bullet;
+        found = bullet;
+        return !mixed;
+    });
+    return mixed ? Setting::Mixed : setting(found);
+}
+
+void setBullets(const QTextCursor& selection, bool on) {
+    QTextCursor whole = selection;
+    whole.beginEditBlock();
+    BulletLists lists;
+    forEachParagraph(selection, [&](const QTextBlock& block) {
+        if ((block.textList() != nullptr) == on)
+            return true;
+        QTextCursor paragraph(block);
+        QTextBlockFormat format = block.blockFormat();
+        if (on) {
+            giveBullet(format, lists.forParagraph(paragraph));
+            if (format.leftMargin() == 0) {
+                format.setLeftMargin(pixelsOfTwips(bulletIndent));
+                format.setProperty(FirstIndent, -bulletIndent);
+            }
+        } else {
+            takeBullet(format);
+        }
+        paragraph.setBlockFormat(format);
+        return true;
+    });
+    whole.endEditBlock();
+}
+
+void setAlignment(QTextCursor selection, Qt::Alignment alignment) {
+    QTextBlockFormat format;
+    format.setAlignment(alignment);
+    selection.mergeBlockFormat(format);
+}
+
+} // namespace desktop

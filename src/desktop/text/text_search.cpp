@@ -1,0 +1,169 @@
+#include "desktop/text/text_search.h"
+
+#include <QTextBlock>
+#include <QTextBoundaryFinder>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <algorithm>
+#include <array>
+
+namespace desktop {
+
+namespace {
+
+// What units stand for when the case of letters does not count.
+class FoldedUnits {
+public:
+    FoldedUnits() {
+        for (std::size_t unit = 0; unit < units_.size(); ++unit)
+            units_[unit] = static_cast<char16_t>(QChar::toCaseFolded(static_cast<char32_t>(unit)));
+    }
+
+    void fold(QChar* begin, QChar* end) const {
+        bool pairs = false;
+        for (QChar* unit = begin; unit < end; ++unit) {
+            pairs = pairs || unit->isHighSurrogate();
+            *unit = QChar(units_[unit->unicode()]);
+        }
+        if (pairs)
+            foldPairs(begin, end);
+    }
+
+private:
+    static void foldPairs(QChar* unit, QChar* end) {
+        for (; unit + 1 < end; ++unit) {
+            if (!unit[0].isHighSurrogate() || !unit[1].isLowSurrogate())
+                continue;
+            const char32_t folded = QChar::toCaseFolded(QChar::surrogateToUcs4(unit[0], unit[1]));
+            *unit = QChar(QChar::highSurrogate(folded));
+            *++unit = QChar(QChar::lowSurrogate(folded));
+        }
+    }
+
+    std::array<char16_t, 0x10000> units_{};
+};
+
+// What a unit is for the rule of words, as far as its number alone tells.
+enum class WordPart { Letter, Blank, Unknown };
+
+WordPart wordPart(QChar unit) {
+    const char16_t code = unit.unicode();
+    const bool letter = (code >= u'a' && code <= u'z') || (code >= u'A' && code <= u'Z') ||
+                        (code >= u'0' && code <= u'9') || code == u'_';
+    return letter ? WordPart::Letter : code == u' ' ? WordPart::Blank : WordPart::Unknown;
+}
+
+// Tells where words begin and end, for places that come in order.
+class WordBoundaries {
+public:
+    explicit WordBoundaries(const QTextDocument& document) : document_(document) {}
+
+    // Whether a place of the document is one that lies between `before` and `behind`. The ends of a paragraph
+    // are boundaries, in an empty one too.
+    bool contain(int position, QChar before, QChar behind) {
+        // The rule in full reads the whole paragraph, which would be felt where every other word holds a hit.
+        const WordPart left = wordPart(before);
+        const WordPart right = wordPart(behind);
+        if (left == WordPart::Letter && right != WordPart::Unknown)
+            return right == WordPart::Blank;
+        if (left == WordPart::Blank && right == WordPart::Letter)
+            return true;
+        return isBoundary(position);
+    }
+
+private:
+    bool isBoundary(int position) {
+        if (!block_.isValid() || position < block_.position() ||
+            position >= block_.position() + block_.length()) {
+            block_ = document_.findBlock(position);
+            finder_ = QTextBoundaryFinder(QTextBoundaryFinder::Word, block_.text());
+        }
+        const int offset = position - block_.position();
+        finder_.setPosition(offset);
+        return offset == 0 || offset == block_.length() - 1 || finder_.isAtBoundary();
+    }
+
+    const QTextDocument& document_;
+    QTextBlock block_;
+    QTextBoundaryFinder finder_;
+};
+
+void fold(QString& text, qsizetype begin, qsizetype end) {
+    static const FoldedUnits units;
+    units.fold(text.data() + begin, text.data() + end);
+}
+
+// A stretch of the document, cut off at its end, in a time that does not grow with what lies around it.
+QString stretch(const QTextDocument& document, int begin, int length) {
+    const int last = document.characterCount() - 1;
+    QTextCursor cursor(document.findBlock(begin));
+    cursor.setPosition(begin);
+    cursor.setPosition(std::min(last, begin + std::min(length, last)), QTextCursor::KeepAnchor);
+    return cursor.selectedText();
+}
+
+// Looks for one text in the copies of a document's stretches.
+class Search {
+public:
+    Search(const QTextDocument& document, QString sought, SearchOptions options)
+        : sought_(std::move(sought)), options_(options), words_(document) {
+        if (!options_.matchCase)
+            fold(sought_, 0, sought_.size());
+    }
+
+    qsizetype length() const { return sought_.size(); }
+
+    // The first hit in `text`, which begins at place `origin` of the document, from its unit `from` on.
+    // Folded is only what lies in front of the hit.
+    std::optional<TextRange> run(QString& text, qsizetype from, qsizetype origin) {
+        constexpr qsizetype pieceLength = 32'768;
+        for (qsizetype begin = from, end = from; end < text.size(); begin = end - length() + 1) {
+            end = std::min(text.size(), begin + length() + pieceLength);
+            if (!options_.matchCase)
+                fold(text, begin, end);
+            const QStringView piece = QStringView(text).mid(begin, end - begin);
+            for (qsizetype at = piece.indexOf(sought_); at >= 0; at = piece.indexOf(sought_, at + 1)) {
+                const auto hit = static_cast<int>(origin + begin + at);
+                const TextRange range{hit, hit + static_cast<int>(length())};
+                if (!options_.wholeWords || isWhole(range, text, origin))
+                    return range;
+            }
+        }
+        return std::nullopt;
+    }
+
+private:
+    bool isWhole(TextRange range, const QString& text, qsizetype origin) {
+        const auto unit = [&](qsizetype at) { return at >= 0 && at < text.size() ? text[at] : QChar(); };
+        const auto isBoundary = [&](int place) {
+            const qsizetype at = place - origin;
+            return words_.contain(place, unit(at - 1), unit(at));
+        };
+        return isBoundary(range.begin) && isBoundary(range.end);
+    }
+
+    QString sought_;
+    SearchOptions options_;
+    WordBoundaries words_;
+};
+
+} // namespace
+
+std::optional<TextRange> findText(const QTextDocument& document, base::TextView wanted, int from,
+                                  SearchOptions options) {
+    Search search(document, documentText(wanted), options);
+    if (search.length() == 0)
+        return std::nullopt;
+    // One replacement after the other mostly finds the next hit near. A long way is quickest in one copy of
+    // the whole text: Qt takes ten times as long for its paragraphs one by one.
+    constexpr int nearby = 2048;
+    if (search.length() < nearby) {
+        QString text = stretch(document, from, nearby);
+        if (const auto hit = search.run(text, 0, from))
+            return hit;
+    }
+    QString text = document.toRawText();
+    return search.run(text, from, 0);
+}
+
+} // namespace desktop

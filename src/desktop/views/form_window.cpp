@@ -1,0 +1,310 @@
+#include "desktop/views/form_window.h"
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/key_codes.h"
+#include "desktop/qt/keyboard_order.h"
+#include "desktop/views/menus.h"
+#include "desktop/views/pictures.h"
+#include "desktop/qt/window_hints.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QEventLoop>
+#include <QMenu>
+#include <QMimeData>
+#include <QThread>
+#include <QTimer>
+#include <QWindow>
+#include <utility>
+
+namespace desktop {
+
+namespace {
+
+constexpr int largestIconAtStart = 64; // pixels, enough for title bars
+constexpr int frameAwaited = 50;       // ms between two looks at the frame of a window that is new
+constexpr int frameTries = 40;
+constexpr int frameSettles = 200; // ms
+constexpr auto heldState = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
+
+// The paths of the local files among what is dragged; web addresses and texts are none. Qt's own addresses
+// would lose the bytes of a name that is no UTF-8.
+std::vector<base::Text> localFiles(const QMimeData& dragged) {
+    std::vector<base::Text> paths;
+    for (const QByteArray& line : dragged.data(QStringLiteral("text/uri-list")).split('\n')) {
+        QByteArray path = line.trimmed();
+        if (!path.startsWith("file:"))
+            continue;
+        path.remove(0, 5);
+        if (path.startsWith("//")) // and a host, which is this one
+            path.remove(0, path.indexOf('/', 2));
+        if (path.startsWith('/'))
+            paths.push_back(base::fromUtf8(QByteArray::fromPercentEncoding(path).toStdString()));
+    }
+    return paths;
+}
+
+// What the frame of the last window of this kind added, a guess before the first.
+QSize& usualFrame(FormWindow::Size size) {
+    static QSize fixed(8, 30);
+    static QSize sizable(8, 30);
+    return size == FormWindow::Size::Fixed ? fixed : sizable;
+}
+
+} // namespace
+
+FormWindow::FormWindow(controls::Window& form, Size size, Qt::WindowFlags buttons)
+    : form_(form), size_(size), frame_(usualFrame(size)) {
+    setObjectName(qstring(form.name));
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   buttons);
+}
+
+void FormWindow::begin() {
+    form_.setFocus = [this] {
+        raise();
+        giveKeyboard(*this);
+    };
+    form_.showModal = [this] { showModal(); };
+    form_.PopupMenu = [this](const controls::MenuItem& item) {
+        if (auto* const menu = findChild<QMenu*>(qstring(item.name)))
+            menu->popup(QCursor::pos());
+    };
+    adjustSize();
+    form_.observe([this] { follow(); });
+    follow();
+    if (size_ == Size::Fixed)
+        reportPlace();
+}
+
+void FormWindow::completeIcon() {
+    setWindowIcon(QIcon(qstring(form_.icon)));
+}
+
+void FormWindow::follow() {
+    if (reporting_)
+        return;
+    setWindowTitle(qstring(form_.caption));
+    setAcceptDrops(form_.acceptsDrops);
+    followIcon();
+    followTopmost();
+    followPlace();
+    followVisibility();
+    if (form_.windowState == controls::WindowState::Minimised && !isMinimized())
+        setWindowState(windowState() | Qt::WindowMinimized);
+    else if (form_.windowState == controls::WindowState::Normal && isMinimized() && isVisible())
+        setWindowState(windowState() & ~Qt::WindowMinimized);
+    if (modal_ && !form_.visible)
+        modal_->quit();
+}
+
+void FormWindow::followVisibility() {
+    if (isHidden() != form_.visible)
+        return;
+    // Until the loop runs a window is not shown: the start may still move it, or take it away again, and a
+    // window manager that has not placed it yet gets the place wrong.
+    if (!form_.visible)
+        hide();
+    else if (QThread::currentThread()->loopLevel() == 0)
+        QMetaObject::invokeMethod(
+            this, [this] { showInPlace(); }, Qt::QueuedConnection);
+    else
+        showInPlace();
+}
+
+void FormWindow::showInPlace() {
+    if (!form_.visible)
+        return;
+    QWindow* const handle = windowHandle();
+    // A hidden window has lost its frame, and Qt takes a new place for that of the contents: the window would
+    // come back higher by its title bar.
+    const bool resized = size_ == Size::Sizable && size() != place_.size() - frame_;
+    if (handle && resized)
+        handle->destroy(); // one that is made anew stands right
+    else if (handle && form_.windowState == controls::WindowState::Normal)
+        beginUnminimised(*handle);
+    takeSize();
+    move(place_.topLeft());
+    if (handle && !resized)
+        handle->setFramePosition(place_.topLeft());
+    show();
+}
+
+void FormWindow::takeSize() {
+    if (size_ == Size::Sizable)
+        resize((place_.size() - frame_).expandedTo(QSize(1, 1)));
+}
+
+void FormWindow::followIcon() {
+    if (shownIcon_ == form_.icon.get())
+        return;
+    shownIcon_ = form_.icon;
+    setWindowIcon(loadIcon(shownIcon_, largestIconAtStart));
+}
+
+void FormWindow::followTopmost() {
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == form_.topmost)
+        return;
+    // Through the window's own handle: the widget's way of it would hide the window for a moment. The widget
+    // has to know all the same, for it is what tells whether there is something to change.
+    overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, form_.topmost));
+    if (QWindow* const handle = windowHandle())
+        handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
+}
+
+void FormWindow::followPlace() {
+    // Against what was asked for or reported last, not against where the window stands: while a window
+    // manager is about to place it, that is nowhere yet.
+    const QRect wanted(pixels(form_.left), pixels(form_.top), pixels(form_.width), pixels(form_.height));
+    const QRect before = std::exchange(place_, wanted);
+    if (wanted.topLeft() != before.topLeft())
+        move(wanted.topLeft());
+    if (wanted.size() != before.size() && isVisible())
+        takeSize();
+}
+
+void FormWindow::reportPlace() {
+    place_.moveTopLeft(frameGeometry().topLeft());
+    reporting_ = true;
+    form_.left = twips(place_.left());
+    form_.top = twips(place_.top());
+    reporting_ = false;
+    // A window that has just been shown has no frame yet.
+    if (const QSize told = frameGeometry().size() - size(); !told.isNull())
+        learnFrame(told);
+    else
+        reportSize();
+}
+
+void FormWindow::reportSize() {
+    if (correcting_)
+        return;
+    place_.setSize(size() + frame_);
+    reporting_ = true;
+    form_.width = twips(place_.width());
+    form_.height = twips(place_.height());
+    reporting_ = false;
+}
+
+void FormWindow::learnFrame(QSize told) {
+    const QSize more = told - std::exchange(frame_, told);
+    usualFrame(size_) = told;
+    const bool wrong = !std::exchange(frameKnown_, true) && !more.isNull();
+    if (wrong) {
+        // Not at once: what the window manager still has to tell of the new windows is about their first
+        // places, and would undo it.
+        correcting_ = size_ == Size::Sizable;
+        QTimer::singleShot(frameSettles, this, [this, more] { correctGuess(more); });
+    }
+    reportSize();
+}
+
+// The window was laid out for a frame that is smaller by this.
+void FormWindow::correctGuess(QSize more) {
+    correcting_ = false;
+    if (size_ == Size::Fixed)
+        form_.FrameKnown(twips(more.width()), twips(more.height()));
+    else if (form_.windowState == controls::WindowState::Normal)
+        takeSize();
+    else
+        reportSize();
+}
+
+// Some window managers tell of the frame behind the last event of the showing.
+void FormWindow::awaitFrame(int tries) {
+    QTimer::singleShot(frameAwaited, this, [this, tries] {
+        if (frameKnown_ || !isVisible())
+            return;
+        const QMargins frame = windowHandle()->frameMargins();
+        if (!frame.isNull())
+            learnFrame({frame.left() + frame.right(), frame.top() + frame.bottom()});
+        else if (tries > 1)
+            awaitFrame(tries - 1);
+    });
+}
+
+void FormWindow::reportState() {
+    reporting_ = true;
+    form_.windowState = isMinimized()    ? controls::WindowState::Minimised
+                        : isMaximized()  ? controls::WindowState::Maximised
+                        : isFullScreen() ? controls::WindowState::FullScreen
+                                         : controls::WindowState::Normal;
+    reporting_ = false;
+    form_.Resize();
+}
+
+void FormWindow::showModal() {
+    setWindowModality(Qt::ApplicationModal);
+    QEventLoop loop;
+    modal_ = &loop;
+    form_.visible = true;
+    loop.exec();
+    modal_ = nullptr;
+    setWindowModality(Qt::NonModal);
+}
+
+void FormWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange &&
+        (static_cast<const QWindowStateChangeEvent&>(*event).oldState() & heldState) !=
+            (windowState() & heldState))
+        reportState();
+    if (event->type() == QEvent::ActivationChange) {
+        form_.active = isActiveWindow();
+        form_.active ? form_.Activate() : form_.Deactivate();
+    }
+}
+
+void FormWindow::closeEvent(QCloseEvent* event) {
+    // The data says whether the window goes away.
+    event->ignore();
+    form_.Unload();
+}
+
+void FormWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!localFiles(*event->mimeData()).empty())
+        event->acceptProposedAction();
+}
+
+void FormWindow::dropEvent(QDropEvent* event) {
+    const std::vector<base::Text> paths = localFiles(*event->mimeData());
+    if (paths.empty())
+        return;
+    event->acceptProposedAction();
+    form_.Drop(paths);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+    // An Escape that is held when it has closed a box goes on here, where it would end the program.
+    if (!runShortcutByPlace(*this, *event) && !event->isAutoRepeat())
+        report(form_.KeyDown, *event);
+}
+
+void FormWindow::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat())
+        report(form_.KeyUp, *event);
+}
+
+void FormWindow::moveEvent(QMoveEvent* event) {
+    QWidget::moveEvent(event);
+    if (isVisible())
+        reportPlace();
+}
+
+void FormWindow::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (isVisible())
+        reportPlace();
+    if (size_ == Size::Sizable)
+        form_.Resize();
+}
+
+void FormWindow::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    reportPlace();
+    if (!frameKnown_)
+        awaitFrame(frameTries);
+}
+
+} // namespace desktop

@@ -1,0 +1,95 @@
+#include "desktop/views/menus.h"
+
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/key_codes.h"
+
+#include <QAction>
+#include <QKeySequence>
+#include <QMenu>
+#include <QPainter>
+
+namespace desktop {
+
+namespace {
+
+constexpr base::TextView separatorCaption = u"-";
+constexpr qsizetype longestCaption = 90; // characters; a longer one, a path, is shown without its middle
+
+QString shown(const base::Text& caption) {
+    QString whole = qstring(base::TextView(caption));
+    if (whole.size() <= longestCaption)
+        return whole;
+    return whole.left(longestCaption / 2) + QChar(0x2026) + whole.right(longestCaption / 2);
+}
+
+void follow(QAction& action, const controls::MenuItem& item) {
+    // Qt would write the text of a separator beside its line.
+    if (!action.isSeparator())
+        action.setText(shown(item.caption));
+    action.setEnabled(item.offered());
+    action.setVisible(item.visible);
+    // A mark appears only where there is one: the program tells no other way which items can carry it.
+    if (item.checked)
+        action.setCheckable(true);
+    action.setChecked(item.checked);
+}
+
+void addItem(QWidget& menu, controls::MenuItem& item) {
+    auto* const action = new QAction(&menu);
+    action->setObjectName(qstring(item.name));
+    action->setSeparator(item.caption.get() == separatorCaption);
+    action->setShortcut(QKeySequence::fromString(qstring(item.shortcut)));
+    action->setAutoRepeat(item.repeats);
+    // The command of the program sets the mark, if it does at all; Qt's own toggle must not run ahead of it.
+    QObject::connect(action, &QAction::triggered, action, [action, &item] {
+        if (item.offered())
+            item.Click();
+        action->setChecked(item.checked);
+    });
+    item.observe([action, &item] { follow(*action, item); });
+    follow(*action, item);
+    menu.addAction(action);
+}
+
+} // namespace
+
+MenuBar::MenuBar(const std::vector<controls::MenuItem*>& menus, QWidget* parent) : QMenuBar(parent) {
+    for (controls::MenuItem* const item : menus) {
+        if (item->items.empty()) {
+            addItem(*this, *item);
+            continue;
+        }
+        auto* const menu = new QMenu(this);
+        menu->setObjectName(qstring(item->name));
+        menu->setSeparatorsCollapsible(false);
+        for (controls::MenuItem* const inner : item->items)
+            addItem(*menu, *inner);
+        item->observe([menu, item] { follow(*menu->menuAction(), *item); });
+        follow(*menu->menuAction(), *item);
+        addMenu(menu);
+    }
+}
+
+void MenuBar::paintEvent(QPaintEvent* event) {
+    // The style would draw the line item by item, with gaps on fine screens.
+    QMenuBar::paintEvent(event);
+    QPainter painter(this);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(0xE3, 0xE8, 0xEB));
+}
+
+bool runShortcutByPlace(const QWidget& window, const QKeyEvent& event) {
+    const int key = latinKey(event);
+    if (key == event.key())
+        return false;
+    const QKeySequence shortcut(event.modifiers() | Qt::Key(key));
+    for (QAction* const action : window.findChildren<QAction*>() + window.actions()) {
+        if (action->shortcut() != shortcut)
+            continue;
+        if (action->autoRepeat() || !event.isAutoRepeat())
+            action->trigger();
+        return true;
+    }
+    return false;
+}
+
+} // namespace desktop

@@ -1,0 +1,107 @@
+#include "desktop/windows/credits_view.h"
+
+#include "desktop/qt/conversions.h"
+#include "desktop/views/pictures.h"
+
+#include <QPainter>
+
+namespace desktop {
+
+namespace {
+
+const QColor rim(0xBC, 0xD9, 0xDC);
+const QColor ink(0x1F, 0x2A, 0x44);
+const QColor slate(0x3B, 0x48, 0x62);
+const QColor teal(0x0E, 0x7C, 0x86);
+
+// The lines of the panel's picture that are free for the credits, in pixels.
+constexpr int firstLine = 80;
+constexpr int lastLine = 224;
+constexpr int tallestLine = 18;
+constexpr int letterSize = 11;
+constexpr int frame = 16; // ms: no screen shows the ticks in between
+// Where each column begins; the last one ends at the same distance from the edge as the first begins.
+constexpr int nameColumn = 34;
+constexpr int versionColumn = 166;
+constexpr int licenceColumn = 226;
+
+} // namespace
+
+CreditsView::CreditsView(outside::FrmInformazioni& form, QWidget* parent)
+    : ControlView(form.Picture1, parent), form_(form), shownTop_(panelTop()) {
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    nextFrame_.setSingleShot(true);
+    nextFrame_.setInterval(frame);
+    connect(&nextFrame_, &QTimer::timeout, this, [this] { update(); });
+    form.Picture2.observe([this] { followPanel(); });
+}
+
+void CreditsView::followPanel() {
+    if (shownTop_ != panelTop() && !nextFrame_.isActive())
+        nextFrame_.start();
+}
+
+int CreditsView::panelTop() const {
+    return static_cast<int>(std::lround(form_.Picture2.top / twipsPerPixel * devicePixelRatioF()));
+}
+
+QPixmap CreditsView::drawPanel() const {
+    const double density = devicePixelRatioF();
+    const QSize size(pixels(form_.Picture2.width), pixels(form_.Picture2.height));
+    QPixmap panel(size * density);
+    panel.setDevicePixelRatio(density);
+    panel.fill(Qt::white);
+    QPainter painter(&panel);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter.drawPixmap(QRect(QPoint(0, 0), size), loadPicture(form_.Picture2.picture.get(), density));
+
+    QFont plain(QStringLiteral("Arial"));
+    plain.setPixelSize(letterSize);
+    QFont bold = plain;
+    bold.setBold(true);
+    const int lines = std::max(1, static_cast<int>(form_.credits.size()));
+    const int height = std::min(tallestLine, (lastLine - firstLine) / lines);
+    int top = (firstLine + lastLine - lines * height) / 2;
+    for (const outside::Library& library : form_.credits) {
+        const auto write = [&](int from, int to, const QFont& font, const QColor& color,
+                               const base::Text& words) {
+            painter.setFont(font);
+            painter.setPen(color);
+            painter.drawText(QRect(from, top, to - from, height), Qt::AlignLeft | Qt::AlignVCenter,
+                             qstring(words));
+        };
+        write(nameColumn, versionColumn, bold, ink, library.name);
+        write(versionColumn, licenceColumn, plain, teal, library.version);
+        write(licenceColumn, size.width(), plain, slate, library.licence);
+        top += height;
+    }
+    return panel;
+}
+
+void CreditsView::paintEvent(QPaintEvent*) {
+    const double density = devicePixelRatioF();
+    if (panel_.isNull() || panelDensity_ != density) {
+        panel_ = drawPanel();
+        panel_.setDevicePixelRatio(1);
+        panelDensity_ = density;
+    }
+    shownTop_ = panelTop();
+    // In pixels of the screen, so that the panel is copied and not drawn at a scale, and no pixel is painted
+    // twice: while it scrolls it is painted at every frame.
+    QPainter painter(this);
+    painter.setWorldTransform(QTransform::fromScale(1 / density, 1 / density));
+    const QRect whole(QPoint(0, 0), size() * density);
+    const int edge = static_cast<int>(std::lround(density));
+    const QRect inside = whole.adjusted(edge, edge, -edge, -edge);
+    const QRect panel(QPoint(static_cast<int>(std::lround(pixels(form_.Picture2.left) * density)), shownTop_),
+                      panel_.size());
+    const QRect seen = panel & inside;
+    for (const QRect& part : QRegion(whole) - inside)
+        painter.fillRect(part, rim);
+    for (const QRect& part : QRegion(inside) - seen)
+        painter.fillRect(part, Qt::white);
+    painter.drawPixmap(seen.topLeft(), panel_, seen.translated(-panel.topLeft()));
+}
+
+} // namespace desktop

@@ -1,0 +1,146 @@
+#include "desktop/windows/form2_window.h"
+
+#include "desktop/views/control_views.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/text/rich_text_edit.h"
+#include "desktop/views/input_views.h"
+#include "desktop/views/menus.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace desktop {
+
+namespace {
+
+const QColor ruleColor(0xC8, 0xCE, 0xD4);
+const QColor hoverColor(0x80, 0x80, 0x80);
+constexpr double corner = 4; // pixels
+
+// The rule under the buttons.
+class RuleView : public ControlView {
+public:
+    using ControlView::ControlView;
+
+protected:
+    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), ruleColor); }
+};
+
+// The mark of the button under the mouse: an outline that lets the mouse through.
+class MarkView : public ControlView {
+public:
+    MarkView(controls::Control& control, QWidget* parent) : ControlView(control, parent) {
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+
+protected:
+    void follow() override {
+        ControlView::follow();
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+    }
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(hoverColor);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
+    }
+};
+
+// The sheet that the text lies on.
+class SheetView : public ControlView {
+public:
+    using ControlView::ControlView;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), ruleColor);
+        painter.fillRect(rect().adjusted(1, 1, -1, -1), Qt::white);
+    }
+};
+
+// The inside of the window, with all controls on it; it reports the mouse beside them.
+class EditorSurface : public QWidget {
+public:
+    EditorSurface(editor::Form2& form, QWidget* parent) : QWidget(parent), form_(form) {
+        setObjectName(QStringLiteral("surface"));
+        setMouseTracking(true);
+        // A window that is cut at the end of the screen can still be taken hold of.
+        setMinimumSize(leastWidth, leastHeight);
+        // Qt's parent owns them all; the one added last lies on top.
+        new PictureView(form.Image1, this);
+        new RuleView(form.Line1, this);
+        new SheetView(form.Label1, this);
+        for (controls::Label& letter : form.Label3)
+            new LabelView(letter, this);
+        new MarkView(form.Shape1, this);
+        for (controls::Control& button : form.Label2)
+            new ControlView(button, this);
+        addView(form.Combo1, *this)->setMaxVisibleItems(listLength);
+        addView(form.Combo2, *this)->setMaxVisibleItems(listLength);
+    }
+
+    QSize sizeHint() const override {
+        return {pixels(editor::Form2::clientWidth), pixels(editor::Form2::clientHeight)};
+    }
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override {
+        const auto held = static_cast<int>(event->buttons().toInt() & 7U);
+        form_.MouseMove({held, twips(event->position().x()), twips(event->position().y())});
+    }
+
+private:
+    static constexpr int leastWidth = 120; // pixels
+    static constexpr int leastHeight = 20; // pixels
+    static constexpr int listLength = 21;  // entries of an open list, all sizes at once
+
+    editor::Form2& form_;
+};
+
+} // namespace
+
+Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
+    : FormWindow(form, Size::Sizable, Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint), text_(text) {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setMenuBar(new MenuBar(form.menuBar, this));
+    auto* const surface = new EditorSurface(form, this);
+    layout->addWidget(surface);
+
+    text_.setParent(surface);
+    text_.setObjectName(qstring(form.RTBPlace.name));
+    text_.setFrameShape(QFrame::NoFrame);
+    const auto placeText = [this, &form] {
+        text_.setGeometry(pixels(form.RTBPlace.left), pixels(form.RTBPlace.top), pixels(form.RTBPlace.width),
+                          pixels(form.RTBPlace.height));
+    };
+    form.RTBPlace.observe(placeText);
+    placeText();
+    text_.show();
+    text_.setFocus();
+    begin();
+}
+
+void Form2Window::keyPressEvent(QKeyEvent* event) {
+    // A box that has the keyboard leaves some keys alone, Escape for one; the window gets none of them.
+    if (isAncestorOf(QApplication::focusWidget()))
+        event->accept();
+    else
+        FormWindow::keyPressEvent(event);
+}
+
+void Form2Window::showEvent(QShowEvent* event) {
+    FormWindow::showEvent(event);
+    // Qt lets the keyboard wander to another control while the window is hidden.
+    text_.setFocus();
+}
+
+Form2Window::~Form2Window() {
+    text_.setParent(nullptr);
+}
+
+} // namespace desktop

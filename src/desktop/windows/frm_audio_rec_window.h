@@ -1,0 +1,14 @@
+#pragma once
+
+#include "desktop/views/form_window.h"
+#include "recorder/frm_audio_rec.h"
+
+namespace desktop {
+
+// Shows the recorder's window and reports what the user does to it.
+class FrmAudioRecWindow : public FormWindow {
+public:
+    explicit FrmAudioRecWindow(recorder::FrmAudioRec& form);
+};
+
+} // namespace desktop

@@ -1,0 +1,75 @@
+#include "desktop/windows/frm_informazioni_window.h"
+
+#include "desktop/views/control_views.h"
+#include "desktop/qt/conversions.h"
+#include "desktop/windows/credits_view.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace desktop {
+
+namespace {
+
+const QColor frameColor(0xCF, 0xE3, 0xE5);
+const QColor frameGround(0xF8, 0xFC, 0xFC);
+constexpr double frameCorner = 5; // pixels
+
+// The frame around the address and the rights.
+class FrameView : public ControlView {
+public:
+    using ControlView::ControlView;
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(frameColor);
+        painter.setBrush(frameGround);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), frameCorner, frameCorner);
+    }
+};
+
+// The inside of the window with all controls on it. It reports a click beside them.
+class AboutSurface : public QWidget {
+public:
+    AboutSurface(outside::FrmInformazioni& form, QWidget* parent) : QWidget(parent), form_(form) {
+        setObjectName(QStringLiteral("surface"));
+        setFixedSize(pixels(outside::FrmInformazioni::clientWidth),
+                     pixels(outside::FrmInformazioni::clientHeight));
+        form.forEachControl([this](auto& control) { add(control); });
+        (new CreditsView(form, this))->setFocus();
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent*) override {}
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+            form_.Click();
+    }
+
+private:
+    // Qt's parent owns them all; the one added last lies on top.
+    void add(controls::Control& control) { new FrameView(control, this); }
+    void add(controls::Picture& picture) { new PictureView(picture, this); }
+    void add(controls::Label& label) { new LabelView(label, this); }
+
+    outside::FrmInformazioni& form_;
+};
+
+} // namespace
+
+FrmInformazioniWindow::FrmInformazioniWindow(outside::FrmInformazioni& form)
+    : FormWindow(form, Size::Fixed, Qt::WindowCloseButtonHint) {
+    QPalette white = palette();
+    white.setColor(QPalette::Window, Qt::white);
+    setPalette(white);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(new AboutSurface(form, this));
+    begin();
+}
+
+} // namespace desktop
