@@ -36,8 +36,7 @@ void SmartPlay::imgDetta_Click() {
 void SmartPlay::turnOff() {
     form_.load(form_.imgDetta, u"detta.jpg");
     form_.mnuSmartPlay.checked = false;
-    form_.Timer5.setInterval(0);
-    form_.Timer5.setEnabled(false);
+    transport_.stopCycle();
     if (form_.cmdPlay.enabled && form_.isPlaying())
         transport_.cmdPlay_Click();
 }

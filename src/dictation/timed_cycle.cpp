@@ -30,23 +30,17 @@ void TimedCycle::Timer5_Timer() {
 
 // The recording was closed in the middle: there is nothing to hold or to go on with.
 void TimedCycle::end() {
-    form_.cmdPlay.tag = form_.Lingua(7);
-    form_.mnuPlay.caption = form_.Lingua(7);
-    form_.Timer5.setInterval(0);
-    form_.Timer5.setEnabled(false);
+    transport_.offerPlay();
+    transport_.stopCycle();
 }
 
 void TimedCycle::beginPause() {
-    form_.cmdPlay.tag = form_.Lingua(7);
-    form_.mnuPlay.caption = form_.Lingua(7);
+    transport_.offerPlay();
     // Before the step back and the pause, so that the phase is as long as it was set to be. A period of 33 s
     // or more does not fit its 16 bits, and the one before stays.
     base::carryOn(
         [&] { form_.Timer5.setInterval(base::productInt16(preferences_.TempoPause, msPerSecond)); });
-    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() - preferences_.SecIndietro);
-    form_.WMP1.pause();
-    if (form_.HoverPlay == 0 && form_.Label4.visible)
-        form_.load(form_.cmdPlay, u"play.jpg");
+    transport_.stepBackAndPause();
     companions_.TornaAllEditor();
 }
 

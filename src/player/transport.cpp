@@ -7,8 +7,7 @@ namespace player {
 
 namespace {
 
-constexpr int displayPeriod = 100; // ms
-constexpr int watchPeriod = 200;   // ms
+constexpr int watchPeriod = 200; // ms
 constexpr std::int16_t msPerSecond = 1000;
 constexpr std::int16_t leastStep = 2; // seconds, where no step was ever set
 
@@ -38,7 +37,7 @@ void Transport::startPlaying() {
     if (form_.WMP1.currentPosition() == 0)
         form_.WMP1.pause();
     form_.WMP1.play();
-    form_.Timer1.setInterval(displayPeriod);
+    form_.Timer1.setInterval(Form1::displayPeriod);
     form_.Timer4.setInterval(watchPeriod);
     if (form_.mnuSmartPlay.checked) {
         // The period is a 16-bit number: from 33 s on it does not fit and stays as it was.
@@ -46,8 +45,7 @@ void Transport::startPlaying() {
             [&] { form_.Timer5.setInterval(base::productInt16(preferences_.TempoPlay, msPerSecond)); });
         form_.Timer5.setEnabled(true);
     } else {
-        form_.Timer5.setInterval(0);
-        form_.Timer5.setEnabled(false);
+        stopCycle();
     }
     form_.cmdIndietro.enabled = true;
     form_.cmdAvanz.enabled = true;
@@ -57,10 +55,22 @@ void Transport::startPlaying() {
 }
 
 void Transport::holdWithStepBack() {
+    offerPlay();
+    stopCycle();
+    stepBackAndPause();
+}
+
+void Transport::offerPlay() {
     form_.cmdPlay.tag = form_.Lingua(7);
     form_.mnuPlay.caption = form_.Lingua(7);
+}
+
+void Transport::stopCycle() {
     form_.Timer5.setInterval(0);
     form_.Timer5.setEnabled(false);
+}
+
+void Transport::stepBackAndPause() {
     form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() - preferences_.SecIndietro);
     form_.WMP1.pause();
     if (form_.HoverPlay == 0 && form_.Label4.visible)

@@ -23,6 +23,12 @@ public:
     // Every 200 ms from the first play on: the pointer that waits, and the end of the media.
     void Timer4_Timer();
 
+    // What a pause is made of, for pauses that the timed cycle begins: the words for play, the cycle's timer
+    // off, and the step back with the pause behind it.
+    void offerPlay();
+    void stopCycle();
+    void stepBackAndPause();
+
 private:
     void startPlaying();
     void holdWithStepBack();
