@@ -64,7 +64,6 @@ private:
     void showCompanions(const StartSettings& start);
     void showWithoutMedia();
     void showHandPointer();
-    void openFromCommandLine(base::TextView commandLine);
 
     Desktop& desktop_;
     const base::ProgramFolder& folder_;

@@ -10,16 +10,6 @@ namespace {
 
 constexpr double jumpsBehind = 1; // seconds
 
-// A size below nothing is refused; the control keeps the one that it has.
-void resize(controls::Property<double>& size, double twips) {
-    if (twips >= 0)
-        size = twips;
-}
-
-base::Text tip(base::TextView entry) {
-    return u" " + base::TogliAmp(entry) + u" ";
-}
-
 } // namespace
 
 BookmarkWindow::BookmarkWindow(Form3& form, BookmarkTable& table, player::Form1& form1,
@@ -160,8 +150,8 @@ void BookmarkWindow::Timer1_Timer() {
 }
 
 void BookmarkWindow::applyLanguage() {
-    form_.Command1.toolTip = tip(form1_.Lingua(93));
-    form_.Command2.toolTip = tip(form1_.Lingua(100));
+    form_.Command1.toolTip = lang::toolTip(form1_.Lingua(93));
+    form_.Command2.toolTip = lang::toolTip(form1_.Lingua(100));
 }
 
 } // namespace bookmarks

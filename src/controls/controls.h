@@ -22,6 +22,8 @@ constexpr Color rgb(unsigned red, unsigned green, unsigned blue) {
     return red << 16U | green << 8U | blue;
 }
 
+inline constexpr double twipsPerPixel = 15;
+
 // The design place of a control, in twips.
 struct Box {
     double left = 0;

@@ -68,4 +68,11 @@ private:
     T value_;
 };
 
+// Sets the width or height of a control, in twips. A size below nothing is refused; the control keeps the one
+// that it has.
+inline void resize(Property<double>& size, double twips) {
+    if (twips >= 0)
+        size = twips;
+}
+
 } // namespace controls

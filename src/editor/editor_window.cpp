@@ -4,15 +4,7 @@
 
 namespace editor {
 
-namespace {
-
-// A size below nothing is refused; the control keeps the one that it has.
-void resize(controls::Property<double>& size, double twips) {
-    if (twips >= 0)
-        size = twips;
-}
-
-} // namespace
+namespace {} // namespace
 
 EditorWindow::EditorWindow(Form2& form, controls::Window& player, const controls::Screen& screen,
                            controls::MenuItem& showHideCommand)

@@ -34,6 +34,11 @@ private:
     std::array<base::Text, size> entries_;
 };
 
+// An entry as the text of a tool tip.
+inline base::Text toolTip(base::TextView entry) {
+    return u" " + base::TogliAmp(entry) + u" ";
+}
+
 // The name of the language file for a user in the country of this English name. The key is its first two
 // letters; that some rows are keys of languages that no country's name begins with is settled behaviour.
 base::Text languageFileForCountry(base::TextView englishName);

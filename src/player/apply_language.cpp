@@ -17,10 +17,6 @@ std::optional<bool> asBoolean(base::TextView text) {
     return base::isNumber(word) ? std::optional(base::val(word) != 0) : std::nullopt;
 }
 
-base::Text tip(base::TextView entry) {
-    return u" " + base::TogliAmp(entry) + u" ";
-}
-
 void applyMenus(Form1& form) {
     const std::pair<controls::MenuItem*, int> captions[] = {
         {&form.mnuFile, 2},
@@ -76,7 +72,7 @@ void applyButtons(Form1& form) {
         {&form.cmdPlay, 78}, {&form.cmdStop, 79},     {&form.imgDetta, 124},
     };
     for (const auto& [button, entry] : tips)
-        button->toolTip = tip(form.Lingua(entry));
+        button->toolTip = lang::toolTip(form.Lingua(entry));
 }
 
 } // namespace

@@ -137,6 +137,8 @@ struct Form1 : controls::Window, Form1Menu {
              Image2, Image1, Image3, cmdPlay, cmdIndietro, cmdStop, cmdAvanz, cmdRec, imgDetta);
     }
 
+    static constexpr int displayPeriod = 100; // ms, of Timer1 while a file runs
+
     controls::Timer Timer1; // title, position text, position bar
     controls::Timer Timer2; // volume follows the drag of the thumb
     controls::Timer Timer3; // fade of Label5

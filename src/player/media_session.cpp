@@ -2,12 +2,6 @@
 
 namespace player {
 
-namespace {
-
-constexpr int displayPeriod = 100; // ms
-
-} // namespace
-
 MediaSession::MediaSession(Form1& form, Transport& transport, PositionDisplay& display,
                            Companions& companions)
     : form_(form), transport_(transport), display_(display), companions_(companions) {
@@ -21,7 +15,7 @@ void MediaSession::vai(base::TextView path) {
         form_.WMP1.setURL(path);
         form_.WMP1.setCurrentPosition(0);
         form_.Shape1.width = 0;
-        form_.Timer1.setInterval(displayPeriod);
+        form_.Timer1.setInterval(Form1::displayPeriod);
     }
     enableCommands(true);
     form_.cmdPlay.tag = form_.Lingua(7);

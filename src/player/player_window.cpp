@@ -4,7 +4,7 @@ namespace player {
 
 namespace {
 
-constexpr double homePlace = 50 * 15; // twips: pixel (50, 50)
+constexpr double homePlace = 50 * controls::twipsPerPixel;
 
 } // namespace
 

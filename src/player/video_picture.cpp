@@ -7,9 +7,9 @@ namespace player {
 
 namespace {
 
+using controls::twipsPerPixel;
 using controls::WindowState;
 
-constexpr double twipsPerPixel = 15;
 constexpr double gap = 300;        // twips, about a window's frame, that stay free around the picture
 constexpr double leastWidth = 160; // pixels; where no more is free, the window covers what lies there
 

@@ -38,7 +38,6 @@ public:
     // The greatest peak that the format can hold; 0 when it is neither of 16 nor of 8 bits.
     double ValoreMassimo() const;
 
-    bool CattureInCorso() const { return capturing_; }
     // Text of the last refused device or block.
     const base::Text& TestoErrore() const { return errorText_; }
 

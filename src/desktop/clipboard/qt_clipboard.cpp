@@ -27,11 +27,6 @@ bool onX11() {
     return x11 && x11->connection();
 }
 
-const QList<QByteArray>& rtfForms() {
-    static const QList<QByteArray> forms{"text/rtf", "application/rtf", "text/richtext"};
-    return forms;
-}
-
 QString decoded(const QByteArray& bytes) {
     const bool isWide = bytes.startsWith("\xFF\xFE") || bytes.startsWith("\xFE\xFF");
     QStringDecoder decoder(isWide ? QStringDecoder::Utf16 : QStringDecoder::Utf8);
@@ -75,6 +70,11 @@ base::Text textOf(const XSelection::Held& held) {
 }
 
 } // namespace
+
+const QList<QByteArray>& rtfForms() {
+    static const QList<QByteArray> forms{"text/rtf", "application/rtf", "text/richtext"};
+    return forms;
+}
 
 QtClipboard::QtClipboard(QClipboard::Mode mode)
     : mode_(mode), selection_(mode == QClipboard::Selection ? "PRIMARY" : "CLIPBOARD") {}

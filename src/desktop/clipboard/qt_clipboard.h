@@ -7,6 +7,9 @@
 
 namespace desktop {
 
+// The names under which programs offer RTF; the first is this program's own.
+const QList<QByteArray>& rtfForms();
+
 // A clipboard of the desktop. It is written through Qt; what another program holds is read past Qt, which
 // would freeze the program for as long as that one hangs.
 class QtClipboard : public platform::Clipboard {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/text.h"
-#include "controls/property.h"
+#include "controls/controls.h"
 
 #include <QString>
 #include <cmath>
@@ -10,14 +10,18 @@
 
 namespace desktop {
 
-inline constexpr int twipsPerPixel = 15;
-
 inline int pixels(double twips) {
-    return static_cast<int>(std::lround(twips / twipsPerPixel));
+    return static_cast<int>(std::lround(twips / controls::twipsPerPixel));
 }
 
 inline double twips(double pixels) {
-    return pixels * twipsPerPixel;
+    return pixels * controls::twipsPerPixel;
+}
+
+// The height of letters in pixels. The skin has a fixed scale, whatever the screen says of its own.
+inline int letterPixels(double points) {
+    constexpr double pixelsPerPoint = 96.0 / 72;
+    return static_cast<int>(std::lround(points * pixelsPerPoint));
 }
 
 inline QString qstring(base::TextView text) {

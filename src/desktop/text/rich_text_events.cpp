@@ -66,15 +66,9 @@ std::optional<platform::EditCommand> editCommand(const QKeyEvent& event) {
     return std::nullopt;
 }
 
-const QStringList& rtfTypes() {
-    static const QStringList types{QStringLiteral("text/rtf"), QStringLiteral("application/rtf"),
-                                   QStringLiteral("text/richtext")};
-    return types;
-}
-
 QByteArray rtfOffered(const QMimeData& offer) {
-    for (const QString& type : rtfTypes())
-        if (offer.hasFormat(type))
+    for (const QByteArray& form : rtfForms())
+        if (const QString type = QString::fromLatin1(form); offer.hasFormat(type))
             return offer.data(type);
     return {};
 }
@@ -212,7 +206,8 @@ QMimeData* RichTextEdit::createMimeDataFromSelection() const {
     const std::string source = rtf::write(rtfOf(*document_, selectedRange()));
     auto* const offer = new QMimeData;
     offer->setText(QString::fromStdU16String(SelText()));
-    offer->setData(rtfTypes().front(), QByteArray(source.data(), static_cast<qsizetype>(source.size())));
+    offer->setData(QString::fromLatin1(rtfForms().front()),
+                   QByteArray(source.data(), static_cast<qsizetype>(source.size())));
     return offer;
 }
 

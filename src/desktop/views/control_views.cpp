@@ -12,9 +12,6 @@ namespace desktop {
 namespace {
 
 constexpr double fadedStrength = 0.35;
-constexpr double pixelsPerPoint =
-    96.0 / 72; // the skin has a fixed scale, whatever the screen says of its own
-
 constexpr int textMargin = 1;     // pixels: some letters reach over their own width
 constexpr double mostMissing = 4; // pixels
 
@@ -251,7 +248,7 @@ LabelView::LabelView(controls::Label& label, QWidget* parent) : ControlView(labe
 void LabelView::follow() {
     ControlView::follow();
     QFont font(qstring(label_.fontName));
-    font.setPixelSize(static_cast<int>(std::lround(label_.fontSize * pixelsPerPoint)));
+    font.setPixelSize(letterPixels(label_.fontSize));
     font.setBold(label_.fontBold);
     font.setItalic(label_.fontItalic);
     font.setUnderline(label_.fontUnderline);

@@ -23,8 +23,6 @@ namespace desktop {
 
 namespace {
 
-constexpr double pixelsPerPoint = 96.0 / 72;
-
 QStringList strings(const std::vector<base::Text>& texts) {
     QStringList list;
     list.reserve(static_cast<qsizetype>(texts.size()));
@@ -225,7 +223,7 @@ QLineEdit* addView(controls::TextBox& box, QWidget& parent) {
     auto* const view = new QLineEdit(&parent);
     view->setValidator(new OneLine(view));
     QFont font = view->font();
-    font.setPixelSize(static_cast<int>(std::lround(box.fontSize * pixelsPerPoint)));
+    font.setPixelSize(letterPixels(box.fontSize));
     view->setFont(font);
     tie(*view, box, [view, &box] {
         const QSignalBlocker quiet(view);

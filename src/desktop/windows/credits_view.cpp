@@ -43,7 +43,7 @@ void CreditsView::followPanel() {
 }
 
 int CreditsView::panelTop() const {
-    return static_cast<int>(std::lround(form_.Picture2.top / twipsPerPixel * devicePixelRatioF()));
+    return static_cast<int>(std::lround(form_.Picture2.top / controls::twipsPerPixel * devicePixelRatioF()));
 }
 
 QPixmap CreditsView::drawPanel() const {
