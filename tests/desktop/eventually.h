@@ -1,24 +1,27 @@
 #pragma once
 
-#include <QDeadlineTimer>
-#include <QEventLoop>
-#include <QTimer>
-#include <functional>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QThread>
 
 namespace fakes {
 
-// Runs the event loop until the condition holds; false when it does not within ten seconds.
-inline bool eventually(const std::function<bool()>& condition) {
-    QEventLoop loop;
-    QTimer look;
-    const QDeadlineTimer end(10'000);
-    QObject::connect(&look, &QTimer::timeout, [&] {
-        if (condition() || end.hasExpired())
-            loop.quit();
-    });
-    look.start(1);
-    loop.exec();
-    return condition();
+// Runs the event loop until the condition holds; false when it does not within the time.
+template <typename Condition>
+bool eventually(Condition condition, int milliseconds = 10'000) {
+    QElapsedTimer clock;
+    clock.start();
+    while (!condition()) {
+        if (clock.elapsed() > milliseconds)
+            return false;
+        QCoreApplication::processEvents();
+        QThread::usleep(300);
+    }
+    return true;
+}
+
+inline void runLoop(int milliseconds) {
+    eventually([] { return false; }, milliseconds);
 }
 
 } // namespace fakes

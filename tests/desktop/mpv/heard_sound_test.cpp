@@ -14,7 +14,7 @@ using listening::placeIn;
 using listening::runLoop;
 using listening::Samples;
 using listening::soundsIn;
-using listening::waitFor;
+using listening::eventually;
 using platform::PlayState;
 
 class HeardSoundTest : public testing::Test {
@@ -31,7 +31,7 @@ protected:
         server_.heard();
         player_ = makePlayer();
         player_->setURL(media);
-        ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Playing; }));
+        ASSERT_TRUE(eventually([&] { return player_->playState() == PlayState::Playing; }));
         runLoop(150);
     }
 
@@ -107,7 +107,7 @@ TEST_F(HeardSoundTest, Load_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) {
 TEST_F(HeardSoundTest, EndOfMedia_IsHeardToTheLastSample_AndPlayBeginsWithTheFirst_AsAfterAStop) {
     const double length = static_cast<double>(source_.size()) / listening::sampleRate;
     player_->setCurrentPosition(length - 0.6);
-    ASSERT_TRUE(waitFor([&] { return player_->playState() == PlayState::Stopped; }));
+    ASSERT_TRUE(eventually([&] { return player_->playState() == PlayState::Stopped; }));
     EXPECT_NEAR(lastHeard(length), length, 0.02);
     EXPECT_EQ(player_->currentPosition(), 0);
     EXPECT_EQ(player_->currentPositionString(), u"");

@@ -16,8 +16,8 @@ TEST_F(MpvPlayerTest, Load_StartsByItself_ForEachKindOfFile) {
         EXPECT_EQ(player.playState(), PlayState::Undefined);
         player.setURL(path);
         EXPECT_EQ(player.playState(), PlayState::Transitioning);
-        ASSERT_TRUE(waitFor([&] { return player.playState() == PlayState::Playing; })) << length;
-        EXPECT_TRUE(waitFor([&] { return player.currentPosition() > 0.3; })) << length;
+        ASSERT_TRUE(eventually([&] { return player.playState() == PlayState::Playing; })) << length;
+        EXPECT_TRUE(eventually([&] { return player.currentPosition() > 0.3; })) << length;
         EXPECT_NEAR(player.duration(), length, 0.1);
     }
 }
@@ -61,7 +61,7 @@ TEST_F(MpvPlayerTest, AnyFileName_IsAFileName) {
         folder_.write(name, wav_);
         for (const base::Text& path : {base::fromUtf8(name), folder_.text(name)}) {
             player_.setURL(path);
-            EXPECT_TRUE(waitFor([&] { return player_.currentPosition() > 0.01; }));
+            EXPECT_TRUE(eventually([&] { return player_.currentPosition() > 0.01; }));
             EXPECT_EQ(player_.duration(), wavLength);
         }
     }
@@ -75,7 +75,7 @@ TEST_F(MpvPlayerTest, AnotherFileOrNone_AtAnyMoment_IsNotDisturbedByTheFirst) {
         runLoop(delay);
         player_.pause();
         player_.setURL(u"" MEDIA_FOLDER "/noise.mp3");
-        ASSERT_TRUE(waitFor([&] {
+        ASSERT_TRUE(eventually([&] {
             EXPECT_NE(player_.playState(), PlayState::Stopped);
             EXPECT_NE(player_.duration(), wavLength);
             return player_.currentPosition() > 0.05;

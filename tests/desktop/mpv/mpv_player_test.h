@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/files.h"
-#include "desktop/mpv/listening.h"
+#include "desktop/eventually.h"
 #include "fakes/temporary_folder.h"
 #include "mpv_player.h"
 
@@ -11,6 +11,8 @@
 namespace listening {
 
 using desktop::MpvPlayer;
+using fakes::eventually;
+using fakes::runLoop;
 using platform::PlayState;
 
 constexpr double wavLength = 4.0;
@@ -21,7 +23,7 @@ protected:
     MpvPlayerTest() { folder_.write("a.wav", wav_); }
 
     bool reaches(PlayState state) {
-        return waitFor([&] { return player_.playState() == state; });
+        return eventually([&] { return player_.playState() == state; });
     }
     void start() {
         player_.setURL(folder_.text("a.wav"));
@@ -32,7 +34,7 @@ protected:
         QElapsedTimer clock;
         clock.start();
         EXPECT_GE(player_.currentPosition(), place);
-        EXPECT_TRUE(waitFor([&] { return player_.currentPosition() > place + 0.4; }, 900)) << place;
+        EXPECT_TRUE(eventually([&] { return player_.currentPosition() > place + 0.4; }, 900)) << place;
         EXPECT_GT(clock.elapsed(), 300) << place;
         EXPECT_EQ(player_.playState(), PlayState::Playing);
     }

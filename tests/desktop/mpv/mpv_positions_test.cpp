@@ -10,7 +10,7 @@ struct MpvBench : PlayerBench {
     platform::MediaPlayer& player() override { return mpv; }
     base::Text recording() override { return u"" MEDIA_FOLDER "/noise.wav"; }
     base::Text unplayable() override { return u"" MEDIA_FOLDER "/none.wav"; }
-    void run(int ms) override { listening::runLoop(ms); }
+    void run(int ms) override { fakes::runLoop(ms); }
 
     desktop::MpvPlayer mpv{{"null"}};
 };
@@ -49,14 +49,14 @@ TEST_F(MpvPlayerTest, GuessedLength_IsNoLimit_AndIsMeasured) {
     for (const auto& [file, guessesLess] : {std::pair{u"" MEDIA_FOLDER "/dense_first.mp3", true},
                                             {u"" MEDIA_FOLDER "/thin_first.mp3", false}}) {
         player_.setURL(file);
-        ASSERT_TRUE(waitFor([&] { return player_.duration() > 0; }));
+        ASSERT_TRUE(eventually([&] { return player_.duration() > 0; }));
         ASSERT_EQ(player_.duration() < 50, guessesLess);
         ASSERT_EQ(player_.duration() > 70, !guessesLess);
         player_.pause();
         player_.setCurrentPosition(55);
         runLoop(200);
         EXPECT_EQ(player_.currentPosition(), 55);
-        EXPECT_TRUE(waitFor([&] { return std::abs(player_.duration() - 60) < 0.2; }, 5000));
+        EXPECT_TRUE(eventually([&] { return std::abs(player_.duration() - 60) < 0.2; }, 5000));
         player_.setCurrentPosition(1000);
         EXPECT_EQ(player_.currentPosition(), player_.duration());
     }
@@ -65,12 +65,12 @@ TEST_F(MpvPlayerTest, GuessedLength_IsNoLimit_AndIsMeasured) {
 TEST_F(MpvPlayerTest, PauseShortlyBeforeTheEnd_LeavesTheRestToBePlayed) {
     start();
     player_.setCurrentPosition(wavLength - 0.4);
-    ASSERT_TRUE(waitFor([&] { return player_.currentPosition() > wavLength - 0.25; }));
+    ASSERT_TRUE(eventually([&] { return player_.currentPosition() > wavLength - 0.25; }));
     player_.pause();
     runLoop(50);
     const double held = player_.currentPosition();
     player_.play();
-    EXPECT_TRUE(waitFor([&] { return player_.currentPosition() > held + 0.05; }, 500));
+    EXPECT_TRUE(eventually([&] { return player_.currentPosition() > held + 0.05; }, 500));
     EXPECT_EQ(player_.playState(), PlayState::Playing);
     EXPECT_TRUE(reaches(PlayState::Stopped));
 }
@@ -78,7 +78,7 @@ TEST_F(MpvPlayerTest, PauseShortlyBeforeTheEnd_LeavesTheRestToBePlayed) {
 TEST_F(MpvPlayerTest, EndWhileTheProgramIsBusy_HoldsNeitherASeekNorAPlayBack) {
     for (const bool seeks : {true, false}) {
         player_.setURL(u"" MEDIA_FOLDER "/noise.mp3");
-        ASSERT_TRUE(reaches(PlayState::Playing) && waitFor([&] { return player_.duration() > 0; }));
+        ASSERT_TRUE(reaches(PlayState::Playing) && eventually([&] { return player_.duration() > 0; }));
         player_.setCurrentPosition(player_.duration() - 0.2);
         runLoop(50);
         QThread::msleep(500); // the engine has come to the end and paused, which the program has not heard of

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "fakes/temporary_folder.h"
-#include "listening.h"
+#include "desktop/eventually.h"
 #include "pulse_daemon.h"
 
 #include <cmath>
@@ -12,6 +12,9 @@
 #include <vector>
 
 namespace listening {
+
+using fakes::eventually;
+using fakes::runLoop;
 
 constexpr int sampleRate = 44100;
 
@@ -81,7 +84,7 @@ public:
         liveIn(folder_.path().string());
         runPulse(daemon_, folder_.path().string(), {"out"});
         // The server answers when the recorder gets its first sample.
-        waitFor([&] {
+        eventually([&] {
             if (recorder_.state() == QProcess::NotRunning)
                 run(recorder_, PAREC,
                     {"--device=out.monitor", "--raw", "--format=s16le", "--channels=1", "--rate=44100",

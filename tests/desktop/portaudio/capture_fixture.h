@@ -2,12 +2,11 @@
 #pragma once
 
 #include "base/text.h"
-#include "desktop/mpv/listening.h"
+#include "desktop/eventually.h"
 #include "desktop/mpv/pulse_daemon.h"
 #include "fakes/temporary_folder.h"
 
 #include <QProcess>
-#include <QThread>
 
 #include <gtest/gtest.h>
 #include <memory>
@@ -106,8 +105,7 @@ protected:
                             sampleFormat(format) + " channels=" + std::to_string(format.channels));
         server = std::make_unique<QProcess>();
         listening::runPulse(*server, path(""), sinks);
-        for (int i = 0; i < 100 && said(PACTL, {"get-default-sink"}).empty(); ++i)
-            QThread::msleep(50);
+        fakes::eventually([] { return !said(PACTL, {"get-default-sink"}).empty(); });
     }
     std::unique_ptr<QProcess> play(const Format& format, const std::string& file) const {
         return run(PACAT, {"--playback", "--raw", "--latency-msec=500", "--device=" + format.name(),
@@ -122,8 +120,7 @@ protected:
                    "PULSE_SOURCE", format.name() + ".monitor");
     }
     void waitForSound(const std::string& file, std::size_t bytes) const {
-        for (int i = 0; i < 200 && folder.read(file).size() < bytes; ++i)
-            QThread::msleep(50);
+        fakes::eventually([&] { return folder.read(file).size() >= bytes; }, 10'000);
     }
     static std::string sampleFormat(const Format& format) { return format.bits == 8 ? "u8" : "s16le"; }
 

@@ -8,22 +8,15 @@
 #include <gmock/gmock.h>
 
 using capture::Format;
-using testing::HasSubstr;
-
-class RealCapture : public capture::CaptureFixture {};
+using RealCapture = capture::CaptureFixture;
 
 namespace {
-
-std::string words(const Format& format) {
-    return std::to_string(format.rate) + " " + std::to_string(format.channels) + " " +
-           std::to_string(format.bits);
-}
 
 struct PortAudioBench : contracts::WaveInputBench {
     PortAudioBench() { capture::useAlsa(folder, capture::fileDevice("/dev/zero")); }
     platform::WaveInput& device() override { return input; }
     void takeDeviceAway() override { capture::useAlsa(folder, ""); }
-    void listen() override { listening::runLoop(1); }
+    void listen() override { fakes::runLoop(1); }
 
     fakes::TemporaryFolder folder;
     desktop::PortAudioInput input;
@@ -47,51 +40,16 @@ TEST_F(RealCapture, FromASoundServer_EveryFormat_IsWhatWasPlayed) {
         players.push_back(play(format, format.name()));
         recordings.push_back(record(format, format.bytesPerSecond() * 3 / 8192 + 1, format.name() + ".wav"));
     }
-    std::puts("samples/s  bits  channels  samples alike  the device said");
     for (std::size_t i = 0; i < formats.size(); ++i) {
         const Format& format = formats[i];
         const std::string told = capture::outputOf(*recordings[i]);
-        const std::string wav = format.name() + ".wav";
-        const long samples = alike(folder.read(wav), folder.read(format.name()), format);
-        std::printf("%9d  %4d  %8d  %13ld  %s", format.rate, format.bits, format.channels, samples,
-                    told.substr(told.find('\n') + 1).c_str());
-        EXPECT_GT(samples, format.rate * format.channels) << format.name();
-        EXPECT_THAT(told, HasSubstr(" 0 losses")) << format.name();
-        std::string sox;
-        for (const char* option : {"-r", "-c", "-b"})
-            sox += (sox.empty() ? "" : " ") + capture::said(SOXI, {option, path(wav)});
-        EXPECT_EQ(sox, words(format));
-        EXPECT_EQ(capture::said(FFPROBE, {"-v", "error", "-show_entries",
-                                          "stream=sample_rate,channels,bits_per_sample", "-of",
-                                          "default=nw=1:nk=1", path(wav)}),
-                  words(format));
+        EXPECT_THAT(told, testing::HasSubstr(" 0 losses")) << format.name();
+        EXPECT_GT(alike(folder.read(format.name() + ".wav"), folder.read(format.name()), format),
+                  format.rate * format.channels)
+            << format.name();
     }
     for (const auto& player : players)
         end(player);
-}
-
-TEST_F(RealCapture, WithoutAServer_EveryFormat_IsWhatAlsaReads) {
-    folder.write("noise", capture::noise(400000));
-    useAlsa(capture::fileDevice(path("noise")));
-    for (const Format& format : capture::allFormats()) {
-        const auto recording = record(format, 49, "a.wav");
-        EXPECT_THAT(capture::outputOf(*recording), HasSubstr(" 0 losses"));
-        const std::string wav = folder.read("a.wav").substr(0, 44 + 400000);
-        ASSERT_EQ(wav.size(), 44U + 400000) << format.name();
-        EXPECT_EQ(wav.compare(45, wav.npos, folder.read("noise"), 1, std::string::npos), 0) << format.name();
-    }
-}
-
-TEST_F(RealCapture, NoDevice_IsToldInWords_AndLeavesTheEmptyRecording) {
-    for (const char* configuration :
-         {"", "pcm.!default { type pulse }\n"}) { // none at all; no server behind it
-        useAlsa(configuration);
-        const auto recording = record({44100, 16, 2}, 1, "a.wav");
-        EXPECT_THAT(capture::outputOf(*recording),
-                    testing::MatchesRegex("started\n0 buffers, .*\n.*[a-z]{4}.*\n"));
-        EXPECT_EQ(recording->exitCode(), 1);
-        EXPECT_EQ(folder.read("a.wav").size(), 45U);
-    }
 }
 
 TEST_F(RealCapture, ServerThatHangsAtTheStart_IsToldWhileTheLoopRunsOn) {
@@ -143,7 +101,7 @@ TEST_F(RealCapture, KilledRecording_IsRepaired_ButForItsLastMoments) {
     ASSERT_TRUE(recorder::isCutOff(noted.path));
     const recorder::RepairedCopy copy =
         recorder::repairCutOff(noted.path, noted.format, [](double) { return true; });
-    EXPECT_EQ(capture::said(SOXI, {"-r", base::toUtf8(copy.path)}), "22050");
+    EXPECT_EQ(copy.path, folder.text("a repaired.wav"));
     EXPECT_EQ(folder.read("a.wav"), damaged) << "the original stays";
     EXPECT_GT(alike(folder.read("a repaired.wav"), folder.read("noise"), format), format.rate)
         << "at most the last second is lost";
