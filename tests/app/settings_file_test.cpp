@@ -1,7 +1,5 @@
 #include "fakes/workbench.h"
 
-#include <filesystem>
-
 namespace fs = std::filesystem;
 
 // Starts the program on settings files of all kinds.

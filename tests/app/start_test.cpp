@@ -1,7 +1,5 @@
 #include "fakes/workbench.h"
 
-#include <filesystem>
-
 class StartTest : public fakes::WorkbenchTest {
 protected:
     StartTest() { desktop.form1 = nullptr; } // of the start before the test

@@ -1,8 +1,6 @@
 #include "base/carry_on.h"
 #include "base/numbers.h"
-
-#include <gtest/gtest.h>
-#include <utility>
+#include "testing.h"
 
 TEST(Numbers, Val_ReadsTheLeadingNumber) {
     const std::pair<base::Text, double> rows[] = {

@@ -1,6 +1,5 @@
 #include "fakes/workbench.h"
 
-#include <filesystem>
 #include <sys/stat.h>
 
 using testing::Contains;

@@ -6,9 +6,7 @@
 #include "fakes/watched_text.h"
 #include "platform/rich_text.h"
 
-#include <algorithm>
 #include <cmath>
-#include <filesystem>
 
 namespace contracts {
 

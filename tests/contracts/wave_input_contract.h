@@ -3,8 +3,6 @@
 #include "contracts/contract.h"
 #include "platform/wave_input.h"
 
-#include <optional>
-
 namespace contracts {
 
 struct WaveInputBench {

@@ -1,8 +1,6 @@
 #include "controls/recent_files.h"
 #include "fakes/temporary_folder.h"
-
-#include <filesystem>
-#include <gtest/gtest.h>
+#include "testing.h"
 
 class RecentFilesTest : public testing::Test {
 protected:

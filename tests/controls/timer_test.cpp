@@ -1,7 +1,6 @@
 #include "controls/timer.h"
 #include "fakes/virtual_loop.h"
-
-#include <gtest/gtest.h>
+#include "testing.h"
 
 TEST(Timer, Fires_OnlyWhileEnabledAndWithAPeriod_AndCountsAnewFromEach) {
     fakes::VirtualLoop loop;

@@ -2,12 +2,9 @@
 #include "contracts/clipboard_contract.h"
 #include "contracts/printer_contract.h"
 #include "contracts/rich_text_contract.h"
-#include "desktop/qt/conversions.h"
 #include "desktop/text/rich_text_edit.h"
 #include "qt_printer.h"
-
-#include <QGuiApplication>
-#include <QMimeData>
+#include "qt_testing.h"
 
 namespace contracts {
 

@@ -1,11 +1,5 @@
 #include "desktop/windows/form4_window.h"
-
-#include <QApplication>
-#include <QClipboard>
-#include <QLineEdit>
-#include <QTest>
-#include <QTimer>
-#include <gtest/gtest.h>
+#include "qt_testing.h"
 
 TEST(Form4Window, Keys_TypeOverTheSelection_AndPressTheButtons) {
     dictation::Form4 form;

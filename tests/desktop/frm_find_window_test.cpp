@@ -1,17 +1,7 @@
 #include "desktop/windows/frm_find_window.h"
 
 #include "desktop/services/qt_event_loop.h"
-#include "eventually.h"
-
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QClipboard>
-#include <QComboBox>
-#include <QDropEvent>
-#include <QLineEdit>
-#include <QMimeData>
-#include <QTest>
-#include <gtest/gtest.h>
+#include "qt_testing.h"
 
 namespace {
 

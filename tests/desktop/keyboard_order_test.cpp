@@ -1,11 +1,5 @@
 #include "desktop/qt/keyboard_order.h"
-
-#include "eventually.h"
-
-#include <QApplication>
-#include <QDialog>
-#include <QTest>
-#include <gtest/gtest.h>
+#include "qt_testing.h"
 
 TEST(KeyboardOrder, AWindowThatGoesAway_GivesTheKeyboardBackToTheOneBefore_OrToTheOneThatAsks) {
     const desktop::KeyboardOrder order;

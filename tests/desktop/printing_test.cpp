@@ -1,22 +1,7 @@
-#include "base/carry_on.h"
-#include "desktop/qt/conversions.h"
-#include "fakes/temporary_folder.h"
+#include "fakes/full_disk.h"
 #include "print_dialog.h"
 #include "qt_printer.h"
 #include "rich_text_fixture.h"
-
-#include <QApplication>
-#include <QDialog>
-#include <QImage>
-#include <QLineEdit>
-#include <QProcess>
-#include <QPushButton>
-#include <QSpinBox>
-#include <QTimer>
-#include <csignal>
-#include <filesystem>
-#include <gtest/gtest.h>
-#include <sys/resource.h>
 
 using platform::PrinterProperty;
 
@@ -145,13 +130,10 @@ TEST_F(Printing, WhatCannotBePrintedOn_IsAFailure_AndNothingOfADocumentOfNothing
     // A disk, and a memory, that takes a hundred bytes.
     settings.file = folder.text("out.pdf");
     folder.write("out.pdf", "what was printed before");
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit full{100, before.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &full);
-    EXPECT_THROW(print(), base::Failure);
-    ::setrlimit(RLIMIT_FSIZE, &before);
+    {
+        const fakes::FullDisk disk(100);
+        EXPECT_THROW(print(), base::Failure);
+    }
     EXPECT_EQ(folder.read("out.pdf"), "what was printed before");
     int told = 0;
     for (QWidget* const widget : QApplication::topLevelWidgets()) {

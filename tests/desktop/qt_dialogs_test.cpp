@@ -1,22 +1,5 @@
 #include "desktop/services/qt_dialogs.h"
-
-#include "eventually.h"
-#include "fakes/temporary_folder.h"
-
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QColorDialog>
-#include <QComboBox>
-#include <QDir>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QMessageBox>
-#include <QProgressDialog>
-#include <QPushButton>
-#include <QSettings>
-#include <QTest>
-#include <QTimer>
-#include <gtest/gtest.h>
+#include "qt_testing.h"
 
 using namespace std::string_literals;
 using fakes::eventually;

@@ -1,11 +1,5 @@
 #include "desktop/services/qt_system.h"
-
-#include "desktop/qt/conversions.h"
-
-#include <QCoreApplication>
-#include <QProcess>
-#include <gtest/gtest.h>
-#include <optional>
+#include "qt_testing.h"
 
 namespace {
 

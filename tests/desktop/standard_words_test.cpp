@@ -1,16 +1,5 @@
 #include "desktop/services/standard_words.h"
-
-#include "desktop/qt/conversions.h"
-#include "fakes/temporary_folder.h"
-
-#include <QCoreApplication>
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QFileDialog>
-#include <QFileIconProvider>
-#include <QLabel>
-#include <QPushButton>
-#include <gtest/gtest.h>
+#include "qt_testing.h"
 
 namespace {
 

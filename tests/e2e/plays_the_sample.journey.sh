@@ -11,6 +11,7 @@ tenths() { echo $((($(now) - $1) / 100)); }  # since then
 
 begin alone
 start_on_sample
+expect_soon "the sample is heard" 10 'pactl list short sink-inputs | grep -q .'
 expect_soon "far enough for a step back" 10 '(( $(position) > 50 ))'
 expect "the pause picture" playing
 looked=$(now)

@@ -16,13 +16,11 @@ double_click() { # X Y
 }
 filling() { xprop -id "$window" _NET_WM_STATE | grep -q FULLSCREEN; }
 
-start_display
-start_sound
-folder=$(lay_folder)
+begin
 film=$scratch/film.mp4
 ffmpeg -v error -f lavfi -i color=c=orange:d=90:s=320x240:r=15 -f lavfi -i anoisesrc=d=90:a=0.1:r=44100 \
   -c:v mpeg4 -c:a aac "$film"
-start_program "$folder" "$film"
+start_program "$film"
 player=$window
 expect_soon "the picture in its box" 10 in_box
 
@@ -30,7 +28,7 @@ key alt+o Up Up Up Return # no longer on top: Qt makes the window anew when it i
 key ctrl+F1
 expect_soon "the about box in place of the player" 10 '! xwininfo -id "$player" 2>/dev/null | grep -q IsViewable'
 key Escape
-expect "the player comes back" use_window Quillmere
+switch_to Quillmere # comes back
 player=$window
 expect_soon "the picture after that" 10 in_box
 
@@ -40,7 +38,7 @@ expect_soon "another engine goes on where that one was" 10 'in_box && (($(positi
 screenshot box
 
 double_click 46 $((40 + $(skin_top)))
-expect "the window of its own" use_window film.mp4
+switch_to film.mp4 # the window of its own
 expect_soon "the picture in its window" 10 in_window
 screenshot window
 double_click 100 100

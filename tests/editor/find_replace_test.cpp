@@ -1,8 +1,6 @@
 #include "editor/find_replace.h"
 #include "fakes/editor_bench.h"
 
-#include <map>
-
 using testing::ElementsAre;
 
 class FindReplaceTest : public fakes::EditorBench {

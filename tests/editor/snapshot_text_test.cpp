@@ -1,7 +1,5 @@
 #include "editor/snapshot_text.h"
-
-#include <gtest/gtest.h>
-#include <random>
+#include "testing.h"
 
 using editor::SnapshotStore;
 using editor::SnapshotText;

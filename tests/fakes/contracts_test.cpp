@@ -6,8 +6,7 @@
 #include "contracts/rich_text_contract.h"
 #include "contracts/wave_input_contract.h"
 #include "fakes/fake_desktop.h"
-
-#include <algorithm>
+#include "testing.h"
 
 namespace contracts {
 

@@ -3,9 +3,7 @@
 #include "editor/typing.h"
 #include "fakes/fake_desktop.h"
 #include "fakes/watched_text.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
+#include "testing.h"
 
 namespace fakes {
 

@@ -2,10 +2,7 @@
 
 #include "app/program.h"
 #include "fakes/fake_desktop.h"
-
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <optional>
+#include "testing.h"
 
 namespace fakes {
 

@@ -1,11 +1,9 @@
 // Reads every language file as it is shipped and checks what a translator can break without noticing:
 // the shape of the file, mnemonics that fight within one menu, and texts that the program compares or joins.
 #include "base/files.h"
+#include "testing.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <set>
 #include <sstream>

@@ -1,8 +1,7 @@
 #include "base/carry_on.h"
 #include "fakes/temporary_folder.h"
 #include "lang/language_table.h"
-
-#include <gtest/gtest.h>
+#include "testing.h"
 
 class LanguageTableTest : public testing::Test {
 protected:

@@ -54,10 +54,10 @@ TEST_F(SessionTest, Open_WhileAnotherPlays_PausesThatWithItsStepBackFirst) {
 
 TEST_F(SessionTest, Title_SizeFollowsItsLength_InWhichADoubledAmpersandCountsTwice) {
     for (const auto& [name, points] : {std::pair{std::string(20, 'n'), 14},
-                                      {std::string(19, 'n') + '&', 11},
-                                      {std::string(44, 'n'), 11},
-                                      {std::string(45, 'n'), 9},
-                                      {"0123456789012345678&", 11}}) {
+                                       {std::string(19, 'n') + '&', 11},
+                                       {std::string(44, 'n'), 11},
+                                       {std::string(45, 'n'), 9},
+                                       {"0123456789012345678&", 11}}) {
         open(name, 10);
         EXPECT_EQ(form().Label4.fontSize, points) << name;
     }

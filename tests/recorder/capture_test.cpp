@@ -1,10 +1,7 @@
 #include "fakes/fake_desktop.h"
+#include "fakes/full_disk.h"
 #include "recorder/wave_in.h"
-
-#include <csignal>
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-#include <sys/resource.h>
+#include "testing.h"
 
 using testing::IsEmpty;
 using namespace std::literals;
@@ -139,13 +136,8 @@ TEST_F(CaptureTest, Target_ThatTakesNothing_IsSkippedInSilence) {
 
 TEST_F(CaptureTest, FullDisk_StaysSilent_AndKeepsWhatWasCapturedWhole) {
     // A disk that holds three buffers and a piece of the fourth.
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit full{44 + 3 * 8192 + 1000, before.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &full);
+    const fakes::FullDisk disk(44 + 3 * 8192 + 1000);
     const std::string file = record(2, 16, 44100, 6);
-    ::setrlimit(RLIMIT_FSIZE, &before);
     EXPECT_EQ(file.substr(40, 3), "\xE8\x63\0"s) << "the length of what is there";
     EXPECT_TRUE(file.substr(44) == sound(4).substr(0, 3 * 8192 + 1000));
     EXPECT_EQ(engine.ByteRegistrati(), 45 + 6 * 8192) << "the counter goes on";

@@ -2,10 +2,7 @@
 #include "base/files.h"
 #include "rtf/reading.h"
 
-#include <algorithm>
 #include <chrono>
-#include <filesystem>
-#include <map>
 
 namespace fs = std::filesystem;
 

@@ -3,11 +3,7 @@
 
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
-
-#include <algorithm>
-#include <gtest/gtest.h>
-#include <string>
-#include <string_view>
+#include "testing.h"
 
 namespace reading {
 

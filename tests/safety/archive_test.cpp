@@ -3,8 +3,8 @@
 #include "base/carry_on.h"
 #include "fakes/temporary_folder.h"
 #include "safety/notices.h"
+#include "testing.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
 using safety::Archive;

@@ -4,9 +4,7 @@
 #include "rtf/rtf_reader.h"
 #include "rtf/rtf_writer.h"
 #include "safety/journal.h"
-
-#include <gtest/gtest.h>
-#include <random>
+#include "testing.h"
 
 using platform::ParagraphChange;
 using safety::Record;

@@ -1,10 +1,5 @@
 #include "rich_text_fixture.h"
 
-#include <QAbstractTextDocumentLayout>
-#include <QApplication>
-#include <QScrollBar>
-#include <random>
-
 namespace {
 
 using desktop::BlockHeight;

@@ -4,8 +4,6 @@
 #include "rtf/rtf_writer.h"
 #include "safety/work.h"
 
-#include <random>
-
 using tests::RichText;
 
 TEST_F(RichText, ChangesOfParagraphs_ReplayedOneByOne_GiveTheDocument) {

@@ -1,7 +1,4 @@
-#include "base/carry_on.h"
 #include "rich_text_fixture.h"
-
-#include <QTextBlock>
 
 using platform::Setting;
 using tests::RichText;

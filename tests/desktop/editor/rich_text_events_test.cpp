@@ -1,12 +1,5 @@
 #include "rich_text_fixture.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QDragEnterEvent>
-#include <QInputMethodEvent>
-#include <QMimeData>
-#include <QTest>
-
 using tests::RichText;
 
 namespace {

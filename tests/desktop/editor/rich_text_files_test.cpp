@@ -1,10 +1,5 @@
-#include "base/carry_on.h"
-#include "fakes/temporary_folder.h"
 #include "rich_text_fixture.h"
 #include "rtf/rtf_reader.h"
-
-#include <QTest>
-#include <filesystem>
 
 using tests::RichText;
 

@@ -1,14 +1,8 @@
 #pragma once
 
-#include "base/code_page.h"
-#include "desktop/qt/conversions.h"
 #include "desktop/text/rich_text_edit.h"
 #include "fakes/watched_text.h"
-
-#include <QBuffer>
-#include <QImage>
-#include <QTextBlock>
-#include <gtest/gtest.h>
+#include "qt_testing.h"
 
 namespace tests {
 

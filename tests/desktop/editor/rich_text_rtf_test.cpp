@@ -1,11 +1,7 @@
-#include "base/carry_on.h"
 #include "desktop/text/editor_layout.h"
 #include "desktop/text/rtf_bridge.h"
-#include "fakes/temporary_folder.h"
 #include "rich_text_fixture.h"
 #include "rtf/rtf_reader.h"
-
-#include <QPainter>
 
 using tests::RichText;
 

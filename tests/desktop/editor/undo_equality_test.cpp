@@ -1,11 +1,83 @@
-#include "fakes/whole_copy_undo.h"
+#include "editor/undo_redo.h"
 #include "rich_text_fixture.h"
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <random>
-
 namespace {
+
+// Undo and redo as they are told, a whole copy of the text a record and nothing shared: what the program's
+// own have to equal.
+class WholeCopyUndo {
+public:
+    struct Record {
+        std::int32_t SelStart;
+        base::Text Text;
+    };
+
+    explicit WholeCopyUndo(platform::RichText& text) : RTB(text) {
+        RTB.Change = [this] {
+            if (recording)
+                capture();
+        };
+        capture();
+    }
+
+    void undo() {
+        if (done.size() < 2)
+            return;
+        const Record last = done.back();
+        undone.push_back(last);
+        done.pop_back();
+        const base::Text& before = done.back().Text;
+        const std::int32_t more = length(before) - length(last.Text);
+        if (more < 0)
+            write(last.SelStart + more, -more, u"");
+        else
+            putIn(last.SelStart, before, more);
+    }
+    void redo() {
+        if (undone.empty())
+            return;
+        const Record next = undone.back();
+        done.push_back(next);
+        undone.pop_back();
+        const std::int32_t more = length(next.Text) - RTB.textLength();
+        if (more < 0)
+            write(next.SelStart, -more, u"");
+        else if (next.SelStart >= more)
+            putIn(next.SelStart - more, next.Text, more);
+        else
+            putIn(next.SelStart, next.Text, 0); // the difference would begin before the text
+    }
+
+    platform::RichText& RTB;
+    std::vector<Record> done;
+    std::vector<Record> undone;
+
+private:
+    static std::int32_t length(const base::Text& text) { return static_cast<std::int32_t>(text.size()); }
+    void capture() {
+        undone.clear();
+        done.push_back({RTB.SelStart(), RTB.Text()});
+    }
+    void write(std::int32_t at, std::int32_t removed, base::TextView text) {
+        recording = false;
+        RTB.setSelStart(at);
+        RTB.setSelLength(removed);
+        RTB.setSelText(text);
+        recording = true;
+    }
+    // A stretch of the text, which is selected then, unless it is a letter or the end of a line.
+    void putIn(std::int32_t at, const base::Text& whole, std::int32_t count) {
+        const base::Text text = whole.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(count));
+        write(at, 0, text);
+        RTB.setSelStart(at);
+        if (text.size() < 2 || text == u"\r\n")
+            RTB.setSelStart(RTB.SelStart() + length(text));
+        else
+            RTB.setSelLength(length(text));
+    }
+
+    bool recording = true;
+};
 
 // Two controls go through the same edits, one with the program's undo, one with whole copies.
 class UndoEquality : public testing::TestWithParam<unsigned> {
@@ -67,7 +139,7 @@ protected:
         ASSERT_EQ(undoRedo.ListaRedo().size(), plain.undone.size());
     }
     static void expectTheSameRecords(const std::deque<editor::UndoElement>& records,
-                                     const std::vector<fakes::WholeCopyUndo::Record>& expected) {
+                                     const std::vector<WholeCopyUndo::Record>& expected) {
         for (std::size_t i = 0; i < expected.size(); ++i) {
             ASSERT_EQ(records[i].Text.text(), expected[i].Text) << i;
             ASSERT_EQ(records[i].SelStart, expected[i].SelStart);
@@ -78,7 +150,7 @@ protected:
     tests::Control rtb{base::CodePage(1252)};
     tests::Control plainRtb{base::CodePage(1252)};
     editor::UndoRedo undoRedo{rtb};
-    fakes::WholeCopyUndo plain{plainRtb};
+    WholeCopyUndo plain{plainRtb};
 };
 
 } // namespace

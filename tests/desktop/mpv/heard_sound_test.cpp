@@ -10,11 +10,11 @@
 
 namespace {
 
+using listening::eventually;
 using listening::placeIn;
 using listening::runLoop;
 using listening::Samples;
 using listening::soundsIn;
-using listening::eventually;
 using platform::PlayState;
 
 class HeardSoundTest : public testing::Test {

@@ -1,8 +1,8 @@
 // A sound server of the test's own, and what was heard on it.
 #pragma once
 
-#include "fakes/temporary_folder.h"
 #include "desktop/eventually.h"
+#include "fakes/temporary_folder.h"
 #include "pulse_daemon.h"
 
 #include <cmath>
