@@ -4,6 +4,8 @@
 #include "fakes/virtual_loop.h"
 #include "qt_testing.h"
 
+#include <QSignalSpy>
+
 using desktop::qstring;
 
 class Form1WindowTest : public testing::Test {

@@ -3,6 +3,9 @@
 #include "desktop/services/qt_event_loop.h"
 #include "qt_testing.h"
 
+#include <QAbstractItemView>
+#include <QDropEvent>
+
 namespace {
 
 class FrmFindWindow : public testing::Test {

@@ -3,6 +3,8 @@
 #include "qt_printer.h"
 #include "rich_text_fixture.h"
 
+#include <QSpinBox>
+
 using platform::PrinterProperty;
 
 namespace {

@@ -1,6 +1,12 @@
 #include "desktop/services/qt_dialogs.h"
 #include "qt_testing.h"
 
+#include <QAbstractItemView>
+#include <QColorDialog>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QSettings>
+
 using namespace std::string_literals;
 using fakes::eventually;
 using platform::Answer;

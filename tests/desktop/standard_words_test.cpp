@@ -1,6 +1,10 @@
 #include "desktop/services/standard_words.h"
 #include "qt_testing.h"
 
+#include <QDialogButtonBox>
+#include <QFileIconProvider>
+#include <QLabel>
+
 namespace {
 
 // What stands on the buttons of a box, over the places of a file dialog and as the kind of a folder.

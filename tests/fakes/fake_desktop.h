@@ -156,16 +156,15 @@ public:
         layLanguage("English.lng");
     }
 
-    // A language file in which entry n reads "&<first letters of the file's name>n", but for these others.
-    void layLanguage(const std::string& name, int lines = 136,
-                     const std::map<int, std::string>& others = {}) const {
+    // A language file in which entry n reads "&<first letters of the file's name>n", or begins otherwise, but
+    // for these others.
+    void layLanguage(const std::string& name, int lines = 136, const std::map<int, std::string>& others = {},
+                     std::string before = {}) const {
         std::string bytes;
-        for (int n = 0; n < lines; ++n) {
-            const auto other = others.find(n);
-            bytes += "123";
-            bytes += other != others.end() ? other->second : "&" + name.substr(0, 2) + std::to_string(n);
-            bytes += "\r\n";
-        }
+        if (before.empty())
+            before = "&" + name.substr(0, 2);
+        for (int n = 0; n < lines; ++n)
+            bytes += "123" + (others.contains(n) ? others.at(n) : before + std::to_string(n)) + "\r\n";
         folder.write("Files/Lang/" + name, bytes);
     }
     void laySettings(const std::vector<std::string>& lines) const {

@@ -32,10 +32,7 @@ public:
     // Switches to a language of entries "T0" to "T135" without a mnemonic, as the dialogs need it that know
     // their job by an entry. Entry 128 is "(nnn)".
     void speakPlainly() {
-        std::string bytes;
-        for (int n = 0; n < 136; ++n)
-            bytes += "123" + (n == 128 ? "(nnn)" : "T" + std::to_string(n)) + "\r\n";
-        desktop.folder.write("Files/Lang/Plain.lng", bytes);
+        desktop.layLanguage("Plain.lng", 136, {{128, "(nnn)"}}, "T");
         desktop.dialogPort.choices.push_back(desktop.folder.text("Files/Lang/Plain.lng"));
         form().mnuLingua.Click();
     }

@@ -1,5 +1,7 @@
 #include "rich_text_fixture.h"
 
+#include <QAbstractTextDocumentLayout>
+
 namespace {
 
 using desktop::BlockHeight;

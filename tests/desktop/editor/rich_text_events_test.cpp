@@ -1,5 +1,9 @@
 #include "rich_text_fixture.h"
 
+#include <QAction>
+#include <QDragEnterEvent>
+#include <QInputMethodEvent>
+
 using tests::RichText;
 
 namespace {

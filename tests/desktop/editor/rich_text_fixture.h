@@ -4,6 +4,9 @@
 #include "fakes/watched_text.h"
 #include "qt_testing.h"
 
+#include <QBuffer>
+#include <QTextBlock>
+
 namespace tests {
 
 // The control with its side of drag and drop open.
@@ -23,6 +26,56 @@ inline std::string pngDigits(QSize size, QColor color) {
     image.save(&buffer, "PNG");
     return png.toHex().toStdString();
 }
+
+// What a user and the program do to a text, one edit after the other; the same ones from the same seed.
+class RandomEdits {
+public:
+    explicit RandomEdits(unsigned seed) : random_(seed) {}
+
+    std::vector<base::Text> pieces{u"x",           u"\xD83D\xDE00", u"\r\n", u"word ",
+                                   u"a\r\nb\r\nc", u"\u000B",       u"",     u"equal"};
+
+    std::int32_t upTo(std::int32_t limit) {
+        return static_cast<std::int32_t>(random_() % static_cast<unsigned>(limit + 1));
+    }
+    void edit(desktop::RichTextEdit& control) {
+        const auto press = [&](int key, const QString& text = {}) {
+            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
+            QApplication::sendEvent(&control, &event);
+        };
+        const auto piece = [&] { return pieces[static_cast<std::size_t>(upTo(int(pieces.size()) - 1))]; };
+        if (upTo(2) == 0)
+            fakes::select(control, upTo(control.textLength()), upTo(3) == 0 ? upTo(30) : 0);
+        const std::function<void()> edits[] = {
+            [&] { press(Qt::Key_Return, QStringLiteral("\r")); },
+            [&] { press(Qt::Key_Backspace); },
+            [&] { press(Qt::Key_Delete); },
+            [&] { control.setSelText(piece()); },
+            [&] { control.setSelRTF(u"{\\rtf1 a{\\b b}\\par\\qr\\u-10179?\\u-8704?}"); },
+            [&] { control.setSelRTF(u"{\\rtf1 {\\pict\\pngblip 00}{\\cf1\\super s}}"); },
+            [&] { control.setSelBold(upTo(1) == 0); },
+            [&] { control.setSelBullet(upTo(1) == 0); },
+            [&] { control.setSelAlignment(platform::ParagraphAlignment::Centre); },
+            [&] {
+                if (upTo(30) == 0)
+                    control.setText(u"a new text\r\n\U0001F600\r\nof three lines");
+            },
+            [&] { // as Replace All does
+                control.together([&] {
+                    for (int i = 0; i < 3; ++i) {
+                        fakes::select(control, upTo(control.textLength()), upTo(8));
+                        control.setSelRTF(piece());
+                    }
+                });
+            },
+            [&] { press(Qt::Key_X, QStringLiteral("x")); },
+        };
+        edits[std::min(upTo(14), 11)]();
+    }
+
+private:
+    std::mt19937 random_;
+};
 
 // A text window with its changes counted.
 class RichText : public testing::Test {

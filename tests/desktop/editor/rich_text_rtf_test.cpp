@@ -3,6 +3,8 @@
 #include "rich_text_fixture.h"
 #include "rtf/rtf_reader.h"
 
+#include <QAbstractTextDocumentLayout>
+
 using tests::RichText;
 
 namespace {

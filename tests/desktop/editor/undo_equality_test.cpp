@@ -91,46 +91,6 @@ protected:
         undoRedo.record();
     }
 
-    // What a user and the program do to a text; the same for both.
-    void edit(desktop::RichTextEdit& control, std::mt19937 random) {
-        const auto upTo = [&](std::int32_t limit) {
-            return static_cast<std::int32_t>(random() % static_cast<unsigned>(limit + 1));
-        };
-        const auto press = [&](int key, const QString& text = {}) {
-            QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
-            QApplication::sendEvent(&control, &event);
-        };
-        const base::TextView pieces[] = {u"x",      u"\xD83D\xDE00", u"\r\n",   u"word ", u"a\r\nb\r\nc",
-                                         u"\xD83D", u"\xDE00",       u"\u000B", u"",      u"equal"};
-        if (upTo(2) == 0) {
-            control.setSelStart(upTo(control.textLength()));
-            control.setSelLength(upTo(3) == 0 ? upTo(30) : 0);
-        }
-        const std::function<void()> edits[] = {
-            [&] { press(Qt::Key_Return, QStringLiteral("\r")); },
-            [&] { press(Qt::Key_Backspace); },
-            [&] { press(Qt::Key_Delete); },
-            [&] { control.setSelText(pieces[upTo(9)]); },
-            [&] { control.setSelRTF(u"{\\rtf1 a{\\b b}\\par\\u-10179?\\u-8704?}"); },
-            [&] { control.setSelBold(upTo(1) == 0); },
-            [&] { control.setSelBullet(upTo(1) == 0); },
-            [&] {
-                if (upTo(30) == 0)
-                    control.setText(u"a new text\r\n\U0001F600\r\nof three lines");
-            },
-            [&] { // as Replace All does
-                control.together([&] {
-                    for (int i = 0; i < 3; ++i) {
-                        control.setSelStart(upTo(control.textLength()));
-                        control.setSelLength(upTo(8));
-                        control.setSelRTF(pieces[upTo(9)]);
-                    }
-                });
-            },
-            [&] { press(Qt::Key_X, QStringLiteral("x")); },
-        };
-        edits[std::min(upTo(12), 9)]();
-    }
     void expectTheSame() {
         ASSERT_EQ(rtb.Text(), plainRtb.Text());
         ASSERT_EQ(rtb.SelStart(), plainRtb.SelStart());
@@ -157,6 +117,8 @@ protected:
 
 TEST_P(UndoEquality, ThousandsOfEditsUndosAndRedos_GoAsWithWholeCopies) {
     std::mt19937 random(GetParam());
+    tests::RandomEdits edits(GetParam());
+    edits.pieces.insert(edits.pieces.end(), {u"\xD83D", u"\xDE00"}); // halves of a letter
     for (int step = 0; step < 2500; ++step) {
         // Rounds of edits, of undos, of redos, and of all of them.
         const unsigned round = static_cast<unsigned>(step) / 40 % 4;
@@ -168,10 +130,9 @@ TEST_P(UndoEquality, ThousandsOfEditsUndosAndRedos_GoAsWithWholeCopies) {
             undoRedo.EseguiRedo();
             plain.redo();
         } else {
-            const std::mt19937 same = random;
-            edit(rtb, same);
-            edit(plainRtb, same);
-            random.discard(4);
+            tests::RandomEdits same = edits;
+            edits.edit(rtb);
+            same.edit(plainRtb);
         }
         expectTheSame();
         ASSERT_FALSE(HasFatalFailure()) << "step " << step;
