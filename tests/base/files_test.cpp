@@ -1,8 +1,14 @@
+#include "base/binary_file.h"
 #include "base/carry_on.h"
 #include "base/files.h"
-#include "fakes/full_disk.h"
+#include "base/unfinished_file.h"
 #include "fakes/temporary_folder.h"
-#include "testing.h"
+
+#include <csignal>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
 
 namespace fs = std::filesystem;
 
@@ -18,7 +24,10 @@ TEST_F(FilesTest, Replace_KeepsPermissionsAndLinks_AndLeavesNothingBeside) {
     fs::permissions(folder.path() / "real.ini", fs::perms(0640));
     fs::create_symlink("real.ini", folder.path() / "link.ini");
     folder.write("real.ini.new", "the user's own");
+    const auto descriptors = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+    const auto before = descriptors();
     base::replaceFile(folder.text("link.ini"), "new");
+    EXPECT_EQ(descriptors(), before);
     EXPECT_EQ(folder.read("real.ini"), "new");
     EXPECT_EQ(folder.read("real.ini.new"), "the user's own");
     EXPECT_TRUE(fs::is_symlink(folder.path() / "link.ini"));
@@ -36,12 +45,53 @@ TEST_F(FilesTest, Replace_OfTheLongestNames_LeavesNothingBeside) {
     EXPECT_EQ(fileCount(), 2);
 }
 
+TEST_F(FilesTest, WhatAKilledProcessLeft_IsTakenAway_AndNobodyElsesFile) {
+    const std::pair<std::string, bool> rows[] = {
+        {"a.ini", true},
+        {"a.ini.quillmere-new", false},
+        {"b.ini.quillmere-new12", false},
+        {"a.ini.new", false},
+        {"a.ini.new2", false},
+        {"a.ini.new 2", true},
+        {"letter.new", true},
+        {".new", true},
+        {".quillmere-new", true},
+        {"b.ini.newer", true},
+        {"12", true},
+    };
+    for (const auto& [name, stays] : rows)
+        folder.write(name, "x");
+    folder.write("b.ini.quillmere-new", "");
+    const base::BinaryFile written(folder.text("b.ini.quillmere-new"));
+    base::removeUnfinished(folder.text(""), [](base::TextView name) { return name.ends_with(u".ini"); });
+    for (const auto& [name, stays] : rows)
+        EXPECT_EQ(fs::exists(folder.path() / name), stays) << name;
+
+    // A save takes away what the one before left, and goes round what is being written.
+    folder.write("a.ini.quillmere-new", "half");
+    base::replaceFile(folder.text("a.ini"), "new");
+    base::replaceFile(folder.text("b.ini"), "new");
+    EXPECT_EQ(folder.read("a.ini") + folder.read("b.ini"), "newnew");
+    EXPECT_FALSE(fs::exists(folder.path() / "a.ini.quillmere-new"));
+    EXPECT_TRUE(fs::exists(folder.path() / "b.ini.quillmere-new"));
+    base::removeUnfinished(folder.text("missing"), [](base::TextView) { return true; });
+}
+
+TEST_F(FilesTest, BinaryFile_RefusesASecondWriter) {
+    const base::BinaryFile first(folder.text("a.wav"));
+    EXPECT_THROW(base::BinaryFile second(folder.text("a.wav")), base::Failure);
+}
+
 TEST_F(FilesTest, Replace_OnAFullDisk_LeavesTheOldFile) {
     folder.write("kept.ini", "what the user had");
-    {
-        const fakes::FullDisk disk(4096);
-        EXPECT_THROW(base::replaceFile(folder.text("kept.ini"), std::string(100000, 'x')), base::Failure);
-    }
+    // A limit on file sizes fails a write halfway, as a full disk does.
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before{};
+    ::getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit small{4096, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    EXPECT_THROW(base::replaceFile(folder.text("kept.ini"), std::string(100000, 'x')), base::Failure);
+    ::setrlimit(RLIMIT_FSIZE, &before);
     EXPECT_EQ(folder.read("kept.ini"), "what the user had");
     EXPECT_EQ(fileCount(), 1);
 }
@@ -60,11 +110,15 @@ TEST_F(FilesTest, Lines_EndInAnyOfTheWaysThatSystemsEndThem) {
         {"a\nb", {u"a", u"b"}},
         {"a\r\rb", {u"a", u"", u"b"}},
         {"\xEF\xBB\xBF\xD0\xAF\r\n", {u"Я"}},
+        {"\xD0\xAF\r\n", {u"Я"}},
+        {"\xE9\r\n", {u"é"}},
     };
     for (const auto& [bytes, lines] : rows) {
         folder.write("lines", bytes);
         EXPECT_EQ(files.readLines(folder.text("lines")), lines) << bytes;
     }
-    files.writeLines(folder.text("lines"), {u"é", u""});
-    EXPECT_EQ(folder.read("lines"), "\xE9\r\n\r\n");
+    const std::vector<base::Text> written = {u"é", u"", u"a\nb\r\nc"};
+    files.writeLines(folder.text("lines"), written);
+    EXPECT_TRUE(folder.read("lines").starts_with("\xEF\xBB\xBF\xC3\xA9\r\n\r\na"));
+    EXPECT_EQ(files.readLines(folder.text("lines")), written);
 }

@@ -1,10 +1,21 @@
 #include "desktop/windows/form1_window.h"
 
+#include "desktop/qt/conversions.h"
+#include "desktop/qt/event_stop.h"
+#include "desktop/services/qt_event_loop.h"
+#include "eventually.h"
 #include "fakes/fake_player.h"
+#include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
-#include "qt_testing.h"
 
+#include <QApplication>
+#include <QImage>
+#include <QScreen>
 #include <QSignalSpy>
+#include <QTest>
+#include <QWindow>
+#include <gtest/gtest.h>
+#include <optional>
 
 using desktop::qstring;
 
@@ -142,6 +153,27 @@ TEST_F(Form1WindowTest, LongPath_KeepsTheNameOfItsFile) {
     EXPECT_NE(shown(u"a", u"/talk.mp3"), shown(u"a", u"/walk.mp3"));
     EXPECT_NE(shown(u"a", u"/talk.mp3"), shown(u"b", u"/talk.mp3"));
     EXPECT_NE(shown(u"a", u".mp3"), shown(u"a", u".mp4")) << "nor the end of a long name";
+}
+
+TEST_F(Form1WindowTest, NothingArrives_OnceTheEventsAreStopped) {
+    int heard = 0;
+    form.cmdPlay.enabled = true;
+    form.cmdPlay.Click = [&] { ++heard; };
+    form.KeyDown = [&](const platform::KeyEvent&) { ++heard; };
+    form.Unload = [&] { return ++heard == 0; };
+    desktop::QtEventLoop timers;
+    const auto alarm = timers.alarm([&] { ++heard; });
+    show();
+    {
+        const desktop::EventStop stop;
+        alarm->start(1);
+        drag(form.cmdPlay, {5, 5}, {5, 5}, Qt::LeftButton);
+        QTest::keyClick(&*window, Qt::Key_Escape);
+        window->close();
+        QTest::qWait(10);
+        EXPECT_EQ(heard, 0);
+    }
+    EXPECT_TRUE(fakes::eventually([&] { return heard > 0; })) << "the alarm";
 }
 
 TEST_F(Form1WindowTest, LongCaption_IsWrapped_AndCutWithAnEllipsis) {

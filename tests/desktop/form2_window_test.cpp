@@ -1,9 +1,15 @@
 #include "desktop/windows/form2_window.h"
 
+#include "desktop/qt/conversions.h"
 #include "desktop/text/rich_text_edit.h"
 #include "editor/editor_window.h"
+#include "eventually.h"
+#include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
-#include "qt_testing.h"
+
+#include <QApplication>
+#include <QTest>
+#include <gtest/gtest.h>
 
 using desktop::qstring;
 using fakes::eventually;
@@ -42,6 +48,8 @@ protected:
 } // namespace
 
 TEST_F(Form2WindowTest, Size_FromEitherSide_IsFilledByTheText) {
+    EXPECT_TRUE(eventually([&] { return window.frameGeometry().size() == QSize(728, 347); }))
+        << "with its frame";
     const QSize frame = window.frameGeometry().size() - window.size();
     window.resize(1000, 600);
     EXPECT_TRUE(eventually([&] { return form.width == (1000 + frame.width()) * 15; }));

@@ -1,6 +1,9 @@
+#include "desktop/services/lazy_internet.h"
 #include "desktop/services/lazy_player.h"
 #include "desktop/services/lazy_wave_input.h"
-#include "qt_testing.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
 
 using desktop::LazyPlayer;
 using platform::PlayState;
@@ -27,6 +30,15 @@ TEST(LazyPlayer, AsksItsModuleForTheVersions) {
     EXPECT_EQ(LazyPlayer("/nowhere/player.so").versions(), "");
     LazyPlayer player(LAID_MODULES "/mpv_player.so");
     EXPECT_EQ(std::ranges::count(player.versions(), '\n'), 1);
+}
+
+TEST(LazyInternet, Read_GoesThroughItsModule_AndIsSilenceWithoutOne) {
+    EXPECT_EQ(desktop::LazyInternet(LAID_MODULES "/internet.so").read("data:,001015003", "Quillmere"), "001015003");
+    for (const char* module : {"/nowhere/internet.so", "libc.so.6"}) {
+        desktop::LazyInternet internet(module);
+        EXPECT_EQ(internet.read("data:,001015003", "Quillmere"), "");
+        EXPECT_FALSE(internet.isHanging());
+    }
 }
 
 TEST(LazyWaveInput, WithoutItsModule_RefusesEveryDevice_AndSaysWhy) {
