@@ -18,6 +18,8 @@ void removeLeftFiles(const base::ProgramFolder& folder) {
         return std::find(std::begin(own), std::end(own), name) != std::end(own);
     });
     base::removeUnfinished(folder.bookmarks({}), [](base::TextView name) { return name.ends_with(u".bm"); });
+    for (const base::TextView kept : {u"Safety", u"Safety/Archive"})
+        base::removeUnfinished(folder.files(kept), [](base::TextView) { return false; });
 }
 
 } // namespace

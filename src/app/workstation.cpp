@@ -135,6 +135,7 @@ bool Workstation::Form_Unload() {
         bookmarks_.window.refill(); // the save has emptied the lists
         return true;
     }
+    left_ = true;
     safety_.leave();
     drop_.remove();
     settings_.Salva();
@@ -155,6 +156,8 @@ void Workstation::endSession() {
 }
 
 void Workstation::keepAll() {
+    if (left_)
+        return;
     safety_.flush();
     settings_.Salva();
 }

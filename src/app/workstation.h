@@ -45,7 +45,7 @@ public:
     SafetyRoom& safety() { return safety_; }
     // The way out without a question, of a session that ends: nothing is lost, the next start brings it back.
     void endSession();
-    // The same without the end, which may still be called off.
+    // The same without the end, which may still be called off. Behind the exit there is nothing to keep.
     void keepAll();
     player::MediaOpener& opener() { return opener_; }
     // True when the process ends as soon as the start is over, without the player having been shown.
@@ -97,6 +97,7 @@ private:
     OutsideRoom outside_;
     SafetyRoom safety_;
     bool ends_ = false;
+    bool left_ = false; // the exit has decided to go
 };
 
 } // namespace app
