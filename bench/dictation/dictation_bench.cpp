@@ -4,6 +4,7 @@
 //
 //   dictation_bench [PAUSES]
 #include "app/program.h"
+#include "desktop/eventually.h"
 #include "desktop/mpv/sound_server.h"
 #include "desktop/services/qt_event_loop.h"
 #include "fakes/fake_desktop.h"
@@ -101,7 +102,7 @@ std::vector<Pause> dictate(int pauses, std::vector<double>& late) {
             met.back().asked = place;
         tick();
         if (!wasPlaying && static_cast<int>(met.size()) == pauses) {
-            listening::runLoop(500); // the last resume has to be heard
+            fakes::runLoop(500); // the last resume has to be heard
             over = true;
         } else if (wasPlaying) {
             met.push_back({place, 0});
@@ -109,7 +110,7 @@ std::vector<Pause> dictate(int pauses, std::vector<double>& late) {
                 form.cmdAvanz.Click();
         }
     };
-    listening::waitFor([&] { return over; }, (pauses + 2) * (playPhase + pausePhase) + 10000);
+    fakes::eventually([&] { return over; }, (pauses + 2) * (playPhase + pausePhase) + 10000);
     form.mnuStop.Click();
     return met;
 }
