@@ -154,11 +154,17 @@ private:
 
     void insertText(base::TextView text, const QTextCharFormat& letters) {
         for (std::size_t page = 0; (page = text.find(rtf::pageBreak)) != base::TextView::npos;) {
-            cursor_.insertText(qstring(text.substr(0, page)), letters);
+            cursor_.insertText(uncopied(text.substr(0, page)), letters);
             document_.breakPageAt(cursor_, letters);
             text.remove_prefix(page + 1);
         }
-        cursor_.insertText(qstring(text), letters);
+        cursor_.insertText(uncopied(text), letters);
+    }
+
+    // The document takes a copy of its own.
+    static QString uncopied(base::TextView text) {
+        return QString::fromRawData(reinterpret_cast<const QChar*>(text.data()),
+                                    static_cast<qsizetype>(text.size()));
     }
 
     QTextCursor& cursor_;
