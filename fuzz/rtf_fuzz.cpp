@@ -1,7 +1,7 @@
 // Whatever bytes are read: what is written of them is 7-bit ASCII and reads as the same document.
-#include "rtf/rtf_picture.h"
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/read/picture.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 
 #include <algorithm>
 #include <cstddef>

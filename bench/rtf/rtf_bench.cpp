@@ -1,8 +1,8 @@
 // Reads and writes a made-up transcript of 13.9 MB and of half and a quarter of it. Prints the best of five
 // runs of each, and the time of each size relative to the one before: 2 where the cost grows with the size
 // alone.
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 #include "table.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 #include "safety/work.h"
 
-#include "rtf/rtf_assembly.h"
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/assembly.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 
 #include <algorithm>
 #include <deque>

@@ -4,7 +4,7 @@
 #include "base/files.h"
 #include "base/numbers.h"
 #include "platform/rich_text.h"
-#include "rtf/rtf_reader.h"
+#include "rtf/read/reader.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
+#include "rtf/read/picture.h"
 #include "rtf/reading.h"
-#include "rtf/rtf_picture.h"
 
 using reading::document;
 

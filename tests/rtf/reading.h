@@ -1,8 +1,8 @@
 // What the tests of the RTF room say again and again.
 #pragma once
 
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 #include "testing.h"
 
 namespace reading {

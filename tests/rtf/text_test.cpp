@@ -1,5 +1,5 @@
+#include "rtf/read/code_pages.h"
 #include "rtf/reading.h"
-#include "rtf/rtf_code_pages.h"
 
 using reading::expectTexts;
 

@@ -1,8 +1,8 @@
 #include "base/files.h"
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 #include "safety/journal.h"
 #include "testing.h"
 

@@ -1,8 +1,8 @@
 // rtf_text FILE prints the plain text of an RTF file in UTF-8; rtf_text --rtf FILE reads the file and writes
 // it again as RTF. Both go to the standard output.
 #include "base/files.h"
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 
 #include <cstdio>
 #include <exception>

@@ -1,6 +1,6 @@
 #include "desktop/clipboard/rtf_source.h"
 
-#include "rtf/rtf_reader.h"
+#include "rtf/read/reader.h"
 
 #include <algorithm>
 #include <cstdint>

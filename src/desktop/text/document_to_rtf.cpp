@@ -1,6 +1,6 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/text/rtf_bridge.h"
-#include "rtf/rtf_builder.h"
+#include "rtf/builder.h"
 
 #include <QTextBlock>
 #include <algorithm>

@@ -1,7 +1,7 @@
 #include "desktop/text/editor_document.h"
 
 #include "desktop/qt/conversions.h"
-#include "rtf/rtf_picture.h"
+#include "rtf/read/picture.h"
 
 #include <QImage>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "rtf/rtf_document.h"
+#include "rtf/document.h"
 
 #include <QTextCursor>
 #include <QTextDocument>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/text.h"
-#include "rtf/rtf_document.h"
+#include "rtf/document.h"
 
 #include <QStringView>
 

@@ -6,7 +6,7 @@
 #include "desktop/text/layout_limits.h"
 #include "desktop/text/rtf_bridge.h"
 #include "desktop/text/text_units.h"
-#include "rtf/rtf_reader.h"
+#include "rtf/read/reader.h"
 
 #include <QStringDecoder>
 #include <algorithm>

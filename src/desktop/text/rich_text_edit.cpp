@@ -2,20 +2,20 @@
 
 #include "base/carry_on.h"
 #include "base/files.h"
+#include "desktop/clipboard/rtf_source.h"
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/keyboard_order.h"
+#include "desktop/qt/notice.h"
+#include "desktop/qt/print_device.h"
 #include "desktop/text/layout_limits.h"
 #include "desktop/text/load_document.h"
 #include "desktop/text/pages.h"
 #include "desktop/text/rtf_bridge.h"
-#include "desktop/clipboard/rtf_source.h"
 #include "desktop/text/selection_formats.h"
-#include "desktop/qt/keyboard_order.h"
 #include "desktop/text/text_search.h"
 #include "desktop/text/text_units.h"
-#include "desktop/qt/notice.h"
-#include "desktop/qt/print_device.h"
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 
 #include <QGuiApplication>
 #include <QTextBlock>

@@ -1,13 +1,13 @@
 #include "desktop/text/rich_text_edit.h"
 
 #include "base/carry_on.h"
-#include "desktop/qt/conversions.h"
-#include "desktop/text/rtf_bridge.h"
 #include "desktop/clipboard/rtf_source.h"
+#include "desktop/qt/conversions.h"
 #include "desktop/qt/key_codes.h"
+#include "desktop/text/rtf_bridge.h"
 #include "desktop/views/menus.h"
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 
 #include <QApplication>
 #include <QFocusEvent>

@@ -1,7 +1,7 @@
 // What the control tells of its changes is enough to build the document again.
 #include "rich_text_fixture.h"
-#include "rtf/rtf_reader.h"
-#include "rtf/rtf_writer.h"
+#include "rtf/read/reader.h"
+#include "rtf/write/writer.h"
 #include "safety/work.h"
 
 using tests::RichText;

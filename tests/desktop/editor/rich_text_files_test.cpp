@@ -1,5 +1,5 @@
 #include "rich_text_fixture.h"
-#include "rtf/rtf_reader.h"
+#include "rtf/read/reader.h"
 
 using tests::RichText;
 

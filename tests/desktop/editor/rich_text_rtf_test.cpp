@@ -1,7 +1,7 @@
 #include "desktop/text/editor_layout.h"
 #include "desktop/text/rtf_bridge.h"
 #include "rich_text_fixture.h"
-#include "rtf/rtf_reader.h"
+#include "rtf/read/reader.h"
 
 #include <QAbstractTextDocumentLayout>
 

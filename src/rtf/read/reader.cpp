@@ -1,0 +1,40 @@
+#include "rtf/read/reader.h"
+
+#include "rtf/read/parser.h"
+
+#include <algorithm>
+
+namespace rtf {
+
+namespace {
+
+// How many bytes stand in front of the word that begins RTF: a mark, white space, the first brace; none when
+// other bytes begin so.
+std::size_t openingOf(std::string_view bytes) {
+    const std::size_t whole = bytes.size();
+    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+    if (bytes.substr(0, byteOrderMark.size()) == byteOrderMark)
+        bytes.remove_prefix(byteOrderMark.size());
+    const auto skipBlanks = [&] {
+        bytes.remove_prefix(std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size()));
+    };
+    skipBlanks();
+    if (!bytes.starts_with('{'))
+        return 0;
+    bytes.remove_prefix(1);
+    skipBlanks();
+    return bytes.starts_with("\\rtf") ? whole - bytes.size() : 0;
+}
+
+} // namespace
+
+bool isRtf(std::string_view bytes) {
+    return openingOf(bytes) > 0;
+}
+
+Document read(std::string_view bytes) {
+    const std::size_t opening = openingOf(bytes);
+    return Parser(bytes.substr(opening), opening > 0).run();
+}
+
+} // namespace rtf
