@@ -49,6 +49,7 @@ void CompanionWindows::applyLanguage() {
     form1_.mnuBookMark.caption = Lingua(bookmarks_.form().visible ? 85 : 84);
     bookmarks_.window.applyLanguage();
     editor_.CambiaLingua2(Lingua);
+    words_.languageChanged();
 }
 
 } // namespace app

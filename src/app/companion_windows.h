@@ -5,6 +5,7 @@
 #include "app/recorder_room.h"
 #include "controls/controls.h"
 #include "controls/recent_files.h"
+#include "lang/words.h"
 #include "player/companions.h"
 #include "player/form1.h"
 
@@ -14,9 +15,10 @@ namespace app {
 class CompanionWindows : public player::Companions {
 public:
     CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
-                     BookmarkRoom& bookmarks, RecorderRoom& recorder, lang::LanguageTable& language)
+                     BookmarkRoom& bookmarks, RecorderRoom& recorder, lang::LanguageTable& language,
+                     lang::Words& words)
         : form1_(form1), recentMedia_(recentMedia), editor_(editor), bookmarks_(bookmarks),
-          recorder_(recorder), Lingua(language) {}
+          recorder_(recorder), Lingua(language), words_(words) {}
 
     void TornaAllEditor() override;
     void PosizionaEditor() override;
@@ -40,6 +42,7 @@ private:
     BookmarkRoom& bookmarks_;
     RecorderRoom& recorder_;
     lang::LanguageTable& Lingua;
+    lang::Words& words_;
 };
 
 } // namespace app

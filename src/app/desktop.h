@@ -19,6 +19,9 @@
 #include "platform/worker.h"
 #include "player/form1.h"
 #include "recorder/frm_audio_rec.h"
+#include "safety/quiet_line.h"
+#include "safety/versions_window.h"
+#include "safety/what_happened.h"
 
 namespace app {
 
@@ -59,6 +62,9 @@ public:
     virtual void show(editor::FrmFind& form) = 0;
     virtual void show(recorder::FrmAudioRec& form) = 0;
     virtual void show(outside::FrmInformazioni& form) = 0;
+    virtual void show(safety::QuietLineWindow& form) = 0;
+    virtual void show(safety::NoticesWindow& form) = 0;
+    virtual void show(safety::VersionsWindow& form) = 0;
 };
 
 } // namespace app

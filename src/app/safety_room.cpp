@@ -7,6 +7,8 @@
 
 namespace app {
 
+using lang::operator""_en;
+
 namespace {
 
 constexpr int marksPeriod = 400;     // ms; bookmarks change without an event
@@ -43,7 +45,7 @@ SafetyRoom::SafetyRoom(Desktop& desktop, const player::Form1& form1, EditorRoom&
       journal_(desktop.eventLoop(), disk_, *this, form1.folder.files(u"Safety/Journal")),
       marksWatch_(desktop.eventLoop()), survived_(desktop.eventLoop()) {
     journal_.Failed = [this](const base::Text& reason) {
-        Tell("Unsaved work cannot be kept safe: %1", reason);
+        Tell(u"Unsaved work cannot be kept safe: %1"_en, reason);
     };
     marksWatch_.Tick = [this] {
         if (safety::Marks held = marks(); held != lastMarks_) {
@@ -83,7 +85,7 @@ void SafetyRoom::watch() {
     };
     document.SaveFailed = [this](const base::Text& reason) {
         keepText(safety::Reason::SaveFailed);
-        Tell("The document could not be saved and is kept among the earlier versions: %1", reason);
+        Tell(u"The document could not be saved and is kept among the earlier versions: %1"_en, reason);
     };
     bookmarks_.media.Replacing = [this](const base::Text& file, std::size_t lines) {
         base::carryOn([&] {
@@ -93,7 +95,7 @@ void SafetyRoom::watch() {
         });
     };
     bookmarks_.media.Failed = [this](const base::Text& reason) {
-        Tell("The bookmarks could not be saved: %1", reason);
+        Tell(u"The bookmarks could not be saved: %1"_en, reason);
     };
     editor_.form().RTB.Edited = [this] {
         unsaved_ = true;
@@ -135,7 +137,7 @@ void SafetyRoom::keep(base::TextView document, const std::string& bytes, base::T
     try {
         archive_.keep(document, bytes, extension, reason, now());
     } catch (const base::Failure& failure) {
-        Tell("An earlier version could not be kept: %1", base::fromUtf8(failure.what()));
+        Tell(u"An earlier version could not be kept: %1"_en, base::fromUtf8(failure.what()));
     }
 }
 
@@ -195,7 +197,7 @@ void SafetyRoom::bringBack(const safety::Work& work) {
         return;
     if (endedTheProgramTwice()) {
         keep(work.document.title, work.source, textExtension, safety::Reason::Crash);
-        Tell("A text that ended the program twice is kept among the earlier versions: %1",
+        Tell(u"A text that ended the program twice is kept among the earlier versions: %1"_en,
              work.document.title);
         return;
     }
@@ -213,11 +215,11 @@ void SafetyRoom::bringBackText(const safety::Work& work) {
     unsaved_ = true;
     if (!file.empty() && checkOf(file) != work.document.fileCheck) {
         keep(work.document.title, file, textExtension, safety::Reason::Changed);
-        Tell("Unsaved work was brought back; its file has changed since and is kept among the earlier "
-             "versions: %1",
+        Tell(u"Unsaved work was brought back; its file has changed since and is kept among the earlier "
+             "versions: %1"_en,
              work.document.title);
     } else {
-        Tell("Unsaved work was brought back: %1", work.document.title);
+        Tell(u"Unsaved work was brought back: %1"_en, work.document.title);
     }
     journal_.changed();
 }
@@ -225,7 +227,7 @@ void SafetyRoom::bringBackText(const safety::Work& work) {
 void SafetyRoom::bringBackMarks(const safety::Marks& marks) {
     base::carryOn([&] {
         if (bookmarks_.media.bringBack(marks.recording, marks.lines))
-            Tell("Bookmarks were brought back: %1",
+            Tell(u"Bookmarks were brought back: %1"_en,
                  base::Text(base::afterLast(marks.recording, base::pathSeparator)));
     });
 }

@@ -4,6 +4,7 @@
 #include "app/desktop.h"
 #include "app/editor_room.h"
 #include "controls/timer.h"
+#include "lang/words.h"
 #include "safety/archive.h"
 #include "safety/journal.h"
 
@@ -30,8 +31,8 @@ public:
     safety::Archive& archive() { return archive_; }
     base::Text archiveFolder() const;
 
-    // Tells the user one sentence: an English one of the .words files, with what stands for its %1.
-    std::function<void(std::string_view sentence, const base::Text& detail)> Tell = [](auto, const auto&) {};
+    // Tells the user one sentence, with what stands for its %1.
+    std::function<void(lang::English sentence, const base::Text& detail)> Tell = [](auto, const auto&) {};
     // False while the user wants no archive.
     std::function<bool()> keepsArchive = [] { return true; };
 

@@ -3,7 +3,11 @@
 #include "base/carry_on.h"
 #include "player/apply_language.h"
 
+#include <ctime>
+
 namespace app {
+
+using lang::operator""_en;
 
 namespace {
 
@@ -13,7 +17,8 @@ constexpr base::TextView applicationTitle = u"Quillmere";
 
 Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const base::ProgramFolder& folder,
                          lang::LanguageTable& language, base::TextView commandLine)
-    : desktop_(desktop), folder_(folder), Lingua(language),
+    : desktop_(desktop), folder_(folder), Lingua(language), words_(language.FileLingua, folder),
+      options_(folder.files(u"Options.ini")), notices_([] { return std::time(nullptr); }),
       form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder),
       recentMedia_({&form1_.mnuRecent1, &form1_.mnuRecent2, &form1_.mnuRecent3, &form1_.mnuRecent4},
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
@@ -21,7 +26,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       findAndPrint_(desktop, editor_.form()), input_(desktop, form1_),
       bookmarks_(desktop, files, form1_, editor_.form(), input_.dialog),
       recorder_(desktop, form1_, preferences_, files, folder),
-      companions_(form1_, recentMedia_, editor_, bookmarks_, recorder_, language),
+      companions_(form1_, recentMedia_, editor_, bookmarks_, recorder_, language, words_),
       settings_(files, folder, {language, form1_, editor_.form(), bookmarks_.form(), preferences_}),
       display_(form1_), transport_(form1_, preferences_, companions_),
       session_(form1_, transport_, display_, companions_),
@@ -35,7 +40,10 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       cycle_(form1_, transport_, preferences_, companions_),
       inputJobs_(input_.dialog, form1_, preferences_, settings_),
       outside_(desktop, form1_, editor_.form(), bookmarks_.form()),
-      safety_(desktop, form1_, editor_, bookmarks_, files) {
+      safety_(desktop, form1_, editor_, bookmarks_, files), transcriptMenu_(editor_.form(), words_),
+      safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
+                     {notices_, safety_.archive(), safetyOptions_, words_, files}) {
+    wireSafety();
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.FrameKnown = [this](double wider, double higher) { companions_.followFrame(wider, higher); };
@@ -46,6 +54,24 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
     desktop_.show(form1_);
     Form_Initialize();
     Form_Load(commandLine);
+}
+
+void Workstation::wireSafety() {
+    options_.tie("KeepVersions", safetyOptions_.archive);
+    options_.tie("VersionDays", safetyOptions_.days, 1, 36500);
+    options_.tie("VersionMegabytes", safetyOptions_.megabytes, 1, 1'000'000);
+    safety_.keepsArchive = [this] { return safetyOptions_.archive; };
+    safety_.archive().setLimits(safetyOptions_.days, safetyOptions_.megabytes);
+    safetyWindows_.OptionsChanged() = [this] {
+        base::carryOn([this] { options_.save(); },
+                      [this](const char* reason) {
+                          notices_.tell(
+                              words_(u"The options could not be saved: %1"_en, {base::fromUtf8(reason)}));
+                      });
+    };
+    safety_.Tell = [this](lang::English sentence, const base::Text& detail) {
+        notices_.tell(words_(sentence, {detail}));
+    };
 }
 
 void Workstation::Form_Initialize() {
@@ -142,6 +168,7 @@ bool Workstation::Form_Unload() {
     bookmarks_.form().visible = false;
     bookmarks_.form().Timer1.setInterval(50);
     findAndPrint_.leave();
+    safetyWindows_.leave();
     form1_.WMP1.stop();
     recorder_.close();
     editor_.form().visible = false;

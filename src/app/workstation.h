@@ -5,10 +5,13 @@
 #include "app/editor_room.h"
 #include "app/find_and_print.h"
 #include "app/input_room.h"
+#include "app/options_file.h"
 #include "app/outside_room.h"
 #include "app/recorder_room.h"
 #include "app/safety_room.h"
+#include "app/safety_windows.h"
 #include "app/settings_file.h"
+#include "app/transcript_menu.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
 #include "dictation/timed_cycle.h"
@@ -26,6 +29,7 @@
 #include "player/transport.h"
 #include "player/video_picture.h"
 #include "player/volume_bar.h"
+#include "safety/options.h"
 
 namespace app {
 
@@ -47,11 +51,13 @@ public:
     void endSession();
     // The same without the end, which may still be called off. Behind the exit there is nothing to keep.
     void keepAll();
+    safety::Notices& notices() { return notices_; }
     player::MediaOpener& opener() { return opener_; }
     // True when the process ends as soon as the start is over, without the player having been shown.
     bool ends() const { return ends_; }
 
 private:
+    void wireSafety();
     void Form_Initialize();
     void Form_Load(base::TextView commandLine);
     // The exit sequence; true when the user cancelled it.
@@ -68,6 +74,10 @@ private:
     Desktop& desktop_;
     const base::ProgramFolder& folder_;
     lang::LanguageTable& Lingua;
+    lang::Words words_;
+    OptionsFile options_;
+    safety::Options safetyOptions_;
+    safety::Notices notices_;
 
     player::Preferences preferences_;
     player::Form1 form1_;
@@ -96,6 +106,8 @@ private:
     InputJobs inputJobs_;
     OutsideRoom outside_;
     SafetyRoom safety_;
+    TranscriptMenu transcriptMenu_;
+    SafetyWindows safetyWindows_;
     bool ends_ = false;
     bool left_ = false; // the exit has decided to go
 };

@@ -67,11 +67,26 @@ void QtDesktop::show(outside::FrmInformazioni& form) {
     about_ = std::make_unique<FrmInformazioniWindow>(form);
 }
 
+void QtDesktop::show(safety::QuietLineWindow& form) {
+    quietLine_ = std::make_unique<QuietLineView>(form);
+}
+
+void QtDesktop::show(safety::NoticesWindow& form) {
+    notices_ = std::make_unique<NoticesWindow>(form);
+}
+
+void QtDesktop::show(safety::VersionsWindow& form) {
+    versions_ = std::make_unique<VersionsWindow>(form);
+}
+
 std::vector<outside::Library> QtDesktop::libraries() {
     return librariesInUse(player_);
 }
 
 void QtDesktop::closeWindows() {
+    quietLine_.reset();
+    notices_.reset();
+    versions_.reset();
     about_.reset();
     player_.release();
     frmFind_.reset();

@@ -1,6 +1,18 @@
 #pragma once
 
 #include "app/desktop.h"
+#include "desktop/clipboard/qt_clipboard.h"
+#include "desktop/qt/key_repeats.h"
+#include "desktop/qt/keyboard_order.h"
+#include "desktop/services/lazy_internet.h"
+#include "desktop/services/lazy_player.h"
+#include "desktop/services/lazy_wave_input.h"
+#include "desktop/services/print_module.h"
+#include "desktop/services/qt_dialogs.h"
+#include "desktop/services/qt_event_loop.h"
+#include "desktop/services/qt_shell.h"
+#include "desktop/services/qt_system.h"
+#include "desktop/services/standard_words.h"
 #include "desktop/text/rich_text_edit.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/form2_window.h"
@@ -9,18 +21,9 @@
 #include "desktop/windows/frm_audio_rec_window.h"
 #include "desktop/windows/frm_find_window.h"
 #include "desktop/windows/frm_informazioni_window.h"
-#include "desktop/qt/key_repeats.h"
-#include "desktop/qt/keyboard_order.h"
-#include "desktop/services/lazy_internet.h"
-#include "desktop/services/lazy_player.h"
-#include "desktop/services/lazy_wave_input.h"
-#include "desktop/services/print_module.h"
-#include "desktop/clipboard/qt_clipboard.h"
-#include "desktop/services/qt_dialogs.h"
-#include "desktop/services/qt_event_loop.h"
-#include "desktop/services/qt_shell.h"
-#include "desktop/services/qt_system.h"
-#include "desktop/services/standard_words.h"
+#include "desktop/windows/notices_window.h"
+#include "desktop/windows/quiet_line_view.h"
+#include "desktop/windows/versions_window.h"
 #include "safety/disk_thread.h"
 
 #include <memory>
@@ -54,6 +57,9 @@ public:
     void show(dictation::Form4& form) override;
     void show(recorder::FrmAudioRec& form) override;
     void show(outside::FrmInformazioni& form) override;
+    void show(safety::QuietLineWindow& form) override;
+    void show(safety::NoticesWindow& form) override;
+    void show(safety::VersionsWindow& form) override;
 
     // Loads in a quiet moment what the first command would have to wait for.
     void prepareInIdleTime();
@@ -84,6 +90,9 @@ private:
     std::unique_ptr<Form4Window> form4_;
     std::unique_ptr<FrmAudioRecWindow> frmAudioRec_;
     std::unique_ptr<FrmInformazioniWindow> about_;
+    std::unique_ptr<QuietLineView> quietLine_;
+    std::unique_ptr<NoticesWindow> notices_;
+    std::unique_ptr<VersionsWindow> versions_;
 };
 
 } // namespace desktop

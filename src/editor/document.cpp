@@ -113,6 +113,18 @@ void Document::restore(const base::Text& path, std::string_view source, std::int
     TestoModificato = 1;
 }
 
+bool Document::openCopy(base::TextView path) {
+    if (!mayLoseText())
+        return false;
+    Replacing();
+    form_.RTB.LoadFile(path);
+    FileEditor.clear();
+    base::carryOn([&] { NumeroDocumento = base::sumInt16(NumeroDocumento, 1); });
+    form_.caption = form_.Lingua(96) + u" - " + untitledName();
+    TestoModificato = 1;
+    return true;
+}
+
 void Document::save() {
     if (FileEditor.empty()) {
         if (TestoModificato == 1)

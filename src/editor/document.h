@@ -37,6 +37,11 @@ public:
     // an untitled one), with the caret there. Throws Failure when the text cannot be shown.
     void restore(const base::Text& path, std::string_view source, std::int32_t caret);
 
+    // Shows the text of the file at this path as a new untitled document with unsaved changes; the next save
+    // asks for a name. False when the user kept the text that is there. Throws Failure, with the text as it
+    // was, when the file cannot be read.
+    bool openCopy(base::TextView path);
+
     // The word for an untitled document, in a new language.
     void CambiaLingua2();
 

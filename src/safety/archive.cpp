@@ -110,6 +110,11 @@ bool Archive::holds(base::TextView document, std::string_view bytes) const {
     });
 }
 
+void Archive::setLimits(int days, int megabytes) {
+    limits_.age = days * std::int64_t{24 * 60 * 60};
+    limits_.size = static_cast<std::uint64_t>(megabytes) * 1'000'000;
+}
+
 void Archive::keep(base::TextView document, std::string_view bytes, base::TextView extension, Reason reason,
                    std::int64_t now) {
     if (holds(document, bytes))

@@ -45,6 +45,9 @@ public:
     explicit Archive(base::Text folder) : Archive(std::move(folder), Limits()) {}
     Archive(base::Text folder, Limits limits) : folder_(std::move(folder)), limits_(limits) {}
 
+    // How long versions stay and how many megabytes they may take together, from the next one on.
+    void setLimits(int days, int megabytes);
+
     // Keeps these bytes as a version of the document, at `now`, seconds since 1970. Bytes that the archive
     // holds for this document already are not kept again. Versions beyond the limits are deleted, the oldest
     // first; the newest one of each document stays. Throws base::Failure when the version cannot be written;

@@ -10,7 +10,7 @@ constexpr std::int64_t repeatAfter = 60; // seconds
 
 } // namespace
 
-void Notices::tell(base::TextView sentence) {
+void Notices::tell(base::TextView sentence, const controls::Window* concerned) {
     const std::int64_t time = now_();
     const bool isRepeat = std::any_of(notices_.begin(), notices_.end(), [&](const Notice& notice) {
         return notice.sentence == sentence && time - notice.time < repeatAfter;
@@ -20,7 +20,8 @@ void Notices::tell(base::TextView sentence) {
     notices_.push_front({time, base::Text(sentence)});
     if (notices_.size() > most)
         notices_.pop_back();
-    Told(notices_.front().sentence);
+    Listed();
+    Told(concerned);
 }
 
 } // namespace safety

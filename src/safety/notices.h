@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "controls/controls.h"
 
 #include <cstdint>
 #include <deque>
@@ -23,14 +24,16 @@ public:
     explicit Notices(std::function<std::int64_t()> now) : now_(std::move(now)) {}
 
     // Tells one sentence. The same one again within a minute is not told twice: a disk that is full refuses
-    // every write.
-    void tell(base::TextView sentence);
+    // every write. `concerned` is the window that it is about; null where it is about none in particular.
+    void tell(base::TextView sentence, const controls::Window* concerned = nullptr);
 
     // The newest first.
     const std::deque<Notice>& all() const { return notices_; }
 
-    // A sentence to be shown now.
-    std::function<void(const base::Text& sentence)> Told = [](const base::Text&) {};
+    // The newest one is to be shown now.
+    std::function<void(const controls::Window* concerned)> Told = [](const controls::Window*) {};
+    // The list has changed.
+    std::function<void()> Listed = [] {};
 
 private:
     std::function<std::int64_t()> now_;

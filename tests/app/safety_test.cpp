@@ -23,8 +23,8 @@ protected:
         desktop = std::move(next);
         run = std::make_unique<app::Program>(*desktop);
         ASSERT_TRUE(run->Main(commandLine));
-        run->workstation().safety().Tell = [this](std::string_view sentence, const base::Text&) {
-            told.emplace_back(sentence);
+        run->workstation().safety().Tell = [this](lang::English sentence, const base::Text&) {
+            told.push_back(base::toUtf8(sentence));
         };
     }
     app::Workstation& workstation() { return run->workstation(); }

@@ -146,7 +146,10 @@ public:
     editor::FrmFind* frmFind = nullptr;
     bookmarks::Form3* form3 = nullptr;
     dictation::Form4* form4 = nullptr;
-    std::function<void()> inForm4 = [] {}; // what the user does while the dialog is open
+    safety::QuietLineWindow* quietLine = nullptr; // once something was told
+    safety::VersionsWindow* versions = nullptr;   // likewise
+    safety::NoticesWindow* notices = nullptr;     // once it was opened
+    std::function<void()> inForm4 = [] {};        // what the user does while the dialog is open
 
     FakeDesktop() {
         systemPort.whenEnded = [this] { loop.end(); };
@@ -232,6 +235,9 @@ public:
     }
     void show(recorder::FrmAudioRec& form) override { recorder = &form; }
     void show(outside::FrmInformazioni& form) override { about = &form; }
+    void show(safety::QuietLineWindow& form) override { quietLine = &form; }
+    void show(safety::NoticesWindow& form) override { notices = &form; }
+    void show(safety::VersionsWindow& form) override { versions = &form; }
 
     // Commands of menus that did nothing yet when they were shown: a real menu greys them for good.
     std::vector<std::string_view> shownWithoutRoutine;

@@ -1,10 +1,12 @@
 // Reads every language file as it is shipped and checks what a translator can break without noticing:
 // the shape of the file, mnemonics that fight within one menu, and texts that the program compares or joins.
 #include "base/files.h"
+#include "lang/words.h"
 #include "testing.h"
 
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <set>
 #include <sstream>
 
@@ -147,6 +149,54 @@ TEST_P(LanguageFile, Captions_OfNarrowPlaces_AreShortEnough) {
         for (char16_t c : entries[i])
             pixels += c == u'&' ? 0 : c < 0x400 ? 7 : 8;
     EXPECT_LE(pixels, 38 * 7);
+}
+
+// The texts of the sources that stand beside the language table: u"Close"_en, perhaps in several literals.
+static std::set<Text> textsOfSources() {
+    std::set<Text> texts;
+    const std::regex mark(R"re(((?:u"(?:[^"\\]|\\.)*"\s*)+)_en\b)re");
+    const std::regex literal(R"re(u"((?:[^"\\]|\\.)*)")re");
+    for (const auto& file : fs::recursive_directory_iterator(SOURCES_DIR)) {
+        if (file.path().extension() != ".cpp" && file.path().extension() != ".h")
+            continue;
+        const std::string source = base::readFile(base::fromUtf8(file.path().string()));
+        for (std::sregex_iterator hit(source.begin(), source.end(), mark), end; hit != end; ++hit) {
+            const std::string literals = (*hit)[1];
+            Text text;
+            for (std::sregex_iterator part(literals.begin(), literals.end(), literal); part != end; ++part)
+                text += base::fromUtf8((*part)[1].str());
+            texts.insert(text);
+        }
+    }
+    return texts;
+}
+
+static std::multiset<Text> placesForParts(const Text& text) {
+    std::multiset<Text> places;
+    for (size_t at = text.find(u'%'); at != Text::npos; at = text.find(u'%', at + 1))
+        places.insert(text.substr(at, 2));
+    return places;
+}
+
+TEST_P(LanguageFile, WordsBesideIt_HoldEveryTextOfTheSources_WithItsPlacesAndAFreeMnemonic) {
+    static const std::set<Text> texts = textsOfSources();
+    ASSERT_GT(texts.size(), 20U);
+    const auto path = base::fromUtf8((fs::path(folder) / (GetParam() + ".words")).string());
+    const lang::WordList words = lang::readWordList(path);
+    const auto shown = [&](const Text& text) {
+        const auto found = words.find(text);
+        return GetParam() == "English" ? text : found == words.end() ? Text() : found->second;
+    };
+    for (const Text& text : texts) {
+        const std::string name = base::toUtf8(text);
+        EXPECT_NE(shown(text), u"") << name;
+        EXPECT_EQ(placesForParts(shown(text)), placesForParts(text)) << name;
+        EXPECT_EQ(std::ranges::count(shown(text), u'&'), std::ranges::count(text, u'&')) << name;
+    }
+    const Text menu = shown(u"T&ranscript");
+    const char16_t letter = plainLetter(menu[menu.find(u'&') + 1]);
+    for (int entry : {2, 47, 71, 134}) // its neighbours on the menu bar
+        EXPECT_NE(letter, mnemonic(entry)) << entry;
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, LanguageFile, testing::ValuesIn(languages));

@@ -200,7 +200,8 @@ TEST_F(PlayerWindowTest, Language_IsWrittenToEveryItemOfBothWindows) {
               "T2: T42 T43 T44 T45 mnuRecent1 mnuRecent2 mnuRecent3 mnuRecent4 T46\n"
               "T47: T70 T82 T48 T49 T50 T51 T56 T59\n"
               "T71: T72\n"
-              "T134:\n");
+              "T134:\n"
+              "T&ranscript: &Earlier versions... &What happened\n");
     std::string others;
     for (const auto* text : {&form().cmdPlay.tag, &form().cmdAvanz.tag, &form().cmdIndietro.tag,
                              &form().Image3.toolTip, &form().cmdIndietro.toolTip, &form().cmdAvanz.toolTip,

@@ -76,7 +76,7 @@ TEST(Notices, AreToldOnceAMinute_AndTheLastFiftyAreKept) {
     std::int64_t time = now;
     safety::Notices notices([&] { return time; });
     int told = 0;
-    notices.Told = [&](const base::Text&) { ++told; };
+    notices.Told = [&](const controls::Window*) { ++told; };
     notices.tell(u"full");
     time += 59;
     notices.tell(u"full");

@@ -2,7 +2,6 @@
 
 #include "desktop/qt/conversions.h"
 
-#include <QFile>
 #include <string_view>
 
 namespace desktop {
@@ -12,9 +11,8 @@ QString StandardWords::translate(const char* context, const char* sourceText, co
     const QMutexLocker alone(&reading_);
     if (shown_ != fileLingua_)
         read(fileLingua_);
-    const auto own = ownWords_.constFind(QByteArray(sourceText));
-    if (own != ownWords_.cend())
-        return *own;
+    if (const auto own = ownWords_.find(base::fromUtf8(sourceText)); own != ownWords_.end())
+        return qstring(base::TextView(own->second));
     const QString word = catalogue_.translate(context, sourceText, disambiguation, n);
     // The catalogues have the kinds of files where Qt asked for them before its version 6.
     return word.isNull() && std::string_view(context) == "QAbstractFileIconProvider"
@@ -27,19 +25,7 @@ void StandardWords::read(const base::Text& name) const {
     const base::Text stem = folder_.languages(name.substr(0, name.rfind(u'.')));
     // One that cannot be loaded leaves none.
     static_cast<void>(catalogue_.load(qstring(stem) + QStringLiteral(".qm")));
-    readOwnWords(stem + u".words");
-}
-
-void StandardWords::readOwnWords(base::TextView path) const {
-    ownWords_.clear();
-    QFile file(qstring(path));
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return;
-    for (const QByteArray& line : file.readAll().split('\n')) {
-        const auto tab = line.indexOf('\t');
-        if (tab > 0)
-            ownWords_.insert(line.left(tab), QString::fromUtf8(line.mid(tab + 1)));
-    }
+    ownWords_ = lang::readWordList(stem + u".words");
 }
 
 } // namespace desktop

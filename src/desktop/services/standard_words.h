@@ -2,8 +2,8 @@
 
 #include "base/program_folder.h"
 #include "base/text.h"
+#include "lang/words.h"
 
-#include <QHash>
 #include <QMutex>
 #include <QTranslator>
 
@@ -27,7 +27,6 @@ public:
 
 private:
     void read(const base::Text& name) const;
-    void readOwnWords(base::TextView path) const;
 
     const base::Text& fileLingua_;
     const base::ProgramFolder folder_;
@@ -36,7 +35,7 @@ private:
     mutable QRecursiveMutex reading_;
     mutable base::Text shown_; // language file whose words these are
     mutable QTranslator catalogue_;
-    mutable QHash<QByteArray, QString> ownWords_;
+    mutable lang::WordList ownWords_;
 };
 
 } // namespace desktop

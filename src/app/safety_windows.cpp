@@ -1,0 +1,57 @@
+#include "app/safety_windows.h"
+
+#include <algorithm>
+
+namespace app {
+
+namespace {
+
+constexpr double step = 450; // twips that a window stands below and right of the editor's corner
+
+} // namespace
+
+SafetyWindows::SafetyWindows(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
+                             Parts parts)
+    : form1_(form1), form2_(editor.form()),
+      quietLine_(desktop.eventLoop(), parts.notices, form1.screen,
+                 [this]() -> const controls::Window& {
+                     return form2_.visible && !form1_.active ? static_cast<controls::Window&>(form2_)
+                                                             : form1_;
+                 }),
+      whatHappened_(parts.notices, parts.words),
+      earlierVersions_(parts.archive, parts.options, parts.words, desktop.dialogs(), parts.files) {
+    menu.add({earlierVersions_.commands().front(), whatHappened_.commands().front()});
+    earlierVersions_.OpenAsNew = [&editor, &form1](const base::Text& path) {
+        if (!editor.document().openCopy(path))
+            return false;
+        if (!editor.form().visible)
+            form1.mnuMostraNascondi.Click();
+        editor.form().setFocus();
+        editor.form().RTB.SetFocus();
+        return true;
+    };
+    earlierVersions_.Load = [this, &desktop](safety::VersionsWindow& form) {
+        placeOverEditor(form);
+        desktop.show(form);
+    };
+    quietLine_.Load = [&desktop](safety::QuietLineWindow& form) { desktop.show(form); };
+    whatHappened_.Load = [this, &desktop](safety::NoticesWindow& form) {
+        placeOverEditor(form);
+        desktop.show(form);
+    };
+}
+
+void SafetyWindows::leave() {
+    quietLine_.form.visible = false;
+    whatHappened_.form.visible = false;
+    earlierVersions_.form.visible = false;
+}
+
+void SafetyWindows::placeOverEditor(controls::Window& window) const {
+    const controls::Screen& screen = form1_.screen;
+    window.icon = form2_.icon.get();
+    window.left = std::clamp(form2_.left + step, 0.0, std::max(0.0, screen.width - window.width));
+    window.top = std::clamp(form2_.top + step, 0.0, std::max(0.0, screen.height - window.height));
+}
+
+} // namespace app

@@ -1,0 +1,27 @@
+#include "app/transcript_menu.h"
+
+namespace app {
+
+using lang::operator""_en;
+
+TranscriptMenu::TranscriptMenu(editor::Form2& editor, lang::Words& words)
+    : words_(words), mnuTranscript_("mnuTranscript", u"T&ranscript"_en) {
+    editor.menuBar.push_back(&mnuTranscript_);
+    translate(mnuTranscript_);
+}
+
+void TranscriptMenu::add(const std::vector<controls::MenuItem*>& commands) {
+    auto& items = mnuTranscript_.items;
+    if (!items.empty())
+        items.push_back(&lines_.emplace_back("mnuTranscriptLine"));
+    items.insert(items.end(), commands.begin(), commands.end());
+    for (controls::MenuItem* const item : commands)
+        translate(*item);
+}
+
+void TranscriptMenu::translate(controls::MenuItem& item) {
+    words_.follow(
+        [this, &item, english = item.caption.get()] { item.caption = words_(lang::English(english)); });
+}
+
+} // namespace app

@@ -1,0 +1,62 @@
+#include "desktop/views/list_looks.h"
+
+#include "desktop/qt/conversions.h"
+
+#include <QListView>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyleOptionViewItem>
+
+namespace desktop {
+
+namespace {
+
+constexpr QSize leastButton(92, 26); // pixels
+constexpr int besideCaption = 14;    // pixels
+constexpr QColor teal(0x0E, 0x7C, 0x86);
+constexpr QColor grey(0x5B, 0x67, 0x7A);
+constexpr QColor rim(0xBC, 0xD9, 0xDC);
+
+} // namespace
+
+RowColors paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, int row) {
+    const QPalette& colors = option.palette;
+    if (option.state.testFlag(QStyle::State_Selected)) {
+        painter.fillRect(option.rect, colors.highlight());
+        const QColor light = colors.highlightedText().color();
+        return {light, light, light};
+    }
+    painter.fillRect(option.rect, row % 2 == 1 ? colors.alternateBase() : colors.base());
+    return {colors.text().color(), teal, grey};
+}
+
+void frame(QFrame& box) {
+    box.setFrameStyle(QFrame::Box | QFrame::Plain);
+    QPalette framed = box.palette();
+    framed.setColor(QPalette::WindowText, rim);
+    box.setPalette(framed);
+}
+
+void framedList(QListView& list) {
+    list.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    list.setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    frame(list);
+}
+
+QSize buttonSize(const QPushButton& button) {
+    const int caption = button.fontMetrics().size(Qt::TextShowMnemonic, button.text()).width();
+    return QSize(caption + 2 * besideCaption, 0).expandedTo(leastButton);
+}
+
+QString breakable(QString text) {
+    return text.replace(QStringLiteral("/"), QStringLiteral("/\u200B"));
+}
+
+void putIn(controls::Control& control, const QRect& place) {
+    control.left = twips(place.left());
+    control.top = twips(place.top());
+    control.width = twips(place.width());
+    control.height = twips(place.height());
+}
+
+} // namespace desktop

@@ -1,0 +1,66 @@
+#include "safety/quiet_line.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace safety {
+
+namespace {
+
+constexpr int showAfter = 250;  // ms: what is told in one go, or while the windows come up, is shown at once
+constexpr int hideAfter = 8000; // ms
+constexpr std::size_t mostSentences = 3;
+constexpr double gap = 45; // twips between the line and the edge of a window or of the screen
+
+} // namespace
+
+QuietLine::QuietLine(platform::EventLoop& loop, Notices& notices, const controls::Screen& screen,
+                     std::function<const controls::Window&()> usual)
+    : notices_(notices), screen_(screen), usual_(std::move(usual)), soon_(loop), away_(loop) {
+    notices.Told = [this](const controls::Window* concerned) { tell(concerned); };
+    soon_.Tick = [this] { show(); };
+    away_.Tick = [this] { hide(); };
+    form.Click = [this] { hide(); };
+    form.Resize = [this] { place(); };
+}
+
+void QuietLine::tell(const controls::Window* concerned) {
+    sentences_.push_back(notices_.all().front().sentence);
+    if (sentences_.size() > mostSentences)
+        sentences_.pop_front();
+    concerned_ = concerned;
+    soon_.setInterval(showAfter);
+}
+
+void QuietLine::show() {
+    soon_.setInterval(0);
+    std::exchange(Load, [](QuietLineWindow&) {})(form);
+    base::Text text;
+    for (const base::Text& sentence : sentences_)
+        text += (text.empty() ? u"" : u"\n") + sentence;
+    form.caption = text;
+    place();
+    form.visible = true;
+    away_.setInterval(hideAfter);
+}
+
+void QuietLine::hide() {
+    away_.setInterval(0);
+    sentences_.clear();
+    form.visible = false;
+}
+
+// Below the window, where it covers nothing of it; inside where the screen ends there.
+void QuietLine::place() {
+    const controls::Window& window = concerned_ && concerned_->visible ? *concerned_ : usual_();
+    const bool isSeen = window.visible && window.windowState != controls::WindowState::Minimised;
+    const double bottom = isSeen ? window.top + window.height : screen_.height;
+    const double middle = isSeen ? window.left + window.width / 2 : screen_.width / 2;
+    const double left = middle - form.width / 2;
+    const double lowest = screen_.height - form.height - gap;
+    form.left = std::clamp(left, 0.0, std::max(0.0, screen_.width - form.width));
+    const double inside = std::min<double>(bottom, screen_.height) - form.height - gap;
+    form.top = std::max(0.0, bottom + gap <= lowest ? bottom + gap : inside);
+}
+
+} // namespace safety

@@ -1,0 +1,51 @@
+#include "app/options_file.h"
+
+#include "fakes/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Some {
+    bool on = true;
+    int days = 30;
+    base::Text name = u"none";
+
+    void tieTo(app::OptionsFile& file) {
+        file.tie("on", on);
+        file.tie("days", days, 1, 100);
+        file.tie("name", name);
+    }
+};
+
+} // namespace
+
+TEST(OptionsFile, TakesWhatFits_AndKeepsWhatItDoesNotKnow) {
+    const fakes::TemporaryFolder folder;
+    // What lies there, the options that it gives, and what is written after `days` has become 7.
+    const struct {
+        const char* file;
+        bool on;
+        int days;
+        base::Text name;
+        const char* saved;
+    } rows[] = {
+        {"", true, 30, u"none", "on=1\r\ndays=7\r\nname=none\r\n"},
+        {"\xEF\xBB\xBF; a note\nlater = x=y \ndays= 5\non=0\n\nname=\xC3\xA9\n", false, 5, u"é",
+         "; a note\r\nlater=x=y\r\ndays=7\r\non=0\r\n\r\nname=\xC3\xA9\r\n"},
+        {"days=101\r\non=yes\r\n=\r\n", true, 30, u"none", "days=7\r\non=1\r\n=\r\nname=none\r\n"},
+        {"days=7x", true, 30, u"none", "days=7\r\non=1\r\nname=none\r\n"},
+    };
+    for (const auto& row : rows) {
+        folder.write("Options.ini", row.file);
+        app::OptionsFile file(folder.text("Options.ini"));
+        Some some;
+        some.tieTo(file);
+        EXPECT_EQ(some.on, row.on) << row.file;
+        EXPECT_EQ(some.days, row.days) << row.file;
+        EXPECT_EQ(some.name, row.name) << row.file;
+        some.days = 7;
+        file.save();
+        EXPECT_EQ(folder.read("Options.ini"), row.saved);
+    }
+}

@@ -1,0 +1,100 @@
+#include "fakes/workbench.h"
+
+#include "lang/words.h"
+#include "safety/archive.h"
+
+class SafetyWindowsTest : public fakes::WorkbenchTest {
+protected:
+    controls::MenuItem& command(std::string_view name) {
+        for (controls::MenuItem* const item : desktop.form2->menuBar.back()->items) {
+            if (item->name == name)
+                return *item;
+        }
+        throw std::invalid_argument(std::string(name));
+    }
+    safety::Archive& archive() { return program->workstation().safety().archive(); }
+    safety::VersionsWindow& openVersions() {
+        command("mnuEarlierVersions").Click();
+        return *desktop.versions;
+    }
+};
+
+TEST_F(SafetyWindowsTest, MenuAtTheRight_FollowsTheLanguage) {
+    EXPECT_EQ(desktop.form2->menuBar.back()->caption.get(), u"T&ranscript");
+    desktop.layLanguage("Deutsch.lng");
+    desktop.folder.write("Files/Lang/Deutsch.words", "T&ranscript\t&Abschrift\r\n&What happened\tVerlauf");
+    desktop.dialogPort.choices.push_back(desktop.folder.text("Files/Lang/Deutsch.lng"));
+    form().mnuLingua.Click();
+    EXPECT_EQ(desktop.form2->menuBar.back()->caption.get(), u"&Abschrift");
+    EXPECT_EQ(command("mnuWhatHappened").caption.get(), u"Verlauf");
+    EXPECT_EQ(lang::filledIn(u"%1 and %2, %1%", {u"%2", u"b"}), u"%2 and b, %2%");
+}
+
+TEST_F(SafetyWindowsTest, QuietLine_StandsBelowItsWindow_GoesByItself_AndIsListed) {
+    safety::Notices& notices = program->workstation().notices();
+    desktop.form2->visible = true;
+    desktop.form2->top = 3000;
+    desktop.form2->height = 5000;
+    notices.tell(u"one");
+    notices.tell(u"two");
+    notices.tell(u"two");
+    desktop.loop.advance(250);
+    ASSERT_NE(desktop.quietLine, nullptr);
+    EXPECT_EQ(desktop.quietLine->caption.get(), u"one\ntwo");
+    EXPECT_GT(desktop.quietLine->top, 8000);
+    desktop.form2->height = 13200; // it reaches the end of the screen
+    desktop.quietLine->height = 450;
+    desktop.quietLine->Resize();
+    EXPECT_LT(desktop.quietLine->top, 16200 - 450);
+    desktop.loop.advance(7900);
+    EXPECT_TRUE(desktop.quietLine->visible);
+    desktop.loop.advance(200);
+    EXPECT_FALSE(desktop.quietLine->visible);
+    notices.tell(u"three", &form());
+    desktop.loop.advance(250);
+    EXPECT_EQ(desktop.quietLine->caption.get(), u"three");
+    desktop.quietLine->Click();
+    EXPECT_FALSE(desktop.quietLine->visible);
+
+    command("mnuWhatHappened").Click();
+    for (int n = 0; n < 60; ++n)
+        notices.tell(base::fromUtf8(std::to_string(n)));
+    ASSERT_EQ(desktop.notices->List1.items->size(), safety::Notices::most);
+    EXPECT_TRUE(desktop.notices->List1.items->front().ends_with(u"\t59"));
+}
+
+TEST_F(SafetyWindowsTest, EarlierVersions_OpenAsNew_CopyNothingOver_AndGoAfterAQuestion) {
+    std::filesystem::create_directories(desktop.folder.path() / "Files/Safety");
+    archive().keep(u"old.rtf", "{\\rtf1 first\\par second}", u"rtf", safety::Reason::Exit, 1'700'000'000);
+    const safety::VersionsWindow& window = openVersions();
+    ASSERT_EQ(window.List1.items->size(), 1U);
+    EXPECT_TRUE(window.List1.items->front().ends_with(u"\t1 KB\tNot saved at the exit"));
+    EXPECT_EQ(window.txtVersion.text.get(), u"first\nsecond");
+
+    desktop.folder.write("taken.rtf", "mine");
+    desktop.dialogPort.choices = {desktop.folder.text("taken.rtf"), desktop.folder.text("copy.rtf")};
+    window.cmdCopy.Click();
+    EXPECT_EQ(boxes.size(), 1U) << "one of that name is there";
+    EXPECT_EQ(desktop.folder.read("taken.rtf") + desktop.folder.read("copy.rtf"),
+              "mine{\\rtf1 first\\par second}");
+
+    program->workstation().editor().document().FileEditor = u"/somebody/else.rtf";
+    window.cmdOpen.Click();
+    EXPECT_EQ(program->workstation().editor().document().FileEditor, u"");
+    EXPECT_EQ(program->workstation().editor().document().TestoModificato, 1);
+    EXPECT_FALSE(window.visible);
+
+    openVersions();
+    desktop.dialogPort.answers = {platform::Answer::No, platform::Answer::Yes};
+    window.cmdDeleteAll.Click();
+    EXPECT_EQ(archive().versions().size(), 1U);
+    window.cmdDeleteAll.Click();
+    EXPECT_TRUE(archive().versions().empty());
+    EXPECT_FALSE(window.cmdDeleteAll.enabled || window.cmdOpen.enabled);
+    EXPECT_TRUE(window.lblEmpty.visible);
+
+    desktop.versions->chkKeep.value = false;
+    window.chkKeep.Click();
+    EXPECT_EQ(desktop.folder.read("Files/Options.ini"),
+              "KeepVersions=0\r\nVersionDays=30\r\nVersionMegabytes=500\r\n");
+}
