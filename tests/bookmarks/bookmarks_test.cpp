@@ -228,6 +228,13 @@ TEST_F(BookmarksTest, AddAtTheVeryEnd_StartsFromTheBeginning) {
     add(length, u"end");
     EXPECT_TRUE(form().isPlaying());
     EXPECT_THAT(shown(), ElementsAre(u"00:00:00  end"));
+
+    // The chosen row stays chosen, wherever a new one comes.
+    window.List1.listIndex = 0;
+    add(2, u"behind");
+    EXPECT_EQ(window.List1.listIndex, 0);
+    add(0, u"before");
+    EXPECT_EQ(window.List1.listIndex, 1);
     open("unread.mp3", 0);
     form().mnuAddBM.Click();
     EXPECT_TRUE(form().isPlaying()) << "a file that is being read stands at no end";
