@@ -39,7 +39,7 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
-// A row of memory, in MB: how much more the program may take than the bare thing.
+// A row of memory, in MB: how much more the program may take than the baseline.
 inline Row memoryRow(const std::string& what, const std::vector<double>& program,
                      const std::vector<double>& bare, double goal) {
     const double more = median(program) - median(bare);

@@ -1,8 +1,8 @@
 // What the credits of the about box cost while they scroll, on a real display in real time.
 #include "core_share.h"
 #include "desktop/application.h"
-#include "desktop/windows/frm_informazioni_window.h"
 #include "desktop/services/qt_event_loop.h"
+#include "desktop/windows/frm_informazioni_window.h"
 #include "outside/about_box.h"
 #include "still_desktop.h"
 #include "table.h"

@@ -2,8 +2,8 @@
 // text, and what the records of undo take. On a display that only exists in memory.
 #include "desktop/application.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/text/rich_text_edit.h"
 #include "desktop/services/qt_event_loop.h"
+#include "desktop/text/rich_text_edit.h"
 #include "editor/editor_keys.h"
 #include "editor/find_replace.h"
 #include "editor/frm_find.h"

@@ -1,8 +1,8 @@
 // What the recorder's meters, clock and counter cost while it records, on a real display in real time.
 #include "core_share.h"
 #include "desktop/application.h"
-#include "desktop/windows/frm_audio_rec_window.h"
 #include "desktop/services/qt_event_loop.h"
+#include "desktop/windows/frm_audio_rec_window.h"
 #include "recorder/recorder_window.h"
 #include "still_desktop.h"
 #include "table.h"

@@ -1,7 +1,7 @@
 #include "desktop/application.h"
 
-#include "desktop/views/skin_button.h"
 #include "desktop/qt/x_errors.h"
+#include "desktop/views/skin_button.h"
 
 #include <QFont>
 #include <QPalette>

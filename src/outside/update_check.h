@@ -8,7 +8,7 @@
 
 namespace outside {
 
-// The look for a newer version at the start, and its mark in the menu.
+// The update check at the start, and its mark in the menu.
 class UpdateCheck {
 public:
     // `source` is the address of the version file.

@@ -20,8 +20,8 @@ struct PictureSize {
 };
 
 // One media player with at most one file. Commands are taken at once and carried out soon; none of them
-// blocks, and none fails aloud: a file that cannot be played ends in Stopped, with position 0. Positions and
-// lengths are seconds.
+// blocks, and none reports an error: a file that cannot be played ends in Stopped, with position 0. Positions
+// and lengths are seconds.
 class MediaPlayer {
 public:
     MediaPlayer() = default;

@@ -33,7 +33,8 @@ TEST(LazyPlayer, AsksItsModuleForTheVersions) {
 }
 
 TEST(LazyInternet, Read_GoesThroughItsModule_AndIsSilenceWithoutOne) {
-    EXPECT_EQ(desktop::LazyInternet(LAID_MODULES "/internet.so").read("data:,001015003", "Quillmere"), "001015003");
+    EXPECT_EQ(desktop::LazyInternet(LAID_MODULES "/internet.so").read("data:,001015003", "Quillmere"),
+              "001015003");
     for (const char* module : {"/nowhere/internet.so", "libc.so.6"}) {
         desktop::LazyInternet internet(module);
         EXPECT_EQ(internet.read("data:,001015003", "Quillmere"), "");

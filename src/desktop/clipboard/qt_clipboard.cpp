@@ -1,7 +1,7 @@
 #include "desktop/clipboard/qt_clipboard.h"
 
-#include "desktop/qt/conversions.h"
 #include "desktop/clipboard/rtf_source.h"
+#include "desktop/qt/conversions.h"
 
 #include <QGuiApplication>
 #include <QMimeData>

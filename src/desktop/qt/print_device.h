@@ -11,8 +11,8 @@ class QtPrintDevice : public platform::PrintDevice {
 public:
     // Takes pages once: a print job begins with the first painter on it and ends with that painter.
     virtual QPagedPaintDevice& paper() = 0;
-    // All pages are painted. Throws base::Failure, with its path, when a file that is written instead of paper
-    // could not be.
+    // All pages are painted. Throws base::Failure, with its path, when a file that is written instead of
+    // paper could not be.
     virtual void finish() = 0;
 
 protected:

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "base/code_page.h"
+#include "desktop/clipboard/qt_clipboard.h"
 #include "desktop/text/changed_paragraphs.h"
 #include "desktop/text/changed_stretch.h"
 #include "desktop/text/editor_document.h"
 #include "desktop/text/editor_layout.h"
 #include "desktop/text/text_units.h"
-#include "desktop/clipboard/qt_clipboard.h"
 #include "platform/rich_text.h"
 
 #include <QBasicTimer>

@@ -3,9 +3,9 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/key_codes.h"
 #include "desktop/qt/keyboard_order.h"
+#include "desktop/qt/window_hints.h"
 #include "desktop/views/menus.h"
 #include "desktop/views/pictures.h"
-#include "desktop/qt/window_hints.h"
 
 #include <QCloseEvent>
 #include <QDragEnterEvent>

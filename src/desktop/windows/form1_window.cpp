@@ -1,7 +1,7 @@
 #include "desktop/windows/form1_window.h"
 
-#include "desktop/views/control_views.h"
 #include "desktop/qt/conversions.h"
+#include "desktop/views/control_views.h"
 #include "desktop/views/menus.h"
 #include "desktop/windows/video_screen.h"
 

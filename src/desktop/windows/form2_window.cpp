@@ -1,8 +1,8 @@
 #include "desktop/windows/form2_window.h"
 
-#include "desktop/views/control_views.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/text/rich_text_edit.h"
+#include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
 #include "desktop/views/menus.h"
 

@@ -1,7 +1,7 @@
 #include "desktop/windows/frm_audio_rec_window.h"
 
-#include "desktop/views/control_views.h"
 #include "desktop/qt/conversions.h"
+#include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
 
 #include <QComboBox>

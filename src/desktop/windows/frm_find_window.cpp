@@ -1,9 +1,9 @@
 #include "desktop/windows/frm_find_window.h"
 
-#include "desktop/views/control_views.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/views/input_views.h"
 #include "desktop/qt/keyboard_order.h"
+#include "desktop/views/control_views.h"
+#include "desktop/views/input_views.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,7 +1,7 @@
 #include "desktop/windows/frm_informazioni_window.h"
 
-#include "desktop/views/control_views.h"
 #include "desktop/qt/conversions.h"
+#include "desktop/views/control_views.h"
 #include "desktop/windows/credits_view.h"
 
 #include <QMouseEvent>
