@@ -2,7 +2,7 @@
 #include "base/files.h"
 #include "rtf/reading.h"
 
-#include <chrono>
+#include <ctime>
 
 namespace fs = std::filesystem;
 
@@ -87,9 +87,9 @@ TEST(RtfCorpus, EveryFile_ReadsInASecond_AndIsWrittenAsItself) {
         if (entry.path().extension() != ".rtf")
             continue;
         const std::string bytes = bytesOf(entry.path());
-        const auto start = std::chrono::steady_clock::now();
+        const std::clock_t start = std::clock();
         const rtf::Document read = rtf::read(bytes);
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1)) << entry.path();
+        EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC) << entry.path();
         EXPECT_EQ(rtf::read(rtf::write(read)), read) << entry.path();
     }
 }
