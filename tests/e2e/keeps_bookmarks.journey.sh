@@ -34,7 +34,7 @@ screenshot deleted
 switch_to Quillmere
 key ctrl+q
 expect_soon "the program ends" 10 '! running'
-expect_eq "editor and bookmarks, as they stood at the exit" "0 0" "$(settings_line "$folder" 8) $(settings_line "$folder" 16)"
+expect_eq "editor and bookmarks, as they stood at the exit" "0 0" "$(settings_line 8) $(settings_line 16)"
 
 # The last line is the one that a deletion costs; what is beyond the code page is in UTF-8, with its mark.
 mapfile -t lines < <(tr -d '\r' <"$file")
