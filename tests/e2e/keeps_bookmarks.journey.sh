@@ -40,9 +40,9 @@ expect_eq "editor and bookmarks, as they stood at the exit" "0 0" "$(settings_li
 mapfile -t lines < <(tr -d '\r' <"$file")
 expect_eq "lines" 2 "${#lines[@]}"
 expect "the mark of UTF-8" [ "$(head -c3 "$file" | od -An -tx1)" = " ef bb bf" ]
-[[ ${lines[0]} =~ ^.?00:00:0([0-9])"  First answer               00:00:0"([0-9])$ ]] || fail "first line: ${lines[0]}"
-at=${BASH_REMATCH[1]}
-expect_eq "second line" "00:00:0$((at + 5))  Жук, «sieve»               00:00:0$((at + 5))" "${lines[1]}"
+[[ ${lines[0]} =~ ^.?00:00:([0-9]{2})"  First answer               00:00:"([0-9]{2})$ ]] || fail "first line: ${lines[0]}"
+at=$((10#${BASH_REMATCH[1]}))
+expect_eq "second line" "$(printf '00:00:%02d  Жук, «sieve»               00:00:%02d' $((at + 5)) $((at + 5)))" "${lines[1]}"
 
 start_on_sample
 switch_to Bookmarks # come up by themselves

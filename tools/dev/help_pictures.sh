@@ -2,7 +2,7 @@
 # Makes the pictures inside of the guides data/Files/Help-*.html anew, in the language of each, from the program as it was
 # built last by ./run.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
-source "$(dirname "$0")/../../tests/e2e/lib.sh"
+source "$(dirname "$0")/driver.sh"
 
 declare -A language=([en]=English [it]=Italiano [ru]=Russian [pl]=Polish)
 declare -A words=(
@@ -56,9 +56,10 @@ pictures() { # CODE
   local code=$1 time=4 mark editor player
   # A place that reads well: the recorder shows it.
   rm -rf /tmp/Quillmere
-  mv "$(lay_folder)" /tmp/Quillmere
+  lay_folder
+  mv "$folder" /tmp/Quillmere
   folder=/tmp/Quillmere
-  sed -i "1s/.*/${language[$code]}.lng\r/" "$folder/Files/Quillmere.ini"
+  set_line 1 "${language[$code]}.lng"
   cp "$folder/Samples/Interview.mp3" "$scratch/Harbour pilot.mp3"
   transcript "$code" >"$scratch/Harbour pilot.rtf"
   printf '%s\r\n' "$scratch/Harbour pilot.rtf" >"$folder/Files/LastFilesEditor.ini"
@@ -68,7 +69,7 @@ pictures() { # CODE
     printf '00:00:%02d  %s               00:00:%02d\r\n' "$time" "$name" "$time"
     ((time += 9))
   done | { [[ $code == en ]] || printf '\xef\xbb\xbf'; cat; } >"$folder/Bookmarks/Harbour pilot.mp3.bm"
-  start_program "$folder" "$scratch/Harbour pilot.mp3"
+  start_program "$scratch/Harbour pilot.mp3"
   player=$window
   wait_until 5 'xdotool search --onlyvisible --class quillmere | grep -vxq "$player"'
   hover 340 165

@@ -2,7 +2,7 @@
 # Makes the pictures of docs/ anew from the program as it was built last by ./run: the player in its states at once and
 # twice the size, its menus in two languages, the recorder in its states and the about box in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
-source "$(dirname "$0")/../../tests/e2e/lib.sh"
+source "$(dirname "$0")/driver.sh"
 docs=$root/docs
 ffmpeg -v error -f lavfi -i testsrc2=size=640x360:rate=25 -f lavfi -i sine=440 -t 20 -c:v libx264 -c:a aac -pix_fmt yuv420p \
   "$scratch/Harbour film.mp4"
@@ -15,13 +15,13 @@ in_states() { # SCALE
   local scale=$1
   export QT_SCALE_FACTOR=$scale
   at() { xdotool mousemove --window "$window" $(($1 * scale)) $((($2 + 19) * scale)); }
-  folder=$(lay_folder)
-  start_program "$folder"
+  lay_folder
+  start_program
   at 340 165
   sleep 0.3
   picture rest
   quit_program
-  start_program "$folder" "$folder/Samples/Interview.mp3"
+  start_program "$folder/Samples/Interview.mp3"
   sleep 4
   at 340 165
   sleep 0.3
@@ -38,7 +38,7 @@ in_states() { # SCALE
   picture volume
   xdotool mouseup 1
   quit_program
-  start_program "$folder" "$scratch/Harbour film.mp4"
+  start_program "$scratch/Harbour film.mp4"
   sleep 3
   at 340 165
   sleep 0.2
@@ -53,11 +53,11 @@ in_states() { # SCALE
 menus() { # LANGUAGE X...: the menus opened at these places of the menu bar
   local language=$1 x shown=()
   shift
-  folder=$(lay_folder)
-  sed -i "1s/.*/$language.lng\r/" "$folder/Files/Quillmere.ini"
+  lay_folder
+  set_line 1 "$language.lng"
   mkdir -p /tmp/Interviews
   cp "$folder/Samples/Interview.mp3" "/tmp/Interviews/Harbour pilot.mp3"
-  start_program "$folder" "/tmp/Interviews/Harbour pilot.mp3"
+  start_program "/tmp/Interviews/Harbour pilot.mp3"
   sleep 1
   for x; do
     click "$x" 10
@@ -75,11 +75,12 @@ menus() { # LANGUAGE X...: the menus opened at these places of the menu bar
 recorder() { # LANGUAGE: idle, recording and paused
   local language=$1 entry
   entry() { sed -n "$(($1 + 1)){s/\r\$//;s/^\xEF\xBB\xBF//;s/^...//;p;q}" "$folder/Files/Lang/$language.lng"; }
-  folder=/tmp/Quillmere # the path is in the picture
-  rm -rf "$folder"
-  mv "$(lay_folder)" "$folder"
-  sed -i "1s/.*/$language.lng\r/" "$folder/Files/Quillmere.ini"
-  start_program "$folder"
+  rm -rf /tmp/Quillmere
+  lay_folder
+  mv "$folder" /tmp/Quillmere # the path is in the picture
+  folder=/tmp/Quillmere
+  set_line 1 "$language.lng"
+  start_program
   press record
   use_window "$(entry 104)"
   sleep 0.4
@@ -107,9 +108,9 @@ transcript() { # LANGUAGE PICTURE TITLE (SPEAKER WORDS)...
   local language=$1 picture=$2 title=$3
   shift 3
   at_button() { sleep 0.8 && click "$1" 37 && sleep 0.3; } # the window manager takes its time after letters on no key
-  folder=$(lay_folder)
-  sed -i "1s/.*/$language.lng\r/" "$folder/Files/Quillmere.ini"
-  start_program "$folder" "$folder/Samples/Interview.mp3"
+  lay_folder
+  set_line 1 "$language.lng"
+  start_program "$folder/Samples/Interview.mp3"
   wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
   xdotool windowactivate --sync "$window"
   at_button 357 # in the middle, bold, two sizes larger
@@ -144,9 +145,9 @@ transcript() { # LANGUAGE PICTURE TITLE (SPEAKER WORDS)...
 # The two looks of the find window, over a text that it has searched.
 find_windows() { # LANGUAGE
   local shown=() shortcut
-  folder=$(lay_folder)
-  sed -i "1s/.*/$1.lng\r/" "$folder/Files/Quillmere.ini"
-  start_program "$folder"
+  lay_folder
+  set_line 1 "$1.lng"
+  start_program
   for shortcut in ctrl+f ctrl+h; do
     wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
     xdotool windowactivate --sync "$window"
@@ -169,13 +170,13 @@ find_windows() { # LANGUAGE
 bookmarks() { # LANGUAGE X Y DIALOG NAME NAME NAME: X, Y is the length of a play phase in the menu of options
   local language=$1 x=$2 y=$3 dialog=$4 time=4
   shift 4
-  folder=$(lay_folder)
-  sed -i "1s/.*/$language.lng\r/; 8s/.*/1\r/" "$folder/Files/Quillmere.ini"
+  lay_folder
+  set_line 1 "$language.lng" 8 1
   for name; do
     printf '00:00:%02d  %s%15s00:00:%02d\r\n' $time "$name" '' $time
     time=$((time + 17))
   done | sed '1s/^/\xEF\xBB\xBF/' >"$folder/Bookmarks/Interview.mp3.bm"
-  start_program "$folder" "$folder/Samples/Interview.mp3"
+  start_program "$folder/Samples/Interview.mp3"
   sleep 2
   xdotool mousemove 560 100 click 1
   use_window Quillmere
@@ -202,9 +203,9 @@ bookmarks() { # LANGUAGE X Y DIALOG NAME NAME NAME: X, Y is the length of a play
 }
 
 about() { # LANGUAGE SCALE PICTURE: with the libraries in sight
-  folder=$(lay_folder)
-  sed -i "1s/.*/$1.lng\r/; 8s/.*/1\r/" "$folder/Files/Quillmere.ini"
-  QT_SCALE_FACTOR=$2 start_program "$folder"
+  lay_folder
+  set_line 1 "$1.lng" 8 1
+  QT_SCALE_FACTOR=$2 start_program
   key ctrl+F1
   wait_until 10 '[[ $(xdotool getactivewindow getwindowname) == *... ]]'
   window=$(xdotool getactivewindow)
