@@ -70,7 +70,7 @@ int BlockHeights::at(int height) const {
 }
 
 int BlockHeights::nextEstimate(int from) const {
-    int first = -1; // in front of `from`
+    int first = -1; // the first estimate before `from`
     int begin = 0;
     for (const Chunk& chunk : chunks_) {
         const int end = begin + static_cast<int>(chunk.blocks.size());
@@ -97,7 +97,7 @@ void BlockHeights::set(int index, const BlockHeight& height) {
     total_ += chunk.height;
 }
 
-// The chunks that are touched become one list, which is cut into chunks anew.
+// Joins the chunks that are touched into one list and cuts that list into chunks again.
 void BlockHeights::replace(int first, int removed, const std::vector<BlockHeight>& added) {
     assert(first >= 0 && removed >= 0 && first + removed <= count_);
     if (chunks_.empty())

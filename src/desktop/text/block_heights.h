@@ -5,38 +5,40 @@
 
 namespace desktop {
 
-// What one paragraph takes of the page, in pixels.
+// The space that one paragraph takes on the page, in pixels.
 struct BlockHeight {
-    int gap = 0;           // in front of it
-    int height = 0;        // of its lines
-    int width = 0;         // of its longest line, with the margins
-    bool measured = false; // else estimated
+    int gap = 0;           // space above the paragraph
+    int height = 0;        // of all its lines
+    int width = 0;         // of its longest line, including the margins
+    bool measured = false; // false: estimated
 
     int whole() const { return gap + height; }
 };
 
-// The heights of all paragraphs of a document: where one lies, and which one lies at a place, in a time that
-// hardly grows with their number.
+// The heights of all paragraphs of a document: finds the place of a paragraph, and the paragraph at a place,
+// in a time that hardly grows with their number.
 class BlockHeights {
 public:
     int count() const { return count_; }
     int total() const { return total_; }
-    // Of the widest paragraph.
+    // Width of the widest paragraph, in pixels.
     int width() const;
     const BlockHeight& operator[](int index) const;
-    // Of all that lies in front of the paragraph.
+    // Total height of all paragraphs above this one, in pixels.
     int top(int index) const;
-    // The paragraph at this height; the first or the last one for a height outside. There must be one.
+    // The paragraph at this height (pixels), or the first or last one if the height lies outside. Requires at
+    // least one paragraph.
     int at(int height) const;
-    // The first one from there on, in a ring, that is estimated; -1 when all are measured.
+    // The first paragraph at or after `from` whose height is an estimate, wrapping around at the end; -1 if
+    // all are measured.
     int nextEstimate(int from) const;
 
     void set(int index, const BlockHeight& height);
-    // Puts `added` in the place of so many paragraphs.
+    // Replaces `removed` paragraphs from `first` on by `added`.
     void replace(int first, int removed, const std::vector<BlockHeight>& added);
 
 private:
-    // Some hundred paragraphs with their sums.
+    // A few hundred paragraphs with their totals.
     struct Chunk {
         std::vector<BlockHeight> blocks;
         int height = 0;
@@ -45,7 +47,7 @@ private:
 
         void sum();
     };
-    // A paragraph by its chunk and its number in it, and what lies in front of the chunk.
+    // A paragraph as chunk and index in the chunk, with the height of everything above the chunk.
     struct Place {
         std::size_t chunk = 0;
         int offset = 0;
@@ -53,7 +55,7 @@ private:
     };
     Place place(int index) const;
 
-    std::vector<Chunk> chunks_; // none of them empty
+    std::vector<Chunk> chunks_; // none is empty
     int count_ = 0;
     int total_ = 0;
 };

@@ -10,7 +10,7 @@ void ChangedParagraphs::note(const QTextDocument& document, int position, int ad
     const int last = document.blockCount() - 1;
     const QTextBlock end = document.findBlock(position + added);
     const int first = std::max(document.findBlock(position).blockNumber(), 0);
-    // Of a change at the very end the document counts a unit that is in no paragraph.
+    // For a change at the very end, the document counts a unit that belongs to no paragraph.
     const int tail = end.isValid() ? last - end.blockNumber() : 0;
     first_ = changed_ ? std::min(first_, first) : first;
     tail_ = changed_ ? std::min(tail_, tail) : tail;

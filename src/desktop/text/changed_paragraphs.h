@@ -4,17 +4,18 @@
 
 namespace desktop {
 
-// The paragraphs in which all changes of a document lie since they were last taken, formats included.
+// The range of paragraphs that contains all changes of a document since the last take(), changes of format
+// included.
 class ChangedParagraphs {
 public:
-    // The document reports a change when it is done, in its own units.
+    // Called after each change. `position` and `added` are in the document's units.
     void note(const QTextDocument& document, int position, int added);
-    // The document gave way to another.
+    // The whole document has been replaced.
     void noteAll() { whole_ = changed_ = true; }
 
     struct Range {
         int first = 0;
-        int removed = 0;  // paragraphs that stood here
+        int removed = 0;  // paragraphs that stood here before
         int inserted = 0; // paragraphs that stand here now
         bool whole = false;
     };
@@ -24,9 +25,9 @@ public:
 private:
     bool changed_ = false;
     bool whole_ = true;
-    int first_ = 0; // paragraphs before all changes
-    int tail_ = 0;  // and behind them
-    int known_ = 0; // paragraphs of the document when they were last taken
+    int first_ = 0; // unchanged paragraphs before all changes
+    int tail_ = 0;  // unchanged paragraphs after all changes
+    int known_ = 0; // number of paragraphs at the last take()
 };
 
 } // namespace desktop

@@ -9,7 +9,8 @@ namespace desktop {
 
 namespace {
 
-// One range over two changes, the second of which counts places in the text that the first left.
+// Merges two successive changes into one range. The second counts positions in the text that the first one
+// left.
 ChangedStretch::Range joined(const ChangedStretch::Range& first, const ChangedStretch::Range& second) {
     const std::int32_t begin = std::min(first.begin, second.begin);
     const std::int32_t end = std::max(first.begin + first.added, second.begin + second.removed);
@@ -18,8 +19,8 @@ ChangedStretch::Range joined(const ChangedStretch::Range& first, const ChangedSt
 
 } // namespace
 
-// How many of the units that went were ends of paragraphs, and so two units, nobody tells. But what stands
-// behind the change has stayed, and the length before it is known.
+// Nobody reports how many of the removed units were paragraph ends, which count twice. But the text after the
+// change is the same, and the earlier length is known.
 void ChangedStretch::note(const QTextDocument& document, int position, int removed, int added) {
     const std::int32_t begin = programPosition(document, position);
     const std::int32_t end = programPosition(document, position + added);

@@ -5,23 +5,23 @@
 
 namespace desktop {
 
-// The stretch of a document in which all changes lie since it was last taken.
+// The range of a document that contains all changes since the last take().
 class ChangedStretch {
 public:
-    // The document tells of a change when it is done, in its own units; what it tells may be more than what
+    // Called after each change, in the document's units. The document may report more than what really
     // changed.
     void note(const QTextDocument& document, int position, int removed, int added);
-    // All of the text gave way to this document's.
+    // The whole text has been replaced by that of `document`.
     void noteAll(const QTextDocument& document);
 
     struct Range {
         std::int32_t begin = 0;
-        std::int32_t removed = 0; // units that stood here
+        std::int32_t removed = 0; // units that stood here before
         std::int32_t added = 0;   // units that stand here now
     };
     struct Both {
-        Range program;  // in units of the program
-        Range document; // in those of the document
+        Range program;  // in the program's units
+        Range document; // in the document's units
     };
     Both take();
 
@@ -30,7 +30,7 @@ private:
 
     Both both_;
     bool isEmpty_ = true;
-    std::int32_t length_ = 0; // of the program's text as it was last told
+    std::int32_t length_ = 0; // of the program's text after the last noted change
 };
 
 } // namespace desktop

@@ -60,7 +60,7 @@ bool isRestOf(const rtf::ParagraphFormat& whole, const rtf::ParagraphFormat& res
            rest.kept == whole.kept && !rest.bullet;
 }
 
-// Reads a stretch of a document.
+// Extracts a range of a document.
 class Extraction {
 public:
     explicit Extraction(const EditorDocument& document) : document_(document) {}
@@ -81,8 +81,8 @@ public:
             useFormat(block, block.charFormat().boolProperty(Hidden));
     }
 
-    // True when a paragraph of the file goes on in the next one of Qt, behind a page break. Where the user
-    // has changed only one of them, each is a paragraph.
+    // True if one paragraph of the file continues in Qt's next paragraph, after a page break. If the user has
+    // reformatted only one of the two, each becomes a paragraph of its own.
     bool addPageBreak(const QTextBlock& next) {
         const PageBreak pageBreak = document_.pageBreakBefore(next);
         goesOn_ = pageBreak == PageBreak::InParagraph && isRestOf(paragraph_, paragraphOf(next, pageBreak));
@@ -101,7 +101,7 @@ private:
     void addLetters(const QTextFragment& fragment, qsizetype begin, qsizetype length) {
         const QTextCharFormat format = fragment.charFormat();
         const bool isImage = format.objectType() == QTextFormat::ImageObject;
-        // What is typed behind an image has its properties, though it is none.
+        // Text typed right after an image inherits the image's properties although it is none.
         useFormat(fragment, isImage && format.boolProperty(Hidden));
         if (isImage && format.hasProperty(KeptRange)) {
             const auto index = static_cast<std::size_t>(format.intProperty(KeptRange));
@@ -124,7 +124,7 @@ private:
         if (isNew)
             known->second = lettersOf(part.charFormat());
         known->second.hidden = hidden;
-        // Fonts and links take their numbers in the order of first use, which is here.
+        // Fonts and links are numbered in the order of their first use, which is here.
         builder_.useFormat(known->second);
     }
 
@@ -154,9 +154,9 @@ private:
 
     const EditorDocument& document_;
     rtf::DocumentBuilder builder_;
-    std::unordered_map<int, rtf::CharFormat> formats_; // by their numbers in the document
-    rtf::ParagraphFormat paragraph_;                   // of the file, as it begins
-    bool goesOn_ = false;                              // the next paragraph of Qt is the rest of it
+    std::unordered_map<int, rtf::CharFormat> formats_; // by Qt's format index
+    rtf::ParagraphFormat paragraph_;                   // as the paragraph of the file begins
+    bool goesOn_ = false;                              // Qt's next paragraph continues this one
 };
 
 } // namespace
@@ -165,7 +165,7 @@ rtf::Document rtfOf(const EditorDocument& document) {
     Extraction extraction(document);
     rtf::DocumentBuilder& builder = extraction.builder();
     builder.section() = document.sections.front();
-    // A paragraph that was cut in two has left the mark on both halves: the first one counts.
+    // If a paragraph with a section mark was split, both halves carry the mark: the first one counts.
     std::vector<bool> begun(document.sections.size(), false);
     begun.front() = true;
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
@@ -193,7 +193,8 @@ rtf::Document rtfOf(const EditorDocument& document, TextRange range) {
     QTextBlock block = document.findBlock(range.begin);
     bool ends = false;
     bool goesOn = false;
-    // A stretch that ends at the start of a paragraph holds the end of the one before it and no more.
+    // A range that ends at the start of a paragraph includes the end of the previous paragraph and nothing of
+    // this one.
     do {
         extraction.addParagraph(block, range);
         block = block.next();

@@ -12,7 +12,7 @@ namespace desktop {
 
 namespace {
 
-// Stands for what is kept and cannot be drawn.
+// Placeholder for kept RTF that cannot be drawn.
 QImage keptMark() {
     QImage mark(7, 11, QImage::Format_ARGB32_Premultiplied);
     mark.fill(Qt::transparent);
@@ -37,7 +37,7 @@ void nameFont(QTextCharFormat& format, const QString& name, bool shown) {
 
 QTextList& BulletLists::forParagraph(QTextCursor& paragraph) {
     if (paragraphs_++ % longest == 0) {
-        // A sign in front of the paragraph, without an indent of the list's own.
+        // A bullet in front of the paragraph; the list adds no indent of its own.
         QTextListFormat format;
         format.setStyle(QTextListFormat::ListDisc);
         format.setIndent(0);

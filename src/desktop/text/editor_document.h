@@ -11,39 +11,39 @@
 
 namespace desktop {
 
-// What formats of Qt have no place for, so that it can be written again.
+// Properties that Qt's formats lack; they are kept so that saving writes them back.
 enum FormatProperty {
-    KeptRange = QTextFormat::UserProperty + 1, // of an image: index in EditorDocument::kept
-    FontName,                                  // of letters
-    Charset,                                   // of letters: number of the Windows character set
-    Hidden,                                    // of an image, and of a paragraph without letters
-    HiddenText,                                // of an image: the letters that it stands for
-    FirstIndent, // of a paragraph with a bullet, twips: Qt sets the sign itself into the margin
-    ListWords,   // of a paragraph: bytes of RTF
+    KeptRange = QTextFormat::UserProperty + 1, // image: index in EditorDocument::kept
+    FontName,                                  // characters
+    Charset,                                   // characters: number of the Windows character set
+    Hidden,                                    // image, and paragraph without characters
+    HiddenText,                                // image: the text that it stands for
+    FirstIndent, // paragraph with a bullet, in twips: Qt itself places the bullet in the margin
+    ListWords,   // paragraph: RTF bytes
     KeptWords,
-    SectionIndex,    // of a paragraph that begins a section: index in EditorDocument::sections
-    PageBreakNumber, // of a paragraph that begins a page: another one for each break
-    InParagraph      // of the same: the break lies within a paragraph, which goes on behind it
+    SectionIndex,    // paragraph that begins a section: index in EditorDocument::sections
+    PageBreakNumber, // paragraph that begins a page: a different number for each break
+    InParagraph      // likewise: the break lies within a paragraph of the file, which continues after it
 };
 
-// Twips from the margin to the text of a paragraph that becomes an item of a list.
+// Twips from the margin to the text of a paragraph that becomes a list item.
 inline constexpr int bulletIndent = 360;
 
-// Names the font of letters. Qt tells formats from each other by their families one by one, and by a name of
-// our own at once; so it gets both. `shown`: else the letters look as those of the usual font do.
+// Sets the font of characters. Qt compares the families of two formats one by one, but our own name property
+// at once; therefore it gets both. With `shown` false, the text keeps the look of the default font.
 void nameFont(QTextCharFormat& format, const QString& name, bool shown = true);
 
 inline double pixelsOfTwips(std::int32_t twips) {
     return twips / 15.0;
 }
 
-// The lists that the paragraphs of one edit join with their bullets. Qt goes over all of a list whenever a
-// paragraph joins or leaves it: behind some hundreds a new one begins, which looks the same.
+// The lists that the paragraphs of one edit join when they get bullets. Qt walks the whole list whenever a
+// paragraph joins or leaves it, so a new list, which looks the same, begins after some hundred paragraphs.
 class BulletLists {
 public:
     static constexpr int longest = 250; // paragraphs
 
-    // The list for the paragraph at the cursor, which may be in it already.
+    // The list for the paragraph at the cursor. The paragraph may already be in it.
     QTextList& forParagraph(QTextCursor& paragraph);
 
 private:
@@ -52,40 +52,39 @@ private:
 };
 
 void giveBullet(QTextBlockFormat& format, const QTextList& list);
-// With the indents that came with it.
+// Removes the bullet and the indents that it brought.
 void takeBullet(QTextBlockFormat& format);
 
-// Why a paragraph of Qt begins on a new page.
+// Why one of Qt's paragraphs begins on a new page.
 enum class PageBreak {
     None,
     BeforeParagraph,
-    InParagraph, // it is the rest of a paragraph of the file
+    InParagraph, // it continues a paragraph of the file
     Section,
 };
 
-// The document of the editor: text and formats as Qt has them, and beside them what a file holds that has no
-// place in the text. It keeps no undo.
+// The editor's document: text and formats in Qt's terms, plus the parts of the file that have no place in the
+// text. It keeps no undo history.
 class EditorDocument : public QTextDocument {
 public:
     explicit EditorDocument(const QFont& font);
 
-    // What an image stands for that goes into the text. The range is kept.
+    // The image to insert into the text for `range`, a piece of RTF, which is stored in `kept`.
     QTextImageFormat anchorOf(std::string range, const QTextCharFormat& letters);
 
-    // The image that stands for letters that are kept, and neither shown nor printed.
+    // The image that stands for hidden text: kept, but neither shown nor printed.
     static QTextImageFormat hiddenLetters(const QString& letters, const QTextCharFormat& format);
 
-    // The break in front of a paragraph. One that the user has cut in two has left its mark on both halves:
-    // the first one counts.
+    // The break in front of a paragraph. If the user has split the paragraph, both halves carry the mark: the
+    // first one counts.
     PageBreak pageBreakBefore(const QTextBlock& block) const;
-    // Gives a paragraph that is not there yet a break of its own.
-    // True once a page break has been in the document.
+    // True once the document has had a page break.
     bool hasPageBreaks() const { return pageBreaks_ > 0; }
     void breakPage(QTextBlockFormat& format) { format.setProperty(PageBreakNumber, ++pageBreaks_); }
-    // Cuts the paragraph at the cursor by a page break; the new one begins with these letters.
+    // Splits the paragraph at the cursor by a page break; the new paragraph begins with the format `letters`.
     void breakPageAt(QTextCursor& cursor, const QTextCharFormat& letters);
 
-    std::vector<std::string> kept; // RTF of pictures, objects, footnotes
+    std::vector<std::string> kept; // RTF of pictures, objects and footnotes
     std::vector<rtf::Section> sections = {{}};
     std::string pageWords;
     std::string head;
@@ -93,7 +92,7 @@ public:
     bool lastParagraphEnds = true;
 
 protected:
-    // Pictures are read when they are first seen.
+    // Decodes pictures when they are first shown.
     QVariant loadResource(int type, const QUrl& name) override;
 
 private:

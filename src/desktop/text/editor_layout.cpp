@@ -18,11 +18,12 @@ namespace desktop {
 
 namespace {
 
-// So much of a change is measured at once; the rest of a larger one waits until it is seen.
+// A change up to this size is measured at once. Of a larger one, the rest is measured when it becomes
+// visible.
 constexpr int fewBlocks = 16;
 constexpr int fewUnits = 20'000;
 
-// The space in front of a paragraph: the larger one of two neighbouring spaces.
+// The space above a paragraph in pixels: the larger of its own top margin and the bottom margin before it.
 int gapBefore(const QTextBlock& block) {
     const QTextBlock before = block.previous();
     if (!before.isValid())
@@ -40,7 +41,7 @@ QTextOption optionOf(const QTextBlock& block) {
     option.setAlignment(QStyle::visualAlignment(direction, format.hasProperty(QTextFormat::BlockAlignment)
                                                                ? format.alignment()
                                                                : option.alignment()));
-    // Qt goes over an endless word again for each of its lines.
+    // Qt scans an endless word again for each of its lines.
     if (hasEndlessWord(block.text()))
         option.setWrapMode(QTextOption::WrapAnywhere);
     return option;
@@ -53,7 +54,7 @@ QTextLine lineAt(const QTextLayout& layout, double y) {
     return layout.lineAt(number);
 }
 
-// A disc in front of the first line.
+// Draws a disc in front of the first line.
 void drawBullet(QPainter& painter, const QTextBlock& block, const QTextLayout& layout, const QColor& color) {
     const QFontMetrics metrics(block.charFormat().font());
     const QRectF line = layout.lineAt(0).naturalTextRect().translated(layout.position());
@@ -105,7 +106,7 @@ BlockHeight EditorLayout::layOut(const QTextBlock& block, QTextLayout& layout) c
     const QTextBlockFormat format = block.blockFormat();
     layout.setTextOption(optionOf(block));
     const double width = textWidth() - format.leftMargin() - format.rightMargin();
-    double indent = format.textIndent(); // of the first line
+    double indent = format.textIndent(); // first line only
     double widest = 0;
     double height = 0;
     layout.beginLayout();
@@ -122,7 +123,7 @@ BlockHeight EditorLayout::layOut(const QTextBlock& block, QTextLayout& layout) c
     return {gapBefore(block), static_cast<int>(std::ceil(height)), static_cast<int>(std::ceil(widest)), true};
 }
 
-// True when that moves what lies below.
+// Returns true if the paragraphs below move.
 bool EditorLayout::measure(const QTextBlock& block, QTextLayout& layout) {
     const int before = heights_[block.blockNumber()].whole();
     const BlockHeight height = layOut(block, layout);
@@ -194,7 +195,7 @@ void EditorLayout::measureBetween(int top, int bottom) {
     tellSize();
 }
 
-// Not into the paragraphs' own layouts: those of a long text would take much memory.
+// Uses a temporary layout: filling the paragraphs' own layouts would take much memory in a long text.
 void EditorLayout::measureFor(std::chrono::milliseconds time) {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + time;
@@ -226,7 +227,7 @@ QRectF EditorLayout::blockBoundingRect(const QTextBlock& block) const {
     if (!isReady() || !block.isValid())
         return {};
     if (!heights_[block.blockNumber()].measured) {
-        // Whoever asks is told a place that holds.
+        // The caller must get a final position, not an estimate.
         auto& self = static_cast<EditorLayout&>(*document()->documentLayout());
         if (self.measure(block, *block.layout())) {
             constexpr double farBelow = 1e9;
@@ -267,7 +268,7 @@ void EditorLayout::draw(QPainter* painter, const PaintContext& context) {
     int place = heights_.top(index) + margin();
     for (QTextBlock block = document()->findBlockByNumber(index); block.isValid() && place <= clip.bottom();
          block = block.next(), ++index) {
-        // What that moves is told later: now nothing may scroll.
+        // The new size is reported later: nothing may scroll during painting.
         if (!heights_[index].measured)
             measure(block, *block.layout());
         drawBlock(*painter, context, block);
@@ -290,7 +291,7 @@ void EditorLayout::drawBlock(QPainter& painter, const PaintContext& context, con
     const QPen pen = painter.pen();
     painter.setPen(color);
     layout.draw(&painter, QPointF(), selections, context.clip);
-    // A negative one lies in what is being composed.
+    // A negative position lies in the text that an input method is composing.
     const bool composed = context.cursorPosition < -1 && !layout.preeditAreaText().isEmpty();
     if (composed || block.contains(context.cursorPosition)) {
         const int place = composed ? layout.preeditAreaPosition() - (context.cursorPosition + 2)
@@ -308,7 +309,7 @@ QImage EditorLayout::picture(const QTextFormat& format) const {
 
 void EditorLayout::resizeInlineObject(QTextInlineObject item, int, const QTextFormat& format) {
     const QTextImageFormat image = format.toImageFormat();
-    // Hidden letters have a size of nothing.
+    // Hidden text has size 0.
     const bool known =
         image.hasProperty(QTextFormat::ImageWidth) && image.hasProperty(QTextFormat::ImageHeight);
     const QSizeF size = known ? QSizeF(image.width(), image.height()) : QSizeF(picture(format).size());

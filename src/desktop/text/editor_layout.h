@@ -11,9 +11,10 @@ class QTextLayout;
 
 namespace desktop {
 
-// Lays the paragraphs of a document out for the screen; a document of the editor has no tables and no frames.
-// Qt's own layout goes over all paragraphs behind a change. This one lays out those that are seen or asked
-// for, and estimates the heights of the others until `measureFor` has come by. Places are pixels of the page.
+// Lays out the paragraphs of a document for the screen; the editor's documents have no tables and no frames.
+// Qt's own layout visits all paragraphs after a change. This one lays out only those that are visible or
+// asked for, and estimates the heights of the others until `measureFor` reaches them. Positions are pixels of
+// the page.
 class EditorLayout : public QAbstractTextDocumentLayout {
 public:
     explicit EditorLayout(QTextDocument& document) : QAbstractTextDocumentLayout(&document) {}
@@ -25,16 +26,16 @@ public:
     QRectF frameBoundingRect(QTextFrame* frame) const override;
     QRectF blockBoundingRect(const QTextBlock& block) const override;
 
-    // True until all heights are measured and told.
+    // True until all heights are measured and the final size is reported.
     bool isEstimated() const;
-    // Measures what lies between two heights.
+    // Measures the paragraphs between two heights (pixels).
     void measureBetween(int top, int bottom);
-    // Measures what is estimated, for about so long.
+    // Measures estimated paragraphs for about `time`.
     void measureFor(std::chrono::milliseconds time);
 
-    // The number of a paragraph between two heights, one that no estimate will move if there is one.
+    // The index of a paragraph between two heights: if possible, one that later measuring does not move.
     int paragraphBetween(int top, int bottom) const;
-    // Where a paragraph begins.
+    // The y coordinate where a paragraph begins.
     int top(int paragraph) const { return margin() + heights_.top(paragraph); }
 
 protected:
@@ -49,17 +50,17 @@ private:
     int margin() const { return static_cast<int>(document()->documentMargin()); }
     double textWidth() const { return document()->pageSize().width() - 2 * margin(); }
     BlockHeight estimate(const QTextBlock& block) const;
-    // Lays a paragraph out, into its own layout or another one.
+    // Lays out a paragraph, either in its own layout or in another one.
     BlockHeight layOut(const QTextBlock& block, QTextLayout& layout) const;
     bool measure(const QTextBlock& block, QTextLayout& layout);
-    // The layout of a paragraph, at its place.
+    // The paragraph's layout, moved to its final position.
     const QTextLayout& laidOut(const QTextBlock& block) const;
     void drawBlock(QPainter& painter, const PaintContext& context, const QTextBlock& block) const;
     QImage picture(const QTextFormat& format) const;
     void tellSize();
 
     BlockHeights heights_;
-    int next_ = 0; // where to go on measuring
+    int next_ = 0; // paragraph where measuring continues
     double letterWidth_ = 1;
     double lineHeight_ = 1;
     QSizeF told_;

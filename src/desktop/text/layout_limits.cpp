@@ -6,19 +6,19 @@ namespace desktop {
 
 namespace {
 
-constexpr std::size_t longestParagraph = 10'000'000; // units, each in 45 bytes
-constexpr std::size_t longestWord = 10'000;          // units, a hundredth of a second
+constexpr std::size_t longestParagraph = 10'000'000; // units; Qt needs 45 bytes for each
+constexpr std::size_t longestWord = 10'000;          // units; takes 10 ms
 
 bool endsParagraph(char16_t unit) {
     return unit == u'\n' || unit == u'\r';
 }
 
-// A line may end here: at blanks, hyphens, between the letters of East Asia.
+// A line may break here: at blanks and hyphens, and between East Asian characters.
 bool endsWord(char16_t unit) {
     return unit <= u' ' || unit == u'-' || (unit >= 0x2000 && unit < 0x2070) || unit >= 0x2E80;
 }
 
-// True for a stretch longer than `most` in which no unit ends one.
+// True if more than `most` units follow each other without a unit for which `ends` is true.
 template <typename Ends>
 bool hasLongStretch(base::TextView text, std::size_t most, Ends ends) {
     while (text.size() > most) {

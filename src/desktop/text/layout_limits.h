@@ -1,4 +1,4 @@
-// What Qt cannot lay out in a time that a user would wait for.
+// Texts that Qt cannot lay out in an acceptable time.
 #pragma once
 
 #include "base/text.h"
@@ -8,13 +8,13 @@
 
 namespace desktop {
 
-// True for a text with a paragraph that would freeze the program: Qt lays one out as a whole, 2 million units
-// in a second.
+// True if the text has a paragraph that would freeze the program: Qt always lays out a whole paragraph, at 2
+// million units a second.
 bool cannotBeLaidOut(base::TextView text);
 bool cannotBeLaidOut(const rtf::Document& document);
 
-// True for a paragraph with a word so long that Qt, which goes over it again for each of its lines, has to be
-// told to break lines anywhere.
+// True if the paragraph has a word so long that lines must be allowed to break anywhere: Qt scans the word
+// again for each of its lines.
 bool hasEndlessWord(QStringView paragraph);
 
 } // namespace desktop

@@ -36,7 +36,7 @@ base::Text decode(std::string_view bytes, const base::CodePage& page) {
         return decodeUtf16(bytes.substr(2), 0, 1);
     if (bytes.starts_with("\xFE\xFF"))
         return decodeUtf16(bytes.substr(2), 1, 0);
-    // Bytes of a page hardly ever happen to be whole sequences of UTF-8.
+    // Text in a legacy code page is almost never valid UTF-8.
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     const QString text = utf8(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
     if (!utf8.hasError())

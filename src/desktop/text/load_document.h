@@ -7,12 +7,12 @@
 
 namespace desktop {
 
-// A text without formats as a document.
+// A document of plain text.
 std::unique_ptr<EditorDocument> documentOfText(base::TextView text, const QFont& font);
 
-// The file as a document: RTF by its beginning; else plain text, UTF-16 by its mark, UTF-8 by its mark or
-// when all of it is valid, in the page otherwise. Throws base::Failure for a file that cannot be read, and
-// for one so long that Qt would take minutes and all of the memory to lay it out.
+// Loads a file: RTF if it begins as such; otherwise plain text, in UTF-16 if it has a byte order mark, in
+// UTF-8 if it has a mark or is valid as a whole, else in code page `page`. Throws base::Failure if the file
+// cannot be read, or is so long that Qt would take minutes and all memory to lay it out.
 std::unique_ptr<EditorDocument> loadDocument(base::TextView path, const base::CodePage& page,
                                              const QFont& font);
 

@@ -18,9 +18,9 @@ namespace desktop {
 
 namespace {
 
-constexpr double pixelsPerInch = 96; // of sizes in a document
+constexpr double pixelsPerInch = 96; // of lengths in a document
 
-// The size of a picture in pixels of the document.
+// The size of a picture, in the document's pixels.
 QSizeF pictureSize(const QTextDocument& document, const QTextImageFormat& format) {
     const QSizeF own =
         document.resource(QTextDocument::ImageResource, QUrl(format.name())).value<QImage>().size();
@@ -28,7 +28,7 @@ QSizeF pictureSize(const QTextDocument& document, const QTextImageFormat& format
             format.height() > 0 ? format.height() : own.height()};
 }
 
-// Makes pictures that are larger than the page as large as it; the rest of one would be cut off.
+// Scales pictures down that are larger than the page; otherwise they would be cut off.
 void fitPictures(QTextDocument& document, QSizeF page) {
     struct Picture {
         int position;
@@ -57,8 +57,7 @@ void fitPictures(QTextDocument& document, QSizeF page) {
     }
 }
 
-// Qt brings letters and pictures to the resolution of the paper, but takes the measures of paragraphs for
-// dots of it.
+// Qt scales text and pictures to the resolution of the paper, but takes paragraph margins for device dots.
 void scaleParagraphs(QTextDocument& document, double scale) {
     QTextCursor cursor(&document);
     cursor.beginEditBlock();
@@ -82,8 +81,8 @@ void scaleParagraphs(QTextDocument& document, double scale) {
     document.setDefaultTextOption(option);
 }
 
-// Each break begins a page. A paragraph that ends directly behind one leaves no empty line on top of the
-// page.
+// Each break begins a page. If a paragraph ends directly after a break, the empty line at the top of the page
+// is removed.
 void breakPages(EditorDocument& document) {
     struct Break {
         int position;
@@ -116,7 +115,7 @@ void printPages(EditorDocument& document, QPagedPaintDevice& paper) {
     if (!painter.begin(&paper))
         throw base::Failure("the printer takes no page");
     const QSizeF page = paper.pageLayout().paintRectPixels(paper.logicalDpiX()).size();
-    // What is kept and cannot be drawn has a sign on the screen only.
+    // The placeholder for kept RTF is visible on the screen only.
     document.addResource(QTextDocument::ImageResource, QUrl(QStringLiteral("kept:mark")),
                          QImage(1, 1, QImage::Format_ARGB32_Premultiplied));
     const double scale = paper.logicalDpiX() / pixelsPerInch;
@@ -132,8 +131,8 @@ void printPages(EditorDocument& document, QPagedPaintDevice& paper) {
     for (int number = 0, count = document.pageCount(); number < count; ++number) {
         if (number > 0) {
             paper.newPage();
-            // The player's displays, the timed cycle and the like run on. The user has to wait: another
-            // command in the midst of this one would change what it works on.
+            // Let displays, the timed cycle and other timers continue. User input stays excluded: a command
+            // in the middle of printing would change the document that is printed.
             QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
         }
         painter.save();

@@ -6,9 +6,9 @@ class QPagedPaintDevice;
 
 namespace desktop {
 
-// Puts the document, which was made for it, on paper: as many pages as it needs and its page breaks
-// ask for, its letters black where they have no colour of their own. Throws base::Failure when the device
-// takes no page.
+// Prints the document, which must have been made for this call because it is changed: as many pages as the
+// text and its page breaks need, in black where the text has no colour. Throws base::Failure if the device
+// accepts no page.
 void printPages(EditorDocument& document, QPagedPaintDevice& paper);
 
 } // namespace desktop

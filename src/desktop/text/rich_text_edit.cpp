@@ -30,7 +30,7 @@ namespace {
 constexpr double smallestSize = 1;   // points
 constexpr double largestSize = 1638; // points
 
-// Shows the hourglass while a text goes in that takes longer than a blink.
+// Shows the wait cursor while a text is inserted that takes noticeable time.
 class Hourglass {
 public:
     explicit Hourglass(std::size_t units) : shown_(units > longText) {
@@ -59,10 +59,10 @@ base::Text withCrLf(const QString& text) {
     return programText(text, static_cast<int>(text.count(QChar(documentParagraphEnd))));
 }
 
-// The end of the last paragraph, which a document counts too, is left out.
+// The text between two positions, without the end of the last paragraph, which the document counts too.
 QString textBetween(QTextDocument& document, int begin, int end) {
     end = std::min(end, document.characterCount() - 1);
-    // A letter or two, which is what most changes are, cost less than a cursor.
+    // Most changes are one or two characters: reading these is cheaper than creating a cursor.
     constexpr int few = 4;
     if (end - begin <= few) {
         QString text;
@@ -76,7 +76,7 @@ QString textBetween(QTextDocument& document, int begin, int end) {
     return cursor.selectedText();
 }
 
-// An empty paragraph at the end of a source is one only where it is ended.
+// In RTF, an empty last paragraph exists only if its end is written.
 std::string withAllEnds(rtf::Document paragraphs) {
     paragraphs.lastParagraphEnds = true;
     return rtf::write(paragraphs);
@@ -94,7 +94,8 @@ RichTextEdit::~RichTextEdit() {
     document_->disconnect(this);
 }
 
-// Built apart and then set: a document that is watched while it grows costs many times as much.
+// The new document is filled before it is set: one that a control watches while it grows is many times
+// slower.
 void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     EditorDocument* const before = document_;
     document_ = document.release();
@@ -102,14 +103,14 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     layout_ = new EditorLayout(*document_);
     document_->setDocumentLayout(layout_);
     connect(document_, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
-        // Of edits that are done together each has told of itself.
+        // For edits that run together, each one has already noted its own change.
         paragraphs_.note(*document_, position, added);
         if (!ahead_)
             noteChange(position, removed, added);
         Edited();
     });
     setDocument(document_);
-    // Qt would go on typing in the format of the old text.
+    // Otherwise Qt would continue to type in the format of the old text.
     setTextCursor(QTextCursor(document_));
     delete before;
     stretch_.noteAll(*document_);
@@ -330,7 +331,7 @@ void RichTextEdit::setSource(std::string_view source) {
 std::optional<platform::ParagraphChange> RichTextEdit::takeParagraphs() {
     if (!paragraphs_.changed())
         return std::nullopt;
-    // Behind a page break inside of a paragraph Qt's count is no longer that of RTF.
+    // After a page break inside of a paragraph, Qt's paragraph numbers differ from those of the RTF.
     if (document_->hasPageBreaks())
         return platform::ParagraphChange{0, 0, takeAllParagraphs(), true};
     const ChangedParagraphs::Range range = paragraphs_.take(*document_);
@@ -363,7 +364,7 @@ void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {
     try {
         device.finish();
     } catch (const base::Failure& failure) {
-        // The rooms pass over it, and a file does not show that it is missing, as paper does.
+        // The callers ignore this failure, and unlike missing paper a missing file would stay unnoticed.
         notify("This file could not be written: %1", QString::fromUtf8(failure.what()));
         throw;
     }
@@ -388,7 +389,7 @@ std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t>
 void RichTextEdit::together(const std::function<void()>& edits) {
     if (ahead_)
         return edits();
-    // Laid out anew for each one, a long text would take seconds.
+    // Laying out a long text after each single edit would take seconds.
     struct Block {
         explicit Block(RichTextEdit& control) : rtb(control), cursor(control.textCursor()) {
             rtb.ahead_ = cursor;

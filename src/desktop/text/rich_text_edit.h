@@ -18,10 +18,10 @@
 
 namespace desktop {
 
-// The rich-text control of the editor, on Qt's.
+// The editor's rich-text control, based on QTextEdit.
 class RichTextEdit : public QTextEdit, public platform::RichText {
 public:
-    // `page` is that of text files without a mark.
+    // `page` is the code page of text files without a byte order mark.
     explicit RichTextEdit(const base::CodePage& page, QWidget* parent = nullptr);
     ~RichTextEdit() override;
 
@@ -82,15 +82,15 @@ protected:
     QMimeData* createMimeDataFromSelection() const override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
-    // Takes the selection out and puts what it offers in at that place, in two changes. Dropped on itself it
+    // Removes the selection and inserts `offer` at `place`, as two changes. A selection dropped on itself
     // stays.
     void moveSelection(const QMimeData& offer, const QTextCursor& place);
 
 private:
-    // What a change of the document that leaves its length alone is taken for.
+    // How to interpret a document change that keeps the length of the text.
     enum class SameLength { Format, Replacement };
 
-    // An edit that is under way, also when it fails.
+    // Marks that an edit is running; ends with the scope, also after an exception.
     class Editing {
     public:
         Editing(RichTextEdit& control, SameLength meaning) : control_(control), before_(control.sameLength_) {
@@ -110,45 +110,45 @@ private:
         SameLength before_;
     };
 
-    // Does something that may change the text; tells of the change, once, when all is done.
+    // Runs `work`, which may change the text, and reports one change after the outermost edit.
     template <typename Work>
     void edit(SameLength meaning, Work&& work);
     void noteChange(int position, int removed, int added);
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
-    // The selection, which runs ahead of the one on the screen while several edits are under way.
+    // The selection. While several edits run together, it is ahead of the one on the screen.
     QTextCursor caret() const { return ahead_ ? *ahead_ : textCursor(); }
     void setCaret(const QTextCursor& cursor);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
     void insertSource(const rtf::Document& source);
-    // What an edit of the selection that leaves the length of the text alone has done.
+    // The meaning of an edit of the current selection that keeps the length of the text.
     SameLength sameLengthNow() const {
         return caret().hasSelection() ? SameLength::Replacement : SameLength::Format;
     }
     void replaceSelection(const std::function<void(QTextCursor&)>& insert);
-    // Does something that replaces estimated heights by measured ones, and keeps what is seen in its place.
+    // Runs `measure`, which replaces estimated heights by measured ones, without moving what is visible.
     void keepView(const std::function<void()>& measure);
     void paintPageBreaks(const QRect& area);
     void putMeasuringOff();
-    // Inserts what was selected last, be it in another program, where `place` leads the caret.
+    // Inserts the primary selection, which may belong to another program; `place` first moves the caret.
     void pasteSelection(const std::function<void()>& place);
 
     base::CodePage page_;
-    EditorDocument* document_ = nullptr; // a child of this
-    EditorLayout* layout_ = nullptr;     // a child of the document
-    QBasicTimer measuring_;              // runs while heights are estimated
+    EditorDocument* document_ = nullptr; // owned by this
+    EditorLayout* layout_ = nullptr;     // owned by the document
+    QBasicTimer measuring_;              // active while heights are estimated
     bool keepsView_ = false;
-    int editing_ = 0; // how many edits are under way, one within the other
+    int editing_ = 0; // depth of nested edits
     SameLength sameLength_ = SameLength::Format;
     bool changed_ = false;
-    ChangedStretch stretch_;          // of what nobody has asked for yet
+    ChangedStretch stretch_;          // changes not yet taken
     ChangedParagraphs paragraphs_;    // likewise, formats included
-    std::set<std::uint64_t> pressed_; // keys by their places that went down in the text and are not up again
+    std::set<std::uint64_t> pressed_; // keys (by physical position) pressed in the text and not yet released
     QtClipboard selection_{QClipboard::Selection};
-    std::optional<QTextCursor> ahead_; // only while several edits are done together
+    std::optional<QTextCursor> ahead_; // set only while edits run together
 };
 
-// Runs in the control's own files only.
+// Used only in the control's own source files.
 template <typename Work>
 void RichTextEdit::edit(SameLength meaning, Work&& work) {
     {

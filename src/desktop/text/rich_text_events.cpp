@@ -19,8 +19,8 @@ namespace desktop {
 
 namespace {
 
-// Keys that Qt's control may act on: those that move the caret, extend the selection or delete, and those
-// that type. It has more, some by the desktop's habits, which would change the text unasked.
+// Keys that Qt's control may handle: those that move the caret, extend the selection, delete or type. Qt
+// knows more, some of them platform habits, which would change the text unexpectedly.
 bool isControlsOwn(const QKeyEvent& event) {
     switch (event.key()) {
     case Qt::Key_Left:
@@ -43,14 +43,14 @@ Qt::KeyboardModifiers heldKeys(const QKeyEvent& event) {
     return event.modifiers() & (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
 }
 
-// Which key it is, whatever it means with others held; made up for an event that no keyboard has sent.
+// Identifies the physical key, independent of modifiers; synthesized for events that no keyboard has sent.
 std::uint64_t placeOf(const QKeyEvent& event) {
     constexpr int bits = 32;
     return event.nativeScanCode() != 0 ? event.nativeScanCode()
                                        : static_cast<std::uint64_t>(event.key()) << bits;
 }
 
-// One of which an input method has made a letter.
+// Stands for a key from which an input method has produced a character.
 constexpr std::uint64_t unknownPlace = 0;
 
 std::optional<platform::EditCommand> editCommand(const QKeyEvent& event) {
@@ -78,10 +78,10 @@ QByteArray rtfOffered(const QMimeData& offer) {
 bool RichTextEdit::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto& key = static_cast<const QKeyEvent&>(*event);
-        // A shortcut of a menu may take the press; the release comes here all the same.
+        // A menu shortcut may consume the press; the release arrives here anyway.
         if (!key.isAutoRepeat())
             pressed_.insert(placeOf(key));
-        // Qt's control would take further ones, which are the menus'.
+        // Qt's control would claim further keys that belong to the menus.
         if (!isControlsOwn(key) || TakesKey(keyEvent(key))) {
             event->setAccepted(TakesKey(keyEvent(key)));
             return true;
@@ -100,7 +100,7 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
             return;
         }
     }
-    // Enter that has closed a box may be down still: what it repeats was not meant for the text.
+    // The Enter that closed a dialog may still be held: its repeats are not meant for the text.
     if (event->isAutoRepeat() && !pressed_.contains(placeOf(*event)) && !pressed_.contains(unknownPlace)) {
         event->accept();
         return;
@@ -111,23 +111,24 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
     }
     if (const auto command = editCommand(*event)) {
         event->accept();
-        // With both, the key means the selection, as the middle button does.
+        // Ctrl+Shift+Insert inserts the primary selection, as the middle button does.
         if (event->key() == Qt::Key_Insert && heldKeys(*event) == (Qt::ShiftModifier | Qt::ControlModifier))
             pasteSelection([] {});
         else
             EditKey(*command);
         return;
     }
-    // A key pressed with nothing selected replaces nothing; it may take a bullet away.
+    // A key pressed without a selection replaces nothing, but it may remove a bullet.
     if (isControlsOwn(*event))
         edit(sameLengthNow(), [&] { QTextEdit::keyPressEvent(event); });
-    // The window would take some for its own: Escape ends the program, Shift+Tab gives the keyboard to a box.
+    // Otherwise the window would act on some keys: Escape ends the program, Shift+Tab moves the focus to a
+    // control.
     event->accept();
 }
 
 void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
-    // A key that is held is released and pressed again and again, where the user did neither. One that went
-    // down elsewhere has done its work there: a key of the player gives the keyboard back before it is up.
+    // Repeats of a held key send releases and presses that the user did not make. A key pressed elsewhere has
+    // done its work there: a player key returns the focus here before it is released.
     const platform::KeyEvent key = keyEvent(*event);
     if (!event->isAutoRepeat() && pressed_.erase(placeOf(*event)) > 0 && key.keyCode != 0)
         KeyUp(key);
@@ -135,7 +136,7 @@ void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
 }
 
 void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
-    // What is being composed is shown in the text but no part of it yet.
+    // Text that is being composed is shown, but is not yet part of the document.
     const bool commits = !event->commitString().isEmpty() || event->replacementLength() > 0;
     if (commits)
         pressed_.insert(unknownPlace);
@@ -144,7 +145,7 @@ void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
 
 void RichTextEdit::mousePressEvent(QMouseEvent* event) {
     QTextEdit::mousePressEvent(event);
-    // Qt numbers left, right and middle as the program does.
+    // Qt numbers the left, right and middle buttons as the program does.
     MouseDown(static_cast<int>(event->button()) & 7);
     event->accept();
 }
@@ -157,7 +158,7 @@ void RichTextEdit::mouseReleaseEvent(QMouseEvent* event) {
     pasteSelection([&] { setTextCursor(cursorForPosition(event->position().toPoint())); });
 }
 
-// Another program's selection is read as its clipboard is.
+// The selection of another program is read like its clipboard.
 void RichTextEdit::pasteSelection(const std::function<void()>& place) {
     for (const auto format : {platform::ClipboardFormat::Rtf, platform::ClipboardFormat::Text}) {
         const base::Text held = selection_.GetText(format);
@@ -174,9 +175,10 @@ void RichTextEdit::dropEvent(QDropEvent* event) {
         edit(SameLength::Replacement, [&] { QTextEdit::dropEvent(event); });
         return;
     }
-    // Qt would move the selection in one edit of equal length, which tells nobody what went where.
+    // Qt would move the selection in one edit that keeps the length, from which nobody could tell what moved
+    // where.
     const QTextCursor place = cursorForPosition(event->position().toPoint());
-    QDragLeaveEvent over; // takes away what the drag shows
+    QDragLeaveEvent over; // removes the drop indicator
     QTextEdit::dragLeaveEvent(&over);
     event->acceptProposedAction();
     moveSelection(*event->mimeData(), place);
@@ -193,11 +195,11 @@ void RichTextEdit::moveSelection(const QMimeData& offer, const QTextCursor& plac
 
 void RichTextEdit::focusOutEvent(QFocusEvent* event) {
     QTextEdit::focusOutEvent(event);
-    // An open menu borrows the keyboard; the text has it still.
+    // An open menu only borrows the focus.
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason)
         return;
     pressed_.clear();
-    // Among the windows of this program the text has it while another program is in front.
+    // While another program is active, the text keeps the focus among this program's windows.
     if (event->reason() != Qt::ActiveWindowFocusReason || QApplication::activeWindow())
         LostFocus();
 }
@@ -212,7 +214,7 @@ QMimeData* RichTextEdit::createMimeDataFromSelection() const {
 }
 
 bool RichTextEdit::canInsertFromMimeData(const QMimeData* source) const {
-    // A file is no text, though Qt would offer its name as one.
+    // A file is no text, although Qt offers its name as text.
     return source->hasFormat(QStringLiteral("text/plain")) || source->hasHtml() ||
            !rtfOffered(*source).isEmpty();
 }

@@ -1,4 +1,4 @@
-// How the text control shows a text whose heights are not all known.
+// How the text control shows a text while some heights are still estimated.
 #include "desktop/text/rich_text_edit.h"
 
 #include <QPainter>
@@ -14,7 +14,7 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds slice{6};
 constexpr int rest = 10;          // ms between two slices
-constexpr int afterAChange = 200; // ms, longer than from one key to the next
+constexpr int afterAChange = 200; // ms, longer than between two key presses
 
 } // namespace
 
@@ -31,7 +31,7 @@ void RichTextEdit::keepView(const std::function<void()>& measure) {
         viewport()->update();
 }
 
-// A key is not to wait for a slice.
+// Typing must not wait for a slice of measuring.
 void RichTextEdit::putMeasuringOff() {
     if (measuring_.isActive())
         measuring_.start(afterAChange, this);
@@ -54,7 +54,7 @@ void RichTextEdit::paintEvent(QPaintEvent* event) {
         measuring_.start(rest, this);
 }
 
-// A page break is a dashed line above the paragraph that begins the page.
+// Draws a page break as a dashed line above the paragraph that begins the page.
 void RichTextEdit::paintPageBreaks(const QRect& area) {
     QPainter painter(viewport());
     painter.setPen(QPen(QColor(0x9A, 0xA3, 0xB0), 1, Qt::DashLine));

@@ -1,4 +1,4 @@
-// Between the neutral document of RTF and that of the editor.
+// Converts between the toolkit-free RTF document and the editor's document.
 #pragma once
 
 #include "desktop/text/editor_document.h"
@@ -9,14 +9,14 @@
 
 namespace desktop {
 
-// The whole source as a document of its own.
+// Converts the whole source to a new document.
 std::unique_ptr<EditorDocument> documentOfRtf(rtf::Document source, const QFont& font);
 
-// Inserts the source at the cursor, which is left behind it. The page, the head and the sections of the
-// source do not come along.
+// Inserts the source at the cursor and leaves the cursor after it. Page setup, head and sections of the
+// source are not inserted.
 void insertRtf(QTextCursor& cursor, EditorDocument& document, const rtf::Document& source);
 
-// The whole document, and a stretch of it.
+// Converts the whole document, or a range of it.
 rtf::Document rtfOf(const EditorDocument& document);
 rtf::Document rtfOf(const EditorDocument& document, TextRange range);
 

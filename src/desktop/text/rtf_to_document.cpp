@@ -30,7 +30,8 @@ Qt::Alignment alignmentOf(rtf::Alignment alignment) {
     return Qt::AlignLeft;
 }
 
-// Each font costs Qt a search through those of the system; a text of letters, not of fonts, has a few.
+// For each font Qt searches the fonts of the system. A real text has only a few; a font list with thousands
+// must not stall the program.
 constexpr std::uint32_t mostFontsShown = 1000;
 
 QTextCharFormat lettersOf(const rtf::CharFormat& source, const rtf::Document& document) {
@@ -85,7 +86,7 @@ QTextBlockFormat paragraphOf(const rtf::ParagraphFormat& source) {
     return format;
 }
 
-// Puts one source into a document.
+// Inserts one source into a document.
 class Insertion {
 public:
     Insertion(QTextCursor& cursor, EditorDocument& document, const rtf::Document& source, bool sections)
@@ -98,7 +99,7 @@ public:
             paragraphs_.push_back(paragraphOf(format));
     }
 
-    // `formatFirst`: the paragraph at the cursor takes the format of the first one.
+    // `formatFirst`: the paragraph at the cursor takes the format of the source's first paragraph.
     void run(bool formatFirst) {
         for (std::size_t index = 0; index < source_.paragraphs.size(); ++index) {
             const rtf::Paragraph& paragraph = source_.paragraphs[index];
@@ -126,7 +127,7 @@ private:
         return format;
     }
 
-    // A list can be made on a paragraph that is there only.
+    // Qt can only add an existing paragraph to a list.
     void makeItem(const rtf::Paragraph& paragraph) {
         if (!source_.paragraphFormats[paragraph.format].bullet)
             return;
@@ -161,7 +162,7 @@ private:
         cursor_.insertText(uncopied(text), letters);
     }
 
-    // The document takes a copy of its own.
+    // A view without copying: the document makes its own copy.
     static QString uncopied(base::TextView text) {
         return QString::fromRawData(reinterpret_cast<const QChar*>(text.data()),
                                     static_cast<qsizetype>(text.size()));
@@ -175,10 +176,10 @@ private:
     std::vector<QTextBlockFormat> paragraphs_;
     BulletLists lists_;
     std::size_t run_ = 0;
-    std::size_t at_ = 0; // in the text
+    std::size_t at_ = 0; // position in the source's text
 };
 
-// A number that the document has already stays what it was: what came first was there when it was written.
+// A font or colour number that the document already uses keeps its meaning: its kept RTF was written with it.
 void joinTables(rtf::KeptTables& tables, const rtf::KeptTables& more) {
     for (const rtf::NumberedFont& font : more.fonts)
         if (std::none_of(tables.fonts.begin(), tables.fonts.end(),

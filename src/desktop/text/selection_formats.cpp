@@ -27,8 +27,8 @@ bool hasStyle(const QTextCharFormat& format, LetterStyle style) {
     return format.fontStrikeOut();
 }
 
-// The value that all letters of the selection share, looking no further than the second value. A selection
-// without a letter has the value of its place.
+// The value that all characters of the selection share, empty if they differ; stops at the second value. For
+// an empty selection, the value at the caret.
 template <typename Value>
 std::optional<Value> shared(const QTextCursor& selection, auto valueOf) {
     if (!selection.hasSelection())
@@ -60,7 +60,7 @@ Setting setting(std::optional<bool> value) {
     return !value ? Setting::Mixed : *value ? Setting::On : Setting::Off;
 }
 
-// Calls for each paragraph of the selection; false from the call ends it.
+// Calls `call` for each paragraph of the selection until it returns false.
 void forEachParagraph(const QTextCursor& selection, auto call) {
     QTextBlock block = selection.document()->findBlock(selection.selectionStart());
     const int end = std::max(selection.selectionEnd(), selection.selectionStart() + 1);

@@ -1,4 +1,4 @@
-// Formats of a selection, of which a control says one value or that there are several.
+// Formats of a selection: one common value, or "mixed".
 #pragma once
 
 #include "platform/rich_text.h"
@@ -12,14 +12,14 @@ namespace desktop {
 
 enum class LetterStyle { Bold, Italic, Underline, StrikeThru };
 
-// Of the letters of the selection; with nothing selected, of what is typed next.
+// Style of the selected characters; with nothing selected, of the text typed next.
 platform::Setting letterStyle(const QTextCursor& selection, LetterStyle style);
 QTextCharFormat withLetterStyle(LetterStyle style, bool on);
 
-// In points; empty when there are several.
+// In points; empty if the sizes differ.
 std::optional<double> letterSize(const QTextCursor& selection);
 
-// Of the paragraphs that the selection touches.
+// For all paragraphs that the selection touches.
 platform::Setting bullets(const QTextCursor& selection);
 void setBullets(const QTextCursor& selection, bool on);
 void setAlignment(QTextCursor selection, Qt::Alignment alignment);

@@ -11,7 +11,7 @@ namespace desktop {
 
 namespace {
 
-// What units stand for when the case of letters does not count.
+// Maps UTF-16 units to their case-folded form.
 class FoldedUnits {
 public:
     FoldedUnits() {
@@ -43,7 +43,7 @@ private:
     std::array<char16_t, 0x10000> units_{};
 };
 
-// What a unit is for the rule of words, as far as its number alone tells.
+// The word class of a unit, as far as the unit alone decides it.
 enum class WordPart { Letter, Blank, Unknown };
 
 WordPart wordPart(QChar unit) {
@@ -53,15 +53,16 @@ WordPart wordPart(QChar unit) {
     return letter ? WordPart::Letter : code == u' ' ? WordPart::Blank : WordPart::Unknown;
 }
 
-// Tells where words begin and end, for places that come in order.
+// Finds word boundaries; fastest for positions in ascending order.
 class WordBoundaries {
 public:
     explicit WordBoundaries(const QTextDocument& document) : document_(document) {}
 
-    // Whether a place of the document is one that lies between `before` and `behind`. The ends of a paragraph
-    // are boundaries, in an empty one too.
+    // True if `position`, which lies between the units `before` and `behind`, is a word boundary. Both ends
+    // of a paragraph are boundaries, even of an empty one.
     bool contain(int position, QChar before, QChar behind) {
-        // The rule in full reads the whole paragraph, which would be felt where every other word holds a hit.
+        // The full Unicode rule reads the whole paragraph, which is noticeably slow when every other word
+        // contains a hit.
         const WordPart left = wordPart(before);
         const WordPart right = wordPart(behind);
         if (left == WordPart::Letter && right != WordPart::Unknown)
@@ -93,7 +94,8 @@ void fold(QString& text, qsizetype begin, qsizetype end) {
     units.fold(text.data() + begin, text.data() + end);
 }
 
-// A stretch of the document, cut off at its end, in a time that does not grow with what lies around it.
+// A range of the document, cut off at the document's end, in a time that does not depend on the rest of the
+// document.
 QString stretch(const QTextDocument& document, int begin, int length) {
     const int last = document.characterCount() - 1;
     QTextCursor cursor(document.findBlock(begin));
@@ -102,7 +104,7 @@ QString stretch(const QTextDocument& document, int begin, int length) {
     return cursor.selectedText();
 }
 
-// Looks for one text in the copies of a document's stretches.
+// Searches for one text in copied ranges of a document.
 class Search {
 public:
     Search(const QTextDocument& document, QString sought, SearchOptions options)
@@ -113,8 +115,8 @@ public:
 
     qsizetype length() const { return sought_.size(); }
 
-    // The first hit in `text`, which begins at place `origin` of the document, from its unit `from` on.
-    // Folded is only what lies in front of the hit.
+    // The first hit in `text` at or after unit `from`; `origin` is the document position where `text` begins.
+    // Folds the case of `text` piece by piece, only up to the hit.
     std::optional<TextRange> run(QString& text, qsizetype from, qsizetype origin) {
         constexpr qsizetype pieceLength = 32'768;
         for (qsizetype begin = from, end = from; end < text.size(); begin = end - length() + 1) {
@@ -154,8 +156,8 @@ std::optional<TextRange> findText(const QTextDocument& document, base::TextView 
     Search search(document, documentText(wanted), options);
     if (search.length() == 0)
         return std::nullopt;
-    // One replacement after the other mostly finds the next hit near. A long way is quickest in one copy of
-    // the whole text: Qt takes ten times as long for its paragraphs one by one.
+    // When replacing repeatedly, the next hit is usually near. For long distances, one copy of the whole text
+    // is fastest: reading Qt's paragraphs one by one takes ten times as long.
     constexpr int nearby = 2048;
     if (search.length() < nearby) {
         QString text = stretch(document, from, nearby);

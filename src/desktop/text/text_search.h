@@ -8,13 +8,13 @@ class QTextDocument;
 
 namespace desktop {
 
-// How a text is looked for.
+// Options of a search.
 struct SearchOptions {
-    bool wholeWords = false; // by Unicode's rule of where words begin and end
-    bool matchCase = false;  // else letters of any script are equal in both cases
+    bool wholeWords = false; // by Unicode's word boundary rules
+    bool matchCase = false;  // false: ignores case in all scripts
 };
 
-// The first place at or after `from` that holds `wanted`, which may span paragraphs.
+// The first occurrence of `wanted` at or after `from`; it may span paragraphs. Empty if there is none.
 std::optional<TextRange> findText(const QTextDocument& document, base::TextView wanted, int from,
                                   SearchOptions options);
 

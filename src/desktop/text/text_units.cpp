@@ -10,7 +10,7 @@ namespace {
 
 constexpr char16_t replacementUnit = u'\uFFFD';
 
-// The paragraph in which a place of the program lies.
+// The paragraph that contains a position of the program.
 QTextBlock blockAt(const QTextDocument& document, std::int64_t position) {
     int first = 0;
     int last = document.blockCount() - 1;
@@ -42,9 +42,9 @@ QString documentText(base::TextView text) {
         case programLineBreak:
             *to++ = documentLineBreak;
             break;
-        case u'\0': // ends a text for other programs, and is none
+        case u'\0': // NUL ends a text for other programs and is no text itself
             break;
-        case u'\uFDD0': // marks of Qt's own, which would end a paragraph
+        case u'\uFDD0': // reserved by Qt: would end a paragraph
         case u'\uFDD1':
             *to++ = replacementUnit;
             break;
@@ -71,7 +71,7 @@ base::Text programText(QStringView text, int paragraphEnds) {
 }
 
 std::int32_t programLength(const QTextDocument& document) {
-    // The document counts an end behind its last paragraph too.
+    // The document also counts an end after its last paragraph.
     return document.characterCount() - 1 + document.blockCount() - 1;
 }
 
