@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 
-// Builds the desktop, hands it to the program, runs it.
 int main(int argc, char* argv[]) {
     desktop::Application application(argc, argv);
     desktop::QtDesktop desktop;
@@ -17,8 +16,7 @@ int main(int argc, char* argv[]) {
     desktop.prepareInIdleTime();
     const int result = desktop::Application::exec();
     desktop.closeWindows();
-    // All is saved and nothing is left to do: a name that the system still looks up must not keep the
-    // process.
+    // Everything is saved. A DNS lookup that still runs must not keep the process alive.
     if (desktop.isHanging())
         std::_Exit(result);
     return result;

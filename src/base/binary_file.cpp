@@ -24,7 +24,7 @@ BinaryFile::BinaryFile(TextView path)
     : fd_(::open(toUtf8(path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
     if (fd_ < 0)
         fail(errno);
-    // A file system without locks is no reason not to write.
+    // On a file system without locks the file is written unlocked.
     if (::flock(fd_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         ::close(fd_);
         fail(EBUSY);

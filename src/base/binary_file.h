@@ -7,29 +7,29 @@
 
 namespace base {
 
-// A file that is open for writing at any place, and locked against a second writer of this program. Its bytes
-// stand in the file when a call returns, so that they outlive the process; sync makes them outlive the
-// system.
+// A file open for random-access writing, locked against a second writer of this program. After a call
+// returns, its bytes survive the end of the process; after sync they survive a crash of the system.
 class BinaryFile {
 public:
-    // Opens the file, which is made when it is not there. Throws Failure in the system's words, also when
-    // another one holds it open.
+    // Opens the file; creates it if it does not exist. Throws Failure with the system's message, also if
+    // another BinaryFile holds it open.
     explicit BinaryFile(TextView path);
     BinaryFile(const BinaryFile&) = delete;
     BinaryFile& operator=(const BinaryFile&) = delete;
     ~BinaryFile();
 
-    // True while somebody holds this file open in the way of this class.
+    // True while any process holds this file open through a BinaryFile.
     static bool isHeld(TextView path);
 
-    // Writes at `position`, counted from 0. Throws Failure; as much as could be written stands then.
+    // Writes at byte `position`. Throws Failure; a part of the bytes may have been written then.
     void writeAt(std::uint64_t position, std::string_view bytes) const;
-    // Bytes. Throws Failure.
+    // In bytes. Throws Failure.
     std::uint64_t length() const;
-    // Hands these bytes to the disk and waits for it, so that a later sync has little left. One that fails is
-    // told by that sync.
+    // Starts writing these bytes to the disk and waits for it, which makes a later sync short. Errors are
+    // reported by that sync.
     void writeOut(std::uint64_t position, std::uint64_t count) const;
-    // Brings what was written to the disk; may take long, and may be called from any thread. Throws Failure.
+    // Flushes everything written to the disk. May block for long; may be called from any thread. Throws
+    // Failure.
     void sync() const;
 
 private:

@@ -1,4 +1,4 @@
-// The program's rule for failures: a statement that fails is skipped and the next one runs.
+// The program's rule for errors: a statement that fails is skipped and the next one runs.
 #pragma once
 
 #include <stdexcept>
@@ -7,15 +7,15 @@
 
 namespace base {
 
-// What a port or a helper throws when it could not do its work; what() is UTF-8, in the system's own words
-// where there are any. It is the only exception that the rooms throw or expect.
+// The only exception that the rooms throw or expect: a port or a helper could not do its work. what() is
+// UTF-8, the system's own message where there is one.
 class Failure : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-// Runs one statement; true when it went through, false when it failed and was skipped. Wrap single
-// statements, never a whole routine: what stands behind a failed statement has to run.
+// Runs one statement. Returns true on success, false if it threw Failure and was skipped. Wrap single
+// statements, never a whole routine: the statements after a failed one must still run.
 template <typename Statement>
 bool carryOn(Statement&& statement) {
     try {
@@ -26,7 +26,7 @@ bool carryOn(Statement&& statement) {
     }
 }
 
-// The same; `report` gets the system's words when the statement failed.
+// The same; `report` receives the message of the failure.
 template <typename Statement, typename Report>
 bool carryOn(Statement&& statement, Report&& report) {
     try {

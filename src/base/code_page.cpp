@@ -22,8 +22,8 @@ CodePage::CodePage(int number) {
         units_[byte] = static_cast<char16_t>(byte);
     const std::string name = "CP" + std::to_string(isSingleByte(number) ? number : 1252);
     iconv_t converter = iconv_open("UTF-16LE", name.c_str());
-    // A system without its conversion tables still reads and writes; all beyond ASCII is then taken as it
-    // stands.
+    // Without the system's conversion tables, files can still be read: bytes beyond ASCII map to the code
+    // unit of the same value.
     if (converter == iconv_t(-1)) // NOLINT(performance-no-int-to-ptr): the documented error value
         return;
     for (std::size_t byte = 0x80; byte < units_.size(); ++byte) {
@@ -35,7 +35,7 @@ CodePage::CodePage(int number) {
         std::size_t toLeft = out.size();
         iconv(converter, nullptr, nullptr, nullptr, nullptr);
         iconv(converter, &from, &fromLeft, &to, &toLeft);
-        // Without the flush a page with combining marks keeps the letter back, waiting for the mark.
+        // Without this flush, a page with combining marks holds a letter back and waits for its mark.
         iconv(converter, nullptr, nullptr, &to, &toLeft);
         if (toLeft == 2)
             units_[byte] =
@@ -46,7 +46,8 @@ CodePage::CodePage(int number) {
 }
 
 int CodePage::numberForLanguage(std::string_view language) {
-    // The "language for non-Unicode programs" of each language; 1252 is the rule, these are the exceptions.
+    // The "language for non-Unicode programs" of each language. 1252 is the default; these are the
+    // exceptions.
     static constexpr std::pair<std::string_view, int> pages[] = {
         {"bs", 1250}, {"cs", 1250}, {"hr", 1250}, {"hu", 1250}, {"pl", 1250}, {"ro", 1250}, {"sk", 1250},
         {"sl", 1250}, {"sq", 1250}, {"be", 1251}, {"bg", 1251}, {"kk", 1251}, {"ky", 1251}, {"mk", 1251},

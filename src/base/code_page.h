@@ -1,5 +1,5 @@
-// How text files are read and written: UTF-8, and the single-byte code page of the user's language for files
-// that are older or come from elsewhere.
+// How text files are encoded: UTF-8 when written; when read, also the single-byte code page of the user's
+// language, for files that are older or come from other programs.
 #pragma once
 
 #include "base/text.h"
@@ -10,15 +10,14 @@
 
 namespace base {
 
-// One single-byte code page of the Windows family, with its tables.
+// One single-byte code page of the Windows family, as a decoding table.
 class CodePage {
 public:
-    // `number` is one of 1250 to 1258 or 874; any other is taken as 1252. A byte that the page leaves
-    // undefined stands for the unit of the same value, as that system has it, so that no two bytes read
-    // alike.
+    // `number` is 1250 to 1258 or 874; any other number means 1252. A byte that the page leaves undefined
+    // decodes to the code unit of the same value, as Windows does it, so no two bytes decode alike.
     explicit CodePage(int number = 1252);
 
-    // The number of the page that goes with a language: `language` is a code of ISO 639-1 in small letters.
+    // The number of the code page for a language. `language` is an ISO 639-1 code in lower case.
     static int numberForLanguage(std::string_view language);
 
     Text decode(std::string_view bytes) const;
@@ -27,12 +26,12 @@ private:
     std::array<char16_t, 256> units_{};
 };
 
-// The text of a file: UTF-8 when it begins with the byte-order mark or is all valid, in the page otherwise.
-// Bytes of a page hardly ever happen to be whole sequences of UTF-8.
+// Decodes a file: as UTF-8 if it starts with the byte-order mark or is valid UTF-8 throughout, else by the
+// code page. Text in a code page is almost never valid UTF-8 by chance.
 Text decodeFile(std::string_view bytes, const CodePage& page);
 
-// The bytes of a file, the same for users of every language: UTF-8, with the byte-order mark unless the text
-// is all ASCII.
+// Encodes a file independently of the user's language: UTF-8, with the byte-order mark unless the text is
+// pure ASCII.
 std::string encodeFile(TextView text);
 
 } // namespace base

@@ -6,7 +6,7 @@
 
 namespace base {
 
-// An open file of the system, closed at the end of the block.
+// A file descriptor that closes itself.
 class Descriptor {
 public:
     explicit Descriptor(int fd = -1) : fd_(fd) {}

@@ -1,4 +1,4 @@
-// Fields of a text, read one after the other in the manner of a comma-separated input.
+// Reads the fields of a comma-separated text one after the other.
 #pragma once
 
 #include "base/text.h"
@@ -8,18 +8,17 @@
 
 namespace base {
 
-// Reads the fields of one text. Blanks before a field are skipped; a field that begins with a double quote
-// runs to the next double quote; any other ends at a comma or at the end of the line. An empty line is an
-// empty field.
+// The reader of one text. It skips blanks before a field. A field that starts with a double quote ends at the
+// next double quote; any other ends at a comma or at the end of the line. An empty line is an empty field.
 class FieldReader {
 public:
     explicit FieldReader(Text text) : text_(std::move(text)) {}
 
-    // The next field as it stands. Throws Failure past the end.
+    // The next field, unconverted. Throws Failure at the end of the text.
     Text text();
 
-    // The next field as a number: 0 when it is none. Throws Failure past the end or when 16 bits do not hold
-    // it; the field is used up in that case too.
+    // The next field as a number; 0 if it is not one. Throws Failure at the end of the text or if the number
+    // does not fit into 16 bits; that field is consumed too.
     std::int16_t int16();
 
 private:

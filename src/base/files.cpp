@@ -15,13 +15,13 @@ namespace base {
 
 namespace {
 
-constexpr mode_t newFileMode = 0666; // less what the user masks
+constexpr mode_t newFileMode = 0666; // the user's umask applies
 
 [[noreturn]] void fail(const std::string& path) {
     throw Failure(std::generic_category().message(errno) + ": " + path);
 }
 
-// Where the bytes have to go: the file itself, or what a link at its name points to.
+// Resolves a symbolic link: the bytes go to the file that it points to.
 std::string finalTarget(const std::string& path) {
     std::error_code ignored;
     const auto target = std::filesystem::canonical(path, ignored);

@@ -1,4 +1,4 @@
-// Whole files, read and replaced in one step each, and the lines of text files.
+// Reads and replaces whole files in one step, and the lines of text files.
 #pragma once
 
 #include "base/code_page.h"
@@ -12,55 +12,56 @@ namespace base {
 
 inline constexpr char16_t pathSeparator = u'/';
 
-// True for a file that can be opened by name; false for a folder, and for what cannot be looked at.
+// True if the path names something other than a folder; false if that cannot be determined.
 bool fileExists(TextView path);
 
-// The process's current directory. Throws Failure when it has gone.
+// The process's current directory. Throws Failure if it no longer exists.
 Text currentFolder();
 
-// Makes the folder; one that is there already is left alone. Throws Failure in the system's words.
+// Creates the folder unless it exists. Throws Failure with the system's message.
 void createFolder(TextView path);
 
-// The same, with a folder that its owner alone may look into, also when it was there already.
+// The same, and makes the folder accessible to its owner only, even if it existed before.
 void createPrivateFolder(TextView path);
 
-// Makes an empty file beside `path`, for bytes that are on their way there, and tells its name, which is no
-// other file's. Throws Failure in the system's words.
+// Creates an empty temporary file under a free name beside `path` and returns that name. Throws Failure with
+// the system's message.
 Text createBeside(TextView path);
 
-// All bytes of the file. Throws Failure in the system's words.
+// All bytes of the file. Throws Failure with the system's message.
 std::string readFile(TextView path);
 
-// Replaces the file as a whole: written beside it, flushed to the disk, renamed over it, so that a crash or a
-// full disk leaves the old bytes or the new ones. A link is followed, a file that is not writable is left
-// alone, permissions stay. A process that is killed meanwhile leaves nothing behind where the file system can
-// hold a file without a name, and else a file that the next replacement takes away (see unfinished_file.h).
-// Throws Failure in the system's words, with the old file as it was.
+// Replaces the file atomically: writes a temporary file in the same folder, flushes it to the disk and
+// renames it over the target. After a crash or on a full disk the file holds the old bytes or the new ones.
+// Follows a symbolic link, refuses a file that is not writable, keeps the permissions. A process killed
+// meanwhile leaves nothing behind if the file system supports files without a name; otherwise it leaves a
+// temporary file, which the next replacement removes (see unfinished_file.h). Throws Failure with the
+// system's message and leaves the old file unchanged.
 void replaceFile(TextView path, std::string_view bytes);
 
-// The same for a file in a private folder, which its owner alone may read.
+// The same for a file in a private folder; only its owner may read the result.
 void replacePrivateFile(TextView path, std::string_view bytes);
 
-// Takes the file away; one that is not there is no failure. Throws Failure in the system's words.
+// Deletes the file; a missing file is no error. Throws Failure with the system's message.
 void removeFile(TextView path);
 
-// Text files of the program, by lines: written as UTF-8, read so or in the code page of the user's language.
+// The program's text files, line by line. Writes UTF-8; reads UTF-8 or the code page of the user's language.
 class TextFiles {
 public:
     explicit TextFiles(CodePage page) : page_(page) {}
 
-    // The whole text of the file, each of its lines as oneLine made it. Throws Failure.
+    // The whole text of the file; its lines are still in the form of oneLine. Throws Failure.
     Text read(TextView path) const;
 
-    // The lines of the file without their ends (CR LF, CR or LF; the last line may have none). Throws
-    // Failure.
+    // The lines of the file without their line ends (CR LF, CR or LF; the last line may lack one), decoded
+    // with fromOneLine. Throws Failure.
     std::vector<Text> readLines(TextView path) const;
 
-    // Replaces the file by these lines, each ended by CR LF. A line break inside one comes back with it.
+    // Replaces the file by these lines, each ended by CR LF. readLines restores line breaks inside a line.
     // Throws Failure.
     void writeLines(TextView path, const std::vector<Text>& lines) const;
 
-    // The same, but a file that holds just these bytes is left alone: a write waits for the disk.
+    // The same, but skips the write, which would wait for the disk, if the file already holds these bytes.
     void writeChangedLines(TextView path, const std::vector<Text>& lines) const;
 
 private:

@@ -16,7 +16,7 @@ bool isDigit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
 }
 
-// Length of the decimal number at the head of `text`, which has no blanks before it; 0 when there is none.
+// Length of the decimal number at the start of `text`, without skipping blanks; 0 if there is none.
 std::size_t numberLength(TextView text) {
     const auto at = [&](std::size_t i) { return i < text.size() ? text[i] : u'\0'; };
     std::size_t end = at(0) == u'+' || at(0) == u'-' ? 1 : 0;
@@ -67,7 +67,7 @@ double val(TextView text) {
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (read.ec != std::errc::result_out_of_range)
         return value;
-    // Too long an exponent: beyond any limit that a caller tests, or so small that it is nothing.
+    // The exponent is out of range: infinite for every caller's limit, or so small that it counts as 0.
     if (digits.find("e-") != std::string::npos || digits.find("E-") != std::string::npos)
         return 0;
     return digits.front() == '-' ? -HUGE_VAL : HUGE_VAL;

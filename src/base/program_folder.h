@@ -5,8 +5,7 @@
 
 namespace base {
 
-// The folder of the executable and the places below it. Paths are built by appending, whatever the folder
-// holds.
+// The folder of the executable and the paths below it. Only appends names; never checks that a path exists.
 class ProgramFolder {
 public:
     explicit ProgramFolder(Text path) : path_(std::move(path)) {}

@@ -20,8 +20,8 @@ bool isLowSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-// Length in bytes of the valid UTF-8 sequence at the head of `bytes` and its code point; 0 when there is
-// none.
+// Length in bytes of the valid UTF-8 sequence at the start of `bytes`, 0 if there is none; stores its code
+// point.
 std::size_t decodeSequence(std::string_view bytes, char32_t& codePoint) {
     const auto lead = static_cast<std::uint8_t>(bytes[0]);
     if (lead < 0x80) {

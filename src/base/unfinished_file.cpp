@@ -22,8 +22,8 @@ std::string folderOf(const std::string& path) {
     return folder.empty() ? "." : folder.string();
 }
 
-// Name number `n`, from 1. The longest names that a folder takes leave no room for an addition: they lose
-// their end, whole letters of it.
+// Candidate name number `n`, from 1. If the name becomes too long for the file system, the target's name is
+// cut at a character boundary.
 std::string nameBeside(const std::string& target, int n) {
     const std::string addition = std::string(ending) + (n == 1 ? "" : std::to_string(n));
     const std::size_t nameAt = target.rfind('/') + 1;
@@ -36,26 +36,26 @@ std::string nameBeside(const std::string& target, int n) {
     return target.substr(0, nameAt + length) + addition;
 }
 
-// What stands before the ending and a number; empty for a name without that ending.
+// The name without this ending and the number after it; empty if it does not have this ending.
 std::string_view without(std::string_view end, std::string_view name) {
     const auto last = name.find_last_not_of("0123456789");
     name = name.substr(0, last == std::string_view::npos ? 0 : last + 1);
     return name.ends_with(end) ? name.substr(0, name.size() - end.size()) : std::string_view();
 }
 
-// Takes away a file of ours that nobody writes any more. False when it is still there.
+// Deletes a temporary file of ours that no process is writing. Returns false if it still exists.
 bool removeLeft(const std::string& path) {
     const Descriptor file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
     struct stat opened {};
     struct stat named {};
-    // Between the opening and the lock its writer may have renamed it: then it is somebody's whole file.
+    // Its writer may have renamed it between our open and our lock: then it is a complete file by now.
     return file.isOpen() && ::fstat(file.get(), &opened) == 0 && S_ISREG(opened.st_mode) &&
            ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 && ::lstat(path.c_str(), &named) == 0 &&
            named.st_dev == opened.st_dev && named.st_ino == opened.st_ino && ::unlink(path.c_str()) == 0;
 }
 
-// Calls `make` with one free name after the other until it makes a file there, and tells the name; empty when
-// there can be none.
+// Tries free names one after the other until `make` creates a file under one, and returns that name; empty if
+// that is impossible, with errno set.
 template <typename Make>
 std::string firstFree(const std::string& target, Make&& make) {
     for (int n = 1; n < INT_MAX;) {
@@ -113,7 +113,7 @@ bool UnfinishedFile::write(std::string_view bytes) {
 bool UnfinishedFile::putInPlace() {
     if (::fsync(file_.get()) != 0 || (name_.empty() && !giveName()))
         return false;
-    // Still open and locked: nobody takes it for one that was left.
+    // The file is still open and locked, so no other process deletes it as a left-over.
     if (::rename(name_.c_str(), target_.c_str()) != 0)
         return false;
     name_.clear();
@@ -129,7 +129,7 @@ bool UnfinishedFile::giveName() {
     return !name_.empty() || copyToNamed();
 }
 
-// Where a file without a name can never get one the bytes go a second time.
+// On a file system where a file without a name can never get one, copies the bytes to a file with a name.
 bool UnfinishedFile::copyToNamed() {
     const Descriptor unnamed(::dup(file_.get()));
     struct stat about {};

@@ -10,30 +10,30 @@
 
 namespace base {
 
-// The bytes of a file on their way: out of sight, or under a name of the program's own beside the file, until
-// they are whole and take its place. Those names end in ".quillmere-new" and perhaps a number. A lock tells
-// one that is being written from one that a killed process left: only the latter is ever taken away.
+// A temporary file that replaces its target once it is complete. It has no name, or one beside the target
+// that ends in ".quillmere-new" and perhaps a number. Its writer holds a lock, which distinguishes it from
+// the left-over of a killed process; only left-overs are ever deleted.
 class UnfinishedFile {
 public:
     enum class Seen { Never, Always };
 
-    // Begins a file that is to become `target`, in its folder, with these permissions. A file system that
-    // cannot hold a file without a name shows it all the same. It may not be open then: see errno.
+    // Creates the temporary file in the folder of `target` with these permissions. With Seen::Never it has no
+    // name, where the file system supports that. On failure the file is not open and errno is set.
     UnfinishedFile(std::string target, mode_t mode, Seen seen = Seen::Never);
     UnfinishedFile(const UnfinishedFile&) = delete;
     UnfinishedFile& operator=(const UnfinishedFile&) = delete;
-    // What has not taken its place by now is gone.
+    // Deletes the file unless it has replaced its target or was left in place.
     ~UnfinishedFile();
 
     bool isOpen() const { return file_.isOpen(); }
     int descriptor() const { return file_.get(); }
 
-    // Each is false on a failure, with errno.
+    // Both return false on failure and set errno.
     bool write(std::string_view bytes);
-    // Brings the bytes to the disk and renames the file over its target.
+    // Flushes the bytes to the disk and renames the file over its target.
     bool putInPlace();
 
-    // Closes the file, which stays where it is, and tells its name.
+    // Closes the file, leaves it where it is and returns its name.
     std::string leave();
 
 private:
@@ -44,12 +44,13 @@ private:
     std::string target_;
     mode_t mode_;
     Descriptor file_;
-    std::string name_; // empty as long as the file has none
+    std::string name_; // empty while the file has no name
 };
 
-// Takes away what killed processes left in this folder, which may be missing: files of the names above, and
-// those of earlier versions, which are the name of a file with ".new" behind it and perhaps a number. Such a
-// one is taken for theirs only where `isOwn` says that nobody else makes a file of this name there.
+// Deletes the left-overs of killed processes in this folder, which may be missing: files with the ending
+// above, and those of earlier versions of the program, which end in ".new" and perhaps a number. The latter
+// are deleted only if `isOwn` says that only this program creates files of that name (without the ending) in
+// the folder.
 void removeUnfinished(TextView folder, const std::function<bool(TextView name)>& isOwn);
 
 } // namespace base
