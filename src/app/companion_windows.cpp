@@ -11,7 +11,7 @@ constexpr double gap = 30; // twips between two windows
 } // namespace
 
 void CompanionWindows::TornaAllEditor() {
-    // Behind a picture that fills the screen nobody would see what is typed.
+    // Typing into an editor behind a full-screen picture would be invisible.
     if (form1_.pictureKeepsKeyboard() && !editor_.form().active)
         return;
     if (editor_.form().visible) {
@@ -33,7 +33,7 @@ void CompanionWindows::followFrame(double wider, double higher) {
     const double right = form1_.left + form1_.width - wider;
     const double height = form1_.height - higher;
     const double sideGap = bookmarks::BookmarkCommands::sideGap;
-    // The bookmarks reach to the end of the editor, and are as high as the player.
+    // The bookmarks end at the editor's right edge and are as high as the player.
     if (marks.left == right + sideGap) {
         if (marks.left + marks.width == form1_.left + editor.width)
             marks.width = std::max(marks.width - wider, 0.0);

@@ -11,7 +11,7 @@
 
 namespace app {
 
-// The windows and rooms beside the player: where they stand, and what the player asks of them.
+// The windows and rooms beside the player: where they are placed, and what the player asks of them.
 class CompanionWindows : public player::Companions {
 public:
     CompanionWindows(player::Form1& form1, controls::RecentFiles& recentMedia, EditorRoom& editor,
@@ -22,7 +22,8 @@ public:
 
     void TornaAllEditor() override;
     void PosizionaEditor() override;
-    // The player's frame is known: what was put beside the guessed one moves along.
+    // The real size of the player's frame is known: moves the windows that were placed by the estimate
+    // (twips).
     void followFrame(double wider, double higher);
     void applyLanguage() override;
     void enableTimeStamp(bool enabled) override { editor_.form().mnuTimeStamp.enabled = enabled; }

@@ -25,7 +25,7 @@
 
 namespace app {
 
-// The desktop that the program runs on: its ports, and the windows that show the program's own.
+// The desktop that the program runs on: its ports and its windows.
 class Desktop {
 public:
     virtual ~Desktop() = default;
@@ -35,26 +35,26 @@ public:
     virtual platform::Dialogs& dialogs() = 0;
     virtual platform::MediaPlayer& mediaPlayer() = 0;
     virtual platform::Clipboard& clipboard() = 0;
-    // The text of the editor, which its window shows.
+    // The text control inside the editor's window.
     virtual platform::RichText& richText() = 0;
-    // The printers. The first call takes a moment; it throws base::Failure when there is no printing on this
-    // system.
+    // The printers. The first call loads a library and takes a moment. Throws base::Failure if the system
+    // cannot print.
     virtual platform::Printer& printer() = 0;
     virtual platform::WaveInput& waveInput() = 0;
     virtual platform::Internet& internet() = 0;
     virtual platform::Shell& shell() = 0;
-    // What waits for the disk apart from the loop.
+    // The thread for work that blocks on the disk.
     virtual platform::Worker& disk() = 0;
-    // The libraries that stand behind the ports, with the versions that are in use.
+    // The libraries behind the ports and the versions in use.
     virtual std::vector<outside::Library> libraries() = 0;
-    // The single-byte page that goes with the user's language.
+    // The single-byte code page of the user's language.
     virtual base::CodePage codePage() = 0;
 
-    // From now on the desktop's own words, those on the buttons of boxes and dialogs, are in the language of
-    // this language file; a change of the name is followed. The name outlives the desktop's use.
+    // From now on, the desktop's own texts, such as the buttons of dialogs, are in the language of this
+    // language file. Keeps the reference and follows changes of the name.
     virtual void speak(const base::Text& fileLingua) = 0;
 
-    // Each shows this data in a window, as visible as the data says. The desktop ends before the data does.
+    // Each creates a window that shows this data and follows its visibility. The data outlives the desktop.
     virtual void show(player::Form1& form) = 0;
     virtual void show(editor::Form2& form) = 0;
     virtual void show(bookmarks::Form3& form) = 0;

@@ -16,16 +16,16 @@
 
 namespace app {
 
-// The editor with its window, beside the player.
+// The editor with its window.
 class EditorRoom {
 public:
     // `Salva` saves the settings.
     EditorRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
                const base::TextFiles& files, std::function<void()> Salva);
 
-    // Builds the window, hidden. All commands have their routines by now: a menu asks for them once.
+    // Creates the window, hidden. Call it after every command has its routine, which a menu reads only once.
     void Form_Load();
-    // Reads the language table again and writes it to the window.
+    // Reloads the language table and applies it to the window.
     void CambiaLingua2(lang::LanguageTable& table);
 
     editor::Form2& form() { return form_; }

@@ -7,12 +7,12 @@
 
 namespace app {
 
-// What is done with the editor's text beside editing it: find and replace with its window, and printing.
+// Commands that use the editor's text without editing it: find and replace with its window, and printing.
 class FindAndPrint {
 public:
     FindAndPrint(Desktop& desktop, editor::Form2& editor);
 
-    // At the end of the program: the window goes out of sight, and unloads itself a moment later.
+    // Called when the program ends: hides the window, which unloads itself a moment later.
     void leave();
 
 private:

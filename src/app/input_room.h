@@ -7,7 +7,7 @@
 
 namespace app {
 
-// The one input dialog, for all rooms that have a job for it.
+// The one input dialog, shared by all rooms that need it.
 class InputRoom {
 public:
     InputRoom(Desktop& desktop, player::Form1& form1) : dialog(form4_, form1, desktop.dialogs()) {
@@ -21,8 +21,8 @@ public:
     dictation::InputDialog dialog;
 };
 
-// The jobs that dictation itself has for the dialog, in the order in which the dialog tests them: the last
-// one takes whatever no other knows.
+// The dictation room's own jobs for the dialog, in the order in which the dialog tests them. The last one
+// accepts whatever no other job recognises.
 class InputJobs {
 public:
     InputJobs(dictation::InputDialog& dialog, player::Form1& form1, player::Preferences& preferences,

@@ -65,7 +65,7 @@ void OptionsFile::tie(std::string_view name, int& option, int least, int most) {
 void OptionsFile::tie(std::string_view name, base::Text& option) {
     if (const std::string* const value = find(name))
         option = base::fromUtf8(*value);
-    // A line break would begin another line of the file.
+    // A line break would start another line of the file.
     ties_.push_back({std::string(name), [&option] { return base::toUtf8(base::firstLine(option)); }});
 }
 

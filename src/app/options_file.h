@@ -9,25 +9,25 @@
 
 namespace app {
 
-// Options beside the settings file: a file of lines "name=value" in UTF-8. A room keeps its options in a
-// struct of its own; each is tied to its name here. Lines that nobody is tied to stay as they are.
+// Options beside the settings file: lines "name=value" in UTF-8. Each room keeps its options in a struct of
+// its own and binds them to their names here. Lines without a bound option are kept unchanged.
 class OptionsFile {
 public:
-    // Reads the file; one that cannot be read has no lines.
+    // Reads the file; a file that cannot be read counts as empty.
     explicit OptionsFile(base::Text path);
 
-    // The option takes its value from the file now and gives it to the file at each save. A value that is
-    // missing or out of range leaves the option as it is. The option lives as long as this object is used.
+    // Binds an option to its name: it gets its value from the file now and is written at each save. A missing
+    // or out-of-range value leaves the option unchanged. The option must outlive this object.
     void tie(std::string_view name, bool& option);
     void tie(std::string_view name, int& option, int least, int most);
     void tie(std::string_view name, base::Text& option);
 
-    // Writes all lines. Throws base::Failure, with the old file as it was.
+    // Writes all lines. Throws base::Failure and leaves the old file unchanged.
     void save();
 
 private:
     struct Line {
-        std::string name; // empty: no option but a note or an empty line, kept in `value`
+        std::string name; // empty: not an option but a comment or an empty line, kept in `value`
         std::string value;
     };
     struct Tie {

@@ -12,7 +12,7 @@ OutsideRoom::OutsideRoom(Desktop& desktop, player::Form1& form1, controls::Windo
 }
 
 void OutsideRoom::showAboutBox() {
-    // Not at the start, which does not wait for a window that is seldom seen.
+    // Built on first use, because the start should not wait for a window that is rarely opened.
     if (!aboutBuilt_) {
         about_.credits = desktop_.libraries();
         desktop_.show(about_);

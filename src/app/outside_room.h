@@ -8,7 +8,7 @@
 
 namespace app {
 
-// The way out of the program: links, update check, and the about box with its window.
+// Everything that leads out of the program: links, the update check, and the about box with its window.
 class OutsideRoom {
 public:
     OutsideRoom(Desktop& desktop, player::Form1& form1, controls::Window& form2, controls::Window& form3);
@@ -23,7 +23,7 @@ private:
     outside::Links links_;
     outside::UpdateCheck updateCheck_;
     outside::AboutBox aboutBox_;
-    bool aboutBuilt_ = false; // its window is there
+    bool aboutBuilt_ = false; // its window exists
 };
 
 } // namespace app

@@ -10,7 +10,7 @@ namespace app {
 
 namespace {
 
-// What a killed process left on its way into the files that nobody but the program makes.
+// Deletes the temporary files that a killed process left beside the files that only the program creates.
 void removeLeftFiles(const base::ProgramFolder& folder) {
     base::removeUnfinished(folder.files({}), [](base::TextView name) {
         static constexpr base::TextView own[] = {u"Quillmere.ini", u"LastFiles.ini", u"LastFilesEditor.ini",

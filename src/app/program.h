@@ -7,16 +7,16 @@
 
 namespace app {
 
-// The program from its entry on: chooses and loads the language, refuses a second instance, creates the
+// The program from its entry on: selects and loads the language, refuses a second instance, creates the
 // player window.
 class Program {
 public:
     explicit Program(Desktop& desktop);
 
-    // The entry routine. False when the program must not run: the user has been told why.
+    // The entry routine. Returns false if the program must not run; the user has been told why.
     bool Main(base::TextView commandLine);
 
-    // Only after Main returned true.
+    // Valid only after Main returned true.
     Workstation& workstation() { return *workstation_; }
 
 private:

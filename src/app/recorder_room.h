@@ -9,17 +9,18 @@
 
 namespace app {
 
-// The recorder with its window, and the care for recordings that a crash cut off.
+// The recorder with its window, and the repair of recordings that a crash cut off.
 class RecorderRoom {
 public:
     RecorderRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
                  const base::TextFiles& files, const base::ProgramFolder& folder);
 
-    // True for the path in the recorder's box, whether it records or not. Loads its window, hidden.
+    // True if `path` is the one in the recorder's box, whether it records or not. Loads the recorder's
+    // window, hidden.
     bool isRecordingTo(base::TextView path);
-    // Where recordings are kept that a crash may have cut off: looks there when the start is over.
+    // Searches the recordings' folders for files that a crash cut off, once the start is over.
     void searchCutOff();
-    // Ends a recording that runs and finishes its file.
+    // Stops a running recording and completes its file.
     void close();
 
     recorder::FrmAudioRec& form() { return form_; }
@@ -35,7 +36,7 @@ private:
     recorder::FrmAudioRec form_;
     recorder::WaveIn engine_;
     recorder::RecorderWindow window_;
-    bool built_ = false; // the window on the screen, which the start does not wait for
+    bool built_ = false; // the window exists; it is created on first use to shorten the start
 };
 
 } // namespace app

@@ -11,9 +11,9 @@ using lang::operator""_en;
 
 namespace {
 
-constexpr int marksPeriod = 400;     // ms; bookmarks change without an event
-constexpr int survivedAfter = 10000; // ms that a text has to live to count as harmless
-constexpr int mostTries = 2;         // to bring back a text that ends the program
+constexpr int marksPeriod = 400;     // ms; bookmarks change without an event, so they are polled
+constexpr int survivedAfter = 10000; // ms without a crash after which a text counts as harmless
+constexpr int mostTries = 2;         // attempts to restore a text that crashes the program
 constexpr base::TextView textExtension = u"rtf";
 constexpr base::TextView marksExtension = u"bm";
 
@@ -74,7 +74,7 @@ void SafetyRoom::start() {
     watch();
 }
 
-// From here on: what brings the text back is no change of the user's before it.
+// Called after bringBack, so that the restored text does not count as a change by the user.
 void SafetyRoom::watch() {
     editor::Document& document = editor_.document();
     document.Settled = [this] { settled(); };
@@ -114,7 +114,7 @@ void SafetyRoom::settled() {
     journal_.changed();
 }
 
-// Another program may have written the file since, or it holds what the editor cannot keep.
+// Another program may have changed the file, or it may contain structure that the editor cannot keep.
 void SafetyRoom::beforeWriting(const base::Text& path) {
     const std::string bytes = bytesOf(path);
     if (bytes.empty())
@@ -158,7 +158,7 @@ void SafetyRoom::leave() {
 
 void SafetyRoom::flush() {
     journal_.flush();
-    // An end that somebody asked for is not the text's doing.
+    // A termination that somebody requested is not the text's fault.
     base::carryOn([this] { base::removeFile(folder(u"BringingBack")); });
 }
 
@@ -180,7 +180,7 @@ safety::Marks SafetyRoom::marks() {
     return held.lines.empty() ? safety::Marks() : held;
 }
 
-// Counts on the disk, since a text that ends the program ends the counting too.
+// The counter is a file, because a text that crashes the program would take a counter in memory with it.
 bool SafetyRoom::endedTheProgramTwice() {
     const std::string tries = bytesOf(folder(u"BringingBack"));
     if (tries.size() >= mostTries)

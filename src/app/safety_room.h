@@ -13,27 +13,26 @@
 
 namespace app {
 
-// The safety net behind the rules that let work vanish: the journal of unsaved work, the way back after a
-// crash, and the archive of what a rule drops. All of it lies in Files/Safety, readable by its owner alone.
+// The safety net for rules that discard work: the journal of unsaved work, its restoration after a crash, and
+// the archive of discarded texts. Everything is stored in Files/Safety, readable by its owner only.
 class SafetyRoom : private safety::JournalSource {
 public:
     SafetyRoom(Desktop& desktop, const player::Form1& form1, EditorRoom& editor, BookmarkRoom& bookmarks,
                const base::TextFiles& files);
 
-    // Brings back what an earlier run left unsaved, and begins the journal of this one. When the start is
-    // over.
+    // Restores what an earlier run left unsaved and starts this run's journal. Called when the start is over.
     void start();
-    // The exit goes: what is unsaved goes into the archive, and the journal is deleted.
+    // The program exits: archives unsaved work and deletes the journal.
     void leave();
-    // The journal holds all of the work when this returns.
+    // Returns once the journal holds all unsaved work.
     void flush();
 
     safety::Archive& archive() { return archive_; }
     base::Text archiveFolder() const;
 
-    // Tells the user one sentence, with what stands for its %1.
+    // Reports one sentence to the user; `detail` replaces its %1.
     std::function<void(lang::English sentence, const base::Text& detail)> Tell = [](auto, const auto&) {};
-    // False while the user wants no archive.
+    // Returns false if the user has turned the archive off.
     std::function<bool()> keepsArchive = [] { return true; };
 
 private:
@@ -66,8 +65,8 @@ private:
     controls::Timer marksWatch_;
     controls::Timer survived_;
     safety::Marks lastMarks_;
-    bool unsaved_ = false;        // whatever a rule does to TestoModificato
-    std::uint32_t fileCheck_ = 0; // of the document's file when it was last read or written
+    bool unsaved_ = false;        // unlike TestoModificato, which some rules reset early
+    std::uint32_t fileCheck_ = 0; // checksum of the document's file when last read or written
 };
 
 } // namespace app

@@ -6,7 +6,7 @@ namespace app {
 
 namespace {
 
-constexpr double step = 450; // twips that a window stands below and right of the editor's corner
+constexpr double step = 450; // twips between the editor's top left corner and the window's
 
 } // namespace
 

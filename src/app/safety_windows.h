@@ -11,10 +11,10 @@
 
 namespace app {
 
-// What the safety net shows: the quiet line, the lists of earlier versions and of what happened.
+// The windows of the safety net: the quiet line, the list of earlier versions and the list of past notices.
 class SafetyWindows {
 public:
-    // What they show and change.
+    // The data that they show and change.
     struct Parts {
         safety::Notices& notices;
         safety::Archive& archive;
@@ -26,14 +26,14 @@ public:
     SafetyWindows(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
                   Parts parts);
 
-    // The user changed the options.
+    // Called when the user has changed the options.
     std::function<void()>& OptionsChanged() { return earlierVersions_.OptionsChanged; }
 
-    // The windows go out of sight when the program ends.
+    // Hides the windows when the program ends.
     void leave();
 
 private:
-    // Puts a window over the editor, a step from its corner: the player above stays on top.
+    // Places a window over the editor, offset from its corner, so that the player above stays visible.
     void placeOverEditor(controls::Window& window) const;
 
     player::Form1& form1_;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int16_t leastPhase = 3;    // seconds
 constexpr std::int16_t defaultPhase = 7;  // seconds, for a phase below the least
-constexpr double farthest = 32767 * 15.0; // twips: as many pixels as 16 bits hold
+constexpr double farthest = 32767 * 15.0; // twips: the largest 16-bit number of pixels
 constexpr base::TextView fileName = u"Quillmere.ini";
 
 base::Text textField(base::FieldReader& fields) {
@@ -20,7 +20,7 @@ base::Text textField(base::FieldReader& fields) {
     return field;
 }
 
-// A place in twips. Throws Failure for one that no control can take.
+// A position in twips. Throws Failure if it is out of range for a control.
 double place(base::TextView field) {
     const double twips = base::val(field);
     if (!(std::abs(twips) <= farthest))
@@ -34,8 +34,8 @@ std::int16_t numberField(base::FieldReader& fields) {
     return field;
 }
 
-// A field that is read as text first and then taken as a 16-bit number: its own value stays when that does
-// not fit.
+// Reads the field as text first, then as a 16-bit number: if that does not fit, the field is consumed and the
+// setting keeps its value.
 void readSeconds(base::FieldReader& fields, std::int16_t& seconds) {
     const base::Text field = textField(fields);
     base::carryOn([&] { seconds = base::toInt16(base::val(field)); });
@@ -54,7 +54,7 @@ base::Text mark(bool set) {
 } // namespace
 
 bool StartSettings::hasPositions() const {
-    // A sum that 16 bits do not hold is that of a large window, and certainly not 0.
+    // A sum that overflows 16 bits belongs to a large window, so it is certainly not 0.
     bool zero = false;
     base::carryOn([&] { zero = base::sumInt16(width2, height2) == 0; });
     return !zero;
@@ -72,7 +72,7 @@ StartSettings SettingsFile::read() {
     base::carryOn([&] { text = files_.read(folder_.files(fileName)); });
     base::FieldReader fields(std::move(text));
     StartSettings start;
-    textField(fields); // the language was chosen before this window existed
+    textField(fields); // the language was selected before this window existed
     start.volume = textField(fields);
     readOptions(fields);
     readPlaces(fields, start);

@@ -10,7 +10,7 @@
 
 namespace app {
 
-// What the settings file keeps, with those that hold it.
+// The objects whose state the settings file stores.
 struct Kept {
     lang::LanguageTable& Lingua;
     player::Form1& form1;
@@ -19,7 +19,7 @@ struct Kept {
     player::Preferences& preferences;
 };
 
-// The fields of the settings file that take effect later in the start than they are read.
+// Fields of the settings file that are applied later in the start than they are read.
 struct StartSettings {
     base::Text volume;             // line 2
     std::int16_t editorHidden = 0; // line 8
@@ -37,20 +37,20 @@ struct StartSettings {
     std::int16_t height3 = 0;
     std::int16_t checkUpdate = 0; // line 24
 
-    // The size of the editor is never restored: its sum only tells whether the four positions are used.
+    // The editor's size is never restored: its sum only decides whether the four positions are used.
     bool hasPositions() const;
 };
 
-// The settings file: 25 lines, one value a line, known by their position alone.
+// The settings file: 25 lines with one value each, identified by position only.
 class SettingsFile : public platform::Options {
 public:
     SettingsFile(const base::TextFiles& files, const base::ProgramFolder& folder, Kept kept);
 
-    // Line 1: name of the language file. Throws Failure when the file cannot be read or is empty.
+    // Line 1: the name of the language file. Throws Failure if the file cannot be read or is empty.
     static base::Text readLanguageName(const base::TextFiles& files, const base::ProgramFolder& folder);
 
-    // Reads all lines into the controls and preferences, and returns what takes effect later. What cannot be
-    // read keeps zero or the empty text.
+    // Reads all lines into the controls and preferences and returns the fields that are applied later. A
+    // field that cannot be read counts as 0 or empty text.
     StartSettings read();
 
     void Salva() override;

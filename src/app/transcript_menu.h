@@ -9,14 +9,14 @@
 
 namespace app {
 
-// The menu at the right end of the editor's menu bar. Each room hands it the commands that it adds; their
-// captions are English texts, shown in the language of the program.
+// The rightmost menu of the editor's menu bar. Each room adds its commands; their captions are English texts,
+// shown in the program's language.
 class TranscriptMenu {
 public:
     TranscriptMenu(editor::Form2& editor, lang::Words& words);
 
-    // Puts the commands of a room behind those that are there, below a line. The commands outlive the menu.
-    // Before the editor's window is built: a menu asks for its commands once.
+    // Appends a room's commands below a separator. The commands must outlive the menu. Call it before the
+    // editor's window is created, which reads a menu's commands only once.
     void add(const std::vector<controls::MenuItem*>& commands);
 
 private:

@@ -33,11 +33,11 @@
 
 namespace app {
 
-// The player window with all rooms wired to it: its start, and the exit that ends the process.
+// The player window with all rooms wired to it: the program's start, and the exit that ends the process.
 class Workstation {
 public:
-    // Wires the rooms and runs Form_Initialize and Form_Load. `commandLine` holds one path in double quotes,
-    // or nothing.
+    // Wires the rooms and runs Form_Initialize and Form_Load. `commandLine` is empty or one path in double
+    // quotes.
     Workstation(Desktop& desktop, const base::TextFiles& files, const base::ProgramFolder& folder,
                 lang::LanguageTable& language, base::TextView commandLine);
 
@@ -47,22 +47,23 @@ public:
     CompanionWindows& companions() { return companions_; }
     RecorderRoom& recorder() { return recorder_; }
     SafetyRoom& safety() { return safety_; }
-    // The way out without a question, of a session that ends: nothing is lost, the next start brings it back.
+    // Ends the process without questions when the session ends. No work is lost: the next start restores it.
     void endSession();
-    // The same without the end, which may still be called off. Behind the exit there is nothing to keep.
+    // Saves like endSession but keeps running, since the session's end may be cancelled. Does nothing after
+    // the exit, which has saved everything.
     void keepAll();
     safety::Notices& notices() { return notices_; }
     player::MediaOpener& opener() { return opener_; }
-    // True when the process ends as soon as the start is over, without the player having been shown.
+    // True if the process ends right after the start, without having shown the player.
     bool ends() const { return ends_; }
 
 private:
     void wireSafety();
     void Form_Initialize();
     void Form_Load(base::TextView commandLine);
-    // The exit sequence; true when the user cancelled it.
+    // The exit sequence. Returns true if the user cancelled it.
     bool Form_Unload();
-    // The question about unsaved text; true when it breaks the exit off.
+    // Asks about unsaved text. Returns true if the answer cancels the exit.
     bool keepsRunning();
     void mnuEsci_Click();
 
@@ -109,7 +110,7 @@ private:
     TranscriptMenu transcriptMenu_;
     SafetyWindows safetyWindows_;
     bool ends_ = false;
-    bool left_ = false; // the exit has decided to go
+    bool left_ = false; // the exit can no longer be cancelled
 };
 
 } // namespace app
