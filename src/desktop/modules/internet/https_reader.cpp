@@ -19,10 +19,10 @@ namespace {
 constexpr std::size_t largestBody = 65'536;
 constexpr int mostRedirections = 1;
 
-// Reads that ran into the limit. What they began in the system may go on, and nothing tells when it ends.
+// True once a read has timed out. System calls that it began may still run, and nothing tells when they end.
 std::atomic<bool> gaveUp = false;
 
-// What the one who waits and the thread that reads have in common. Whoever leaves last takes it away.
+// Shared by the waiting thread and the reading thread; the last one to leave deletes it.
 class Answer {
 public:
     void append(const QByteArray& bytes) {
@@ -34,7 +34,7 @@ public:
         finished_ = true;
         changed_.notify_one();
     }
-    // What has come when the read is finished, or at the latest then.
+    // Waits until the read has finished or until `until`, and returns the bytes received by then.
     std::string wait(std::chrono::steady_clock::time_point until) {
         std::unique_lock alone(mutex_);
         if (!changed_.wait_until(alone, until, [this] { return finished_; }))
@@ -59,7 +59,7 @@ public:
 QNetworkRequest request(const std::string& address, const std::string& agent) {
     QNetworkRequest asked(QUrl(QString::fromStdString(address)));
     asked.setHeader(QNetworkRequest::UserAgentHeader, QString::fromStdString(agent));
-    // Not from a cache on the way either.
+    // Bypass caches on the way too.
     asked.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     asked.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
     asked.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
@@ -87,7 +87,7 @@ void readInto(Answer& answer, const QNetworkRequest& asked, std::chrono::millise
         loop.exec();
     if (reply->isOpen())
         take();
-    // It was the limit that ended the loop, a moment before the one who waits has noticed it.
+    // The time limit ended the loop, just before the waiting thread noticed the same.
     if (!reply->isFinished())
         gaveUp = true;
 }

@@ -1,10 +1,10 @@
-// The entries of this module. It is loaded when something is read from the internet: Qt Network brings the
-// libraries of encryption, compression and proxies along.
+// Entry points of this module. It is loaded for the first internet read, because Qt Network pulls in
+// libraries for encryption, compression and proxies.
 #include "https_reader.h"
 
 #include <QtGlobal>
 
-// The caller owns the reader. The Qt application has to exist.
+// The caller owns the reader. Requires a QApplication.
 extern "C" Q_DECL_EXPORT platform::Internet* quillmere_internet() {
     return new desktop::HttpsReader();
 }

@@ -1,11 +1,11 @@
-// The entries of this module. It is loaded when a player is first needed: libmpv brings some two hundred
-// libraries along, which would more than double the time until the window is up.
+// Entry points of this module. It is loaded when a player is first needed: libmpv pulls in some two hundred
+// libraries, which would more than double the time until the first window appears.
 #include "mpv_player.h"
 #include "mpv_versions.h"
 
 #include "base/carry_on.h"
 
-// The caller owns the player; none when libmpv cannot be started. The Qt application has to exist.
+// The caller owns the player; null if libmpv cannot be started. Requires a QApplication.
 extern "C" Q_DECL_EXPORT platform::MediaPlayer* quillmere_media_player() {
     try {
         return new desktop::MpvPlayer({});
@@ -14,7 +14,7 @@ extern "C" Q_DECL_EXPORT platform::MediaPlayer* quillmere_media_player() {
     }
 }
 
-// The versions of the libraries behind the player, as mpvVersions() gives them.
+// The library versions, as mpvVersions() returns them.
 extern "C" Q_DECL_EXPORT void quillmere_media_versions(std::string* versions) {
     *versions = desktop::mpvVersions();
 }

@@ -14,7 +14,7 @@ namespace desktop {
 
 namespace {
 
-// What an answer is about; the generation stands above these bits.
+// What a reply belongs to; the bits above hold the generation.
 enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End, Picture };
 constexpr int kindBits = 4;
 constexpr std::uint64_t kindMask = (1U << kindBits) - 1;
@@ -37,7 +37,7 @@ bool readFlag(mpv_handle* handle, const char* name) {
 } // namespace
 
 MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner) : owner_(owner) {
-    // The toolkit has set the user's locale, and mpv does not start where the decimal point is a comma.
+    // The toolkit has set the user's locale; mpv refuses to start where the decimal separator is a comma.
     std::setlocale(LC_NUMERIC, "C");
     handle_ = mpv_create();
     if (!handle_)
@@ -63,8 +63,8 @@ MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner) : owner_(
 }
 
 MpvEngine::~MpvEngine() {
-    // Returns when mpv's threads have ended, so nothing is posted to the dying object; what was posted dies
-    // with it.
+    // Returns after mpv's threads have ended, so nothing more is posted to this object. Calls posted earlier
+    // are dropped with loop_.
     mpv_terminate_destroy(handle_);
 }
 
@@ -123,7 +123,7 @@ void MpvEngine::setPause(bool paused) {
 }
 
 void MpvEngine::sendPause() {
-    // Lifted before the file is open, the pause would let the file before it be heard once more.
+    // Unpausing before the new file is open would play a bit of the previous one.
     if (!pause_.due() || (!open_ && pause_.wanted() == 0))
         return;
     int value = pause_.begin();
@@ -160,8 +160,8 @@ void MpvEngine::sendVolume() {
 void MpvEngine::showPicturesIn(std::uint64_t window) {
     auto id = static_cast<std::int64_t>(window);
     mpv_set_property(handle_, "wid", MPV_FORMAT_INT64, &id);
-    // The card's own scaler where the X server offers it, else plain pictures, which two cores carry at 720p.
-    // Not "gpu": with a driver that draws in software it was seen to take the whole process down.
+    // The graphics card's scaler if the X server offers it, otherwise plain images, which two cores can
+    // handle at 720p. Not "gpu": with a software-rendering driver it has crashed the whole process.
     mpv_set_property_string(handle_, "vo", "xv,x11,null");
     mpv_set_property_string(handle_, "vid", "auto");
 }
@@ -178,7 +178,7 @@ std::int64_t MpvEngine::lostFrames() const {
 
 std::optional<double> MpvEngine::position() const {
     double seconds = 0;
-    // "time-pos" is up to 50 ms old; only a file without sound has to do with it.
+    // "time-pos" is up to 50 ms old; it is used only for files without sound.
     for (const char* name : {"audio-pts", "time-pos"}) {
         if (mpv_get_property(handle_, name, MPV_FORMAT_DOUBLE, &seconds) >= 0)
             return seconds;
@@ -195,7 +195,7 @@ std::uint64_t MpvEngine::tag(std::uint64_t kind) const {
 }
 
 void MpvEngine::drainEvents() {
-    // Before the first event is taken: what comes later posts anew.
+    // Reset before the first event is taken, so that later events post a new wake-up.
     wakeUpPosted_ = false;
     while (true) {
         const mpv_event* event = mpv_wait_event(handle_, 0);
@@ -215,7 +215,8 @@ void MpvEngine::handle(const mpv_event& event) {
         handleStart(static_cast<const mpv_event_start_file*>(event.data)->playlist_entry_id);
         break;
     case MPV_EVENT_END_FILE:
-        // At its own end the engine tells that of the file first, and the owner will go on with it.
+        // When the engine quits, it ends the file first. That is not reported: the owner resumes the file in
+        // a new engine.
         if (const auto& end = *static_cast<const mpv_event_end_file*>(event.data);
             end.reason != MPV_END_FILE_REASON_QUIT)
             handleEnd(end.playlist_entry_id);
@@ -282,7 +283,7 @@ void MpvEngine::handleStart(std::int64_t entry) {
     if (entry != entry_ || entry_ == 0)
         return;
     open_ = true;
-    // Observed anew for each file, so that no value of the file before is taken for one of this.
+    // Observed again for each file, so that no value of the previous file is taken for one of this file.
     mpv_observe_property(handle_, tag(Duration), "duration", MPV_FORMAT_DOUBLE);
     mpv_observe_property(handle_, tag(End), "eof-reached", MPV_FORMAT_FLAG);
     mpv_observe_property(handle_, tag(Pause), "pause", MPV_FORMAT_FLAG);
@@ -300,10 +301,10 @@ void MpvEngine::handleEnd(std::int64_t entry) {
 void MpvEngine::handleRestart() {
     if (!open_)
         return;
-    // The one of the load may still arrive when the first seek has been sent.
+    // The playback restart of the load may still arrive after the first seek has been sent.
     if (seekUnderWay_ && seekBegun_)
         finishSeek();
-    // A seek beyond a guessed end has found the true one, of which the engine tells after this.
+    // A seek beyond an estimated end has found the true duration, which mpv reports only after this event.
     tellDuration();
     owner_.soundReady();
     judgeEnd();
@@ -335,7 +336,7 @@ void MpvEngine::handlePicture() {
     owner_.pictureKnown(static_cast<int>(width), static_cast<int>(height));
 }
 
-// At the end mpv pauses by itself. When the program has gone back meanwhile, the pause has to be lifted
+// mpv pauses by itself at the end. If the program has seeked back in the meantime, that pause is lifted
 // again.
 void MpvEngine::judgeEnd() {
     if (!pauseSeen_ || pause_.wanted() || seekUnderWay_)

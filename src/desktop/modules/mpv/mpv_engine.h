@@ -16,61 +16,62 @@ struct mpv_event_property;
 
 namespace desktop {
 
-// Told what happens to the newest file, on the thread that made the engine and never from inside a call to
-// it. What still arrives from a file that was replaced or unloaded is not passed on.
+// Receives events of the newest file, on the thread that created the engine and never from inside a call to
+// it. Late events of a replaced or unloaded file are dropped.
 class MpvEngineOwner {
 public:
     virtual void fileLoaded() = 0;
-    // The file could not be played, or the engine has let go of it.
+    // The file could not be played, or the engine has closed it.
     virtual void fileLost() = 0;
-    // Sound is ready at the position asked for, after a load or a seek. With the engine paused it does not
-    // run.
+    // Sound is ready at the requested position, after a load or a seek. It does not play while the engine is
+    // paused.
     virtual void soundReady() = 0;
     virtual void pauseCarriedOut() = 0;
-    // The last sound is out and no seek is on its way.
+    // The last sound has been played and no seek is pending.
     virtual void endReached() = 0;
-    // In seconds; the last one told is right.
+    // In seconds; may be called again with a better value.
     virtual void durationKnown(double seconds) = 0;
-    // In pixels, in the right proportions.
+    // In pixels, corrected for the aspect ratio.
     virtual void pictureKnown(int width, int height) = 0;
-    // The engine has ended by itself: it takes no more commands and tells nothing more.
+    // The engine has ended by itself: it takes no more commands and reports nothing more.
     virtual void engineEnded() = 0;
 
 protected:
     ~MpvEngineOwner() = default;
 };
 
-// One libmpv handle: makes it with the program's options, sends it commands without waiting for them, and
-// turns its events into calls of the owner. Needs a running Qt event loop.
+// One libmpv handle: created with the program's options, controlled by asynchronous commands; its events
+// become calls of the owner. Needs a running Qt event loop.
 class MpvEngine {
 public:
-    // Throws base::Failure when libmpv cannot be started. The owner has to outlive the engine.
+    // Throws base::Failure if libmpv cannot be started. The owner must outlive the engine.
     MpvEngine(const MpvOptions& options, MpvEngineOwner& owner);
     ~MpvEngine();
     MpvEngine(const MpvEngine&) = delete;
     MpvEngine& operator=(const MpvEngine&) = delete;
 
-    // An absolute path as the file system has it, in bytes.
+    // An absolute path in the file system's own bytes.
     void load(const std::string& path);
     void unload();
 
-    // Seconds from 0 on, exact to the sample. Needs a loaded file. While a seek is under way only the newest
-    // is kept.
+    // Seconds from the beginning, exact to the sample. Needs a loaded file. While a seek is running, only the
+    // newest request is kept.
     void seek(double seconds);
     bool seeking() const { return seekUnderWay_; }
 
-    // Without a file they are kept for the next one.
+    // Without a file, these are kept for the next one.
     void setPause(bool paused);
     void setSpeed(double factor);
     void setVolume(double percent);
-    // A window of the X server, for the files from now on; without one their sound plays alone.
+    // Shows the video of the files loaded from now on in this X window. Without a window, only their sound
+    // plays.
     void showPicturesIn(std::uint64_t window);
-    // Frames of the newest file that came too late to be decoded or shown.
+    // Frames of the newest file that were too late to be decoded or shown.
     std::int64_t lostFrames() const;
 
-    // Where the sound that is heard now stands, in seconds; nothing while there is none.
+    // The position of the sound that is heard now, in seconds; empty while there is none.
     std::optional<double> position() const;
-    // True when the file has been played up to its end and not been left from there.
+    // True if the file has played to its end and has not been moved since.
     bool atEnd() const;
 
 private:
@@ -95,14 +96,14 @@ private:
     std::uint64_t tag(std::uint64_t kind) const;
 
     MpvEngineOwner& owner_;
-    QObject loop_; // takes the wake-ups to the owner's thread
+    QObject loop_; // delivers wake-ups on the owner's thread
     std::atomic<bool> wakeUpPosted_ = false;
     mpv_handle* handle_ = nullptr;
 
-    // Counts loads and unloads; what is asked of a file carries it, so that a late answer is known as such.
+    // Counts loads and unloads. Requests for a file carry it, so that late replies are recognised.
     std::uint64_t generation_ = 0;
-    std::int64_t entry_ = 0; // mpv's number of the newest file, 0 until told
-    bool open_ = false;      // mpv works on the newest file
+    std::int64_t entry_ = 0; // mpv's playlist entry id of the newest file, 0 while unknown
+    bool open_ = false;      // mpv has started the newest file
 
     MpvSetting<int> pause_{0};
     MpvSetting<double> speed_{1.0};

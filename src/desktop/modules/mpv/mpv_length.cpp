@@ -15,7 +15,7 @@ namespace desktop {
 
 namespace {
 
-// Seconds: what differs by less is a guess that came true, for the end is found to a packet only.
+// Seconds. Smaller differences confirm the estimate, because the end is only known to the packet.
 constexpr double tolerance = 1.0;
 constexpr const char* beyondAnyEnd = "1e9"; // seconds
 
@@ -25,7 +25,7 @@ std::optional<double> read(mpv_handle* handle, const char* name) {
                                                                           : std::nullopt;
 }
 
-// The time of the packet that was read last.
+// The timestamp of the last packet read.
 std::optional<double> lastPacket(mpv_handle* handle) {
     mpv_node state{};
     if (mpv_get_property(handle, "demuxer-cache-state", MPV_FORMAT_NODE, &state) < 0)
@@ -43,7 +43,7 @@ std::optional<double> lastPacket(mpv_handle* handle) {
 
 MpvLength::MpvLength(const std::string& path, std::function<void(std::optional<double>)> measured)
     : measured_(std::move(measured)) {
-    std::setlocale(LC_NUMERIC, "C"); // or mpv does not start
+    std::setlocale(LC_NUMERIC, "C"); // mpv refuses to start otherwise
     handle_ = mpv_create();
     if (!handle_)
         throw base::Failure("mpv_create");
@@ -113,7 +113,7 @@ void MpvLength::handle(const mpv_event& event) {
 }
 
 std::optional<double> MpvLength::length() const {
-    // Beyond its guess the engine corrects itself on the way.
+    // When a file is longer than estimated, the engine corrects the duration itself while seeking.
     const double known = std::max(guess_, read(handle_, "duration").value_or(0));
     if (known > guess_ + tolerance)
         return known;

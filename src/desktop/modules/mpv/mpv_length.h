@@ -1,4 +1,4 @@
-// How long a file really is.
+// The true length of a file.
 #pragma once
 
 #include <QObject>
@@ -13,13 +13,13 @@ struct mpv_handle;
 
 namespace desktop {
 
-// Measures a recording in the background, by going to its end on a handle of its own. Where a file does not
-// tell its length, the engine guesses it from the first second, and the guess may be far off in both
-// directions. Three hours of mp3 take half a second; a file that has an index takes no time.
+// Measures a recording in the background by seeking to its end on a handle of its own. If a file does not
+// state its length, mpv estimates it from the first second, and the estimate may be far too long or too
+// short. Three hours of mp3 take half a second; a file with an index takes no time.
 class MpvLength {
 public:
     // `path` is absolute. Calls `measured` once, on this thread and never from inside the constructor, with
-    // the seconds; without them when nothing can be found out. Throws base::Failure when libmpv cannot be
+    // the length in seconds, or empty if it cannot be determined. Throws base::Failure if libmpv cannot be
     // started.
     MpvLength(const std::string& path, std::function<void(std::optional<double>)> measured);
     ~MpvLength();
@@ -33,12 +33,12 @@ private:
     std::optional<double> length() const;
 
     std::function<void(std::optional<double>)> measured_;
-    QObject loop_; // takes the wake-ups to the thread of the owner
+    QObject loop_; // delivers wake-ups on the owner's thread
     std::atomic<bool> wakeUpPosted_ = false;
     mpv_handle* handle_ = nullptr;
     double guess_ = 0;
-    bool sent_ = false;     // on the way to the end
-    bool underWay_ = false; // the engine has taken that up
+    bool sent_ = false;     // the seek to the end has been requested
+    bool underWay_ = false; // mpv has begun that seek
 };
 
 } // namespace desktop

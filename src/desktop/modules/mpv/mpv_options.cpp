@@ -8,8 +8,8 @@ namespace desktop {
 
 namespace {
 
-// Sound servers before the bare device, and nothing that mpv would try beyond them: those cost 100 ms where
-// none answers.
+// Sound servers first, then the bare device, and none of the other outputs that mpv would try: those cost 100
+// ms where none answers.
 constexpr const char* usualOutputs = "pulse,pipewire,alsa";
 
 struct Option {
@@ -21,26 +21,26 @@ constexpr Option playbackOptions[] = {
     {"idle", "yes"},
     {"keep-open", "yes"},
     {"hr-seek", "yes"},
-    // An mp3 frame may need the bytes of the frames before it: without a head start the place asked for is
+    // An mp3 frame may need the bytes of earlier frames: without this lead-in, the target of a seek is
     // silent.
     {"hr-seek-demuxer-offset", "1"},
-    // mpv puts its pitch filter in only while the speed is not 1. It must not stand there always, as it
-    // begins 10 ms early and loses the last 40 ms of a file.
+    // With this option, mpv inserts its pitch filter only while the speed is not 1. It must not be there all
+    // the time: it starts 10 ms early and loses the last 40 ms of a file.
     {"audio-pitch-correction", "yes"},
-    // The end is told when the last sound is out, not when it has been handed to the sound system.
+    // Reports the end after the last sound has been played, not when it has been handed to the sound system.
     {"gapless-audio", "no"},
     {"audio-fallback-to-null", "yes"},
     {"audio-client-name", "Quillmere"},
     {"volume-max", "100"},
-    // A local file is read fast enough; a cache would only hold a second copy of it.
+    // Local files are read fast enough; a cache would only hold a second copy.
     {"cache", "no"},
 };
 
-// By its own default the pitch filter is silent above four times the speed. Later versions of mpv have
-// neither the fault nor the option.
+// By default, this version's pitch filter is silent above four times the speed. Later versions have neither
+// this bug nor the option.
 constexpr Option pitchFilterDefaults{"af-defaults", "scaletempo2=max-speed=8"};
 
-// One file is played and nothing else: no other file, no host and no script comes in by way of it.
+// Exactly one file is played: it must not pull in other files, network hosts or scripts.
 constexpr Option isolationOptions[] = {
     {"config", "no"},
     {"load-scripts", "no"},
@@ -51,10 +51,10 @@ constexpr Option isolationOptions[] = {
     {"load-auto-profiles", "no"},
     {"access-references", "no"},
     {"load-unsafe-playlists", "no"},
-    // Only this reader, as the others are for playlists, archives, cut lists and discs.
+    // Only this demuxer: the others are for playlists, archives, edit lists and discs.
     {"demuxer", "lavf"},
-    // mpv itself opens the file, so whatever a reader opens beside it (a session description, a concat
-    // script) is foreign.
+    // mpv itself opens the file, so anything that a demuxer opens in addition (a session description, a
+    // concat script) is blocked.
     {"demuxer-lavf-o", "protocol_whitelist=none"},
     {"autoload-files", "no"},
     {"audio-file-auto", "no"},
@@ -73,7 +73,7 @@ constexpr Option quietOptions[] = {
     {"input-media-keys", "no"},
     {"input-vo-keyboard", "no"},
     {"osd-level", "0"},
-    // The window that shows the picture takes the mouse itself.
+    // The window that shows the video handles the mouse itself.
     {"input-cursor", "no"},
     {"stop-screensaver", "no"},
     {"vid", "no"},

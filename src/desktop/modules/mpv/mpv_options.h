@@ -1,4 +1,4 @@
-// How the engine is made.
+// Options of the playback engine.
 #pragma once
 
 #include <string>
@@ -7,14 +7,14 @@ struct mpv_handle;
 
 namespace desktop {
 
-// What differs between the program and its tests.
+// The options that differ between the program and its tests.
 struct MpvOptions {
-    // Output driver by mpv's name, "null" for silence in real time; empty for what the system has.
+    // Name of an mpv output driver; "null" is silent, in real time. Empty selects the system's sound output.
     std::string audioOutput;
 };
 
-// Gives a handle that is not initialized yet the options of the program's player. Throws base::Failure when
-// mpv refuses one of them.
+// Sets the program's options on a handle that is not initialized yet. Throws base::Failure if mpv refuses one
+// of them.
 void setOptions(mpv_handle* handle, const MpvOptions& options);
 
 } // namespace desktop

@@ -15,14 +15,14 @@ constexpr double slowestRate = 0.5;
 constexpr double fastestRate = 5.0;
 constexpr int fullVolume = 100;
 
-// For a moment after a seek or a change of speed the engine tells a place before the one that is heard. A
-// reading that is further back than this is the truth: the file did not have the place asked for.
+// Shortly after a seek or a speed change, mpv reports positions slightly before the audible one. A position
+// that is further back than this (seconds) is true: the file did not contain the requested position.
 constexpr double earlyReading = 0.5;
 
-// How long a file has been heard before its length is measured: the start has the disk for itself.
+// Delay before the length of a new file is measured, so that the start of playback has the disk to itself.
 constexpr int quietAfter = 1000; // ms
 
-// A leading "/" keeps mpv from finding a protocol or a place-holder in the name.
+// A leading "/" keeps mpv from interpreting a protocol or placeholder in the name.
 std::string absolutePath(const base::Text& path) {
     std::error_code ignored;
     const std::string given = base::toUtf8(path);
@@ -100,7 +100,7 @@ void MpvPlayer::play() {
 }
 
 bool MpvPlayer::atEnd() const {
-    // The engine tells the end only after having played up to it, not when it was sent there.
+    // mpv reports the end only after playing up to it, not after a seek to it.
     const bool sentThere = held_ && duration_ > 0 && place_ >= duration_;
     return run_ == Run::Paused && (sentThere || engine_->atEnd());
 }
@@ -111,7 +111,7 @@ void MpvPlayer::pause() {
     run_ = Run::Paused;
     held_ = media_ != Media::Ready || engine_->seeking();
     applyPause();
-    // On a busy machine the seek under way may be done, and sound run on from there, before the pause
+    // On a busy machine, the running seek may finish and sound may continue from its target before the pause
     // arrives.
     if (engine_->seeking())
         moveTo(place_);
@@ -125,7 +125,7 @@ void MpvPlayer::stop() {
 void MpvPlayer::haltAtStart() {
     run_ = Run::Stopped;
     held_ = true;
-    // The pause goes first, so that nothing of the beginning is heard.
+    // Pause first, so that nothing of the beginning is heard.
     applyPause();
     moveTo(0);
 }
@@ -143,8 +143,8 @@ double MpvPlayer::currentPosition() const {
 void MpvPlayer::setCurrentPosition(double seconds) {
     if (!hasMedia() || !std::isfinite(seconds))
         return;
-    // mpv would count a negative position from the end. A length that is only guessed is no limit: on the way
-    // there the engine finds the end.
+    // mpv counts negative positions from the end. An estimated length does not limit the position: mpv finds
+    // the true end while seeking.
     double target = std::max(seconds, 0.0);
     if (measured_)
         target = std::min(target, duration_);
@@ -202,7 +202,7 @@ void MpvPlayer::pictureKnown(int width, int height) {
 }
 
 void MpvPlayer::applyPause() {
-    // A file that is to start elsewhere is kept silent until the seek can be sent.
+    // A file that starts at another position stays silent until the seek can be sent.
     const bool awaitsSeek = media_ == Media::Opening && place_ > 0;
     engine_->setPause(run_ != Run::Playing || awaitsSeek);
 }
@@ -245,7 +245,7 @@ void MpvPlayer::durationKnown(double seconds) {
 }
 
 void MpvPlayer::measureLength() {
-    // The files of videos tell their length, or the engine finds it at once.
+    // Video files state their length, or mpv finds it at once.
     if (media_ != Media::Ready || picture_.exists())
         return;
     const auto take = [this](std::optional<double> seconds) {
@@ -258,7 +258,7 @@ void MpvPlayer::measureLength() {
 }
 
 void MpvPlayer::engineEnded() {
-    // Not from inside a call of the engine that is thrown away.
+    // Posted, because this is called from inside the engine that will be destroyed.
     QMetaObject::invokeMethod(
         &loop_, [this] { renewEngine(); }, Qt::QueuedConnection);
 }
@@ -275,7 +275,7 @@ void MpvPlayer::renewEngine() {
         engine_->showPicturesIn(window_);
     if (!hasMedia())
         return;
-    // A file that ends one engine after the other is left alone.
+    // A file that ends a new engine again is given up.
     if (!playedSinceRenewal_)
         return forget(Media::Lost);
     playedSinceRenewal_ = false;

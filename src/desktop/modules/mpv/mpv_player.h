@@ -11,11 +11,11 @@
 
 namespace desktop {
 
-// The program's media player: keeps what the program asked for and tells it back at once, while the engine
-// follows. To be used on the thread of the Qt event loop that it was made on.
+// The program's media player: stores what the program requested and reports it at once, while the engine
+// follows asynchronously. Must be used on the thread of the Qt event loop that created it.
 class MpvPlayer final : public platform::MediaPlayer, private MpvEngineOwner {
 public:
-    // Throws base::Failure when libmpv cannot be started.
+    // Throws base::Failure if libmpv cannot be started.
     explicit MpvPlayer(const MpvOptions& options);
 
     void setURL(base::TextView path) override;
@@ -36,14 +36,14 @@ public:
     void showPicturesIn(std::uint64_t window) override;
     platform::PictureSize pictureSize() const override { return picture_; }
 
-    // Frames of the present file that came too late to be decoded or shown.
+    // Frames of the current file that were too late to be decoded or shown.
     std::int64_t lostFrames() const { return engine_->lostFrames(); }
 
 private:
-    // Opening: the engine has not read the file yet. Starting: it has, the first sound is to come. Lost: it
-    // could not be played, or the engine has let go of it.
+    // Opening: the engine has not opened the file yet. Starting: it has, but the first sound is not ready.
+    // Lost: the file could not be played, or the engine has closed it.
     enum class Media { None, Opening, Starting, Ready, Lost };
-    // What the program asked for last; Stopped also by the end of the media.
+    // The last requested state; the end of the file also sets Stopped.
     enum class Run { Playing, Paused, Stopped };
 
     void fileLoaded() override;
@@ -69,24 +69,24 @@ private:
 
     MpvOptions options_;
     base::Text url_;
-    std::string file_; // the same as an absolute path, in bytes
+    std::string file_; // url_ as an absolute path, in bytes
     Media media_ = Media::None;
     Run run_ = Run::Stopped;
     double duration_ = 0;
-    bool measured_ = false; // duration_ is the true one
+    bool measured_ = false; // duration_ is measured, not estimated
     double rate_ = 1.0;
     int volume_ = 100;
     std::uint64_t window_ = 0;
     bool playedSinceRenewal_ = true;
     platform::PictureSize picture_;
-    // The position told last. The engine's own reading is asked for only while sound is heard and `held_` is
-    // false.
+    // The last reported position, in seconds. The engine is asked for a newer one only while sound plays and
+    // `held_` is false.
     mutable double place_ = 0;
     bool held_ = true;
     std::unique_ptr<MpvEngine> engine_;
-    QTimer quietMoment_; // until the length is measured
+    QTimer quietMoment_; // delay until the length is measured
     std::unique_ptr<MpvLength> length_;
-    QObject loop_; // what is posted to the loop dies with it
+    QObject loop_; // context of posted calls, which are dropped with it
 };
 
 } // namespace desktop

@@ -1,10 +1,11 @@
-// Writing a property of the engine without waiting.
+// Writes a property of the engine asynchronously.
 #pragma once
 
 namespace desktop {
 
-// One property as the program wants it and as it was last sent. One write at a time is under way: while the
-// engine is busy the values in between are dropped, so that a held key does not pile up writes.
+// One property: the value that the program wants and the value last sent. Only one write is pending at a
+// time. While the engine is busy, intermediate values are dropped, so that a held key does not queue up
+// writes.
 template <typename Value>
 class MpvSetting {
 public:
@@ -15,7 +16,7 @@ public:
     bool due() const { return !underWay_ && wanted_ != sent_; }
     bool settled() const { return !underWay_ && wanted_ == sent_; }
 
-    // To be called for the write that `due` asked for.
+    // Starts the write; call only if due().
     Value begin() {
         underWay_ = true;
         sent_ = wanted_;

@@ -20,8 +20,8 @@ std::string property(mpv_handle* handle, const char* name) {
 } // namespace
 
 std::string mpvVersions() {
-    std::setlocale(LC_NUMERIC, "C"); // or mpv does not start
-    // A handle of its own: the one that plays answers only once it has a file.
+    std::setlocale(LC_NUMERIC, "C"); // mpv refuses to start otherwise
+    // A separate handle: the player's own handle answers only after it has opened a file.
     const std::unique_ptr<mpv_handle, Terminate> handle(mpv_create());
     if (!handle || mpv_set_option_string(handle.get(), "config", "no") < 0 ||
         mpv_initialize(handle.get()) < 0)

@@ -4,7 +4,7 @@
 
 namespace desktop {
 
-// The versions of mpv and of the FFmpeg behind it, a line each; empty when libmpv cannot be started.
+// The versions of mpv and of its FFmpeg, one per line; empty if libmpv cannot be started.
 std::string mpvVersions();
 
 } // namespace desktop

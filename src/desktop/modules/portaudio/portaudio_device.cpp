@@ -11,14 +11,14 @@ namespace desktop {
 namespace {
 
 constexpr int chunkPerSecond = 50;       // reads of 20 ms
-constexpr std::size_t storeSeconds = 20; // for how long the event loop may be busy
-// Seconds that the device itself holds, should this process not come to its turn.
+constexpr std::size_t storeSeconds = 20; // how long the event loop may be busy without loss
+// Seconds of sound that the device itself buffers while this process is not scheduled.
 constexpr double deviceLatency = 0.2;
-constexpr std::chrono::milliseconds betweenLooks(10); // for sound
-constexpr std::chrono::seconds patience(1);           // with a sound system that is asked to stop
+constexpr std::chrono::milliseconds betweenLooks(10); // polling interval for new sound
+constexpr std::chrono::seconds patience(1);           // for a sound system that was asked to stop
 
-// PortAudio ends the process when ALSA's configuration names no default device, as where ALSA's files are
-// missing.
+// PortAudio ends the process if ALSA's configuration names no default device, for example when ALSA's files
+// are missing.
 bool hasDefaultDevice() {
     snd_config_t* found = nullptr;
     return snd_config_update() >= 0 && snd_config_search(snd_config, "pcm.default", &found) >= 0;
@@ -58,7 +58,7 @@ PortAudioDevice::PortAudioDevice(const platform::WaveFormat& format)
     : frameSize_(static_cast<std::size_t>(format.blockAlign)),
       chunkFrames_(static_cast<std::size_t>(format.samplesPerSec / chunkPerSecond)),
       storeSize_(static_cast<std::size_t>(format.avgBytesPerSec) * storeSeconds) {
-    // One of the sound systems would start its server only because somebody looks whether it is there.
+    // JACK would start its server merely because PortAudio checks for it.
     ::setenv("JACK_NO_START_SERVER", "1", 0);
     if (!hasDefaultDevice()) {
         fail(paDeviceUnavailable);
@@ -136,7 +136,7 @@ void PortAudioDevice::stop() {
         reader_.join();
     } else {
         reader_.detach();
-        stream_ = nullptr; // never closed: that would wait as well
+        stream_ = nullptr; // never closed: closing would block as well
     }
     reading_.reset();
 }
@@ -146,10 +146,10 @@ std::size_t PortAudioDevice::take(std::uint8_t* bytes, std::size_t most) {
 }
 
 void PortAudioDevice::read(Reading& reading, std::size_t frames) {
-    // Also a sound system that hangs at the start of a stream holds up this thread alone.
+    // A sound system that hangs when a stream starts blocks this thread only.
     bool runs = Pa_StartStream(reading.stream) == paNoError;
     while (runs) {
-        // A read waits for its sound, from a source that is suspended for ever, and nobody could stop it.
+        // Pa_ReadStream would wait forever for a suspended source, and nobody could stop it.
         const signed long available = Pa_GetStreamReadAvailable(reading.stream);
         if (available >= 0 && available < static_cast<signed long>(frames)) {
             if (reading.store.isClosedWithin(betweenLooks))
@@ -160,7 +160,7 @@ void PortAudioDevice::read(Reading& reading, std::size_t frames) {
         if (result == paInputOverflowed)
             ++*reading.overflows;
         else if (result != paNoError)
-            break; // the device has gone: nothing more comes, which is all there is to tell
+            break; // the device is gone: no more sound arrives, which is all that is reported
         runs = reading.store.put(reading.chunk.data(), reading.chunk.size());
         if (runs)
             reading.arrived();

@@ -17,19 +17,19 @@
 
 namespace desktop {
 
-// The sound that has come from the device and has not been fetched yet. One thread puts, one takes.
+// Sound that has arrived from the device and has not been taken yet. One thread puts, another one takes.
 class SoundStore {
 public:
-    // Holds up to `capacity` bytes.
+    // `capacity` in bytes.
     explicit SoundStore(std::size_t capacity) : capacity_(capacity) {}
 
-    // Waits while the store is full; false when it was closed.
+    // Waits while the store is full. Returns false if it has been closed.
     bool put(const char* bytes, std::size_t count);
-    // Waits until the store is closed, and no longer than that; true when it was closed.
+    // Waits until the store is closed, at most for `time`. Returns true if it has been closed.
     bool isClosedWithin(std::chrono::milliseconds time);
-    // As many bytes as there are, `most` at the most; their number.
+    // Copies up to `most` available bytes; returns their number.
     std::size_t take(std::uint8_t* bytes, std::size_t most);
-    // Nobody waits any more, nothing comes in any more.
+    // Ends all waiting; nothing is accepted any more.
     void close();
 
 private:
@@ -40,40 +40,40 @@ private:
     bool closed_ = false;
 };
 
-// One stream from the default input device. Sound is read on a thread of its own, so that a busy event loop
-// loses none.
+// One stream from the default input device. A separate thread reads the sound, so that a busy event loop
+// loses nothing.
 class PortAudioDevice {
 public:
-    // To be held while one is made: PortAudio opens and closes for one thread at a time.
+    // Lock this while creating a device: PortAudio can open and close on one thread at a time only.
     static std::mutex& library();
 
-    // Looks for the devices anew, which takes as long as the sound system does. On failure there is no
-    // stream, and error() says why.
+    // Scans the devices again, which takes as long as the sound system needs. On failure there is no stream,
+    // and error() tells why.
     explicit PortAudioDevice(const platform::WaveFormat& format);
     PortAudioDevice(const PortAudioDevice&) = delete;
     PortAudioDevice& operator=(const PortAudioDevice&) = delete;
     ~PortAudioDevice();
 
-    // PortAudio's number of the failure, 0 when the stream is open; its words for it.
+    // PortAudio's error code (0 if the stream is open) and error text.
     int error() const { return error_; }
     const std::string& errorText() const { return errorText_; }
 
-    // The same for a device that cannot be had.
+    // Error code and text for an unavailable device.
     static int unavailable();
     static std::string unavailableText();
 
-    // Calls `arrived` on the reading thread whenever there is sound to take.
+    // Calls `arrived` on the reading thread whenever new sound can be taken.
     void start(std::function<void()> arrived);
-    // What was not taken is gone. A device that does not let go within a second is given up: nothing more
-    // comes.
+    // Discards sound not taken yet. A device that does not stop within a second is abandoned and delivers no
+    // more sound.
     void stop();
     std::size_t take(std::uint8_t* bytes, std::size_t most);
 
-    // How often the device had to throw sound away, since it was opened.
+    // How often the device has lost sound since it was opened.
     int overflows() const { return *overflows_; }
 
 private:
-    // What the reading thread works on. It outlives the device where the sound system never answers.
+    // State of the reading thread. It outlives the device if the sound system never answers.
     struct Reading {
         Reading(const PortAudioDevice& device, std::function<void()> arrived);
 
@@ -84,7 +84,7 @@ private:
         std::shared_ptr<std::atomic_int> overflows;
         std::promise<void> ended;
     };
-    // Reads so many frames at a time, until the store is closed or the device has gone.
+    // Reads `frames` frames at a time until the store is closed or the device is gone.
     static void read(Reading& reading, std::size_t frames);
     void fail(int error);
 
@@ -95,7 +95,7 @@ private:
     int error_ = 0;
     std::string errorText_;
     std::shared_ptr<std::atomic_int> overflows_ = std::make_shared<std::atomic_int>(0);
-    std::shared_ptr<Reading> reading_; // while the stream runs
+    std::shared_ptr<Reading> reading_; // null while the stream does not run
     std::thread reader_;
 };
 

@@ -12,13 +12,13 @@ namespace {
 
 using platform::WaveBuffer;
 
-// The numbers that the program's sound interface has always had for these.
+// Error codes that the program's sound interface has always used.
 constexpr int invalidHandle = 5;
 constexpr int stillPlaying = 33;
 constexpr int unprepared = 34;
 
-constexpr std::chrono::milliseconds shortWait(500); // for a device; nobody sees it
-constexpr std::chrono::seconds patience(5);         // with a device: then it is unavailable
+constexpr std::chrono::milliseconds shortWait(500); // wait for a device; not noticeable
+constexpr std::chrono::seconds patience(5);         // after this the device counts as unavailable
 
 } // namespace
 
@@ -54,14 +54,14 @@ void PortAudioInput::openDevice(const std::shared_ptr<Opening>& opening, const p
     };
     std::unique_ptr<PortAudioDevice> device;
     {
-        // Behind one that hangs still, whose asker has gone.
+        // Waits for an opening that still hangs, although nobody wants it any more.
         const std::lock_guard alone(PortAudioDevice::library());
         if (isWanted())
             device = std::make_unique<PortAudioDevice>(format);
     }
     const std::lock_guard lock(opening->mutex);
     if (!opening->asker)
-        return; // the device is closed here
+        return; // destroys, and so closes, the device
     opening->device = std::move(device);
     opening->answered.notify_one();
     QMetaObject::invokeMethod(
@@ -131,7 +131,7 @@ PortAudioInput::Result PortAudioInput::addBuffer(WaveBuffer& buffer) {
     buffer.dwFlags = WaveBuffer::WHDR_PREPARED | WaveBuffer::WHDR_INQUEUE;
     buffer.dwBytesRecorded = 0;
     queue_.push_back(&buffer);
-    schedule(); // what waited for a buffer
+    schedule(); // sound may have been waiting for a buffer
     return 0;
 }
 
@@ -172,7 +172,7 @@ void PortAudioInput::schedule() {
 
 void PortAudioInput::fill() {
     scheduled_ = false;
-    // One round at most: timers and keys get their turn between two.
+    // At most one round, so that timers and keys are handled in between.
     for (std::size_t rounds = queue_.size(); rounds > 0 && !queue_.empty() && device_; --rounds) {
         WaveBuffer& buffer = *queue_.front();
         const std::size_t space = buffer.lpData.size() - buffer.dwBytesRecorded;

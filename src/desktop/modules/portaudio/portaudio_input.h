@@ -14,8 +14,8 @@
 
 namespace desktop {
 
-// The queue of buffers, which the default input device fills. To be used on the thread of the Qt event loop
-// that it was made on.
+// The buffer queue, filled by the default input device. Must be used on the thread of the Qt event loop that
+// created it.
 class PortAudioInput final : public QObject, public platform::WaveInput {
 public:
     PortAudioInput();
@@ -33,33 +33,33 @@ public:
     Result reset() override;
     base::Text errorText(Result result) const override;
 
-    // How often sound was lost since the device was opened.
+    // How often sound has been lost since the device was opened.
     int overflows() const { return device_ ? device_->overflows() : 0; }
 
 private:
-    // A device on its way, shared with the thread that opens it. That thread outlives this object where the
-    // sound system never answers.
+    // A device that is being opened; shared with the opening thread, which outlives this object if the sound
+    // system never answers.
     struct Opening {
         std::mutex mutex;
         std::condition_variable answered;
-        PortAudioInput* asker = nullptr;         // none when the answer is not wanted any more
-        std::unique_ptr<PortAudioDevice> device; // the answer
+        PortAudioInput* asker = nullptr;         // null once the result is no longer wanted
+        std::unique_ptr<PortAudioDevice> device; // the result
     };
     static void openDevice(const std::shared_ptr<Opening>& opening, const platform::WaveFormat& format);
-    // The device has answered, or with none has been given up.
+    // Ends the opening: `device` is the opened device, or null after a timeout.
     void answer(std::unique_ptr<PortAudioDevice> device);
     void takeAnswer();
-    // Nobody waits for the device that is being opened any more.
+    // Abandons the device that is being opened.
     void forgetOpening();
 
-    // Sound has arrived. Called once for all that arrives until then.
+    // Schedules one fill() for all sound that arrives until it runs. Called from any thread.
     void schedule();
     void fill();
     void done(platform::WaveBuffer& buffer);
 
-    std::unique_ptr<PortAudioDevice> device_; // none while it is closed
-    std::shared_ptr<Opening> opening_;        // while it is being opened
-    std::function<void(Result)> opened_;      // who waits for that
+    std::unique_ptr<PortAudioDevice> device_; // null while closed
+    std::shared_ptr<Opening> opening_;        // null unless a device is being opened
+    std::function<void(Result)> opened_;      // callback of the pending open()
     QTimer givesUp_;
     std::deque<platform::WaveBuffer*> queue_;
     std::atomic_bool scheduled_ = false;

@@ -42,7 +42,7 @@ Duplex duplexOf(QPrinter::DuplexMode mode) {
     }
 }
 
-// A file has no paper of its own: that of the user's country.
+// A PDF file has no paper of its own; it uses the usual size of the user's country.
 QPageSize usualPaper() {
     return QPageSize(QLocale::system().measurementSystem() == QLocale::ImperialUSSystem ? QPageSize::Letter
                                                                                         : QPageSize::A4);
@@ -53,7 +53,7 @@ QPageSize pageSize(const platform::Paper& paper) {
     return QPageSize(points, QPageSize::Point, qstring(paper.name), QPageSize::FuzzyMatch);
 }
 
-// The page of these settings, as far as the printer can do it: it needs some of the margin for itself.
+// The page for these settings within the printer's limits: margins are at least the printer's minimum.
 QPageLayout pageLayout(const QPrinter& printer, const platform::PrinterSettings& settings) {
     QPageLayout page = printer.pageLayout();
     if (!settings.PaperSize.name.empty())
@@ -105,7 +105,7 @@ void apply(QPrinter& printer, const platform::PrinterChoice& choice) {
 
 StartPrinter::StartPrinter(platform::PrinterChoice start, const QString& document)
     : chosen(std::move(start)) {
-    // A file of the document's name, beside the one that was written last.
+    // Suggests a file with the document's name in the folder of the last PDF file.
     const QString folder = QFileInfo(qstring(base::TextView(chosen.settings.file))).path();
     chosen.settings.file = text(QDir(folder).absoluteFilePath(document + QStringLiteral(".pdf")));
     apply(target, chosen);
@@ -116,8 +116,8 @@ PrinterDialog::PrinterDialog(platform::PrinterChoice start, const QString& docum
     : StartPrinter(std::move(start), document), QPrintDialog(&target, owner) {
     setObjectName(QStringLiteral("PrintDlg"));
     setWindowFlag(Qt::WindowStaysOnTopHint);
-    // Qt's own page set-up behind this button begins with the printer's usual paper each time, not with what
-    // was chosen.
+    // Qt's own page setup behind this button always starts with the printer's default paper instead of the
+    // user's choice.
     if (auto* const button = findChild<QPushButton*>(QStringLiteral("properties"))) {
         disconnect(button, &QPushButton::clicked, nullptr, nullptr);
         connect(button, &QPushButton::clicked, this, [this] { setUpPage(); });
@@ -126,8 +126,8 @@ PrinterDialog::PrinterDialog(platform::PrinterChoice start, const QString& docum
 
 void PrinterDialog::showEvent(QShowEvent* event) {
     QPrintDialog::showEvent(event);
-    // Which pages is not for this dialog to say: the selection in the text does. Copies come collated, in
-    // their order.
+    // Page ranges are hidden, because the text selection decides what is printed. Copies are always collated
+    // and in order.
     for (const char* const name :
          {"gbPrintRange", "pageSetLabel", "pageSetCombo", "collate", "reverse", "outputIcon"})
         if (auto* const part = findChild<QWidget*>(QLatin1String(name)))
@@ -135,8 +135,8 @@ void PrinterDialog::showEvent(QShowEvent* event) {
 }
 
 void PrinterDialog::setUpPage() {
-    // On a sheet of its own: with a queue of the system Qt's dialog takes the margins that the printer needs
-    // for the ones that were chosen.
+    // Uses a separate printer: for a system queue, Qt's dialog would show the printer's minimum margins
+    // instead of the chosen ones.
     QPrinter sheet(QPrinter::HighResolution);
     sheet.setOutputFormat(QPrinter::PdfFormat);
     sheet.setPageLayout(pageLayout(target, chosen.settings));

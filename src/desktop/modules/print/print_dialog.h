@@ -7,26 +7,27 @@
 
 namespace desktop {
 
-// Name of the printer that writes PDF files. No queue of the system can be called so: it has blanks.
+// Name of the printer that writes PDF files. No system queue can have this name, because it contains blanks.
 inline constexpr base::TextView pdfPrinter = u"Print to File (PDF)";
 
-// Sets Qt's printer to this choice.
+// Applies a choice to Qt's printer.
 void apply(QPrinter& printer, const platform::PrinterChoice& choice);
 
-// A printer that has been set to the choice that a dialog begins with: Qt's needs it before it exists itself.
+// A printer preset to the dialog's initial choice. A base class, because Qt's dialog needs the printer during
+// construction.
 struct StartPrinter {
     StartPrinter(platform::PrinterChoice start, const QString& document);
 
     QPrinter target{QPrinter::HighResolution};
-    platform::PrinterChoice chosen; // the page in it is what counts, whatever a dialog does to the printer
+    platform::PrinterChoice chosen; // its page settings count, whatever Qt's dialogs do to the printer
 };
 
-// Qt's printer dialog, with its page set-up behind a button.
+// Qt's print dialog, with the page setup behind a button.
 class PrinterDialog : private StartPrinter, public QPrintDialog {
 public:
     PrinterDialog(platform::PrinterChoice start, const QString& document, QWidget* owner);
 
-    // What the user chose, once the dialog is accepted.
+    // What the user chose; call after the dialog has been accepted.
     platform::PrinterChoice choice() const;
 
 protected:

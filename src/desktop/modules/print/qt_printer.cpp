@@ -73,7 +73,8 @@ std::optional<platform::PrinterChoice> QtPrinter::PrintDlg(std::string_view owne
 }
 
 platform::PrintDevice& QtPrinter::hDC() {
-    // A printer may have gone since it was chosen. Qt would print on another one, or wait for nobody.
+    // Fails if the printer has been removed since it was chosen: Qt would print on another one or wait
+    // forever.
     setPrinter(base::Text(deviceName_));
     job_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
     pdf_.reset();
@@ -97,7 +98,7 @@ void QtPrinter::finish() {
     if (!pdf)
         return;
     const std::string bytes = base::readFile(pdf->path());
-    // Qt does not tell when it could not write all of it.
+    // Qt does not report an incomplete write.
     if (bytes.find(pdfEnd, bytes.size() - std::min(bytes.size(), 2 * pdfEnd.size())) == std::string::npos)
         throw base::Failure(std::generic_category().message(ENOMEM) + ": " + base::toUtf8(settings_.file));
     base::replaceFile(settings_.file, bytes);

@@ -7,7 +7,7 @@
 
 namespace desktop {
 
-// The printers that Qt finds on this system, CUPS's, and one that writes PDF files.
+// The printers that Qt finds on this system (through CUPS), plus one that writes PDF files.
 class QtPrinter : public platform::Printer, private QtPrintDevice {
 public:
     QtPrinter();
@@ -23,7 +23,7 @@ public:
     platform::PrintDevice& hDC() override;
 
 private:
-    // A file of the process's own, without a name, which is gone when it is closed.
+    // An anonymous file in memory; deleted when closed.
     class MemoryFile {
     public:
         MemoryFile();
@@ -31,7 +31,7 @@ private:
         MemoryFile& operator=(const MemoryFile&) = delete;
         ~MemoryFile();
 
-        // By which it can be opened like any other file.
+        // A path that opens this file.
         base::Text path() const;
 
     private:
@@ -43,9 +43,9 @@ private:
 
     base::Text deviceName_;
     platform::PrinterSettings settings_;
-    QString document_; // name of the job
+    QString document_; // name of the print job
     std::unique_ptr<QPrinter> job_;
-    std::unique_ptr<MemoryFile> pdf_; // what a job without paper writes; complete, it becomes the file
+    std::unique_ptr<MemoryFile> pdf_; // receives a PDF job; copied to the chosen file when complete
 };
 
 } // namespace desktop
