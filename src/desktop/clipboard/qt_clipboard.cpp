@@ -12,8 +12,8 @@ namespace desktop {
 
 namespace {
 
-constexpr qsizetype largestOffer = 2'000'000'000; // bytes: the places of a document are 32 bits wide
-constexpr qsizetype largestHtml = 2'000'000;      // bytes; Qt reads it slowly
+constexpr qsizetype largestOffer = 2'000'000'000; // bytes: positions in a document have 32 bits
+constexpr qsizetype largestHtml = 2'000'000;      // bytes; Qt parses HTML slowly
 
 constexpr auto htmlForm = "text/html";
 
@@ -21,7 +21,8 @@ QClipboard& clipboard() {
     return *QGuiApplication::clipboard();
 }
 
-// No X server: offscreen, for one. There the owner is this program, or Qt does not wait for it.
+// False on the offscreen platform, for example. There, either this program owns the clipboard or Qt does not
+// wait for the owner.
 bool onX11() {
     const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     return x11 && x11->connection();
@@ -33,7 +34,7 @@ QString decoded(const QByteArray& bytes) {
     return decoder(bytes);
 }
 
-// A source of RTF has bytes of a code page here and there, which a text cannot hold but by their numbers.
+// RTF may contain bytes of a code page; they are escaped, as a text has no room for raw bytes.
 base::Text asciiSource(const QByteArray& bytes) {
     constexpr std::string_view digits = "0123456789abcdef";
     base::Text source;
@@ -51,14 +52,14 @@ base::Text asciiSource(const QByteArray& bytes) {
     return source;
 }
 
-// In the order of their worth.
+// Best format first.
 const QList<QByteArray>& textForms() {
     static const QList<QByteArray> forms{"text/plain;charset=utf-8", "UTF8_STRING", "text/plain", "STRING",
                                          htmlForm};
     return forms;
 }
 
-// The text that bytes in one of these forms mean.
+// Decodes the bytes of one of these formats.
 base::Text textOf(const XSelection::Held& held) {
     if (held.form == "STRING")
         return text(QString::fromLatin1(held.bytes));

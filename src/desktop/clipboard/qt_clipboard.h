@@ -7,14 +7,14 @@
 
 namespace desktop {
 
-// The names under which programs offer RTF; the first is this program's own.
+// The MIME types under which programs offer RTF; this program offers the first.
 const QList<QByteArray>& rtfForms();
 
-// A clipboard of the desktop. It is written through Qt; what another program holds is read past Qt, which
-// would freeze the program for as long as that one hangs.
+// A clipboard of the desktop. Writes through Qt, but reads other programs' data directly from the X server:
+// through Qt, a hanging owner would freeze this program too.
 class QtClipboard : public platform::Clipboard {
 public:
-    // The clipboard of copy and paste, or the selection that the middle button pastes.
+    // `mode`: the clipboard, or the primary selection that the middle button pastes.
     explicit QtClipboard(QClipboard::Mode mode);
 
     void Clear() override;

@@ -9,7 +9,7 @@ namespace desktop {
 
 namespace {
 
-// The source from its first brace on: a mark or blanks in front of it are no part of the text.
+// The source without a byte order mark and blanks before its first brace: they are not part of the text.
 base::TextView withoutBlanks(base::TextView source) {
     return source.substr(std::min(source.find_first_not_of(u"\uFEFF \t\r\n"), source.size()));
 }
@@ -28,7 +28,7 @@ std::string rtfBytes(base::TextView source) {
         if (unit < 0x80)
             bytes += static_cast<char>(unit);
         else
-            // No more than this symbol is to do without a substitute.
+            // \uc0 holds for this symbol only: it has no substitute character after it.
             bytes += "{\\uc0\\u" + std::to_string(static_cast<std::int16_t>(unit)) + " }";
     }
     return bytes;

@@ -1,4 +1,4 @@
-// RTF that is handed on as text.
+// RTF source that is passed on as text.
 #pragma once
 
 #include "base/text.h"
@@ -7,10 +7,10 @@
 
 namespace desktop {
 
-// True for a text that begins as RTF does.
+// True if the text begins like an RTF source.
 bool isRtfSource(base::TextView source);
 
-// The bytes of an RTF source. A unit that is no ASCII becomes a symbol of RTF.
+// Converts RTF source text to bytes. Units outside of ASCII become RTF Unicode escapes.
 std::string rtfBytes(base::TextView source);
 
 } // namespace desktop

@@ -11,17 +11,18 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// What a user does not take for a hang. A list of forms costs its owner nothing; making one of them may.
+// Timeouts that a user does not take for a hang. Listing its formats costs the owner nothing; producing one
+// may.
 constexpr milliseconds untilForms{300};
 constexpr milliseconds untilBytes{700};
 constexpr milliseconds untilPiece{500};
 constexpr milliseconds untilAll{3000};
-constexpr qsizetype slowest = 5000; // bytes in a millisecond, of a selection that takes longer
+constexpr qsizetype slowest = 5000; // bytes per ms: allows large transfers more time
 constexpr milliseconds deafFor{5000};
 
 constexpr std::uint32_t wholeProperty = 0x1FFFFFFF; // units of four bytes
 
-// The owner of the selection does not answer, or not as it should.
+// Thrown if the owner of the selection does not answer, or answers wrongly.
 struct NoAnswer {};
 
 template <typename Reply>
@@ -101,7 +102,8 @@ QByteArray XSelection::takeProperty(Atom& type) {
             xcb_get_property_value_length(reply.get())};
 }
 
-// A large selection comes piece by piece, each when the one before has been taken; an empty one ends it.
+// A large selection arrives in pieces (INCR protocol), the next one after each deletion of the property; an
+// empty piece ends the transfer.
 QByteArray XSelection::takePieces(qsizetype limit) {
     const auto begin = Clock::now();
     QByteArray all;
@@ -149,7 +151,7 @@ std::optional<XSelection::Held> XSelection::read(const QList<QByteArray>& forms,
             return std::nullopt;
         }
     } catch (const NoAnswer&) {
-        // An answer that comes too late must not be taken for that to another question.
+        // A late answer must not be mistaken for the answer to a later request.
         connection_.reset();
         deafOwner_ = asked;
         deafUntil_ = Clock::now() + deafFor;

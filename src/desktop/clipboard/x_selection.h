@@ -11,17 +11,17 @@ struct xcb_connection_t;
 
 namespace desktop {
 
-// Reads what another program offers by a selection of the X server, such as the clipboard, on a connection of
-// its own. Qt's own reading waits for up to five seconds, and as often as it asks; this one waits for a
-// moment and then leaves an owner that does not answer alone for a while.
+// Reads X selections of other programs, such as the clipboard, on its own connection to the X server. Qt
+// waits up to five seconds for each request; this class waits at most a few hundred milliseconds for each
+// step, and then does not ask an unresponsive owner again for a while.
 class XSelection {
 public:
-    // Of one of these names: "CLIPBOARD", "PRIMARY".
+    // `name` is "CLIPBOARD" or "PRIMARY".
     explicit XSelection(QByteArray name);
     ~XSelection();
 
-    // The bytes in the first of these forms that the owner offers: none when it offers none of them, does not
-    // answer in time, or offers more than `limit` bytes.
+    // The data in the first of `forms` that the owner offers. Empty if it offers none of them, does not
+    // answer in time, or has more than `limit` bytes.
     struct Held {
         QByteArray form;
         QByteArray bytes;
@@ -38,11 +38,11 @@ private:
     bool open();
     Atom atom(const QByteArray& name);
     Atom owner();
-    // The selection in one form; none when the owner refuses. Throws NoAnswer.
+    // The selection converted to one format; empty if the owner refuses. Throws NoAnswer.
     std::optional<QByteArray> convert(Atom target, std::chrono::milliseconds patience, qsizetype limit);
     QByteArray takeProperty(Atom& type);
     QByteArray takePieces(qsizetype limit);
-    // Waits for an event for which `wanted` is true.
+    // Waits for an event of this kind for which `wanted` returns true. Throws NoAnswer after `patience`.
     template <typename Event, typename Wanted>
     Event waitFor(std::uint8_t kind, std::chrono::milliseconds patience, Wanted&& wanted);
 
@@ -50,7 +50,7 @@ private:
     std::unique_ptr<xcb_connection_t, Closer> connection_;
     QHash<QByteArray, Atom> atoms_;
     std::uint32_t window_ = 0;
-    Atom deafOwner_ = 0; // did not answer, until then
+    Atom deafOwner_ = 0; // did not answer; is not asked again until deafUntil_
     Clock::time_point deafUntil_;
 };
 
