@@ -1,4 +1,4 @@
-// Between the program's units and Qt's.
+// Conversions between the program's units and Qt's.
 #pragma once
 
 #include "base/text.h"
@@ -18,7 +18,7 @@ inline double twips(double pixels) {
     return pixels * controls::twipsPerPixel;
 }
 
-// The height of letters in pixels. The skin has a fixed scale, whatever the screen says of its own.
+// A font size in pixels. The skin has a fixed scale of 96 dpi, whatever the screen reports.
 inline int letterPixels(double points) {
     constexpr double pixelsPerPoint = 96.0 / 72;
     return static_cast<int>(std::lround(points * pixelsPerPoint));

@@ -4,9 +4,8 @@
 
 namespace desktop {
 
-// As long as this lives no event reaches anything of the program: keys and clicks that wait in a queue,
-// timers, and what other threads have posted. Only what is posted to the application itself still arrives, so
-// that it can leave its loop.
+// While this object exists, it blocks all events of the program: queued keys and clicks, timers, and posts
+// from other threads. Only calls posted to the application object pass, so that the event loop can be ended.
 class EventStop : public QObject {
 public:
     EventStop();

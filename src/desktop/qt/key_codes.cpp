@@ -21,7 +21,7 @@ constexpr std::pair<int, int> numbers[] = {
     {Qt::Key_Delete, 46},   {Qt::Key_Escape, platform::escapeKey},
 };
 
-// The letters of a keyboard row by row, from the X server's number of the first one's key on.
+// The letter rows of a keyboard, each with the X keycode of its first key.
 constexpr std::pair<quint32, std::string_view> letterRows[] = {
     {24, "QWERTYUIOP"}, {38, "ASDFGHJKL"}, {52, "ZXCVBNM"}};
 

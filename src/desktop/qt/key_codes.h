@@ -6,14 +6,14 @@
 
 namespace desktop {
 
-// The key by Qt's number. With Ctrl a letter of another script is the Latin one of its place: a user may have
-// no Latin layout to change to.
+// Qt's key code. With Ctrl held, a non-Latin letter becomes the Latin letter of the same key: the user may
+// have no Latin layout to switch to.
 int latinKey(const QKeyEvent& event);
 
-// The key as the program numbers it; code 0 for one that it has no number for.
+// The program's own key event; keyCode is 0 for a key that the program does not know.
 platform::KeyEvent keyEvent(const QKeyEvent& event);
 
-// Tells a handler of the program of the key; accepts it when the handler may act on it.
+// Passes a key to a handler of the program and accepts the event.
 template <typename Handler>
 void report(const Handler& handler, QKeyEvent& event) {
     platform::KeyEvent key = keyEvent(event);

@@ -6,7 +6,7 @@
 #include <QWidget>
 #include <algorithm>
 
-// The header is C and names a member so.
+// The C header has a member named `explicit`.
 #if defined(__clang__)
 #pragma clang diagnostic ignored "-Wkeyword-macro"
 #endif
@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::size_t rememberedPresses = 100;
 
-// A held shortcut goes on running its command where the command wants that.
+// True for a shortcut whose command repeats while the key is held.
 bool isRepeatingShortcut(const QKeyEvent& event) {
     const QWidget* const window = QApplication::activeWindow();
     const QList<QAction*> actions =
@@ -39,11 +39,11 @@ KeyRepeats::KeyRepeats() {
         return;
     constexpr auto flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
     const auto cookie = xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
-    // A server that cannot do this repeats releases as before.
+    // A server without this feature keeps repeating releases.
     xcb_discard_reply(connection, cookie.sequence);
     qApp->installNativeEventFilter(this);
     qApp->installEventFilter(this);
-    // The release of a key may go to another program.
+    // A key pressed here may be released in another program.
     connect(qApp, &QGuiApplication::applicationStateChanged, this, [this] { held_.reset(); });
 }
 
@@ -61,7 +61,7 @@ bool KeyRepeats::nativeEventFilter(const QByteArray&, void* message, qintptr*) {
     return false;
 }
 
-// A repeat goes on as what it is: as a copy that says so.
+// Replaces a repeated press by a copy that is marked as a repeat.
 bool KeyRepeats::eventFilter(QObject* receiver, QEvent* event) {
     const bool isPress = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     if (!isPress || !event->spontaneous() || !receiver->isWindowType())
@@ -75,7 +75,7 @@ bool KeyRepeats::eventFilter(QObject* receiver, QEvent* event) {
     repeat.setTimestamp(key.timestamp());
     repeat.setAccepted(key.isAccepted());
     QCoreApplication::sendEvent(receiver, &repeat);
-    // Qt looks for a shortcut when nobody accepts this, and does not know that the key is held.
+    // If nobody accepts this event, Qt looks for a matching shortcut without knowing that the key is held.
     key.setAccepted(repeat.isAccepted() ||
                     (key.type() == QEvent::ShortcutOverride && !isRepeatingShortcut(key)));
     return true;

@@ -10,9 +10,9 @@ namespace desktop {
 
 namespace {
 
-// A window manager gives the keyboard to a window of its own choice when one has gone. The X server then
-// ignores a request that carries an older time, while Qt may believe that it was granted. Qt learns the new
-// time a moment later, hence the further requests, a few of them even after success.
+// After a window has closed, a window manager gives the focus to a window of its own choice. The X server
+// then ignores a request that carries an older time, while Qt may believe that it was granted. Qt learns the
+// new time a moment later; hence the repeated requests, a few of them even after success.
 constexpr int askAgainAfter = 40; // ms
 constexpr int mostAsks = 25;
 constexpr int asksAfterSuccess = 3;
@@ -22,7 +22,7 @@ QEvent::Type keyboardGiven() {
     return type;
 }
 
-// Menus, open lists and tips borrow the keyboard from the window below them.
+// Menus, open lists and tool tips only borrow the focus from the window below.
 bool keepsKeyboard(const QWidget& widget) {
     return widget.isWindow() && widget.windowType() != Qt::Popup && widget.windowType() != Qt::ToolTip;
 }
@@ -49,7 +49,7 @@ KeyboardOrder::KeyboardOrder() {
 bool KeyboardOrder::eventFilter(QObject* receiver, QEvent* event) {
     const QEvent::Type type = event->type();
     if (type == QEvent::MouseButtonPress && event->spontaneous())
-        returning_.stop(); // the user chooses
+        returning_.stop(); // the user chooses a window
     if (type == QEvent::KeyPress || type == QEvent::KeyRelease || type == QEvent::ShortcutOverride)
         return handOver(receiver, *event);
     if (type != QEvent::WindowActivate && type != QEvent::Show && type != QEvent::Hide &&
@@ -88,7 +88,7 @@ void KeyboardOrder::windowActivated(QWidget& window) {
     }
 }
 
-// A new box gets the keyboard from the window manager; one that comes back may not.
+// The window manager gives the focus to a new dialog, but not always to one that is shown again.
 void KeyboardOrder::windowShown(QWidget& window) {
     const bool isNew = std::find(order_.begin(), order_.end(), &window) == order_.end();
     if (window.isModal() || (isNew && !window.testAttribute(Qt::WA_ShowWithoutActivating)))
@@ -102,7 +102,7 @@ void KeyboardOrder::windowHidden(const QWidget& window) {
         return;
     asked_ = 0;
     returning_.start();
-    // What closes it may show the others first, or have a wish of its own.
+    // Deferred: the code that closes this window may first show others, or request the focus for one.
     QMetaObject::invokeMethod(
         this, [this] { giveBack(); }, Qt::QueuedConnection);
 }
@@ -124,7 +124,7 @@ void KeyboardOrder::giveBack() {
         returning_.stop();
 }
 
-// A key that the user has pressed by now was meant for the window that gets the keyboard back.
+// Redirects keys to the window that is getting the focus back: the user meant them for it.
 bool KeyboardOrder::handOver(QObject* receiver, QEvent& event) const {
     if (!returning_.isActive() || !event.spontaneous() || !receiver->isWindowType())
         return false;
@@ -133,7 +133,7 @@ bool KeyboardOrder::handOver(QObject* receiver, QEvent& event) const {
         return false;
     const std::unique_ptr<QEvent> key(event.clone());
     QCoreApplication::sendEvent(window->windowHandle(), key.get());
-    event.accept(); // or the menus of the other window would have it
+    event.accept(); // otherwise the menus of the other window would handle it
     return true;
 }
 

@@ -9,12 +9,12 @@ class QWidget;
 
 namespace desktop {
 
-// Brings the keyboard to this window, ahead of the one that would get it back from a box that closes now.
+// Gives the focus to this window, with priority over the window that would get it back from a closing dialog.
 void giveKeyboard(QWidget& window);
 
-// Keeps the windows of the program in the order in which they had the keyboard last. When the one that has it
-// goes away, the one before it gets the keyboard back, whatever kind of box, dialog or window it was. Left to
-// itself a window manager takes the window on top, which is the player, or the one that owns a dialog.
+// Keeps the program's windows in the order in which they last had the focus. When the active one closes, the
+// previous one gets the focus back, whatever kind of window it was. A window manager by itself would choose
+// the topmost window, which is the player, or the owner of the dialog.
 class KeyboardOrder : public QObject {
 public:
     KeyboardOrder();
@@ -27,14 +27,14 @@ private:
     void windowActivated(QWidget& window);
     void windowShown(QWidget& window);
     void windowHidden(const QWidget& window);
-    // The window that should have the keyboard; null when none can.
+    // The window that should have the focus; null if none can.
     QWidget* next() const;
     void giveBack();
     bool handOver(QObject* receiver, QEvent& event) const;
 
-    std::vector<QPointer<QWidget>> order_; // the last one first
-    QTimer returning_;                     // runs while the keyboard is on its way back
-    int asked_ = 0;                        // how often since it began
+    std::vector<QPointer<QWidget>> order_; // most recent first
+    QTimer returning_;                     // active while the focus is being returned
+    int asked_ = 0;                        // number of requests since then
 };
 
 } // namespace desktop

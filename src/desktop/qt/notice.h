@@ -4,8 +4,8 @@
 
 namespace desktop {
 
-// Tells the user of a failure of the desktop that the rooms pass over, in a box that blocks nothing. `about`
-// is put in the place of %1 of `words`, which the language files may bring words for.
+// Shows a non-modal message about a failure that the rooms ignore. `about` replaces %1 in `words`, which the
+// language files may translate.
 void notify(const char* words, const QString& about);
 
 } // namespace desktop

@@ -6,13 +6,13 @@ class QPagedPaintDevice;
 
 namespace desktop {
 
-// Where pages go on this desktop: what every PrintDevice here is.
+// The print target of this desktop: every PrintDevice here is of this class.
 class QtPrintDevice : public platform::PrintDevice {
 public:
-    // Takes pages once: a print job begins with the first painter on it and ends with that painter.
+    // Usable for one job: it begins with the first painter on the device and ends with that painter.
     virtual QPagedPaintDevice& paper() = 0;
-    // All pages are painted. Throws base::Failure, with its path, when a file that is written instead of
-    // paper could not be.
+    // Called after all pages are painted. Throws base::Failure, with the path, if the output file could not
+    // be written.
     virtual void finish() = 0;
 
 protected:

@@ -13,18 +13,18 @@ namespace desktop {
 
 namespace {
 
-// The property WM_HINTS, by its places.
+// Layout of the WM_HINTS property, in 32-bit units.
 constexpr std::size_t hintLength = 9;
 constexpr std::size_t flags = 0;
 constexpr std::size_t initialState = 2;
-constexpr std::uint32_t stateHint = 2; // flag: the initial state is given
+constexpr std::uint32_t stateHint = 2; // flag: the initial state is set
 constexpr std::uint32_t normalState = 1;
 
 } // namespace
 
 void beginUnminimised(const QWindow& window) {
     const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    // The platform without a screen knows of X11 too, but has no connection.
+    // The offscreen platform also has this interface, but no connection.
     xcb_connection_t* const connection = x11 ? x11->connection() : nullptr;
     if (!connection)
         return;

@@ -4,8 +4,8 @@ class QWindow;
 
 namespace desktop {
 
-// Lets a window that was minimised once, and brought back by the window manager, come up as a window when it
-// is shown the next time. Qt leaves the note with the X server that it is to begin as an icon.
+// Makes a window appear normally the next time it is shown, even if it was minimised once and restored by the
+// window manager: in that case Qt leaves a hint on the X server that the window starts as an icon.
 void beginUnminimised(const QWindow& window);
 
 } // namespace desktop

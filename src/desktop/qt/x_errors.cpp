@@ -4,7 +4,7 @@
 
 namespace {
 
-// As Xlib declares it, whose headers are not needed for this alone.
+// As Xlib declares it; its headers are not needed for this alone.
 using Handler = int (*)(void* display, void* event);
 
 int goOn(void*, void*) {
@@ -13,8 +13,9 @@ int goOn(void*, void*) {
 
 } // namespace
 
-// Stands before Xlib's function of this name for all libraries of the process: the executable is where they
-// look first. mpv puts Xlib's own handler back whenever it closes its output, and errors come after that.
+// Overrides Xlib's function of this name for all libraries of the process, because symbols are looked up in
+// the executable first. mpv restores Xlib's default handler whenever it closes its output, and errors arrive
+// after that.
 extern "C" Handler XSetErrorHandler(Handler handler) {
     static const auto next = [] {
         void* const xlib = ::dlopen("libX11.so.6", RTLD_LAZY);

@@ -2,8 +2,8 @@
 
 namespace desktop {
 
-// From now on no error that the X server tells on a connection of Xlib's ends the process. What goes wrong
-// there costs a picture, and Xlib's own answer, to exit at once, would cost the unsaved text.
+// From now on, X errors on Xlib connections do not end the process. Such an error costs at most a picture,
+// while Xlib's default handler would exit at once and lose unsaved text.
 void surviveXErrors();
 
 } // namespace desktop
