@@ -6,17 +6,17 @@
 
 namespace desktop {
 
-// The way to the internet, a module that is loaded by the first read: most starts need none, and its
-// libraries would cost each of them. Where the module cannot be loaded there is no internet.
+// Internet access through a module that the first read loads: most runs need none, and its libraries would
+// slow every start. If the module cannot be loaded, there is no internet access.
 class LazyInternet : public platform::Internet {
 public:
-    // `module` is the path of the shared object, in UTF-8.
+    // `module` is the path of the module, in UTF-8.
     explicit LazyInternet(std::string module) : module_(std::move(module)) {}
 
     std::string read(const std::string& address, const std::string& agent) override;
 
-    // True while the system still waits for something that a read gave up, such as a name that no server
-    // resolves. That may take minutes, and the libraries would hold up the end of the process for it.
+    // True while the system still waits on behalf of an abandoned read, such as for a name that no server
+    // resolves. That may take minutes, during which the libraries would block the end of the process.
     bool isHanging() const { return hangs_ && hangs_(); }
 
 private:

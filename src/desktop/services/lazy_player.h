@@ -9,21 +9,21 @@
 
 namespace desktop {
 
-// The media player, whose engine is a module loaded when a file needs it: the shared libraries behind it cost
-// more start time and memory than all the rest of the program. Until then it answers as a player without
-// media.
+// The media player, through a module that is loaded when the first file needs it: its libraries cost more
+// start time and memory than the rest of the program. Until then it behaves like a player without a file. If
+// the module cannot be loaded, no file plays.
 class LazyPlayer : public platform::MediaPlayer {
 public:
-    // `module` is the path of the shared object, in UTF-8.
+    // `module` is the path of the module, in UTF-8.
     explicit LazyPlayer(std::string module) : module_(std::move(module)) {}
 
-    // Reads the module in the background, in a quiet moment, so that the first file need not wait for it.
+    // Loads the module in the background, in idle time, so that the first file need not wait for it.
     void prepare();
 
-    // Lets the engine go, before the window that it shows pictures in.
+    // Destroys the engine. Must happen before the window that shows its video is destroyed.
     void release() { engine_.reset(); }
 
-    // The versions of mpv and FFmpeg, a line each; empty without the module.
+    // The versions of mpv and FFmpeg, one per line; empty without the module.
     std::string versions();
 
     void setURL(base::TextView path) override;
@@ -45,7 +45,7 @@ public:
     platform::PictureSize pictureSize() const override;
 
 private:
-    // The module's entry of this name; null when there is none.
+    // The module's function of this name; null if there is none.
     template <typename Function>
     Function entry(const char* name);
     void start();
@@ -55,7 +55,7 @@ private:
     std::unique_ptr<platform::MediaPlayer> engine_;
     bool failed_ = false;
     base::Text url_;
-    // What the engine will be told once it is there.
+    // Values to set on the engine once it is loaded.
     double rate_ = 1;
     int volume_ = 50;
     std::uint64_t window_ = 0;

@@ -6,7 +6,7 @@ namespace desktop {
 
 namespace {
 
-constexpr int noDriver = 6; // the number that the program's sound interface has always had for it
+constexpr int noDriver = 6; // the error code that the program's sound interface has always used for this
 
 } // namespace
 

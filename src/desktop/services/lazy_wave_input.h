@@ -9,14 +9,14 @@
 
 namespace desktop {
 
-// Capture, whose engine is a module loaded when the recorder opens: the start does not pay for it. Without
-// the module every device is refused.
+// Sound capture, through a module that is loaded when the recorder opens, so that it does not slow the start.
+// Without the module, every device reports an error.
 class LazyWaveInput : public platform::WaveInput {
 public:
-    // `module` is the path of the shared object, in UTF-8.
+    // `module` is the path of the module, in UTF-8.
     explicit LazyWaveInput(std::string module) : module_(std::move(module)) {}
 
-    // Reads the module in the background, so that the first recording need not wait for it.
+    // Loads the module in the background, so that the first recording need not wait for it.
     void prepare();
 
     void open(const platform::WaveFormat& format, std::function<void(Result)> opened) override;

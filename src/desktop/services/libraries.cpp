@@ -10,8 +10,8 @@ namespace desktop {
 
 namespace {
 
-// Asks a function of a library for its version; null when there is none. The library stays: it is one of
-// those that the program's modules use.
+// A function of a shared library; null if there is none. The library stays loaded, because the program's
+// modules use it anyway.
 template <typename Function>
 Function entry(const char* library, const char* name) {
     void* const handle = ::dlopen(library, RTLD_LAZY);
@@ -40,7 +40,7 @@ QString portAudioVersion() {
         .arg(number & 0xFFU);
 }
 
-// Without what a distribution adds to it: "5.1.9-0+deb12u1".
+// The upstream version, without a distribution's suffix as in "5.1.9-0+deb12u1".
 QString ofItsMakers(const QString& version) {
     return version.section(u'-', 0, 0).section(u'+', 0, 0);
 }

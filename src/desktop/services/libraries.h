@@ -7,8 +7,8 @@
 
 namespace desktop {
 
-// The libraries that the program runs on, each with the version that is in use here. One that is not
-// installed is left out.
+// The libraries that the program uses, with the versions present on this system. Libraries that are not
+// installed are left out.
 std::vector<outside::Library> librariesInUse(LazyPlayer& player);
 
 } // namespace desktop

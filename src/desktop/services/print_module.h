@@ -7,14 +7,14 @@
 
 namespace desktop {
 
-// The printers, by a module that is loaded when something is first printed: few starts of the program ever
-// need it.
+// Access to printers, through a module that is loaded when something is first printed: most runs never need
+// it.
 class PrintModule {
 public:
-    // `path` of the shared object, in UTF-8.
+    // `path` of the module, in UTF-8.
     explicit PrintModule(std::string path) : path_(std::move(path)) {}
 
-    // Throws base::Failure in the system's words when the module cannot be loaded.
+    // Throws base::Failure with the system's error message if the module cannot be loaded.
     platform::Printer& printer();
 
 private:

@@ -26,8 +26,8 @@ using platform::Answer;
 using platform::BoxStyle;
 
 constexpr std::string_view player = "Form1";
-constexpr int leastTextWidth = 200;    // pixels; with less the title bar has no room for its title
-constexpr qsizetype longestPath = 255; // units; a longer one cannot be returned
+constexpr int leastTextWidth = 200;    // pixels; with less, the title is cut off in the title bar
+constexpr qsizetype longestPath = 255; // units; the program cannot take a longer one
 
 QMessageBox::StandardButtons buttons(BoxStyle style) {
     switch (style) {
@@ -75,7 +75,7 @@ Answer answer(int button) {
     }
 }
 
-// The dialog's filters: "name (*.a *.b)" for each pair of a name and its patterns.
+// The dialog's filters, "name (*.a *.b)", made from pairs of a name and its patterns.
 QStringList nameFilters(const base::Text& filter) {
     const QStringList fields = qstring(filter).split(QChar(u'\0'));
     QStringList filters;
@@ -84,7 +84,7 @@ QStringList nameFilters(const base::Text& filter) {
         if (patterns.isEmpty())
             continue;
         patterns.replace(u';', u' ');
-        // On this platform "*.*" would leave out the names without a point.
+        // On this platform, "*.*" would hide names without a dot.
         if (patterns == QLatin1String("*.*"))
             patterns = QStringLiteral("*");
         filters << QStringLiteral("%1 (%2)").arg(fields[i], patterns);
@@ -92,8 +92,8 @@ QStringList nameFilters(const base::Text& filter) {
     return filters;
 }
 
-// What the engine plays of what people record and get; a desktop has no list of it. The language files may
-// bring words for its name.
+// The media types that people record and receive and that the engine plays; the desktop has no such list. The
+// language files may translate the name.
 QString allMedia() {
     static const QString kinds = QStringLiteral(
         "3ga *.3gp *.aac *.ac3 *.aif *.aifc *.aiff *.amr *.ape *.asf *.au *.avi *.caf *.dss *.dts *.dv *.f4v "
@@ -102,19 +102,20 @@ QString allMedia() {
     return QStringLiteral("%1 (*.%2)").arg(QCoreApplication::translate("FileDlg", "All media"), kinds);
 }
 
-// Qt's own widths are those of English words.
+// Qt's default widths fit English words only.
 void fitColumns(const QFileDialog& dialog) {
     auto* const details = dialog.findChild<QTreeView*>(QStringLiteral("treeView"));
     if (!details)
         return;
     QHeaderView& header = *details->header();
-    header.setResizeContentsPrecision(0); // what is in sight: a folder may hold thousands
+    header.setResizeContentsPrecision(0); // measure visible rows only: a folder may hold thousands
     for (int column = 1; column < header.count(); ++column)
         header.setSectionResizeMode(column, QHeaderView::ResizeToContents);
     header.setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-// Names without a point get the extension, but for a file to open that is there by the name as it is typed.
+// Appends the extension to names without a dot, except when opening a file that exists under the name as
+// typed.
 void completeNames(QFileDialog& dialog, const QString& extension) {
     dialog.setDefaultSuffix(extension);
     const auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
@@ -143,12 +144,13 @@ public:
         window_->setRange(0, steps);
         window_->setAutoReset(false);
         window_->setWindowFlag(Qt::WindowStaysOnTopHint);
-        // Who types goes on typing.
+        // Does not interrupt typing.
         window_->setAttribute(Qt::WA_ShowWithoutActivating);
         QObject::connect(window_, &QProgressDialog::canceled, window_, std::move(cancelled));
         window_->show();
     }
-    // Later: its own button may be what takes it away. Its owner may have done so before.
+    // Deferred deletion, because the window's own button may be the caller. Its owner window may already have
+    // deleted it.
     ~ProgressWindow() override {
         if (!window_)
             return;
@@ -173,7 +175,7 @@ private:
 Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
     QMessageBox box(QApplication::activeWindow());
     box.setObjectName(QStringLiteral("messageBox"));
-    // One of a program that has no window, or none in front, has nobody to take its picture from.
+    // A box without a parent window cannot inherit its icon.
     if (!box.parentWidget())
         box.setWindowIcon(QIcon(QApplication::applicationDirPath() + QStringLiteral("/Files/quillmere.ico")));
     box.setIcon(icon(style));
@@ -183,7 +185,7 @@ Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle
     box.setStandardButtons(buttons(style));
     if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
         grid->setColumnMinimumWidth(grid->columnCount() - 1, leastTextWidth);
-    // The player stays on top of all windows, and a box behind it would look like a hang.
+    // The player stays on top of all windows; a box behind it would look like a hang.
     box.setWindowFlag(Qt::WindowStaysOnTopHint);
     return answer(box.exec());
 }
@@ -195,7 +197,7 @@ std::unique_ptr<platform::Progress> QtDialogs::showProgress(base::TextView text,
 }
 
 std::optional<std::uint32_t> QtDialogs::ShowColor(std::string_view owner, std::uint32_t start) {
-    // Each dialog begins with none defined, and takes those that it got along.
+    // Custom colours are static in Qt: reset them, because each dialog starts without any.
     for (int i = 0; i < QColorDialog::customCount(); ++i)
         QColorDialog::setCustomColor(i, Qt::white);
     QColorDialog dialog(QColor(QRgb(start)), window(owner));
@@ -207,7 +209,7 @@ std::optional<std::uint32_t> QtDialogs::ShowColor(std::string_view owner, std::u
 }
 
 base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
-    // A folder that has gone would open the dialog anywhere.
+    // If the folder no longer exists, Qt would choose an arbitrary one.
     const QString initial = qstring(request.initialFolder);
     const bool there = !initial.isEmpty() && QFileInfo(initial).isDir();
     QFileDialog dialog(window(request.owner), qstring(request.title), there ? initial : QDir::currentPath());
@@ -215,8 +217,8 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
     dialog.setAcceptMode(request.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    // The box of filters shows their names alone: dozens of patterns would be cut off in it. The option
-    // counts for what is set after it.
+    // Shows only the names of the filters: dozens of patterns would be cut off. This must be set before the
+    // filters.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(nameFilters(request.filter) +
                           (request.allMedia ? QStringList(allMedia()) : QStringList()));

@@ -6,7 +6,7 @@
 
 namespace desktop {
 
-// Message boxes and file dialogs on Qt's own.
+// Message boxes, file dialogs and colour dialogs, all on Qt's own.
 class QtDialogs : public platform::Dialogs {
 public:
     platform::Answer messageBox(base::TextView text, base::TextView title, platform::BoxStyle style) override;
@@ -16,7 +16,7 @@ public:
     base::Text FileDlg(const platform::FileDialogRequest& request) override;
 
 private:
-    // The window on the screen with this given name; null when there is none.
+    // The top-level window with this object name; null if there is none.
     static QWidget* window(std::string_view name);
 };
 

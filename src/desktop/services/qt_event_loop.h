@@ -4,8 +4,7 @@
 
 namespace desktop {
 
-// The program's timers on Qt's event loop, exact to the millisecond: a phase of dictation lasts what was
-// asked for.
+// Timers on Qt's event loop, precise to the millisecond, because the phases of dictation need exact lengths.
 class QtEventLoop : public platform::EventLoop {
 public:
     std::unique_ptr<platform::Alarm> alarm(std::function<void()> call) override;

@@ -18,11 +18,12 @@ namespace {
 struct Panel {
     const char* program;
     QStringList arguments;
-    const char* desktop = nullptr; // whose own settings these are; the others are good anywhere
+    // the desktop environment that these settings belong to; null if they work in any
+    const char* desktop = nullptr;
 };
 
-// Those that somebody installed for their own sake, then those of this desktop, then those of another: of
-// some it takes no more than the program to be there.
+// In order of preference: stand-alone mixers, which somebody installed on purpose, then the settings of the
+// running desktop, then those of others, some of which work without their desktop.
 std::vector<Panel> soundPanels() {
     const QStringList sound = {QStringLiteral("sound")};
     const QStringList kde = {QStringLiteral("kcm_pulseaudio")};

@@ -4,12 +4,13 @@
 
 namespace desktop {
 
-// The desktop's own opener of documents and addresses, and the sound settings of the desktops there are.
+// Opens documents and addresses with the desktop's own handlers, and the sound settings of any common
+// desktop.
 class QtShell : public platform::Shell {
 public:
     void open(base::TextView target) override;
-    // PipeWire's settings, or PulseAudio's, or those of the desktop that runs, or of another: the first that
-    // is installed.
+    // Opens the first installed of: PipeWire's settings, PulseAudio's, those of the running desktop, those of
+    // another one.
     void openSoundSettings() override;
 };
 

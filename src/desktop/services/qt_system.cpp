@@ -38,8 +38,7 @@ base::Text QtSystem::LeggiLocale(int setting) const {
 bool QtSystem::previousInstance() {
     if (place_ >= 0)
         return false;
-    // A name in the kernel's own space of socket names: it goes with the process, however that ends, and
-    // leaves no file.
+    // An abstract socket name: the kernel removes it however the process ends, and it leaves no file.
     const std::string name = "quillmere-" + std::to_string(::getuid()) + '-' +
                              std::to_string(std::hash<base::Text>{}(programFolder_));
     const int place = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
@@ -73,7 +72,7 @@ std::vector<base::Text> QtSystem::screenFonts() const {
 
 void QtSystem::endProcess() {
     end_.emplace();
-    // By way of the loop: the handler may be one of the start, before there is a loop to leave.
+    // Posted, because this may run during the start, before there is an event loop to leave.
     QMetaObject::invokeMethod(
         qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }

@@ -8,7 +8,8 @@
 
 namespace desktop {
 
-// The system around the program: its folder, the user's locale, the one instance, the end of the process.
+// The system around the program: its folder, the user's locale, the single-instance check and the end of the
+// process.
 class QtSystem : public platform::System {
 public:
     QtSystem();
@@ -23,13 +24,13 @@ public:
     std::vector<base::Text> screenFonts() const override;
     void endProcess() override;
 
-    // The page of the user's language.
+    // The code page of the user's language.
     static base::CodePage codePage();
 
 private:
     base::Text programFolder_;
-    int place_ = -1;               // the socket whose name says that this program runs
-    std::optional<EventStop> end_; // from the end of the process on
+    int place_ = -1;               // socket whose name marks the running instance
+    std::optional<EventStop> end_; // set once the process is ending
 };
 
 } // namespace desktop

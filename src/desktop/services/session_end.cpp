@@ -13,12 +13,12 @@ namespace desktop {
 
 namespace {
 
-// A handler of a signal may do next to nothing: it writes a byte into this pipe, which wakes the loop.
+// A signal handler may call hardly any function: it writes a byte into this pipe, which wakes the event loop.
 std::array<int, 2> wakingPipe{-1, -1};
 
 extern "C" void wake(int) {
     const char byte = 0;
-    // A pipe that is full has woken the loop already.
+    // If the pipe is full, the loop has already been woken.
     [[maybe_unused]] const auto written = ::write(wakingPipe[1], &byte, 1);
 }
 
@@ -44,7 +44,7 @@ SessionEnd::SessionEnd(std::function<void()> end, std::function<void()> keep) : 
     connect(
         qGuiApp, &QGuiApplication::commitDataRequest, this, [keep = std::move(keep)] { keep(); },
         Qt::DirectConnection);
-    // Qt ends the process itself when its display goes away, by exit().
+    // When its display connection breaks, Qt ends the process itself by calling exit().
     std::atexit(displayGone);
 }
 
@@ -63,7 +63,7 @@ void SessionEnd::displayGone() {
     if (!current_)
         return;
     current_->signalCame();
-    // Nothing of Qt can be torn down without its display.
+    // Qt objects cannot be destroyed without the display.
     std::_Exit(0);
 }
 

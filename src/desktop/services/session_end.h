@@ -7,12 +7,12 @@ class QSessionManager;
 
 namespace desktop {
 
-// Ends of the program that no window asks for: the signals that ask a process to end, the session manager,
-// and a display that goes away. Each runs one routine, on the loop where there is still one.
+// Handles the ends of the program that no window requests: termination signals, the session manager, and a
+// lost display. Each runs one routine, on the event loop if it still exists.
 class SessionEnd : public QObject {
 public:
-    // `end` keeps what is unsaved and ends the process; it runs once. `keep` only keeps it: the user may
-    // still call the end of the session off.
+    // `end` saves what is unsaved and ends the process; it runs once. `keep` only saves: the user may still
+    // cancel the end of the session.
     SessionEnd(std::function<void()> end, std::function<void()> keep);
     SessionEnd(const SessionEnd&) = delete;
     SessionEnd& operator=(const SessionEnd&) = delete;

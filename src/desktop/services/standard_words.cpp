@@ -14,7 +14,7 @@ QString StandardWords::translate(const char* context, const char* sourceText, co
     if (const auto own = ownWords_.find(base::fromUtf8(sourceText)); own != ownWords_.end())
         return qstring(base::TextView(own->second));
     const QString word = catalogue_.translate(context, sourceText, disambiguation, n);
-    // The catalogues have the kinds of files where Qt asked for them before its version 6.
+    // Since Qt 6, the names of file kinds have a new context; the catalogues still use the old one.
     return word.isNull() && std::string_view(context) == "QAbstractFileIconProvider"
                ? catalogue_.translate("QFileDialog", sourceText, disambiguation, n)
                : word;
@@ -23,7 +23,7 @@ QString StandardWords::translate(const char* context, const char* sourceText, co
 void StandardWords::read(const base::Text& name) const {
     shown_ = name;
     const base::Text stem = folder_.languages(name.substr(0, name.rfind(u'.')));
-    // One that cannot be loaded leaves none.
+    // If it cannot be loaded, there is simply no catalogue.
     static_cast<void>(catalogue_.load(qstring(stem) + QStringLiteral(".qm")));
     ownWords_ = lang::readWordList(stem + u".words");
 }

@@ -9,15 +9,15 @@
 
 namespace desktop {
 
-// Qt's own words (the buttons of boxes, file and colour dialogs, menus of text boxes) in the language of the
-// program. They lie beside the language file under its name: "Italiano.qm", a catalogue of Qt's, and
-// "Svenska.words", a text file in UTF-8 with an English text, a tab and its translation on each line, which
-// goes before the catalogue. A language that has neither speaks English here.
+// Translates Qt's own texts (buttons, file and colour dialogs, context menus) into the program's language.
+// The translations lie beside the language file under its name: "Italiano.qm", a Qt catalogue, and
+// "Svenska.words", a UTF-8 text file with an English text, a tab and its translation on each line. The .words
+// file takes precedence. If a language has neither, these texts are English.
 class StandardWords : public QTranslator {
 public:
-    // `fileLingua` is the name of the language file in use, wherever the program keeps it. Its words are read
-    // when the first of them is needed, so that the start does not wait for them; what is built from then on
-    // follows a change.
+    // `fileLingua` is the name of the current language file, a variable of the program. Its translations are
+    // read when first needed, so that the start does not wait; after a change, new widgets use the new
+    // language.
     StandardWords(const base::Text& fileLingua, base::ProgramFolder folder)
         : fileLingua_(fileLingua), folder_(std::move(folder)) {}
 
@@ -30,10 +30,10 @@ private:
 
     const base::Text& fileLingua_;
     const base::ProgramFolder folder_;
-    // What is read at the first question, which Qt puts to a constant translator, a file dialog's from a
-    // thread of its own.
+    // Guards the members below, which are filled at the first request: Qt calls a const function, and file
+    // dialogs call it on another thread.
     mutable QRecursiveMutex reading_;
-    mutable base::Text shown_; // language file whose words these are
+    mutable base::Text shown_; // language file of the loaded translations
     mutable QTranslator catalogue_;
     mutable lang::WordList ownWords_;
 };
