@@ -12,7 +12,7 @@ namespace desktop {
 namespace {
 
 constexpr double fadedStrength = 0.35;
-constexpr int textMargin = 1;     // pixels: some letters reach over their own width
+constexpr int textMargin = 1;     // pixels: some letters extend beyond their advance width
 constexpr double mostMissing = 4; // pixels
 
 QRect place(const controls::Control& control) {
@@ -20,11 +20,11 @@ QRect place(const controls::Control& control) {
 }
 
 controls::MouseEvent mouseEvent(const QMouseEvent& event, Qt::MouseButtons buttons) {
-    // Qt numbers left, right and middle as the program does.
+    // Qt numbers the left, right and middle buttons as the program does.
     return {static_cast<int>(buttons.toInt() & 7U), twips(event.position().x()), twips(event.position().y())};
 }
 
-// The caption as it is read: a "&" marks a mnemonic and is not shown, "&&" shows one.
+// The caption as displayed: "&" marks a mnemonic and is not shown, "&&" shows one "&".
 QString withoutMnemonics(const base::Text& caption) {
     QString shown;
     for (std::size_t i = 0; i < caption.size(); ++i) {
@@ -35,8 +35,8 @@ QString withoutMnemonics(const base::Text& caption) {
     return shown;
 }
 
-// Lays the text out in lines, as many as the space holds. The last one is cut with an ellipsis; when only a
-// few pixels are missing, its letters move together instead.
+// Breaks text into as many lines as fit. The last line ends with an ellipsis; if only a few pixels are
+// missing, its letter spacing is reduced instead.
 class Lines {
 public:
     Lines(const QString& text, const QFont& font, QSize space) : layout_(text, font), lastFont_(font) {
@@ -58,7 +58,7 @@ public:
     }
 
     double height() const { return height_; }
-    // False when something had to be cut off.
+    // False if text had to be cut off.
     bool whole() const { return lastLine_.isNull(); }
 
     void draw(QPainter& painter, QRect area, controls::Alignment alignment, double top) const {
@@ -70,7 +70,7 @@ public:
             const double left = alignment == controls::Alignment::Left     ? 0
                                 : alignment == controls::Alignment::Centre ? (area.width() - width) / 2
                                                                            : area.width() - width;
-            // On whole pixels: letters between two of them look blurred at this size.
+            // Whole pixels only: between two pixels, letters look blurred at this size.
             const QPointF at(area.left() + std::floor(left), area.top() + std::floor(top));
             if (cut.isEmpty()) {
                 line.draw(&painter, at);
@@ -105,8 +105,8 @@ private:
     int shown_ = 0;
 };
 
-// The longest form of a path that fits: whole, without the end of its folders, or, where the name alone is
-// too long, without the middle of that.
+// The longest form of a path that fits: complete, else without the last of its folders, or, if the name alone
+// is too long, without the middle of the path.
 QString pathThatFits(const QString& path, const QFont& font, QSize space) {
     const auto without = [&](qsizetype kept, const QString& end) {
         return path.left(kept) + QChar(0x2026) + end;
@@ -140,7 +140,7 @@ void ControlView::follow() {
     setGeometry(place(control_));
     if (isHidden() == control_.visible)
         setVisible(control_.visible);
-    // The mouse over a disabled control is over what lies below.
+    // Over a disabled control, the mouse reaches what lies below.
     setAttribute(Qt::WA_TransparentForMouseEvents, !control_.enabled);
     if (const QString tip = qstring(control_.toolTip); tip != toolTip())
         setToolTip(tip);
@@ -187,7 +187,7 @@ void ControlView::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ControlView::mouseDoubleClickEvent(QMouseEvent* event) {
-    mousePressEvent(event); // which the second press of two is as well
+    mousePressEvent(event); // the second press of a double click is a press too
     if (takesMouse())
         control_.DblClick();
 }
@@ -207,8 +207,9 @@ void PictureView::follow() {
 }
 
 void PictureView::paintEvent(QPaintEvent*) {
-    // Not before it is seen: a few are hidden until a file is open, and the start does not wait for them. A
-    // window that comes to a screen of another density is painted anew.
+    // Pictures are loaded when first painted: some stay hidden until a file is open, and the start must not
+    // wait for them. On a screen with another pixel density, the window is repainted and the picture loaded
+    // again.
     if (readFor_ != devicePixelRatioF()) {
         readFor_ = devicePixelRatioF();
         if (QPixmap loaded = loadPicture(shown_, devicePixelRatioF()); !loaded.isNull())

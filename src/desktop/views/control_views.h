@@ -1,4 +1,4 @@
-// What shows one control of a window on the screen, and reports the mouse to it. Each carries the control's
+// Widgets that show the controls of a window's data and report mouse events to them. Each has the control's
 // given name.
 #pragma once
 
@@ -9,15 +9,15 @@
 
 namespace desktop {
 
-// A control's place, visibility, tip and pointer, and its mouse events.
+// Position, visibility, tool tip, pointer and mouse events of a control.
 class ControlView : public QWidget {
 public:
     ControlView(controls::Control& control, QWidget* parent);
 
 protected:
-    // Takes over what changed in the data.
+    // Updates the widget after a change of the data.
     virtual void follow();
-    // False lets the mouse through to the window beneath, as a disabled control does.
+    // If false, mouse events pass to the window below, as for a disabled control.
     virtual bool takesMouse() const { return control_.enabled; }
     void enterEvent(QEnterEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -30,10 +30,10 @@ private:
 
     controls::Control& control_;
     base::Text pointerIcon_;
-    double pointerDensity_ = 0; // of the screen that the pointer was read for
+    double pointerDensity_ = 0; // device pixel ratio that the pointer was loaded for
 };
 
-// A picture, stretched over its place.
+// A picture, stretched to the control's size.
 class PictureView : public ControlView {
 public:
     PictureView(controls::Picture& picture, QWidget* parent);
@@ -41,20 +41,20 @@ public:
 protected:
     void follow() override;
     void paintEvent(QPaintEvent* event) override;
-    // Where the picture goes, in pixels of the control.
+    // Where to paint the picture, in pixels of the control.
     virtual QRect target() const { return rect(); }
-    // How strongly the picture is painted: 1 is fully.
+    // Opacity, from 0 to 1.
     virtual double strength() const { return 1; }
     const QPixmap& pixmap() const { return pixmap_; }
 
 private:
     controls::Picture& picture_;
     base::Text shown_;
-    double readFor_ = 0; // density of the screen that pixmap_ is the picture shown_ for; 0: not read yet
+    double readFor_ = 0; // device pixel ratio that pixmap_ was loaded for; 0: not loaded yet
     QPixmap pixmap_;
 };
 
-// A picture that is pressed: faded while it is not offered.
+// A picture that can be clicked; faded while it is not available.
 class PictureButtonView : public PictureView {
 public:
     PictureButtonView(controls::PictureButton& button, QWidget* parent);
@@ -69,7 +69,7 @@ private:
     bool offered_ = false;
 };
 
-// The fill of a bar: its picture keeps its own size and is cut off at the width of the control.
+// The fill of a bar: keeps the picture's own size and cuts it off at the control's width.
 class FillView : public PictureView {
 public:
     using PictureView::PictureView;
@@ -78,7 +78,7 @@ protected:
     QRect target() const override;
 };
 
-// Text, wrapped and cut to its place.
+// Text, wrapped and shortened to fit the control.
 class LabelView : public ControlView {
 public:
     LabelView(controls::Label& label, QWidget* parent);
@@ -91,7 +91,7 @@ private:
     controls::Label& label_;
     base::Text caption_;
     QString shown_;
-    QSize fittedTo_; // the space that a path was shortened for; none: not yet
+    QSize fittedTo_; // the size that a path was shortened for; empty: not yet
     QFont font_;
     controls::Color color_ = 0;
 };

@@ -23,13 +23,13 @@ namespace desktop {
 namespace {
 
 constexpr int largestIconAtStart = 64; // pixels, enough for title bars
-constexpr int frameAwaited = 50;       // ms between two looks at the frame of a window that is new
+constexpr int frameAwaited = 50;       // ms between two queries for the frame of a new window
 constexpr int frameTries = 40;
 constexpr int frameSettles = 200; // ms
 constexpr auto heldState = Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen;
 
-// The paths of the local files among what is dragged; web addresses and texts are none. Qt's own addresses
-// would lose the bytes of a name that is no UTF-8.
+// The paths of the local files in dragged data, without web addresses and texts. Parsed here because QUrl
+// would lose bytes of names that are not valid UTF-8.
 std::vector<base::Text> localFiles(const QMimeData& dragged) {
     std::vector<base::Text> paths;
     for (const QByteArray& line : dragged.data(QStringLiteral("text/uri-list")).split('\n')) {
@@ -37,7 +37,7 @@ std::vector<base::Text> localFiles(const QMimeData& dragged) {
         if (!path.startsWith("file:"))
             continue;
         path.remove(0, 5);
-        if (path.startsWith("//")) // and a host, which is this one
+        if (path.startsWith("//")) // with a host, which is this one
             path.remove(0, path.indexOf('/', 2));
         if (path.startsWith('/'))
             paths.push_back(base::fromUtf8(QByteArray::fromPercentEncoding(path).toStdString()));
@@ -45,7 +45,7 @@ std::vector<base::Text> localFiles(const QMimeData& dragged) {
     return paths;
 }
 
-// What the frame of the last window of this kind added, a guess before the first.
+// The frame size of the last window of this kind; initially a guess.
 QSize& usualFrame(FormWindow::Size size) {
     static QSize fixed(8, 30);
     static QSize sizable(8, 30);
@@ -102,8 +102,8 @@ void FormWindow::follow() {
 void FormWindow::followVisibility() {
     if (isHidden() != form_.visible)
         return;
-    // Until the loop runs a window is not shown: the start may still move it, or take it away again, and a
-    // window manager that has not placed it yet gets the place wrong.
+    // Before the event loop runs, nothing is shown: the start may still move or hide the window, and a window
+    // manager that has not placed it yet would position it wrongly.
     if (!form_.visible)
         hide();
     else if (QThread::currentThread()->loopLevel() == 0)
@@ -117,11 +117,11 @@ void FormWindow::showInPlace() {
     if (!form_.visible)
         return;
     QWindow* const handle = windowHandle();
-    // A hidden window has lost its frame, and Qt takes a new place for that of the contents: the window would
-    // come back higher by its title bar.
+    // A hidden window has lost its frame, and Qt takes a new position for that of the contents: the window
+    // would reappear higher by its title bar.
     const bool resized = size_ == Size::Sizable && size() != place_.size() - frame_;
     if (handle && resized)
-        handle->destroy(); // one that is made anew stands right
+        handle->destroy(); // a newly created native window appears at the right position
     else if (handle && form_.windowState == controls::WindowState::Normal)
         beginUnminimised(*handle);
     takeSize();
@@ -146,16 +146,16 @@ void FormWindow::followIcon() {
 void FormWindow::followTopmost() {
     if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) == form_.topmost)
         return;
-    // Through the window's own handle: the widget's way of it would hide the window for a moment. The widget
-    // has to know all the same, for it is what tells whether there is something to change.
+    // Set on the native window: changing the widget's flags would hide the window briefly. The widget's flags
+    // are updated too, because they tell whether there is a change.
     overrideWindowFlags(windowFlags().setFlag(Qt::WindowStaysOnTopHint, form_.topmost));
     if (QWindow* const handle = windowHandle())
         handle->setFlag(Qt::WindowStaysOnTopHint, form_.topmost);
 }
 
 void FormWindow::followPlace() {
-    // Against what was asked for or reported last, not against where the window stands: while a window
-    // manager is about to place it, that is nowhere yet.
+    // Compare with the last requested or reported position, not with the actual one, which is undefined until
+    // the window manager has placed the window.
     const QRect wanted(pixels(form_.left), pixels(form_.top), pixels(form_.width), pixels(form_.height));
     const QRect before = std::exchange(place_, wanted);
     if (wanted.topLeft() != before.topLeft())
@@ -192,15 +192,15 @@ void FormWindow::learnFrame(QSize told) {
     usualFrame(size_) = told;
     const bool wrong = !std::exchange(frameKnown_, true) && !more.isNull();
     if (wrong) {
-        // Not at once: what the window manager still has to tell of the new windows is about their first
-        // places, and would undo it.
+        // Deferred: the window manager's pending events refer to the initial positions of the new windows and
+        // would undo the correction.
         correcting_ = size_ == Size::Sizable;
         QTimer::singleShot(frameSettles, this, [this, more] { correctGuess(more); });
     }
     reportSize();
 }
 
-// The window was laid out for a frame that is smaller by this.
+// Corrects a window that was laid out for a frame smaller by `more`.
 void FormWindow::correctGuess(QSize more) {
     correcting_ = false;
     if (size_ == Size::Fixed)
@@ -211,7 +211,8 @@ void FormWindow::correctGuess(QSize more) {
         reportSize();
 }
 
-// Some window managers tell of the frame behind the last event of the showing.
+// Some window managers report the frame only after the last event of showing the window. Checks again `tries`
+// times.
 void FormWindow::awaitFrame(int tries) {
     QTimer::singleShot(frameAwaited, this, [this, tries] {
         if (frameKnown_ || !isVisible())
@@ -257,7 +258,7 @@ void FormWindow::changeEvent(QEvent* event) {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
-    // The data says whether the window goes away.
+    // The program decides whether the window closes.
     event->ignore();
     form_.Unload();
 }
@@ -276,7 +277,7 @@ void FormWindow::dropEvent(QDropEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
-    // An Escape that is held when it has closed a box goes on here, where it would end the program.
+    // Ignores repeats: an Escape that has closed a dialog and is still held would end the program.
     if (!runShortcutByPlace(*this, *event) && !event->isAutoRepeat())
         report(form_.KeyDown, *event);
 }

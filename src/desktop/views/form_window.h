@@ -8,23 +8,23 @@ class QEventLoop;
 
 namespace desktop {
 
-// A window of the program on the screen. Its caption, icon, place and visibility follow the data; the data
-// follows what the user and the window manager do to it.
+// A top-level window of the program. Caption, icon, position and visibility follow the data, and changes by
+// the user and the window manager are written back to the data.
 class FormWindow : public QWidget {
 public:
-    // A sizable window takes its size from the data; any other keeps the size of what is laid out in it.
+    // A sizable window takes its size from the data; a fixed one has the size of its contents.
     enum class Size { Fixed, Sizable };
 
-    // `buttons` are those of the title bar.
+    // `buttons` of the title bar.
     FormWindow(controls::Window& form, Size size, Qt::WindowFlags buttons);
 
-    // Offers the large icons too, for docks and window lists: a moment for when the start is over.
+    // Adds the large icons for docks and window lists; slow, so call it after the start.
     void completeIcon();
 
 protected:
-    // To be called when the contents are laid out: the window takes its place, and shows itself if it is to.
+    // Call once the contents are laid out: positions the window and shows it if the data says so.
     void begin();
-    // Takes over what changed in the data.
+    // Updates the window after a change of the data.
     virtual void follow();
 
     void changeEvent(QEvent* event) override;
@@ -45,10 +45,10 @@ private:
     void followTopmost();
     void followPlace();
     void reportState();
-    // Tells the data where the window stands and how large its frame is.
+    // Writes the window's position and frame size to the data.
     void reportPlace();
     void reportSize();
-    // `told` is what the frame adds to the window's size.
+    // `told`: what the frame adds to the window's size.
     void learnFrame(QSize told);
     void correctGuess(QSize more);
     void awaitFrame(int tries);
@@ -56,13 +56,13 @@ private:
 
     controls::Window& form_;
     Size size_;
-    QRect place_; // of the frame, as asked for or reported last
-    QSize frame_; // what the frame adds; the usual one as long as the window manager has not told
+    QRect place_; // including the frame, as last requested or reported
+    QSize frame_; // size added by the frame; a guess until the window manager reports it
     base::Text shownIcon_;
-    QEventLoop* modal_ = nullptr; // the loop that waits for a modal window
-    bool frameKnown_ = false;     // the window manager has told
-    bool correcting_ = false;     // the size in the data is what the window is to have
-    bool reporting_ = false;      // the data follows the window now, not the other way round
+    QEventLoop* modal_ = nullptr; // event loop of a modal window
+    bool frameKnown_ = false;     // the window manager has reported the frame
+    bool correcting_ = false;     // the window is about to take the size from the data
+    bool reporting_ = false;      // the window is updating the data, not vice versa
 };
 
 } // namespace desktop

@@ -31,7 +31,7 @@ QStringList strings(const std::vector<base::Text>& texts) {
     return list;
 }
 
-// What every control has, taken over by its widget now and at every change.
+// Applies the properties that all controls have.
 void followControl(const controls::Control& control, QWidget& view) {
     view.setGeometry(pixels(control.left), pixels(control.top), pixels(control.width),
                      pixels(control.height));
@@ -42,7 +42,8 @@ void followControl(const controls::Control& control, QWidget& view) {
         view.setToolTip(tip);
 }
 
-// Names the widget and keeps it after its control; `follow` takes over what only this kind of control has.
+// Names the widget and keeps it in sync with its control; `follow` applies the properties specific to this
+// kind of control.
 template <typename View, typename Data, typename Follow>
 void tie(View& view, Data& control, Follow follow) {
     view.setObjectName(qstring(control.name));
@@ -63,8 +64,8 @@ void takeFocus(QWidget& view) {
     view.setFocus();
 }
 
-// Cuts what comes in at its first line break: a box of one line would keep it in its text, out of sight. What
-// came in ends at the caret.
+// Cuts input at its first line break: a one-line box would keep the rest as invisible text. The caret is at
+// the end of the new input.
 class OneLine : public QValidator {
 public:
     using QValidator::QValidator;
@@ -79,7 +80,7 @@ public:
     }
 };
 
-// A line of text that leaves what is dropped on it to the program, where the program wants it.
+// A line edit that passes dropped text to the program if the program handles it.
 class DropLine : public QLineEdit {
 public:
     explicit DropLine(controls::ComboBox& box) : box_(box) { setValidator(new OneLine(this)); }
@@ -95,7 +96,7 @@ protected:
         } else {
             event->accept();
             QString dropped = event->mimeData()->text();
-            // Programs here end a line in any way; ours end it in one.
+            // Normalises line ends to the program's CR LF.
             dropped.replace(QLatin1String("\r\n"), QLatin1String("\n"))
                 .replace(u'\r', u'\n')
                 .replace(u'\n', QLatin1String("\r\n"));
@@ -105,8 +106,8 @@ protected:
     }
 
 private:
-    // What is proposed for a text is to move it, and the box is no place to move it to: it would be gone from
-    // the transcript.
+    // The proposed action for text is a move, which would remove it from the transcript; the box takes a
+    // copy.
     void copyFromElsewhere(QDropEvent& event) const {
         if (event.source() != this)
             event.setDropAction(Qt::CopyAction);
@@ -115,8 +116,8 @@ private:
     controls::ComboBox& box_;
 };
 
-// While its list is open the list has the keys. Qt closes it before it looks for a shortcut, so that the
-// window would take the same Escape or Enter for its button.
+// While its list is open, the list handles the keys. Otherwise Qt closes it before it looks for a shortcut,
+// and the same Escape or Enter would also press a button of the window.
 class ComboView : public QComboBox {
 public:
     using QComboBox::QComboBox;
@@ -156,7 +157,7 @@ private:
     controls::ListBox& list_;
 };
 
-// Enter presses the button that has the keyboard, as the space bar does.
+// Enter presses the focused button, like the space bar.
 class ButtonView : public QPushButton {
 public:
     using QPushButton::QPushButton;
@@ -171,7 +172,7 @@ protected:
     }
 };
 
-// A key of the whole window, beside the mnemonic of the button's caption.
+// Adds a window-wide key, in addition to the mnemonic in the button's caption.
 template <typename Press>
 void pressWith(QPushButton& button, Qt::Key key, Press press) {
     QObject::connect(new QShortcut(key, &button), &QShortcut::activated, &button, press);
@@ -234,7 +235,7 @@ QLineEdit* addView(controls::TextBox& box, QWidget& parent) {
     });
     box.setFocus = [view] { takeFocus(*view); };
     QObject::connect(view, &QLineEdit::textEdited, view, [&box](const QString& typed) {
-        // The selection is the user's from here on.
+        // From here on, the user controls the selection.
         box.selLength = 0;
         box.text = text(typed);
         box.Change();

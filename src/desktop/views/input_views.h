@@ -1,5 +1,5 @@
-// The boxes and buttons of a window's data, shown by the desktop's own widgets. Each carries the control's
-// given name; its parent owns it. The text of a caption may have a "&" before its mnemonic.
+// Creates standard widgets for the input controls of a window. Each has the control's given name and is owned
+// by its parent. "&" in a caption marks its mnemonic.
 #pragma once
 
 #include "controls/controls.h"

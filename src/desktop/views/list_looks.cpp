@@ -12,7 +12,7 @@ namespace desktop {
 namespace {
 
 constexpr QSize leastButton(92, 26); // pixels
-constexpr int besideCaption = 14;    // pixels
+constexpr int besideCaption = 14;    // pixels on each side of the caption
 constexpr QColor teal(0x0E, 0x7C, 0x86);
 constexpr QColor grey(0x5B, 0x67, 0x7A);
 constexpr QColor rim(0xBC, 0xD9, 0xDC);

@@ -1,4 +1,4 @@
-// What windows with a list and buttons below it have in common.
+// Shared look of the windows with a list and buttons below it.
 #pragma once
 
 #include "controls/controls.h"
@@ -15,32 +15,33 @@ class QStyleOptionViewItem;
 
 namespace desktop {
 
-inline constexpr int edge = 10;      // pixels between the window's edge and what is in it, and between that
-inline constexpr int rowMargin = 8;  // pixels beside the text of a row
-inline constexpr int rowPadding = 5; // pixels above and below it
+inline constexpr int edge = 10;      // pixels between window edge and contents, and between the controls
+inline constexpr int rowMargin = 8;  // pixels left and right of a row's text
+inline constexpr int rowPadding = 5; // pixels above and below a row's text
 
-// The ink of a row.
+// Text colours of a row.
 struct RowColors {
     QColor text;
-    QColor accent; // of what leads the eye, as a time
-    QColor faint;  // of what comes second
+    QColor accent; // for what leads the eye, such as a time
+    QColor faint;  // for secondary text
 };
 
-// Fills the row: the chosen one, or one of two grounds by turns.
+// Fills the background of a row, either selected or in one of two alternating colours, and returns the text
+// colours for it.
 RowColors paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, int row);
 
-// The thin frame of the skin.
+// Sets the skin's thin frame.
 void frame(QFrame& box);
-// The same for a list, which has no bar below.
+// The same for a list, which gets no horizontal scroll bar.
 void framedList(QListView& list);
 
-// At least as wide as the other buttons of the program, wider where the caption asks for it.
+// The common button size, wider if the caption needs it.
 QSize buttonSize(const QPushButton& button);
 
-// The text with places to break a line inside of its paths.
+// Adds line-break opportunities within paths.
 QString breakable(QString text);
 
-// Moves the control to this place in the window, in pixels; its view follows.
+// Moves the control to this place in the window, in pixels; its widget follows.
 void putIn(controls::Control& control, const QRect& place);
 
 } // namespace desktop

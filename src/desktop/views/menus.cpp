@@ -13,7 +13,7 @@ namespace desktop {
 namespace {
 
 constexpr base::TextView separatorCaption = u"-";
-constexpr qsizetype longestCaption = 90; // characters; a longer one, a path, is shown without its middle
+constexpr qsizetype longestCaption = 90; // characters; the middle of a longer one, a path, is left out
 
 QString shown(const base::Text& caption) {
     QString whole = qstring(base::TextView(caption));
@@ -23,12 +23,13 @@ QString shown(const base::Text& caption) {
 }
 
 void follow(QAction& action, const controls::MenuItem& item) {
-    // Qt would write the text of a separator beside its line.
+    // Qt would draw a separator's text beside its line.
     if (!action.isSeparator())
         action.setText(shown(item.caption));
     action.setEnabled(item.offered());
     action.setVisible(item.visible);
-    // A mark appears only where there is one: the program tells no other way which items can carry it.
+    // An item becomes checkable when it is first checked: the data does not say otherwise which items can
+    // carry a mark.
     if (item.checked)
         action.setCheckable(true);
     action.setChecked(item.checked);
@@ -40,7 +41,7 @@ void addItem(QWidget& menu, controls::MenuItem& item) {
     action->setSeparator(item.caption.get() == separatorCaption);
     action->setShortcut(QKeySequence::fromString(qstring(item.shortcut)));
     action->setAutoRepeat(item.repeats);
-    // The command of the program sets the mark, if it does at all; Qt's own toggle must not run ahead of it.
+    // The program's command sets the mark, if at all; this undoes Qt's automatic toggle.
     QObject::connect(action, &QAction::triggered, action, [action, &item] {
         if (item.offered())
             item.Click();
@@ -71,7 +72,7 @@ MenuBar::MenuBar(const std::vector<controls::MenuItem*>& menus, QWidget* parent)
 }
 
 void MenuBar::paintEvent(QPaintEvent* event) {
-    // The style would draw the line item by item, with gaps on fine screens.
+    // Drawn as one line: the style would draw it for each item, with gaps on high-density screens.
     QMenuBar::paintEvent(event);
     QPainter painter(this);
     painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(0xE3, 0xE8, 0xEB));

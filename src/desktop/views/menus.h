@@ -8,8 +8,8 @@
 
 namespace desktop {
 
-// The menu bar of a window, with one line below it. Each item is an action under its given name that follows
-// its data; one without items of its own is a command on the bar.
+// The menu bar of a window, with a line below it. Each item is an action with its given name that follows its
+// data; an item without subitems is a command on the bar itself.
 class MenuBar : public QMenuBar {
 public:
     MenuBar(const std::vector<controls::MenuItem*>& menus, QWidget* parent);
@@ -18,9 +18,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-// Runs the command of the window's menus whose shortcut has its letter at the place of this key, which is one
-// of another script: Qt itself finds a shortcut by the letters of the user's layouts only. False when there
-// is none.
+// Runs the menu command whose shortcut letter lies on the physical key of this event, for a keyboard layout
+// of another script: Qt itself matches only letters of the user's layouts. Returns false if there is none.
 bool runShortcutByPlace(const QWidget& window, const QKeyEvent& event);
 
 } // namespace desktop

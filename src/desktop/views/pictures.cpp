@@ -9,7 +9,7 @@ namespace desktop {
 namespace {
 
 constexpr QSize pointerSize(32, 32);
-constexpr QPoint fingerTip(12, 2); // pixels of the pointer picture; an icon file cannot tell it
+constexpr QPoint fingerTip(12, 2); // pixels; icon files cannot store a hot spot
 
 } // namespace
 

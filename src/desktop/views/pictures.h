@@ -8,15 +8,15 @@
 
 namespace desktop {
 
-// The picture file at this path, in its variant of twice the size ("name@2x.jpg") where the screen is finer
-// than 1 and there is one. Null when it cannot be read.
+// Loads the picture at this path; on a high-density screen, its double-size variant ("name@2x.jpg") if there
+// is one. A null pixmap if it cannot be read.
 QPixmap loadPicture(base::TextView path, double devicePixelRatio);
 
-// The icon in this file, with those of its pictures that are at most `largest` pixels wide.
+// Loads an icon file, without pictures wider than `largest` pixels.
 QIcon loadIcon(base::TextView path, int largest);
 
-// The pointer drawn in this icon file, with its hot spot at the finger tip; the usual arrow when it cannot be
-// read.
+// Loads a mouse pointer from an icon file, with its hot spot at the finger tip; the standard arrow if it
+// cannot be read.
 QCursor loadPointer(base::TextView path, double devicePixelRatio);
 
 } // namespace desktop

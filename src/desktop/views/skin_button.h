@@ -5,8 +5,8 @@ class QStyleOptionButton;
 
 namespace desktop {
 
-// Paints the ground of a button with words as a tile of the skin: lit under the mouse, with a stronger rim
-// where Enter presses it.
+// Paints the background of a text button as a tile of the skin: brighter under the mouse, with a stronger
+// outline if Enter presses it.
 void paintButtonTile(const QStyleOptionButton& button, QPainter& painter);
 
 } // namespace desktop
