@@ -14,13 +14,13 @@ const QColor ink(0x1F, 0x2A, 0x44);
 const QColor slate(0x3B, 0x48, 0x62);
 const QColor teal(0x0E, 0x7C, 0x86);
 
-// The lines of the panel's picture that are free for the credits, in pixels.
+// The vertical space on the panel picture for the credits, in pixels.
 constexpr int firstLine = 80;
 constexpr int lastLine = 224;
 constexpr int tallestLine = 18;
 constexpr int letterSize = 11;
-constexpr int frame = 16; // ms: no screen shows the ticks in between
-// Where each column begins; the last one ends at the same distance from the edge as the first begins.
+constexpr int frame = 16; // ms; no screen shows the ticks in between
+// Left edge of each column, in pixels; the right margin equals the left one.
 constexpr int nameColumn = 34;
 constexpr int versionColumn = 166;
 constexpr int licenceColumn = 226;
@@ -87,8 +87,8 @@ void CreditsView::paintEvent(QPaintEvent*) {
         panelDensity_ = density;
     }
     shownTop_ = panelTop();
-    // In pixels of the screen, so that the panel is copied and not drawn at a scale, and no pixel is painted
-    // twice: while it scrolls it is painted at every frame.
+    // Painted in device pixels, so that the panel is copied without scaling and no pixel is painted twice:
+    // while scrolling, this runs for each frame.
     QPainter painter(this);
     painter.setWorldTransform(QTransform::fromScale(1 / density, 1 / density));
     const QRect whole(QPoint(0, 0), size() * density);

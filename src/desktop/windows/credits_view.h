@@ -7,9 +7,8 @@
 
 namespace desktop {
 
-// The well of the about box with the panel of credits that scrolls through it. The panel is drawn once for
-// each density of screen and then only laid at its place, on whole pixels of the screen, so that its letters
-// stay crisp.
+// The scrolling credits of the about box. The panel is drawn once for each screen density and then copied to
+// its position, on whole device pixels, so that the text stays crisp.
 class CreditsView : public ControlView {
 public:
     CreditsView(outside::FrmInformazioni& form, QWidget* parent);
@@ -19,13 +18,13 @@ protected:
 
 private:
     void followPanel();
-    // Where the panel's upper edge lies, in pixels of the screen.
+    // The y coordinate of the panel's upper edge, in device pixels.
     int panelTop() const;
     QPixmap drawPanel() const;
 
     outside::FrmInformazioni& form_;
     QPixmap panel_;
-    double panelDensity_ = 0; // of the screen that it was drawn for
+    double panelDensity_ = 0; // device pixel ratio that panel_ was drawn for
     int shownTop_;
     QTimer nextFrame_;
 };

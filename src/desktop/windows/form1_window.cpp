@@ -15,7 +15,7 @@ namespace desktop {
 
 namespace {
 
-// The skin with all controls on it; it reports the mouse beside them.
+// The skin with all controls on it; reports mouse moves between the controls.
 class SkinView : public QWidget {
 public:
     SkinView(player::Form1& form, QWidget* parent) : QWidget(parent), form_(form) {
@@ -32,7 +32,7 @@ protected:
     }
 
 private:
-    // Qt's parent owns them all; the one added last lies on top.
+    // All are owned by their Qt parent; the last one added is on top.
     void add(controls::Control& control) { new ControlView(control, this); }
     void add(controls::Picture& picture) { new PictureView(picture, this); }
     void add(controls::Fill& fill) { new FillView(fill, this); }
@@ -49,7 +49,7 @@ controls::Box areaOf(const controls::Control& window) {
         return part.width() * part.height();
     };
     const QList<QScreen*> screens = QGuiApplication::screens();
-    // The first one where there is none to choose between.
+    // The first screen if the window is on none.
     const QScreen* const screen = *std::max_element(screens.begin(), screens.end(),
                                                     [&](auto* a, auto* b) { return shown(a) < shown(b); });
     const QRect area = screen->availableGeometry();
@@ -64,7 +64,7 @@ Form1Window::Form1Window(player::Form1& form)
     white.setColor(QPalette::Window, Qt::white);
     setPalette(white);
 
-    // No control on the skin takes the keyboard: without this the menu bar would keep it for good.
+    // No control on the skin accepts the focus: without this, the menu bar would keep it.
     setFocusPolicy(Qt::StrongFocus);
     setFocus();
 

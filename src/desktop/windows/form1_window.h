@@ -9,8 +9,7 @@ namespace desktop {
 
 class VideoScreen;
 
-// Shows the player window and reports what the user does to it. Its skin keeps its size; above it lies the
-// menu bar.
+// Shows the player window and reports user input: a skin of fixed size with the menu bar above it.
 class Form1Window : public FormWindow {
 public:
     explicit Form1Window(player::Form1& form);
@@ -21,7 +20,7 @@ private:
 
     player::Form1& form_;
     std::unique_ptr<VideoScreen> video_;
-    bool waiting_ = false; // the hourglass on the screen is this window's; a drag has a pointer of its own
+    bool waiting_ = false; // the wait cursor was set by this window; a drag has a cursor of its own
 };
 
 } // namespace desktop

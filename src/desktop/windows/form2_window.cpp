@@ -20,7 +20,7 @@ const QColor ruleColor(0xC8, 0xCE, 0xD4);
 const QColor hoverColor(0x80, 0x80, 0x80);
 constexpr double corner = 4; // pixels
 
-// The rule under the buttons.
+// The line below the buttons.
 class RuleView : public ControlView {
 public:
     using ControlView::ControlView;
@@ -29,7 +29,7 @@ protected:
     void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), ruleColor); }
 };
 
-// The mark of the button under the mouse: an outline that lets the mouse through.
+// The outline of the button under the mouse; transparent to mouse events.
 class MarkView : public ControlView {
 public:
     MarkView(controls::Control& control, QWidget* parent) : ControlView(control, parent) {
@@ -49,7 +49,7 @@ protected:
     }
 };
 
-// The sheet that the text lies on.
+// The white sheet behind the text.
 class SheetView : public ControlView {
 public:
     using ControlView::ControlView;
@@ -62,15 +62,15 @@ protected:
     }
 };
 
-// The inside of the window, with all controls on it; it reports the mouse beside them.
+// The client area with all controls on it; reports mouse moves between the controls.
 class EditorSurface : public QWidget {
 public:
     EditorSurface(editor::Form2& form, QWidget* parent) : QWidget(parent), form_(form) {
         setObjectName(QStringLiteral("surface"));
         setMouseTracking(true);
-        // A window that is cut at the end of the screen can still be taken hold of.
+        // A window that is cut off at the screen's edge can still be grabbed.
         setMinimumSize(leastWidth, leastHeight);
-        // Qt's parent owns them all; the one added last lies on top.
+        // All are owned by their Qt parent; the last one added is on top.
         new PictureView(form.Image1, this);
         new RuleView(form.Line1, this);
         new SheetView(form.Label1, this);
@@ -96,7 +96,7 @@ protected:
 private:
     static constexpr int leastWidth = 120; // pixels
     static constexpr int leastHeight = 20; // pixels
-    static constexpr int listLength = 21;  // entries of an open list, all sizes at once
+    static constexpr int listLength = 21;  // visible entries of an open list: all sizes at once
 
     editor::Form2& form_;
 };
@@ -126,7 +126,7 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
 }
 
 void Form2Window::keyPressEvent(QKeyEvent* event) {
-    // A box that has the keyboard leaves some keys alone, Escape for one; the window gets none of them.
+    // A focused control leaves some keys unhandled, such as Escape; the window must not handle them either.
     if (isAncestorOf(QApplication::focusWidget()))
         event->accept();
     else
@@ -135,7 +135,7 @@ void Form2Window::keyPressEvent(QKeyEvent* event) {
 
 void Form2Window::showEvent(QShowEvent* event) {
     FormWindow::showEvent(event);
-    // Qt lets the keyboard wander to another control while the window is hidden.
+    // While the window is hidden, Qt moves the focus to another control.
     text_.setFocus();
 }
 

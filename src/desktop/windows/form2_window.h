@@ -7,10 +7,10 @@ namespace desktop {
 
 class RichTextEdit;
 
-// Shows the editor: the menu bar, the strip of buttons, and the text in its frame.
+// Shows the editor: the menu bar, the tool bar and the text in its frame.
 class Form2Window : public FormWindow {
 public:
-    // The text outlives the window.
+    // `text` must outlive the window.
     Form2Window(editor::Form2& form, RichTextEdit& text);
     ~Form2Window() override;
 

@@ -14,8 +14,8 @@ namespace desktop {
 namespace {
 
 constexpr int rowHeight = 21;    // pixels
-constexpr int leastWidth = 160;  // pixels of the window: both buttons
-constexpr int margin = 7;        // pixels beside a text
+constexpr int leastWidth = 160;  // minimum width of the window in pixels: both buttons
+constexpr int margin = 7;        // pixels left and right of a text
 constexpr int leastGap = 2;      // pixels above and below the buttons
 constexpr double buttonGap = 60; // twips between the buttons
 constexpr int gap = 14;          // pixels between the columns
@@ -23,8 +23,8 @@ constexpr qsizetype timeLength = 8;
 constexpr QColor teal(0x0E, 0x7C, 0x86);
 constexpr QColor rim(0xBC, 0xD9, 0xDC);
 
-// One row: the time in a column as wide as any time, the name cut to the room that is left. A row that begins
-// with no time is shown as it is.
+// One row: the time in a column of fixed width, then the name, shortened to fit. A row that does not begin
+// with a time is shown unchanged.
 class BookmarkRow : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -58,7 +58,7 @@ public:
 
 Form3Window::Form3Window(bookmarks::Form3& form)
     : FormWindow(form, Size::Sizable, Qt::WindowCloseButtonHint), form_(form) {
-    // It comes up beside the typing, which keeps the keyboard.
+    // The window appears while the user types; it must not take the focus.
     setAttribute(Qt::WA_ShowWithoutActivating);
     QPalette white = palette();
     white.setColor(QPalette::Window, Qt::white);

@@ -5,7 +5,7 @@
 
 namespace desktop {
 
-// Shows the window of the bookmarks: its rows have a column of times and one of names.
+// Shows the bookmarks window: each row has a time and a name.
 class Form3Window : public FormWindow {
 public:
     explicit Form3Window(bookmarks::Form3& form);
@@ -14,8 +14,8 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    // The places of the data are made for one frame; here the edges are those of the window, whatever frame
-    // it has, and a low window has its buttons in the middle of the room below the list.
+    // Adapts the layout of the data, made for one frame size, to the real size of the window. In a low window
+    // the buttons are centred in the space below the list.
     void align();
 
     bookmarks::Form3& form_;

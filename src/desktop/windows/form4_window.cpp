@@ -20,11 +20,10 @@ Form4Window::Form4Window(dictation::Form4& form)
     new PictureView(form.Image1, ground);
     new LabelView(form.Label1, ground);
     addView(form.Text1, *ground);
-    // In the order of the tab key. Enter presses the button that has the keyboard, and the first from
-    // anywhere else.
+    // In tab order. Enter presses the focused button, or the first one if no button has the focus.
     for (controls::CommandButton* const button : {&form.Command1, &form.Command2})
         addView(*button, *ground)
-            ->setAutoDefault(false); // the first would give its rim away with the keyboard
+            ->setAutoDefault(false); // otherwise the default outline would move with the focus
     begin();
 }
 

@@ -5,7 +5,7 @@
 
 namespace desktop {
 
-// Shows the input dialog: a prompt, a line of text and two buttons on a picture.
+// Shows the input dialog: a prompt, a text box and two buttons on a picture.
 class Form4Window : public FormWindow {
 public:
     explicit Form4Window(dictation::Form4& form);

@@ -13,7 +13,7 @@ namespace desktop {
 
 namespace {
 
-// The inside of the window, with all controls on it. Qt's parent owns them; the one added last lies on top.
+// The client area with all controls on it. All are owned by their Qt parent; the last one added is on top.
 class RecorderSurface : public QWidget {
 public:
     RecorderSurface(recorder::FrmAudioRec& form, QWidget* parent) : QWidget(parent) {

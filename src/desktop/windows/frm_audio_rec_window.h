@@ -5,7 +5,7 @@
 
 namespace desktop {
 
-// Shows the recorder's window and reports what the user does to it.
+// Shows the recorder window and reports user input.
 class FrmAudioRecWindow : public FormWindow {
 public:
     explicit FrmAudioRecWindow(recorder::FrmAudioRec& form);

@@ -20,9 +20,9 @@ namespace {
 const QColor ruleColor(0xC8, 0xCE, 0xD4);
 constexpr double corner = 4;      // pixels
 constexpr int captionIndent = 10; // pixels from the frame's left to its caption
-constexpr int captionGap = 5;     // pixels of the line left out at either side of the caption
+constexpr int captionGap = 5;     // pixels of the line left out on each side of the caption
 
-// A rounded frame with a caption on its upper line.
+// A rounded frame with a caption on its upper edge.
 class FrameView : public ControlView {
 public:
     FrameView(controls::Label& frame, QWidget* parent) : ControlView(frame, parent), frame_(frame) {}
@@ -54,7 +54,7 @@ private:
     controls::Label& frame_;
 };
 
-// A box that holds whatever is pasted, and is typed over when the window comes up.
+// Adds a box without a length limit, whose text is selected when it gets the focus.
 void addBox(controls::ComboBox& box, QWidget& parent) {
     QComboBox* const view = addView(box, parent);
     view->lineEdit()->setMaxLength(std::numeric_limits<int>::max());
@@ -76,7 +76,7 @@ FrmFindWindow::FrmFindWindow(editor::FrmFind& form)
     auto* const surface = new QWidget(this);
     surface->setFixedSize(pixels(editor::FrmFind::clientWidth), pixels(editor::FrmFind::clientHeight));
     layout->addWidget(surface);
-    // The keyboard goes from one to the next in this order.
+    // In tab order.
     new LabelView(form.lblFind, surface);
     addBox(form.cboFind, *surface);
     new LabelView(form.lblReplace, surface);

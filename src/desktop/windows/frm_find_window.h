@@ -5,7 +5,7 @@
 
 namespace desktop {
 
-// Shows find and replace: a small window over all others.
+// Shows the find and replace dialog, which stays above all other windows.
 class FrmFindWindow : public FormWindow {
 public:
     explicit FrmFindWindow(editor::FrmFind& form);

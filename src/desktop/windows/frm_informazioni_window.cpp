@@ -16,7 +16,7 @@ const QColor frameColor(0xCF, 0xE3, 0xE5);
 const QColor frameGround(0xF8, 0xFC, 0xFC);
 constexpr double frameCorner = 5; // pixels
 
-// The frame around the address and the rights.
+// The frame around the address and the copyright notice.
 class FrameView : public ControlView {
 public:
     using ControlView::ControlView;
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-// The inside of the window with all controls on it. It reports a click beside them.
+// The client area with all controls on it; reports clicks between the controls.
 class AboutSurface : public QWidget {
 public:
     AboutSurface(outside::FrmInformazioni& form, QWidget* parent) : QWidget(parent), form_(form) {
@@ -50,7 +50,7 @@ protected:
     }
 
 private:
-    // Qt's parent owns them all; the one added last lies on top.
+    // All are owned by their Qt parent; the last one added is on top.
     void add(controls::Control& control) { new FrameView(control, this); }
     void add(controls::Picture& picture) { new PictureView(picture, this); }
     void add(controls::Label& label) { new LabelView(label, this); }

@@ -8,8 +8,8 @@ class QPushButton;
 
 namespace desktop {
 
-// Shows the list of what happened: a column of times, a column of sentences that take as many lines as they
-// need, and a button below.
+// Shows the list of what happened: a column of times, a column of sentences that wrap as needed, and a button
+// below.
 class NoticesWindow : public FormWindow {
 public:
     explicit NoticesWindow(safety::NoticesWindow& form);

@@ -12,7 +12,7 @@ namespace {
 
 xcb_window_t make(xcb_connection_t* connection, xcb_window_t parent) {
     const xcb_window_t window = xcb_generate_id(connection);
-    // No window manager takes care of it, not even while it lies in no window of the program.
+    // Override-redirect: the window manager ignores it, even while it is in no window of the program.
     constexpr std::uint32_t values[] = {0, 1};
     xcb_create_window(connection, XCB_COPY_FROM_PARENT, window, parent, 0, 0, 1, 1, 0,
                       XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT,
@@ -20,8 +20,8 @@ xcb_window_t make(xcb_connection_t* connection, xcb_window_t parent) {
     return window;
 }
 
-// Waits until the X server has carried out what it was asked for. The player speaks to it on a connection of
-// its own, on which a window that was only asked for does not exist yet.
+// Waits until the X server has processed all requests. The player uses another connection, on which the new
+// window does not exist before that.
 void waitForServer(xcb_connection_t* connection) {
     std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }
@@ -30,7 +30,7 @@ void waitForServer(xcb_connection_t* connection) {
 
 PictureCanvas::PictureCanvas() {
     const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    // The platform without a screen knows of X11 too, but has no connection.
+    // The offscreen platform also has this interface, but no connection.
     connection_ = x11 ? x11->connection() : nullptr;
     if (!connection_)
         return;

@@ -8,13 +8,13 @@ struct xcb_connection_t;
 
 namespace desktop {
 
-// The native window that the media player draws its picture into, made of the X server's own means: Qt makes
-// its windows anew at many a change, and all windows inside go with them. This one is taken out before, so
-// the player keeps one and the same window for as long as the program runs.
+// The native window in which the media player draws its video, created with plain X calls: Qt recreates its
+// native windows after many changes, and their child windows are destroyed with them. This window is moved
+// out beforehand, so that the player can keep using it as long as the program runs.
 //
-// It is two windows, one filling the other. The outer one is shown, hidden, and moved from window to window.
-// The inner one, the player's, is mapped once and stays so: mpv takes a change of that, which comes while it
-// builds its output, for one of its own window, and then never shows its own.
+// It consists of two nested windows. The outer one is shown, hidden and moved between windows. The inner one,
+// used by the player, is mapped once and stays mapped: if its state changed while mpv builds its output, mpv
+// would take that for a change of its own window and then never show its own.
 class PictureCanvas {
 public:
     // Without an X server there is no window, and nothing is shown.
@@ -23,11 +23,11 @@ public:
     PictureCanvas(const PictureCanvas&) = delete;
     PictureCanvas& operator=(const PictureCanvas&) = delete;
 
-    // For the media player; 0 when there is none.
+    // The X window id for the media player; 0 if there is none.
     std::uint64_t id() const { return inner_; }
-    // Shows the picture inside a window of the X server, at this place in its own pixels.
+    // Shows the video inside an X window, at this place in device pixels.
     void showIn(std::uint64_t window, QRect place);
-    // Takes the picture out of the window that shows it.
+    // Removes the video from the window that shows it.
     void takeOut();
     bool isIn(std::uint64_t window) const { return parent_ != 0 && parent_ == window; }
 
@@ -36,7 +36,7 @@ private:
     std::uint32_t root_ = 0;
     std::uint32_t outer_ = 0;
     std::uint32_t inner_ = 0;
-    std::uint32_t parent_ = 0; // the window that it is shown in; 0: none
+    std::uint32_t parent_ = 0; // the window that shows the video; 0: none
     QRect place_;
 };
 

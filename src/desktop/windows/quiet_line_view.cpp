@@ -13,15 +13,15 @@ namespace desktop {
 namespace {
 
 constexpr int longestLine = 520; // pixels
-constexpr int bar = 4;           // pixels of the coloured edge at the left
-constexpr int beside = 12;       // pixels between text and edges
+constexpr int bar = 4;           // pixels of the coloured bar on the left
+constexpr int beside = 12;       // pixels between text and edges, left and right
 constexpr int above = 8;         // pixels above and below the text
 constexpr QColor teal(0x0E, 0x7C, 0x86);
 constexpr QColor rim(0x9F, 0xC6, 0xCA);
 constexpr QColor ground(0xF8, 0xFC, 0xFC);
 constexpr int lineFlow = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap;
 
-// Qt's own kind for a window would be announced as a window that the user has gone to.
+// Qt's default role, window, would be announced as a window to which the user has switched.
 QAccessibleInterface* alertOf(const QString&, QObject* object) {
     auto* const view = dynamic_cast<QuietLineView*>(object);
     return view ? new QAccessibleWidget(view, QAccessible::AlertMessage) : nullptr;
@@ -69,7 +69,7 @@ void QuietLineView::fit() {
 }
 
 void QuietLineView::announce() {
-    // Readers wait for one or the other.
+    // Some screen readers wait for one event, some for the other.
     for (const QAccessible::Event event : {QAccessible::ObjectShow, QAccessible::Alert}) {
         QAccessibleEvent told(this, event);
         QAccessible::updateAccessibility(&told);

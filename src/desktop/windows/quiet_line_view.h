@@ -6,8 +6,8 @@
 
 namespace desktop {
 
-// Shows the quiet line: a strip above all windows, which the window manager neither frames nor gives the
-// keyboard, and which a screen reader announces as an alert.
+// Shows the quiet line: a strip above all windows, without a frame, that never takes the focus. Screen
+// readers announce it as an alert.
 class QuietLineView : public QWidget {
 public:
     explicit QuietLineView(safety::QuietLineWindow& form);
@@ -18,7 +18,7 @@ protected:
 
 private:
     void follow();
-    // The size that the text takes, in lines no longer than can be read with ease.
+    // Sizes the window for its text, with lines of a readable length.
     void fit();
     void announce();
 

@@ -17,11 +17,11 @@ namespace desktop {
 namespace {
 
 constexpr QSize leastSize(660, 320); // pixels
-constexpr int leastList = 270;       // pixels; wider in a wide window
+constexpr int leastList = 270;       // pixels; grows with the window
 constexpr int gap = 10;              // pixels between the two texts of a line
-constexpr int sheetMargin = 6;       // pixels inside of the sheet
+constexpr int sheetMargin = 6;       // pixels inside the text sheet
 
-// A row of two lines: the document and its time, the reason and the size.
+// A row of two lines: document name and time, then reason and size.
 class VersionRow : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    // The text at the right is whole; the one at the left is cut to the room that it leaves.
+    // The right text is complete; the left one is shortened to the remaining space.
     static void paintLine(QPainter& painter, QRect place, Qt::Alignment line,
                           const std::pair<QString, QString>& texts, const std::pair<QColor, QColor>& colors) {
         const QFontMetrics metrics = painter.fontMetrics();
@@ -79,7 +79,7 @@ void addSheet(safety::TextSheet& sheet, QWidget& parent) {
 VersionsWindow::VersionsWindow(safety::VersionsWindow& form)
     : FormWindow(form, Size::Sizable, Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint), form_(form) {
     setMinimumSize(leastSize);
-    // The keyboard goes from one to the next in this order.
+    // In tab order.
     QListView* const list = addView(form.List1, *this);
     framedList(*list);
     list->setItemDelegate(new VersionRow(list));
@@ -108,7 +108,7 @@ void VersionsWindow::align() {
     const QRect inside = rect().adjusted(edge, edge, -edge, -edge);
     const int listWidth = std::max(leastList, inside.width() * 2 / 5);
     const int bottom = inside.bottom() + 1 - button;
-    const int below = bottom - button - 3 * edge / 2; // of the two panes
+    const int below = bottom - button - 3 * edge / 2; // y coordinate below the two panes
     const QRect list(inside.left(), inside.top(), listWidth, below - edge - inside.top());
     const QRect sheet(QPoint(list.right() + 1 + edge, list.top()), QPoint(inside.right(), list.bottom()));
     putIn(form_.List1, list);

@@ -8,8 +8,8 @@ class QPushButton;
 
 namespace desktop {
 
-// Shows the earlier versions: their list at the left, the text of the chosen one at the right, what can be
-// done with each below it, and the options at the bottom.
+// Shows the earlier versions: the list on the left, the text of the selected one on the right, the commands
+// for each below it, and the options at the bottom.
 class VersionsWindow : public FormWindow {
 public:
     explicit VersionsWindow(safety::VersionsWindow& form);

@@ -50,8 +50,8 @@ void VideoWindowView::show() {
         shownIcon_ = video.icon;
         setWindowIcon(loadIcon(shownIcon_, largestIcon));
     }
-    // A hidden window has lost its frame, and would come back higher by its title bar. One that is made anew
-    // stands right.
+    // A hidden window has lost its frame and would reappear higher by its title bar. A newly created native
+    // window appears at the right position.
     if (QWindow* const handle = windowHandle())
         handle->destroy();
     setWindowFlag(Qt::WindowStaysOnTopHint, video.topmost);
@@ -84,7 +84,7 @@ void VideoWindowView::closeEvent(QCloseEvent* event) {
 }
 
 void VideoWindowView::keyPressEvent(QKeyEvent* event) {
-    // A held Escape would go on through the window to the player, and end the program.
+    // Ignores repeats: a held Escape would pass through this window to the player and end the program.
     if (!runShortcutByPlace(*this, *event) && !event->isAutoRepeat())
         report(form_.VideoWindow.KeyDown, *event);
 }
@@ -123,8 +123,8 @@ bool VideoScreen::eventFilter(QObject* watched, QEvent* event) {
     };
     switch (event->type()) {
     case QEvent::Hide:
-        // A window whose flags have changed meanwhile is made anew when it is shown again, and nobody is
-        // told.
+        // If the window's flags change while it is hidden, Qt recreates the native window at the next show
+        // without any event.
         leave();
         break;
     case QEvent::PlatformSurface:
@@ -148,7 +148,7 @@ void VideoScreen::followSoon() {
 
 void VideoScreen::follow() {
     if (form_.VideoWindow.visible) {
-        window_.follow(); // its native window has to be there first
+        window_.follow(); // the native window must exist first
         putInto(window_, window_.rect());
         return;
     }
@@ -168,7 +168,7 @@ void VideoScreen::putInto(QWidget& window, QRect place) {
                    QRect((QPointF(place.topLeft()) * density).toPoint(), place.size() * density));
 }
 
-// The picture in its own proportions, in the middle of its box: no bars on the white skin.
+// The video in its own aspect ratio, centred in its box: no black bars on the white skin.
 QRect VideoScreen::boxOnPlayer() const {
     const QRect box(
         skin_.mapTo(&playerWindow_, QPoint(pixels(form_.VideoBox.left), pixels(form_.VideoBox.top))),

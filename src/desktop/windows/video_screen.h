@@ -7,12 +7,12 @@
 
 namespace desktop {
 
-// The window of its own for the picture.
+// The separate video window.
 class VideoWindowView : public QWidget {
 public:
     explicit VideoWindowView(player::Form1& form);
 
-    // Takes over what changed in the data.
+    // Updates the window after a change of the data.
     void follow();
 
 protected:
@@ -25,18 +25,18 @@ protected:
 
 private:
     void show();
-    // Tells the data where the user has put the window.
+    // Writes the position chosen by the user to the data.
     void reportPlace();
 
     player::Form1& form_;
     base::Text shownIcon_;
-    bool reporting_ = false; // the data follows the window now, not the other way round
+    bool reporting_ = false; // the window is updating the data, not vice versa
 };
 
-// Puts the picture where the data says that it is seen.
+// Shows the video where the data says: in the player's box or in the separate window.
 class VideoScreen : public QObject {
 public:
-    // `playerWindow` shows the box inside `skin`. The actions of its menus work in the other window too.
+    // `playerWindow` shows the box inside `skin`. The actions of its menus also work in the video window.
     VideoScreen(player::Form1& form, QWidget& playerWindow, QWidget& skin);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
