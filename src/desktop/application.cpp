@@ -21,8 +21,8 @@ constexpr int interfaceFontSize = 9; // points
 constexpr const char* platformVariable = "QT_QPA_PLATFORM";
 bool platformIsOurChoice = false;
 
-// Windows place themselves and stay on top, which the Wayland platform lets no program do. The environment is
-// the one place where Qt reads a choice that the user can still overrule.
+// The program positions its windows and keeps them on top, which Wayland does not allow. An environment
+// variable is the only setting of Qt's platform that the user can still override.
 int& choosePlatform(int& argc) {
     platformIsOurChoice = !qEnvironmentVariableIsSet(platformVariable);
     if (platformIsOurChoice)
@@ -30,13 +30,13 @@ int& choosePlatform(int& argc) {
     return argc;
 }
 
-// Programs that are started from here choose for themselves.
+// Programs started from here choose their platform themselves.
 void forgetPlatform() {
     if (platformIsOurChoice)
         qunsetenv(platformVariable);
 }
 
-// The path without "." and "..", but for a ".." behind a symbolic link, which leads elsewhere than back.
+// The path without "." and ".."; only a ".." after a symbolic link stays, because it does not lead back.
 std::filesystem::path tidied(const std::filesystem::path& absolute) {
     std::filesystem::path result;
     std::error_code ignored;
@@ -49,8 +49,7 @@ std::filesystem::path tidied(const std::filesystem::path& absolute) {
     return result;
 }
 
-// Qt's own style, with the skin's buttons, and less the pictures on the buttons of dialogs: they are of no
-// family with the skin.
+// Qt's Fusion style with the skin's buttons and without icons in dialog buttons, which do not match the skin.
 class SkinStyle : public QProxyStyle {
 public:
     SkinStyle() : QProxyStyle(QStyleFactory::create(QStringLiteral("fusion"))) {}
@@ -72,7 +71,7 @@ public:
     }
 };
 
-// One light palette, whatever the desktop's theme: the skin is drawn for it, and text is ink on paper.
+// One light palette, whatever theme the desktop has: the skin is drawn for it.
 QPalette skinPalette() {
     const QColor ink(0x1F, 0x2A, 0x44);
     const QColor teal(0x0E, 0x7C, 0x86);
@@ -96,12 +95,12 @@ Application::Application(int& argc, char** argv) : QApplication(choosePlatform(a
     forgetPlatform();
     if (platformName() == QLatin1String("xcb"))
         surviveXErrors();
-    // A dialog of the desktop's own would open below the player, and in the language of the desktop.
+    // A native dialog would open below the player and use the desktop's language instead of the program's.
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    // Qt's dialogs would keep their looks and the paths that they showed in the user's home. The program is
-    // carried about in its folder and leaves nothing elsewhere: a folder that takes no file.
+    // Qt's dialogs save their state and recent paths in the user's home. The program is portable and leaves
+    // nothing outside of its folder, so this points to a path where no file can be created.
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
-    // No display name: Qt would add it to the title of every box.
+    // No display name: Qt would append it to the title of every dialog.
     setApplicationName(QStringLiteral("Quillmere"));
     setQuitOnLastWindowClosed(false);
     setStyle(new SkinStyle);

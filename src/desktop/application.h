@@ -6,14 +6,14 @@
 
 namespace desktop {
 
-// Qt's application as this program wants it: platform, look, fonts, and no end but by the exit sequence.
+// The QApplication, set up for this program: platform, style and fonts. It ends only by the program's exit
+// sequence.
 class Application : public QApplication {
 public:
     Application(int& argc, char** argv);
 
-    // What the program takes as its command line: the first argument as an absolute path, in double quotes;
-    // empty when there is none. The shell has taken the user's own quotes away. `argv` as the constructor
-    // left it.
+    // The program's command line: the first argument as an absolute path in double quotes (the shell has
+    // removed the user's own); empty if there is none. `argv` must have passed through the constructor.
     static base::Text commandLine(int argc, char** argv);
 };
 

@@ -9,7 +9,7 @@ namespace desktop {
 
 namespace {
 
-constexpr int quietAfter = 1500; // ms from the first window on
+constexpr int quietAfter = 1500; // ms after the first window
 
 std::string modulePath(const platform::System& system, std::string_view name) {
     return base::toUtf8(system.programFolder()) + "/Modules/" + std::string(name) + ".so";
@@ -40,8 +40,9 @@ void QtDesktop::show(editor::FrmFind& form) {
 }
 
 void QtDesktop::show(bookmarks::Form3& form) {
-    // When the handler that shows it is done: one that is only visible for the length of a handler, as the
-    // start may have it, is never seen. Building it makes it watch the data, which must not be telling then.
+    // Builds the window only after the handler that shows it: a window that is visible only during a handler,
+    // as at the start, is never seen. Building it also starts observing the data, which is not possible while
+    // the data notifies its observers.
     form.observe([this, &form] {
         if (form.visible && !form3_)
             QTimer::singleShot(0, form1_.get(), [this, &form] {

@@ -30,7 +30,7 @@
 
 namespace desktop {
 
-// The real desktop: Qt's windows and services, and the media player's module.
+// The real desktop: Qt's windows and services, and the loadable modules.
 class QtDesktop : public app::Desktop {
 public:
     QtDesktop();
@@ -52,7 +52,7 @@ public:
     void show(player::Form1& form) override;
     void show(editor::Form2& form) override;
     void show(editor::FrmFind& form) override;
-    // The first use of these builds the window.
+    // These build the window at its first use.
     void show(bookmarks::Form3& form) override;
     void show(dictation::Form4& form) override;
     void show(recorder::FrmAudioRec& form) override;
@@ -61,11 +61,11 @@ public:
     void show(safety::NoticesWindow& form) override;
     void show(safety::VersionsWindow& form) override;
 
-    // Loads in a quiet moment what the first command would have to wait for.
+    // In idle time, loads what the first command would otherwise wait for.
     void prepareInIdleTime();
-    // Takes the windows away, while the data that they show is still there.
+    // Destroys the windows while the data that they show still exists.
     void closeWindows();
-    // True when the system is still busy with something that was given up, which nobody should wait for.
+    // True if the system is still busy with an abandoned operation for which nobody should wait.
     bool isHanging() const { return internet_.isHanging(); }
 
 private:
