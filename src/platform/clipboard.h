@@ -1,14 +1,14 @@
-// What the program asks of the clipboard.
+// The port to the clipboard.
 #pragma once
 
 #include "base/text.h"
 
 namespace platform {
 
-// A form in which the clipboard may hold what was copied, by the numbers that the program knows them by.
+// A form of clipboard content, by the number that the program uses for it.
 enum class ClipboardFormat { Text = 1, Rtf = -16639 };
 
-// The clipboard that all programs share. What it could not do throws base::Failure.
+// The clipboard shared by all programs. Every call throws base::Failure on an error.
 class Clipboard {
 public:
     Clipboard() = default;
@@ -17,11 +17,11 @@ public:
     virtual ~Clipboard() = default;
 
     virtual void Clear() = 0;
-    // Holds this text, as plain text and in no other form.
+    // Replaces the contents by this text, as plain text only.
     virtual void SetText(base::TextView text) = 0;
-    // What the clipboard holds in that form: for RTF a source of ASCII; for Text the plain text of any other
-    // form too. Empty when it does not hold the form, when its owner does not answer within a moment, and
-    // when it is larger than anybody could want in a text.
+    // The contents in this form. Rtf returns an ASCII source; Text also returns the plain text of other
+    // forms. Empty if the form is not available, if the owner does not answer in time, or if the contents are
+    // unreasonably large.
     virtual base::Text GetText(ClipboardFormat format) = 0;
 };
 

@@ -11,7 +11,7 @@
 
 namespace platform {
 
-// The kinds of box that the program shows, by its number for them: icon and buttons together.
+// The kinds of message box that the program shows. The numbers combine icon and buttons.
 enum class BoxStyle {
     Plain = 0,
     Critical = 16,
@@ -24,20 +24,21 @@ enum class BoxStyle {
 
 enum class Answer { OK, Yes, No, Cancel };
 
-// What one file dialog asks; an empty text is an omitted argument.
+// The arguments of one file dialog. An empty text means that the argument is omitted.
 struct FileDialogRequest {
-    bool open = false;      // open an existing file, or name one to save to
+    bool open = false;      // true: open an existing file; false: choose a file to save to
     std::string_view owner; // given name of the window that waits for the answer
     base::Text title;
-    base::Text fileName;          // proposed name
-    base::Text defaultExtension;  // without a point; added to a name without one
-    bool extensionAlways = false; // added to every name that does not end in it, whatever points it has
-    base::Text filter;        // pairs of a name and its patterns ("*.a;*.b"), all joined with NUL characters
-    bool allMedia = false;    // offers another filter behind those: all kinds of media that play
+    base::Text fileName;         // proposed name
+    base::Text defaultExtension; // without a point; appended to a name that has no extension
+    bool extensionAlways =
+        false;             // appended to every name that does not end in it, even one with another extension
+    base::Text filter;     // pairs of a name and its patterns ("*.a;*.b"), all joined by NUL characters
+    bool allMedia = false; // adds another filter after those: all playable media
     base::Text initialFolder; // empty: the current directory
 };
 
-// A window that tells how far a piece of work is, and blocks nothing. It goes with this object.
+// A non-modal progress window. Destroying the object closes it.
 class Progress {
 public:
     Progress() = default;
@@ -45,27 +46,27 @@ public:
     Progress& operator=(const Progress&) = delete;
     virtual ~Progress() = default;
 
-    // 0 to 1.
+    // Progress from 0 to 1.
     virtual void setShare(double share) = 0;
 };
 
-// All but showProgress are modal and let timers run while they are open.
+// All dialogs except showProgress are modal; timers keep running while one is open.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
-    // A box without a title takes the program's own. Closing a box that has no Cancel answers No, or OK.
+    // An empty title means the program's own. Closing a box without a Cancel button answers No, or OK.
     virtual Answer messageBox(base::TextView text, base::TextView title, BoxStyle style) = 0;
 
-    // Calls `cancelled` on the loop when the user wants the work to be given up; the window is gone then.
+    // Calls `cancelled` on the event loop if the user cancels the work; the window is closed by then.
     virtual std::unique_ptr<Progress> showProgress(base::TextView text, base::TextView title,
                                                    std::function<void()> cancelled) = 0;
 
-    // The colour that the user chose, red highest; none on cancel. The dialog begins on `start`.
+    // The chosen colour as 0xRRGGBB, none on cancel. The dialog starts with `start`.
     virtual std::optional<std::uint32_t> ShowColor(std::string_view owner, std::uint32_t start) = 0;
 
-    // The chosen path, or the empty text on cancel. A choice moves the process's current directory to the
-    // file's folder.
+    // The chosen path; empty on cancel. A choice changes the process's current directory to the file's
+    // folder.
     virtual base::Text FileDlg(const FileDialogRequest& request) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Time, as the program asks it of a desktop.
+// The port to the event loop and its clock.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace platform {
 
-// One alarm of an event loop. Destroying it stops it, also from within its own call.
+// One repeating alarm of an event loop. Destroying it stops it, even from within its own callback.
 class Alarm {
 public:
     Alarm() = default;
@@ -15,19 +15,19 @@ public:
     Alarm& operator=(const Alarm&) = delete;
     virtual ~Alarm() = default;
 
-    // Calls every `period` ms (above 0) from now on; a running alarm begins anew. Calls that fell due while
-    // the program was busy come once, not once each.
+    // Calls back every `period` ms (above 0) from now on; restarts a running alarm. Calls that were missed
+    // while the program was busy are combined into one.
     virtual void start(int period) = 0;
     virtual void stop() = 0;
 };
 
-// The one loop of the program. Alarms are called between events, never inside a handler, but for a handler
-// that shows something modal: the loop runs on meanwhile.
+// The program's only event loop. Alarms are called between events, never inside a handler, except while a
+// handler shows something modal: the loop keeps running then.
 class EventLoop {
 public:
     virtual ~EventLoop() = default;
     virtual std::unique_ptr<Alarm> alarm(std::function<void()> call) = 0;
-    // Milliseconds on a clock that runs evenly from an unknown beginning.
+    // Milliseconds of a monotonic clock.
     virtual std::int64_t now() const = 0;
 };
 

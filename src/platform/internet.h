@@ -1,11 +1,11 @@
-// What the program asks of the internet.
+// The port to the internet.
 #pragma once
 
 #include <string>
 
 namespace platform {
 
-// Reads by the system's own proxy and certificates, never from a cache.
+// Reads from the web with the system's proxy and certificates, bypassing every cache.
 class Internet {
 public:
     Internet() = default;
@@ -13,10 +13,9 @@ public:
     Internet& operator=(const Internet&) = delete;
     virtual ~Internet() = default;
 
-    // The bytes behind this address, whatever the server says of them; the program names itself `agent`
-    // there. A read that fails gives what had come until then, nothing if the address could not be opened at
-    // all. The call waits for the answer, but never more than 3 s for the whole of it: then, after 64 KB, and
-    // at the second redirection in a row it ends as a read that fails.
+    // The body of the answer from this address, whatever its HTTP status; `agent` is the user agent. A failed
+    // read returns what had arrived, which is nothing if the connection failed. Blocks for 3 s at most. It
+    // counts as failed after that time, after 64 KB, and at the second consecutive redirect.
     virtual std::string read(const std::string& address, const std::string& agent) = 0;
 };
 

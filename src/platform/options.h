@@ -2,12 +2,12 @@
 
 namespace platform {
 
-// Keeps the options of the program over its runs. Whoever changes an option asks at once for it to be saved,
-// so that it outlives a crash.
+// Stores the program's options between runs. Whoever changes an option saves at once, so that the change
+// survives a crash.
 class Options {
 public:
     virtual ~Options() = default;
-    // Writes the settings file. A failure is skipped in silence.
+    // Writes the settings file. A failure is ignored silently.
     virtual void Salva() = 0;
 };
 

@@ -1,4 +1,4 @@
-// The printers of the system, what the current one is set to, and the dialog that sets it.
+// The port to the system's printers: the current one, its settings, and the dialog that changes them.
 #pragma once
 
 #include "base/text.h"
@@ -13,8 +13,8 @@ enum class Duplex { PrintersOwn = 0, OneSide = 1, LongEdge = 2, ShortEdge = 3 };
 enum class PageOrientation { Portrait = 1, Landscape = 2 };
 enum class ColorMode { Monochrome = 1, Color = 2 };
 
-// A paper by its name in the printer's own list, such as "A4", and its size in twips, upright. No name: the
-// printer's own paper.
+// A paper by its name in the printer's list, such as "A4", with its size in twips in portrait orientation. An
+// empty name means the printer's default paper.
 struct Paper {
     base::Text name;
     double width = 0;
@@ -23,7 +23,7 @@ struct Paper {
     bool operator==(const Paper&) const = default;
 };
 
-// What stays white at the edges of the page, in twips.
+// The page margins in twips.
 struct PageMargins {
     double left = 0;
     double top = 0;
@@ -33,7 +33,7 @@ struct PageMargins {
     bool operator==(const PageMargins&) const = default;
 };
 
-// One of the settings below.
+// Names one of the settings below.
 enum class PrinterProperty {
     Copies,
     Duplex,
@@ -51,15 +51,15 @@ struct PrinterSettings {
     Duplex duplex = Duplex::PrintersOwn;
     PageOrientation Orientation = PageOrientation::Portrait;
     Paper PaperSize;
-    int PrintQuality = 0; // dots per inch; 0: the printer's own
+    int PrintQuality = 0; // dots per inch; 0: the printer's default
     ColorMode colorMode = ColorMode::Color;
-    int PaperBin = 0; // number of the tray; 0: the printer's own
+    int PaperBin = 0; // number of the tray; 0: the printer's default
     PageMargins margins{1134, 1134, 1134, 1134};
-    base::Text file; // path of the file that is written instead of paper
+    base::Text file; // path of the file to print into; empty: print on paper
 
     bool operator==(const PrinterSettings&) const = default;
 
-    // Copies one setting and leaves the others as they are.
+    // Copies one setting; the others stay.
     void take(PrinterProperty property, const PrinterSettings& from) {
         switch (property) {
         case PrinterProperty::Copies:
@@ -93,13 +93,13 @@ struct PrinterSettings {
     }
 };
 
-// What the dialog begins with, and what the user chose there.
+// The dialog's initial values, and the user's choice.
 struct PrinterChoice {
     base::Text deviceName;
     PrinterSettings settings;
 };
 
-// Where pages go. The text control of the same desktop knows more of it.
+// The target of printed pages. Only the text control of the same desktop knows its real type.
 class PrintDevice {
 public:
     PrintDevice() = default;
@@ -110,7 +110,7 @@ protected:
     ~PrintDevice() = default;
 };
 
-// The one current printer among those of the system. Choices live as long as the program.
+// The current printer among those of the system. Choices last until the program ends.
 class Printer {
 public:
     Printer() = default;
@@ -118,26 +118,27 @@ public:
     Printer& operator=(const Printer&) = delete;
     virtual ~Printer() = default;
 
-    // The names of the installed printers in the system's order. The last one is no machine: it writes PDF
-    // files, and is there on every system.
+    // The names of the installed printers in the system's order. The last one is a virtual printer, which
+    // writes PDF files and always exists.
     virtual std::vector<base::Text> Printers() const = 0;
 
-    // Name of the current printer: at first the system's usual one.
+    // The name of the current printer; initially the system's default printer.
     virtual base::Text DeviceName() const = 0;
-    // Makes the installed printer of this name the current one; the settings stay. Throws base::Failure when
-    // there is none.
+    // Makes the installed printer of this name the current one and keeps the settings. Throws base::Failure
+    // if it is not installed.
     virtual void setPrinter(base::TextView deviceName) = 0;
 
     virtual PrinterSettings settings() const = 0;
-    // Takes one setting over. Throws base::Failure for a value that the printer refuses.
+    // Applies one setting. Throws base::Failure if the printer rejects the value.
     virtual void set(PrinterProperty property, const PrinterSettings& from) = 0;
 
-    // The system's dialog for the choice of a printer and its paper, modal over the window `owner`; none on
-    // cancel. Nothing of the printer changes. `document` names what is to be printed.
+    // The system's printer dialog, modal over the window `owner`; none on cancel. It changes neither the
+    // current printer nor its settings. `document` names the print job.
     virtual std::optional<PrinterChoice> PrintDlg(std::string_view owner, base::TextView document,
                                                   const PrinterChoice& start) = 0;
 
-    // What the control prints on, as the printer is set now. Throws base::Failure when the printer has gone.
+    // The device for printing with the current settings. Throws base::Failure if the printer no longer
+    // exists.
     virtual PrintDevice& hDC() = 0;
 };
 

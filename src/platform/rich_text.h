@@ -1,4 +1,4 @@
-// What the program asks of a rich-text control.
+// The port to the rich-text control.
 #pragma once
 
 #include "base/text.h"
@@ -14,29 +14,29 @@ namespace platform {
 
 class PrintDevice;
 
-// A property of a selection whose parts may differ.
+// A property of a selection; Mixed if its parts differ.
 enum class Setting { Off, On, Mixed };
 
-// By the numbers that the toolbar writes.
+// The numbers are those that the toolbar writes.
 enum class ParagraphAlignment { Left = 0, Right = 1, Centre = 2 };
 
-// What keyboards have keys for besides letters.
+// Editing commands for which platforms have shortcuts.
 enum class EditCommand { Undo, Redo, Cut, Copy, Paste };
 
-// Options of RichText::Find, to be added.
+// Options of RichText::Find; the values are added.
 inline constexpr int findWholeWord = 2;
 inline constexpr int findMatchCase = 4;
 inline constexpr int findNoHighlight = 8;
 
-// A change of a text: `removed` units at `position` gave way to `inserted`.
+// A change of the text: `removed` units at `position` were replaced by `inserted`.
 struct TextChange {
     std::int32_t position = 0;
     std::int32_t removed = 0;
     base::Text inserted;
 };
 
-// Paragraphs `first` to `first` + `removed` gave way to those of `source`: RTF, or empty where they were only
-// removed. Paragraphs count from 0, as RTF has them. `whole`: the source is all of the text.
+// A change in paragraphs: `removed` paragraphs from number `first` (from 0) were replaced by those of
+// `source`, which is RTF, or empty if they were only removed. `whole`: the source is the whole text.
 struct ParagraphChange {
     std::uint32_t first = 0;
     std::uint32_t removed = 0;
@@ -44,11 +44,10 @@ struct ParagraphChange {
     bool whole = false;
 };
 
-// One document of rich text with a selection. Positions and lengths count UTF-16 units, the end of a
-// paragraph counting two (CR LF); one that lies outside the text is taken as the nearest inside, one inside a
-// pair as the place before it. A line break inside of a paragraph is the one unit U+000B, a picture or
-// another object U+FFFC. What the control cannot do throws base::Failure and changes nothing. The control
-// keeps no undo of its own.
+// One rich-text document with a selection. Positions and lengths are UTF-16 units; the end of a paragraph
+// counts as two (CR LF). A position outside the text is clamped; one inside a pair means the position before
+// it. A line break inside a paragraph is the single unit U+000B; a picture or another object is U+FFFC. On an
+// error every call throws base::Failure and changes nothing. The control has no undo of its own.
 class RichText {
 public:
     RichText() = default;
@@ -56,48 +55,49 @@ public:
     RichText& operator=(const RichText&) = delete;
     virtual ~RichText() = default;
 
-    // The whole document as plain text, paragraphs divided by CR LF. Writing replaces it all, without
-    // formats.
+    // The whole document as plain text, paragraphs separated by CR LF. Setting it replaces the document by
+    // unformatted text.
     virtual base::Text Text() const = 0;
     virtual void setText(base::TextView text) = 0;
-    // Len(Text), without building the text.
+    // The length of Text, without building the text.
     virtual std::int32_t textLength() const = 0;
-    // What has changed in Text since this was last asked, at first since the empty document. Changes in many
-    // places are told as one that covers them all; its cost is that of what it covers.
+    // The change of Text since the last call, or since the empty document. Changes in several places are
+    // combined into one that spans them all. The cost is proportional to the span.
     virtual TextChange takeChange() = 0;
 
-    // What has changed since this was last asked, in letters or formats, at first since the empty document;
-    // nothing when nothing has. Changes in many places are told as one that covers them all; its cost is that
-    // of what it covers.
+    // The change of letters or formats since the last call, or since the empty document; none without a
+    // change. Changes in several places are combined into one that spans them all. The cost is proportional
+    // to the span.
     virtual std::optional<ParagraphChange> takeParagraphs() = 0;
-    // All paragraphs as RTF, with which takeParagraphs begins anew.
+    // All paragraphs as RTF; takeParagraphs reports changes from here on.
     virtual std::string takeAllParagraphs() = 0;
 
-    // The whole document as RTF, as SaveFile writes it. Writing replaces it all and raises Change once.
+    // The whole document as RTF, as SaveFile writes it. Setting it replaces the document and raises Change
+    // once.
     virtual std::string source() const = 0;
     virtual void setSource(std::string_view source) = 0;
 
     virtual std::int32_t SelStart() const = 0;
-    // Puts the caret there, with nothing selected.
+    // Moves the caret and clears the selection.
     virtual void setSelStart(std::int32_t position) = 0;
     virtual std::int32_t SelLength() const = 0;
     virtual void setSelLength(std::int32_t length) = 0;
 
-    // Writing replaces the selection and leaves the caret behind the new text, which takes the format at its
-    // place.
+    // Setting it replaces the selection and moves the caret behind the new text, which gets the format at its
+    // position.
     virtual base::Text SelText() const = 0;
     virtual void setSelText(base::TextView text) = 0;
-    // The selection as a complete RTF source. Writing replaces the selection; a text that is not RTF goes in
-    // as plain text.
+    // The selection as a complete RTF source. Setting it replaces the selection; a source that is not RTF is
+    // inserted as plain text.
     virtual base::Text SelRTF() const = 0;
     virtual void setSelRTF(base::TextView source) = 0;
 
-    // Formats of the selection; with nothing selected, of what is typed next. Mixed values read as none or
+    // Formats of the selection; without a selection, of the text typed next. Mixed values read as none or
     // Mixed.
     virtual void setSelFontName(base::TextView name) = 0;
     virtual std::optional<double> SelFontSize() const = 0; // points
-    virtual void setSelFontSize(double points) = 0;        // from 1 to 1638, in halves
-    virtual void setSelColor(std::uint32_t color) = 0;     // red, green, blue, red highest
+    virtual void setSelFontSize(double points) = 0;        // 1 to 1638, in steps of 0.5
+    virtual void setSelColor(std::uint32_t color) = 0;     // 0xRRGGBB
     virtual Setting SelBold() const = 0;
     virtual void setSelBold(bool on) = 0;
     virtual Setting SelItalic() const = 0;
@@ -106,44 +106,43 @@ public:
     virtual void setSelUnderline(bool on) = 0;
     virtual Setting SelStrikeThru() const = 0;
     virtual void setSelStrikeThru(bool on) = 0;
-    // Of the paragraphs that the selection touches.
+    // Of all paragraphs that the selection touches.
     virtual Setting SelBullet() const = 0;
     virtual void setSelBullet(bool on) = 0;
     virtual void setSelAlignment(ParagraphAlignment alignment) = 0;
 
     // Replaces the whole document by the file: RTF, or plain text in the system's code page, in UTF-8, or in
-    // UTF-16 with its mark. Raises Change once.
+    // UTF-16 with a byte-order mark. Raises Change once.
     virtual void LoadFile(base::TextView path) = 0;
-    // Writes the whole document as RTF, whatever the file's name.
+    // Writes the whole document as RTF, whatever the file's extension.
     virtual void SaveFile(base::TextView path) = 0;
 
-    // Prints the selection, or all when nothing is selected, with margins, paper and the like as the device
-    // has them; an empty document takes no page. Timers run on between the pages.
+    // Prints the selection, or the whole document without a selection, with the device's settings. An empty
+    // document prints no page. Timers run between pages.
     virtual void SelPrint(PrintDevice& hDC) = 0;
 
-    // The first place at or after `start` (the caret when left out) that holds `text`, by the options; -1 for
-    // none. The hit becomes the selection unless findNoHighlight is given.
+    // The first position at or after `start` (default: the caret) where `text` is found, -1 if nowhere.
+    // Selects the hit unless findNoHighlight is set.
     virtual std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) = 0;
 
     virtual void SetFocus() = 0;
 
-    // Does several edits of selections, with searches between them, and shows what came of them once, when
-    // all are done. Each raises its Change as ever.
+    // Runs several edits and searches, and updates the display once at the end. Each edit raises Change as
+    // usual.
     virtual void together(const std::function<void()>& edits) = 0;
 
-    // After every change of the text, the program's own included; never for a mere change of format.
+    // Called after every change of the text, including the program's own; not after a mere change of format.
     std::function<void()> Change = [] {};
-    // Whether the program has a use for the key in the text, ahead of the shortcuts of the menus.
+    // Returns true if the program handles this key in the text, before the menu shortcuts see it.
     std::function<bool(const KeyEvent&)> TakesKey = [](const KeyEvent&) { return false; };
-    // After every change of the text or of its formats.
+    // Called after every change of the text or its formats.
     std::function<void()> Edited = [] {};
     std::function<void(KeyEvent&)> KeyDown = [](KeyEvent&) {};
     std::function<void(const KeyEvent&)> KeyUp = [](const KeyEvent&) {};
-    // A key that means the command to the desktop, and that KeyDown has left alone. The control itself does
-    // nothing with it.
+    // Called for a platform shortcut that KeyDown has not handled. The control itself does nothing with it.
     std::function<void(EditCommand)> EditKey = [](EditCommand) {};
     std::function<void(int button)> MouseDown = [](int) {};
-    // Another control or window of this program has got the keyboard.
+    // Another control or window of this program has received the keyboard focus.
     std::function<void()> LostFocus = [] {};
 };
 

@@ -1,12 +1,12 @@
-// The system's way to its other programs.
+// The port to the system's other programs.
 #pragma once
 
 #include "base/text.h"
 
 namespace platform {
 
-// Starts programs and waits for none of them. What cannot be started is told to the user by the shell itself,
-// in a box that holds nothing up.
+// Starts programs without waiting for them. The shell itself reports a failure to the user, in a non-modal
+// box.
 class Shell {
 public:
     Shell() = default;
@@ -14,7 +14,7 @@ public:
     Shell& operator=(const Shell&) = delete;
     virtual ~Shell() = default;
 
-    // Opens a document (a path) or a web address in the program that the system has for it.
+    // Opens a document (a path) or a web address in the program that the system has registered for it.
     virtual void open(base::TextView target) = 0;
 
     // Opens the system's own sound settings.

@@ -1,4 +1,4 @@
-// What the program asks of the system around it.
+// The port to the operating system.
 #pragma once
 
 #include "base/text.h"
@@ -7,34 +7,33 @@
 
 namespace platform {
 
-// The system's own facts and services.
+// Facts and services of the operating system.
 class System {
 public:
     virtual ~System() = default;
 
-    // Folder of the executable, without a separator at its end. All data lies below it.
+    // The folder of the executable, without a trailing separator. All data is stored below it.
     virtual base::Text programFolder() const = 0;
 
-    // The text of one locale setting of the user; empty when there is none.
+    // One setting of the user's locale as text; empty if it does not exist.
     virtual base::Text LeggiLocale(int setting) const = 0;
 
-    // True when this program already runs from the same folder for the same user. The first call claims the
-    // place; a process that ends in any way frees it.
+    // True if this program already runs from the same folder for the same user. The first call registers this
+    // process as the running instance until it ends, in whatever way.
     virtual bool previousInstance() = 0;
 
-    // The system's short sound.
+    // Plays the system's notification sound.
     virtual void beep() = 0;
 
-    // The names of the fonts that the screen has, in the system's order.
+    // The names of the screen fonts, in the system's order.
     virtual std::vector<base::Text> screenFonts() const = 0;
 
-    // Ends the process when the handler that runs has returned. From now on the program hears nothing any
-    // more: no alarm is called, no event of a window, a player or a device arrives.
+    // Ends the process once the running handler has returned. From now on no alarm and no event of a window,
+    // a player or a device is delivered.
     virtual void endProcess() = 0;
 };
 
-// The settings of LeggiLocale that the program reads: the English name of the user's country, and the sign
-// between the whole number and its decimals.
+// Settings for LeggiLocale: the English name of the user's country, and the decimal separator.
 inline constexpr int localeEnglishCountry = 4098;
 inline constexpr int localeDecimalSign = 14;
 

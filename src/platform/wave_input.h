@@ -1,4 +1,4 @@
-// What the program asks of a sound card: a queue of buffers that the device fills.
+// The port to the sound card: a queue of buffers that the device fills.
 #pragma once
 
 #include "base/text.h"
@@ -9,7 +9,7 @@
 
 namespace platform {
 
-// How samples lie in a buffer: PCM, little-endian, channels in turn. 16 bits are signed, 8 bits unsigned.
+// The format of samples: PCM, little-endian, channels interleaved. 16 bits are signed, 8 bits unsigned.
 struct WaveFormat {
     std::int16_t formatTag = 1;
     std::int16_t channels = 0;
@@ -19,21 +19,21 @@ struct WaveFormat {
     std::int16_t bitsPerSample = 0;
 };
 
-// One buffer of the queue. It has to stay where it is while it is prepared.
+// One buffer of the queue. It must not move while it is prepared.
 struct WaveBuffer {
-    static constexpr unsigned WHDR_DONE = 1;     // the device has filled it, or given it back
+    static constexpr unsigned WHDR_DONE = 1;     // the device has filled or returned it
     static constexpr unsigned WHDR_PREPARED = 2; // the device knows it
     static constexpr unsigned WHDR_INQUEUE = 16; // it waits to be filled
 
-    std::vector<std::uint8_t> lpData;  // as long as the buffer is
-    std::uint32_t dwBytesRecorded = 0; // how much of it the device filled
-    std::uint32_t dwUser = 0;          // the caller's own
+    std::vector<std::uint8_t> lpData;  // its size is the size of the buffer
+    std::uint32_t dwBytesRecorded = 0; // how many bytes the device has filled
+    std::uint32_t dwUser = 0;          // for the caller's use
     unsigned dwFlags = 0;
 };
 
-// The default input device. Results are 0 for success, else a number that errorText puts into words; after a
-// failed open every other call fails as well and does no harm. All calls belong to the thread of the event
-// loop, and so does BufferDone; a buffer changes in no other place, so no lock is needed.
+// The default input device. A result is 0 for success, otherwise a number that errorText describes. After a
+// failed open every other call fails harmlessly. All calls and BufferDone run on the event loop's thread, and
+// buffers change nowhere else, so no lock is needed.
 class WaveInput {
 public:
     using Result = int;
@@ -43,30 +43,31 @@ public:
     WaveInput& operator=(const WaveInput&) = delete;
     virtual ~WaveInput() = default;
 
-    // Opens the device and calls `opened` with the result: before it returns where the device answers soon,
-    // else on the loop when it answers or is given up. Not at all after a close or another open.
+    // Opens the device and calls `opened` with the result: before returning if the device answers quickly,
+    // otherwise later on the event loop, when it answers or times out. A close or another open suppresses the
+    // call.
     virtual void open(const WaveFormat& format, std::function<void(Result)> opened) = 0;
-    // Lets the device go, also one that is being opened. Buffers that are not done are done with; none is
-    // reported any more.
+    // Releases the device, even while it is being opened. Pending buffers are marked done without a
+    // BufferDone call.
     virtual void close() = 0;
 
     virtual Result prepareHeader(WaveBuffer& buffer) = 0;
     virtual Result unprepareHeader(WaveBuffer& buffer) = 0;
-    // Puts the buffer at the end of the queue. One that is in the queue is refused.
+    // Appends the buffer to the queue. A buffer that is already queued is refused.
     virtual Result addBuffer(WaveBuffer& buffer) = 0;
 
-    // Sound goes into the queue from now on. While the queue is empty it is kept for the next buffer.
+    // Starts capturing into the queue. Sound captured while the queue is empty is kept for the next buffer.
     virtual Result start() = 0;
-    // No more sound, and what has not reached a buffer is gone. A buffer that is filled in part is done; the
+    // Stops capturing; sound that has not reached a buffer is discarded. A partly filled buffer is done, the
     // others stay in the queue.
     virtual Result stop() = 0;
     // Stops and empties the queue: all its buffers are done.
     virtual Result reset() = 0;
 
-    // The device's own words for a result.
+    // The device's own message for a result.
     virtual base::Text errorText(Result result) const = 0;
 
-    // The device has filled this buffer to its end. One call a buffer, in the order of the queue.
+    // The device has filled this buffer completely. Called once per buffer, in queue order.
     std::function<void(WaveBuffer&)> BufferDone;
 };
 

@@ -1,17 +1,17 @@
-// Work that may wait for a disk, as the program asks it of a desktop.
+// The port to a background thread.
 #pragma once
 
 #include <functional>
 
 namespace platform {
 
-// Does work in the order in which it was posted, on a thread of its own. A call of work reports its own
-// failures; it throws nothing.
+// Runs work on its own thread, in the order in which it was posted. Work reports its errors itself and never
+// throws.
 class Worker {
 public:
     virtual ~Worker() = default;
     virtual void post(std::function<void()> work) = 0;
-    // Returns when all that was posted before is done.
+    // Returns when all work posted so far is done.
     virtual void drain() = 0;
 };
 
