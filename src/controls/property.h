@@ -1,4 +1,4 @@
-// One value of a control, which tells its control when it changes.
+// One value of a control, which notifies the control's watchers of changes.
 #pragma once
 
 #include <functional>
@@ -7,8 +7,7 @@
 
 namespace controls {
 
-// Something that can be watched. The one who shows a control watches it; watchers live as long as the
-// control.
+// An observable object. The window that displays a control watches it; watchers live as long as the control.
 class Observed {
 public:
     Observed() = default;
@@ -32,8 +31,8 @@ private:
     std::vector<std::function<void()>> watchers_;
 };
 
-// A value of the control `owner`. Setting the value that it has already tells nobody, so that a tick that
-// changes nothing costs nothing on the screen.
+// A value of the control `owner`. Setting an equal value notifies nobody, so a timer tick that changes
+// nothing costs no repaint.
 template <typename T>
 class Property {
 public:
@@ -68,8 +67,7 @@ private:
     T value_;
 };
 
-// Sets the width or height of a control, in twips. A size below nothing is refused; the control keeps the one
-// that it has.
+// Sets the width or height of a control, in twips. A negative size is ignored.
 inline void resize(Property<double>& size, double twips) {
     if (twips >= 0)
         size = twips;

@@ -21,7 +21,7 @@ bool RecentFiles::isFree(const MenuItem& item) {
 bool RecentFiles::load(bool mark) {
     std::vector<base::Text> lines;
     base::carryOn([&] { lines = files_.readLines(path_); });
-    // Past its end a short file keeps giving its last line.
+    // A file of fewer lines repeats its last line.
     if (!lines.empty())
         lines.resize(count, base::Text(lines[std::min(lines.size(), count) - 1]));
     for (std::size_t n = 0; n < lines.size(); ++n) {
@@ -39,7 +39,7 @@ bool RecentFiles::load(bool mark) {
 }
 
 void RecentFiles::remember(base::TextView path) {
-    std::size_t last = count; // the item that holds the path already; count for none
+    std::size_t last = count; // the item that already holds the path; `count` if none does
     for (std::size_t n = 0; n < count; ++n) {
         if (items_[n]->caption.get() == path)
             last = n;

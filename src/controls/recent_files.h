@@ -7,8 +7,8 @@
 
 namespace controls {
 
-// A list of the last four files under a menu. The items themselves are the list: a caption that begins with
-// "mnuRecent" is a free slot. A file of four lines keeps the captions, placeholders included.
+// A menu's list of the last four files. The menu items themselves are the list: a caption that starts with
+// "mnuRecent" is a free slot. The file stores the four captions, free slots included.
 class RecentFiles {
 public:
     static constexpr std::size_t count = 4;
@@ -16,12 +16,12 @@ public:
     RecentFiles(std::array<MenuItem*, count> items, MenuItem& separator, const base::TextFiles& files,
                 base::Text path);
 
-    // Reads the captions. `mark` says that a list before this one had entries, which is enough to show this
-    // one's; the result is the mark for the next.
+    // Reads the captions. `mark` tells whether an earlier list had entries, which also makes this list
+    // visible. Returns the mark for the next list.
     bool load(bool mark);
 
-    // Puts a path at the head and writes the file; a file that cannot be written is skipped in silence. An
-    // entry that moves down into a free slot shows at the next update only, as the list has always done.
+    // Moves a path to the top and writes the file; a write error is ignored silently. An entry that moves
+    // down into a free slot becomes visible only at the next update. Settled behaviour.
     void remember(base::TextView path);
 
 private:

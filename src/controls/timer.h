@@ -7,7 +7,7 @@
 
 namespace controls {
 
-// A timer of a window. It fires every `interval` ms while it is enabled and the interval is not 0.
+// A timer of a window. It ticks every `interval` ms while it is enabled and the interval is not 0.
 class Timer {
 public:
     explicit Timer(platform::EventLoop& loop) : alarm_(loop.alarm([this] { Tick(); })) {}
@@ -15,8 +15,8 @@ public:
     int interval() const { return interval_; }
     bool enabled() const { return enabled_; }
 
-    // Period in ms, 0 to stop. The count begins anew, also with the period that it has: what extends a watch
-    // relies on it.
+    // Sets the period in ms; 0 stops. Restarts the count even if the period is unchanged: extending a timeout
+    // relies on that.
     void setInterval(int period) {
         interval_ = period;
         apply();
