@@ -5,8 +5,8 @@
 
 namespace bookmarks {
 
-// The commands of the player's menus that concern the bookmarks. The window of the marks stands beside the
-// player and ends where the editor below it ends.
+// The player's menu commands for bookmarks. The bookmark window is placed beside the player and ends at the
+// editor's right edge.
 class BookmarkCommands {
 public:
     static constexpr double sideGap = 60; // twips between the player and the window
@@ -14,7 +14,7 @@ public:
     BookmarkCommands(player::Form1& form1, controls::Window& form2, Form3& form3, BookmarkWindow& window,
                      platform::System& system);
 
-    // Shows the window, or hides it.
+    // Shows the window if it is hidden, and vice versa.
     void mnuBookMark_Click();
     void mnuAddBM_Click();
     void mnuBMsuccessivo_Click();

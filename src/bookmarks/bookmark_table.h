@@ -8,14 +8,14 @@
 
 namespace bookmarks {
 
-// The bookmark lines of the media in use ("BookMark"). The first empty entry ends the list for every reader.
+// The bookmark lines of the open media ("BookMark"). The first empty entry ends the list for every reader.
 struct BookmarkTable {
     static constexpr std::size_t size = 501;
 
     std::array<base::Text, size> BookMark;
 
     bool empty() const { return BookMark[0].empty(); }
-    // Those before the first empty one.
+    // The lines before the first empty one.
     std::vector<base::Text> lines() const {
         return {BookMark.begin(), std::find(BookMark.begin(), BookMark.end(), base::Text())};
     }

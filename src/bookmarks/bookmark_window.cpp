@@ -66,7 +66,7 @@ void BookmarkWindow::Form_Resize() {
 }
 
 void BookmarkWindow::unload() {
-    // One that was never opened would only find its table again.
+    // Form_Unload would only copy the table to itself if the window was never loaded.
     if (!form_.loaded)
         return;
     Form_Unload();
@@ -86,7 +86,7 @@ void BookmarkWindow::Form_Unload() {
     form1_.mnuBookMark.caption = form1_.Lingua(84);
 }
 
-// The first lines of List2. What the table has no place for is left out.
+// Copies the first `count` lines of List2 into the table, as many as fit.
 void BookmarkWindow::copyLines(int count) {
     count = std::min(count, static_cast<int>(BookmarkTable::size));
     for (int i = 0; i < count; ++i)
@@ -94,7 +94,7 @@ void BookmarkWindow::copyLines(int count) {
 }
 
 void BookmarkWindow::Command1_Click() {
-    // While a file is being read, place and length are both zero, which is not its end.
+    // While a file is loading, position and duration are both empty, which does not mean the end.
     if (form1_.WMP1.playState() != platform::PlayState::Transitioning &&
         form1_.WMP1.currentPositionString() == form1_.WMP1.durationString()) {
         form1_.WMP1.setCurrentPosition(0);
@@ -103,7 +103,7 @@ void BookmarkWindow::Command1_Click() {
     dialog_.ask(form_, form1_.Lingua(93), form1_.Lingua(88));
 }
 
-// False when there is such a bookmark already: the dialog stays for another name.
+// Returns false if such a bookmark already exists: the dialog stays open for another name.
 bool BookmarkWindow::addNamed(const base::Text& name) {
     const base::Text position = paddedPosition(form1_.WMP1.currentPositionString());
     // A bookmark is one line of its file.
@@ -116,8 +116,8 @@ bool BookmarkWindow::addNamed(const base::Text& name) {
         dialog_.warn(form1_.Lingua(89));
         return false;
     }
-    // After a deletion the lists differ from each other and from the table. What is added then would push out
-    // the last line, which may be the new one.
+    // After a deletion the lists differ from each other and from the table. Without a refill, adding a line
+    // would push out the last one, which may be the new bookmark.
     if (rowCount(form_.List1) != rowCount(form_.List2))
         fillLists();
     if (!isThere()) {

@@ -7,32 +7,32 @@
 
 namespace bookmarks {
 
-// The routines of Form3. Both lists and the table hold the same bookmarks, but for a deletion, which leaves
-// its line in List2 and loses the last one from the table; that is wanted as it stands. The next bookmark
-// that is added goes by the table.
+// The routines of Form3. Both lists and the table hold the same bookmarks, except after a deletion: the
+// deleted line stays in List2, and the last line is lost from the table. Settled behaviour. The next added
+// bookmark rebuilds the lists from the table.
 class BookmarkWindow {
 public:
     BookmarkWindow(Form3& form, BookmarkTable& table, player::Form1& form1, dictation::InputDialog& dialog);
 
-    // Fills the lists from the table. Whoever is about to use the lists asks for it; a window that is loaded
-    // is left alone.
+    // Fills the lists from the table. Every user of the lists calls it first; it does nothing if the window
+    // is loaded.
     void Form_Load();
-    // Fills the lists of a loaded window once more, where they were emptied and the media stays in use.
+    // Refills the lists of a loaded window that were emptied while the media stays open.
     void refill();
     void Form_Resize();
-    // Takes the window away with its lists, after the table took over their lines. A later load begins with
-    // the design again.
+    // Hides the window and empties its lists, after copying their lines to the table. The next load starts
+    // with the design position and size.
     void unload();
 
-    // Adds a bookmark; at the very end of the media the player starts from the beginning first.
+    // Adds a bookmark. At the very end of the media, playback restarts from the beginning first.
     void Command1_Click();
-    // Deletes the chosen one.
+    // Deletes the selected bookmark.
     void Command2_Click();
-    // Jumps to the chosen one, unless it lies within the first second.
+    // Jumps to the selected bookmark, unless it lies within the first second.
     void List1_DblClick();
     void Timer1_Timer();
 
-    // The tips of the buttons.
+    // Sets the tool tips of the buttons.
     void applyLanguage();
 
 private:

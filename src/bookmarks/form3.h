@@ -1,4 +1,4 @@
-// The window of the bookmarks as data: every control under its given name, with its design place and state.
+// The bookmark window as data: every control under its given name, with its initial position and state.
 #pragma once
 
 #include "controls/controls.h"
@@ -19,11 +19,11 @@ struct Form3 : controls::Window {
     controls::ListBox List1{"List1", {30, 30, 5745, 2370}};               // the keys, sorted
     controls::CommandButton Command2{"Command2", {4680, 2480, 525, 375}}; // delete
     controls::CommandButton Command1{"Command1", {5250, 2480, 525, 375}}; // add
-    controls::ListBox List2{"List2", {30, 420, 5745, 1005}}; // the whole lines, sorted; never shown
+    controls::ListBox List2{"List2", {30, 420, 5745, 1005}}; // the complete lines, sorted; never shown
 
-    controls::Timer Timer1; // takes the window away at the exit
+    controls::Timer Timer1; // hides the window at the exit
 
-    bool loaded = false; // the lists are those of the table
+    bool loaded = false; // the lists have been filled from the table
 };
 
 } // namespace bookmarks

@@ -24,7 +24,8 @@ void MediaBookmarks::SalvaBookMark() {
     base::carryOn([&] { base::createFolder(form1_.folder.bookmarks({})); });
     base::carryOn(
         [&] {
-            // What could not be read is still the user's: if it is not there now either, nothing is written.
+            // The unreadable file still holds the user's bookmarks: if reading fails again, nothing is
+            // written.
             const bool keeps = file == unread_;
             std::vector<base::Text> lines = keeps ? files_.readLines(file) : std::vector<base::Text>();
             std::copy_if(table_.BookMark.begin(), table_.BookMark.end(), std::back_inserter(lines),
@@ -43,7 +44,7 @@ void MediaBookmarks::leave() {
         SalvaBookMark();
     table_.SvuotaBookMark();
     unread_.clear();
-    // A deletion leaves its line behind in a list, also when it empties the table.
+    // A deletion leaves its line in List2, even if it empties the table.
     clear(form3_.List1);
     clear(form3_.List2);
 }

@@ -11,33 +11,33 @@
 
 namespace bookmarks {
 
-// The bookmarks of a media between its file and the table. The file is called after the media alone, so two
-// media of one name share it. A failure of the disk is skipped in silence and leaves the old file.
+// Loads and saves the bookmarks of one media. The file is named after the media's file name only, so media of
+// the same name share it. Disk errors are ignored silently and leave the old file.
 class MediaBookmarks {
 public:
     MediaBookmarks(BookmarkTable& table, Form3& form3, const player::Form1& form1,
                    const base::TextFiles& files);
 
-    // Writes the bookmarks of the media in use and empties the lists of the window. Where there are none the
-    // file stays as it is, so that those deleted to the last one come back. A file that could not be read is
-    // read again: its lines stay in front of the new ones, or, when that fails too, the file as it is.
+    // Writes the bookmarks of the open media and empties the window's lists. Without bookmarks the file stays
+    // unchanged, so deleting the last one does not last. If the file could not be read, it is read again: its
+    // lines go before the new ones, or, if reading fails again, nothing is written.
     void SalvaBookMark();
-    // Saves the bookmarks, if there are any, and forgets them: the next media begins with empty lists.
+    // Saves the bookmarks, if there are any, and clears them: the next media starts with empty lists.
     void leave();
 
-    // True when the media at this path has a bookmark file.
+    // True if the media at this path has a bookmark file.
     bool hasFile(base::TextView mediaPath) const;
-    // Reads the lines of that file into the table, as many as it holds.
+    // Reads the lines of that file into the table, as many as fit.
     void read(base::TextView mediaPath);
 
-    // Replaces the bookmark file of the media at this path by these lines, which an earlier run of the
-    // program could not save; false when it holds them already. Throws Failure.
+    // Replaces the bookmark file of the media at this path by these lines, which an earlier run could not
+    // save. Returns false if the file already holds them. Throws Failure.
     bool bringBack(base::TextView mediaPath, const std::vector<base::Text>& lines);
 
-    // The file is replaced by so many lines next, or was read with more lines than the table holds.
+    // Called before the file is replaced by this many lines, and when it has more lines than the table holds.
     std::function<void(const base::Text& file, std::size_t lines)> Replacing = [](const base::Text&,
                                                                                   std::size_t) {};
-    // A save failed, with the system's words; the rule passes over it.
+    // A save failed; `reason` is the system's message. The program continues as if it had succeeded.
     std::function<void(const base::Text& reason)> Failed = [](const base::Text&) {};
 
 private:
@@ -47,7 +47,7 @@ private:
     Form3& form3_;
     const player::Form1& form1_;
     const base::TextFiles& files_;
-    base::Text unread_; // bookmark file of the media in use, when it could not be read
+    base::Text unread_; // bookmark file of the open media that could not be read
 };
 
 } // namespace bookmarks

@@ -1,4 +1,4 @@
-// A list box that keeps its rows in the order of their text, capital letters and small ones alike.
+// A list box that sorts its rows by text, ignoring case.
 #pragma once
 
 #include "controls/controls.h"
@@ -8,12 +8,12 @@ namespace bookmarks {
 void clear(controls::ListBox& list);
 // Fills an empty list with these rows.
 void fillSorted(controls::ListBox& list, std::vector<base::Text> rows);
-// Adds one row at its place; the row chosen stays chosen.
+// Inserts one row in order; the selected row stays selected.
 void addSorted(controls::ListBox& list, const base::Text& row);
-// Takes the chosen row away; none is chosen then.
+// Removes the selected row; none is selected afterwards.
 void removeChosen(controls::ListBox& list);
 
-// Row `index`; the empty text where the list has none.
+// Row `index`; empty if the list has no such row.
 base::Text rowOf(const controls::ListBox& list, int index);
 int rowCount(const controls::ListBox& list);
 
