@@ -71,9 +71,9 @@ struct Editor {
     base::ProgramFolder folder{desktop.folder.text("")};
     lang::LanguageTable Lingua{files, folder};
     editor::Form2 form;
-    player::Preferences preferences;
+    player::Settings settings;
     controls::RecentFiles recent;
-    editor::Document document{form, desktop.dialogPort, desktop.systemPort, preferences, recent};
+    editor::Document document{form, desktop.dialogPort, desktop.systemPort, settings, recent};
     player::Form1 form1{loop, desktop.player, Lingua, folder};
     editor::UndoRedo undoRedo{form.RTB};
     editor::Typing typing{form, document, undoRedo, form1};

@@ -37,9 +37,9 @@ int main(int argc, char* argv[]) {
 
     recorder::RecordingJournal journal(files, still.folder.text("Recordings.ini"));
     recorder::WaveIn engine(device, still.dialogPort, journal);
-    player::Preferences preferences;
+    player::Settings settings;
     recorder::FrmAudioRec form(loop, Lingua, folder);
-    recorder::RecorderWindow recorder(form, form1, engine, still.dialogPort, preferences);
+    recorder::RecorderWindow recorder(form, form1, engine, still.dialogPort, settings);
     const desktop::FrmAudioRecWindow window(form);
     recorder.mnuRegistra_Click();
     still.dialogPort.choices = {still.folder.text("a.wav")};

@@ -12,7 +12,7 @@
 #include "editor/typing.h"
 #include "editor/undo_redo.h"
 #include "player/form1.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 
 namespace app {
 
@@ -20,7 +20,7 @@ namespace app {
 class EditorRoom {
 public:
     // `Salva` saves the settings.
-    EditorRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
+    EditorRoom(Desktop& desktop, player::Form1& form1, player::Settings& settings,
                const base::TextFiles& files, std::function<void()> Salva);
 
     // Creates the window, hidden. Call it after every command has its routine, which a menu reads only once.

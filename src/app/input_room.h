@@ -25,12 +25,12 @@ public:
 // accepts whatever no other job recognises.
 class InputJobs {
 public:
-    InputJobs(dictation::InputDialog& dialog, player::Form1& form1, player::Preferences& preferences,
-              platform::Options& options)
-        : secIndietro_(Setting::secIndietro, dialog, form1, preferences, options),
-          goTo_(dialog, form1, options), tempoPlay_(Setting::tempoPlay, dialog, form1, preferences, options),
-          tempoPause_(Setting::tempoPause, dialog, form1, preferences, options),
-          secSalto_(Setting::secSalto, dialog, form1, preferences, options) {}
+    InputJobs(dictation::InputDialog& dialog, player::Form1& form1, player::Settings& settings,
+              platform::SettingsStore& store)
+        : secIndietro_(Setting::secIndietro, dialog, form1, settings, store), goTo_(dialog, form1, store),
+          tempoPlay_(Setting::tempoPlay, dialog, form1, settings, store),
+          tempoPause_(Setting::tempoPause, dialog, form1, settings, store),
+          secSalto_(Setting::secSalto, dialog, form1, settings, store) {}
 
 private:
     using Setting = dictation::SecondsSetting;

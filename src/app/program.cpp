@@ -1,6 +1,6 @@
 #include "app/program.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/unfinished_file.h"
 
 #include <algorithm>

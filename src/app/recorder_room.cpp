@@ -2,13 +2,13 @@
 
 namespace app {
 
-RecorderRoom::RecorderRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
+RecorderRoom::RecorderRoom(Desktop& desktop, player::Form1& form1, player::Settings& settings,
                            const base::TextFiles& files, const base::ProgramFolder& folder)
-    : desktop_(desktop), preferences_(preferences), journal_(files, folder.files(u"Recordings.ini")),
+    : desktop_(desktop), settings_(settings), journal_(files, folder.files(u"Recordings.ini")),
       cutOff_(desktop.eventLoop(), desktop.dialogs(), journal_, form1.Lingua),
       form_(desktop.eventLoop(), form1.Lingua, folder),
       engine_(desktop.waveInput(), desktop.dialogs(), journal_),
-      window_(form_, form1, engine_, desktop.dialogs(), preferences) {
+      window_(form_, form1, engine_, desktop.dialogs(), settings) {
     form1.mnuRegistra.Click = [this] { open(); };
     form1.cmdRec.Click = [this] { open(); };
 }
@@ -27,7 +27,7 @@ bool RecorderRoom::isRecordingTo(base::TextView path) {
 }
 
 void RecorderRoom::searchCutOff() {
-    cutOff_.search({form_.folder.path(), preferences_.CartellaMedia});
+    cutOff_.search({form_.folder.path(), settings_.CartellaMedia});
 }
 
 void RecorderRoom::close() {

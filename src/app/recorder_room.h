@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/desktop.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 #include "recorder/cut_off_recordings.h"
 #include "recorder/frm_audio_rec.h"
 #include "recorder/recorder_window.h"
@@ -12,7 +12,7 @@ namespace app {
 // The recorder with its window, and the repair of recordings that a crash cut off.
 class RecorderRoom {
 public:
-    RecorderRoom(Desktop& desktop, player::Form1& form1, player::Preferences& preferences,
+    RecorderRoom(Desktop& desktop, player::Form1& form1, player::Settings& settings,
                  const base::TextFiles& files, const base::ProgramFolder& folder);
 
     // True if `path` is the one in the recorder's box, whether it records or not. Loads the recorder's
@@ -30,7 +30,7 @@ private:
     void open();
 
     Desktop& desktop_;
-    player::Preferences& preferences_;
+    player::Settings& settings_;
     recorder::RecordingJournal journal_;
     recorder::CutOffRecordings cutOff_;
     recorder::FrmAudioRec form_;

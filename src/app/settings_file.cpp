@@ -74,19 +74,19 @@ StartSettings SettingsFile::read() {
     StartSettings start;
     textField(fields); // the language was selected before this window existed
     start.volume = textField(fields);
-    readOptions(fields);
+    readPlayer(fields);
     readPlaces(fields, start);
     readDictation(fields, start);
     return start;
 }
 
-void SettingsFile::readOptions(base::FieldReader& fields) {
+void SettingsFile::readPlayer(base::FieldReader& fields) {
     const base::Text thumb = textField(fields);
     base::carryOn([&] { kept_.form1.Image1.top = place(thumb); });
-    readSeconds(fields, kept_.preferences.SecSalto);
-    readSeconds(fields, kept_.preferences.SecIndietro);
+    readSeconds(fields, kept_.settings.SecSalto);
+    readSeconds(fields, kept_.settings.SecIndietro);
     kept_.form1.mnuTitoloCompleto.checked = base::val(textField(fields)) == 1;
-    kept_.preferences.CartellaMedia = textField(fields);
+    kept_.settings.CartellaMedia = textField(fields);
 }
 
 void SettingsFile::readPlaces(base::FieldReader& fields, StartSettings& start) {
@@ -100,8 +100,8 @@ void SettingsFile::readPlaces(base::FieldReader& fields, StartSettings& start) {
 }
 
 void SettingsFile::readDictation(base::FieldReader& fields, StartSettings& start) {
-    readPhase(fields, kept_.preferences.TempoPlay);
-    readPhase(fields, kept_.preferences.TempoPause);
+    readPhase(fields, kept_.settings.TempoPlay);
+    readPhase(fields, kept_.settings.TempoPause);
     const bool smartPlay = numberField(fields) != 0;
     kept_.form1.mnuSmartPlay.checked = smartPlay;
     kept_.form1.load(kept_.form1.imgDetta, smartPlay ? u"detta2.jpg" : u"detta.jpg");
@@ -119,10 +119,10 @@ void SettingsFile::Salva() {
         kept_.Lingua.FileLingua,
         form1.Image1.tag,
         number(form1.Image1.top),
-        number(kept_.preferences.SecSalto),
-        number(kept_.preferences.SecIndietro),
+        number(kept_.settings.SecSalto),
+        number(kept_.settings.SecIndietro),
         mark(form1.mnuTitoloCompleto.checked),
-        kept_.preferences.CartellaMedia,
+        kept_.settings.CartellaMedia,
         mark(!form2.visible),
         number(form1.left),
         number(form1.top),
@@ -136,8 +136,8 @@ void SettingsFile::Salva() {
         number(form3.top),
         number(form3.width),
         number(form3.height),
-        number(kept_.preferences.TempoPlay),
-        number(kept_.preferences.TempoPause),
+        number(kept_.settings.TempoPlay),
+        number(kept_.settings.TempoPause),
         mark(form1.mnuSmartPlay.checked),
         mark(form1.mnuCheckUpdateStartup.checked),
         mark(form1.mnuNoPlayOnWrite.checked),

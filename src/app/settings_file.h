@@ -4,9 +4,9 @@
 #include "base/files.h"
 #include "controls/controls.h"
 #include "lang/language_table.h"
-#include "platform/options.h"
+#include "platform/settings_store.h"
 #include "player/form1.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 
 namespace app {
 
@@ -16,7 +16,7 @@ struct Kept {
     player::Form1& form1;
     controls::Window& form2;
     controls::Window& form3;
-    player::Preferences& preferences;
+    player::Settings& settings;
 };
 
 // Fields of the settings file that are applied later in the start than they are read.
@@ -42,21 +42,21 @@ struct StartSettings {
 };
 
 // The settings file: 25 lines with one value each, identified by position only.
-class SettingsFile : public platform::Options {
+class SettingsFile : public platform::SettingsStore {
 public:
     SettingsFile(const base::TextFiles& files, const base::ProgramFolder& folder, Kept kept);
 
     // Line 1: the name of the language file. Throws Failure if the file cannot be read or is empty.
     static base::Text readLanguageName(const base::TextFiles& files, const base::ProgramFolder& folder);
 
-    // Reads all lines into the controls and preferences and returns the fields that are applied later. A
+    // Reads all lines into the controls and settings and returns the fields that are applied later. A
     // field that cannot be read counts as 0 or empty text.
     StartSettings read();
 
     void Salva() override;
 
 private:
-    void readOptions(base::FieldReader& fields);
+    void readPlayer(base::FieldReader& fields);
     void readPlaces(base::FieldReader& fields, StartSettings& start);
     void readDictation(base::FieldReader& fields, StartSettings& start);
 

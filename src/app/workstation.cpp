@@ -22,23 +22,23 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       form1_(desktop.eventLoop(), desktop.mediaPlayer(), language, folder),
       recentMedia_({&form1_.mnuRecent1, &form1_.mnuRecent2, &form1_.mnuRecent3, &form1_.mnuRecent4},
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
-      editor_(desktop, form1_, preferences_, files, [this] { settings_.Salva(); }),
+      editor_(desktop, form1_, settings_, files, [this] { settingsFile_.Salva(); }),
       findAndPrint_(desktop, editor_.form()), input_(desktop, form1_),
       bookmarks_(desktop, files, form1_, editor_.form(), input_.dialog),
-      recorder_(desktop, form1_, preferences_, files, folder),
+      recorder_(desktop, form1_, settings_, files, folder),
       companions_(form1_, recentMedia_, editor_, bookmarks_, recorder_, language, words_),
-      settings_(files, folder, {language, form1_, editor_.form(), bookmarks_.form(), preferences_}),
-      display_(form1_), transport_(form1_, preferences_, companions_),
+      settingsFile_(files, folder, {language, form1_, editor_.form(), bookmarks_.form(), settings_}),
+      display_(form1_), transport_(form1_, settings_, companions_),
       session_(form1_, transport_, display_, companions_),
-      opener_(form1_, session_, desktop.dialogs(), preferences_, companions_), seekBar_(form1_, transport_),
+      opener_(form1_, session_, desktop.dialogs(), settings_, companions_), seekBar_(form1_, transport_),
       volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_),
       videoPicture_(form1_, editor_.form(), bookmarks_.form()),
-      window_(form1_, editor_.form(), bookmarks_.form(), display_, settings_),
+      window_(form1_, editor_.form(), bookmarks_.form(), display_, settingsFile_),
       drop_(form1_, session_, desktop.dialogs(), companions_),
-      languageMenu_(form1_, language, desktop.dialogs(), companions_, settings_),
-      smartPlay_(form1_, transport_, desktop.dialogs(), settings_),
-      cycle_(form1_, transport_, preferences_, companions_),
-      inputJobs_(input_.dialog, form1_, preferences_, settings_),
+      languageMenu_(form1_, language, desktop.dialogs(), companions_, settingsFile_),
+      smartPlay_(form1_, transport_, desktop.dialogs(), settingsFile_),
+      cycle_(form1_, transport_, settings_, companions_),
+      inputJobs_(input_.dialog, form1_, settings_, settingsFile_),
       outside_(desktop, form1_, editor_.form(), bookmarks_.form()),
       safety_(desktop, form1_, editor_, bookmarks_, files), transcriptMenu_(editor_.form(), words_),
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
@@ -84,7 +84,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     volumeBar_.IniziaVolume();
     form1_.caption = base::Text(applicationTitle);
     form1_.top = 0;
-    const StartSettings start = settings_.read();
+    const StartSettings start = settingsFile_.read();
     base::carryOn([&] { Lingua.load(); });
     placeWindows(start);
     showCompanions(start);
@@ -164,7 +164,7 @@ bool Workstation::Form_Unload() {
     left_ = true;
     safety_.leave();
     drop_.remove();
-    settings_.Salva();
+    settingsFile_.Salva();
     bookmarks_.form().visible = false;
     bookmarks_.form().Timer1.setInterval(50);
     findAndPrint_.leave();
@@ -186,13 +186,13 @@ void Workstation::keepAll() {
     if (left_)
         return;
     safety_.flush();
-    settings_.Salva();
+    settingsFile_.Salva();
 }
 
 bool Workstation::keepsRunning() {
     const auto answer = editor_.document().askAtExit();
     if (answer == editor::Document::ExitAnswer::SaveCancelled) {
-        settings_.Salva();
+        settingsFile_.Salva();
         form1_.visible = true;
     }
     return answer != editor::Document::ExitAnswer::Go;

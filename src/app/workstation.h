@@ -22,8 +22,8 @@
 #include "player/media_session.h"
 #include "player/player_window.h"
 #include "player/position_display.h"
-#include "player/preferences.h"
 #include "player/seek_bar.h"
+#include "player/settings.h"
 #include "player/skin.h"
 #include "player/speed.h"
 #include "player/transport.h"
@@ -80,7 +80,7 @@ private:
     safety::Options safetyOptions_;
     safety::Notices notices_;
 
-    player::Preferences preferences_;
+    player::Settings settings_;
     player::Form1 form1_;
     controls::RecentFiles recentMedia_;
     EditorRoom editor_;
@@ -89,7 +89,7 @@ private:
     BookmarkRoom bookmarks_;
     RecorderRoom recorder_;
     CompanionWindows companions_;
-    SettingsFile settings_;
+    SettingsFile settingsFile_;
     player::PositionDisplay display_;
     player::Transport transport_;
     player::MediaSession session_;

@@ -1,6 +1,6 @@
 #include "base/binary_file.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 
 #include <cerrno>
 #include <fcntl.h>

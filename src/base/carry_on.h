@@ -1,18 +1,11 @@
 // The program's rule for errors: a statement that fails is skipped and the next one runs.
 #pragma once
 
-#include <stdexcept>
-#include <string>
+#include "base/failure.h"
+
 #include <utility>
 
 namespace base {
-
-// The only exception that the rooms throw or expect: a port or a helper could not do its work. what() is
-// UTF-8, the system's own message where there is one.
-class Failure : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 // Runs one statement. Returns true on success, false if it threw Failure and was skipped. Wrap single
 // statements, never a whole routine: the statements after a failed one must still run.

@@ -1,6 +1,6 @@
 #include "base/field_reader.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/numbers.h"
 
 #include <algorithm>

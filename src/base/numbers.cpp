@@ -1,6 +1,6 @@
 #include "base/numbers.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 
 #include <array>
 #include <charconv>

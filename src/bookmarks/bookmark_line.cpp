@@ -1,6 +1,6 @@
 #include "bookmarks/bookmark_line.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/numbers.h"
 
 #include <cmath>

@@ -4,8 +4,8 @@
 
 namespace dictation {
 
-GoTo::GoTo(InputDialog& dialog, player::Form1& form, platform::Options& options)
-    : dialog_(dialog), form_(form), options_(options) {
+GoTo::GoTo(InputDialog& dialog, player::Form1& form, platform::SettingsStore& store)
+    : dialog_(dialog), form_(form), store_(store) {
     form_.mnuVai.Click = [this] { mnuVai_Click(); };
     InputJob job;
     job.isAsked = [this] { return dialog_.form().caption.get() == form_.Lingua(39); };
@@ -28,7 +28,7 @@ void GoTo::go() {
         form_.cmdPlay.Click();
     }
     form_.Timer1.Tick();
-    options_.Salva();
+    store_.Salva();
 }
 
 } // namespace dictation

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "dictation/input_dialog.h"
-#include "platform/options.h"
+#include "platform/settings_store.h"
 #include "player/form1.h"
 
 namespace dictation {
@@ -9,7 +9,7 @@ namespace dictation {
 // Goes to a place of the media that the user gives in seconds.
 class GoTo {
 public:
-    GoTo(InputDialog& dialog, player::Form1& form, platform::Options& options);
+    GoTo(InputDialog& dialog, player::Form1& form, platform::SettingsStore& store);
 
     void mnuVai_Click();
 
@@ -18,7 +18,7 @@ private:
 
     InputDialog& dialog_;
     player::Form1& form_;
-    platform::Options& options_;
+    platform::SettingsStore& store_;
 };
 
 } // namespace dictation

@@ -6,23 +6,23 @@
 namespace dictation {
 
 using player::Form1Menu;
-using player::Preferences;
+using player::Settings;
 using KnownBy = SecondsKind::KnownBy;
 
 // A pause of 1 or 2 s works for as long as the program runs; the next start takes it for none and sets 7. The
 // numbers in the prompts are proposals, not the limits.
 const SecondsKind SecondsSetting::secIndietro{
-    &Preferences::SecIndietro, &Form1Menu::mnuSecIndietro, 0, 0, 20, 32, 31, {}, KnownBy::Caption};
-const SecondsKind SecondsSetting::secSalto{&Preferences::SecSalto, &Form1Menu::mnuSalto, 2, 1, 60, 35, 34, {},
+    &Settings::SecIndietro, &Form1Menu::mnuSecIndietro, 0, 0, 20, 32, 31, {}, KnownBy::Caption};
+const SecondsKind SecondsSetting::secSalto{&Settings::SecSalto, &Form1Menu::mnuSalto, 2, 1, 60, 35, 34, {},
                                            KnownBy::NothingElse};
 const SecondsKind SecondsSetting::tempoPlay{
-    &Preferences::TempoPlay, &Form1Menu::mnuTempoPlay, 3, 3, 20, 124, 125, u"5", KnownBy::PromptBeginning};
+    &Settings::TempoPlay, &Form1Menu::mnuTempoPlay, 3, 3, 20, 124, 125, u"5", KnownBy::PromptBeginning};
 const SecondsKind SecondsSetting::tempoPause{
-    &Preferences::TempoPause, &Form1Menu::mnuTempoPause, 1, 1, 20, 124, 126, u"3", KnownBy::PromptBeginning};
+    &Settings::TempoPause, &Form1Menu::mnuTempoPause, 1, 1, 20, 124, 126, u"3", KnownBy::PromptBeginning};
 
 SecondsSetting::SecondsSetting(const SecondsKind& kind, InputDialog& dialog, player::Form1& form,
-                               player::Preferences& preferences, platform::Options& options)
-    : kind_(kind), dialog_(dialog), form_(form), preferences_(preferences), options_(options) {
+                               player::Settings& settings, platform::SettingsStore& store)
+    : kind_(kind), dialog_(dialog), form_(form), settings_(settings), store_(store) {
     (form_.*kind_.command).Click = [this] { command_Click(); };
     InputJob job;
     job.isAsked = [this] { return isAsked(); };
@@ -65,7 +65,7 @@ void SecondsSetting::accept() {
         dialog_.warn(form_.Lingua(33) + bound(kind_.most));
         seconds() = kind_.most;
     }
-    options_.Salva();
+    store_.Salva();
 }
 
 } // namespace dictation

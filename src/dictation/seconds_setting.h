@@ -1,9 +1,9 @@
 #pragma once
 
 #include "dictation/input_dialog.h"
-#include "platform/options.h"
+#include "platform/settings_store.h"
 #include "player/form1.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 
 #include <cstdint>
 
@@ -15,7 +15,7 @@ struct SecondsKind {
     // How the dialog, once filled, is known to be about this setting.
     enum class KnownBy { Caption, PromptBeginning, NothingElse };
 
-    std::int16_t player::Preferences::*seconds;
+    std::int16_t player::Settings::*seconds;
     controls::MenuItem player::Form1Menu::*command;
     std::int16_t floor; // a smaller value becomes this when the command opens the dialog
     std::int16_t least; // what the dialog accepts
@@ -36,21 +36,21 @@ public:
     static const SecondsKind tempoPause;
 
     SecondsSetting(const SecondsKind& kind, InputDialog& dialog, player::Form1& form,
-                   player::Preferences& preferences, platform::Options& options);
+                   player::Settings& settings, platform::SettingsStore& store);
 
     // The menu command: mnuSecIndietro_Click, mnuSalto_Click, mnuTempoPlay_Click or mnuTempoPause_Click.
     void command_Click();
 
 private:
-    std::int16_t& seconds() { return preferences_.*kind_.seconds; }
+    std::int16_t& seconds() { return settings_.*kind_.seconds; }
     bool isAsked() const;
     void accept();
 
     const SecondsKind& kind_;
     InputDialog& dialog_;
     player::Form1& form_;
-    player::Preferences& preferences_;
-    platform::Options& options_;
+    player::Settings& settings_;
+    platform::SettingsStore& store_;
 };
 
 } // namespace dictation

@@ -3,8 +3,8 @@
 namespace dictation {
 
 SmartPlay::SmartPlay(player::Form1& form, player::Transport& transport, platform::Dialogs& dialogs,
-                     platform::Options& options)
-    : form_(form), transport_(transport), dialogs_(dialogs), options_(options) {
+                     platform::SettingsStore& store)
+    : form_(form), transport_(transport), dialogs_(dialogs), store_(store) {
     form_.mnuSmartPlay.Click = [this] { mnuSmartPlay_Click(); };
     form_.imgDetta.Click = [this] { imgDetta_Click(); };
     form_.mnuNoPlayOnWrite.Click = [this] { mnuNoPlayOnWrite_Click(); };
@@ -19,7 +19,7 @@ void SmartPlay::mnuSmartPlay_Click() {
         dialogs_.messageBox(base::TogliAmp(form_.Lingua(127)), base::TogliAmp(form_.Lingua(124)),
                             platform::BoxStyle::Information);
     }
-    options_.Salva();
+    store_.Salva();
 }
 
 void SmartPlay::imgDetta_Click() {
@@ -30,7 +30,7 @@ void SmartPlay::imgDetta_Click() {
         if (form_.cmdPlay.enabled && form_.cmdPlay.tag.get() == form_.Lingua(7))
             transport_.cmdPlay_Click();
     }
-    options_.Salva();
+    store_.Salva();
 }
 
 void SmartPlay::turnOff() {
@@ -48,7 +48,7 @@ void SmartPlay::turnOn() {
 
 void SmartPlay::mnuNoPlayOnWrite_Click() {
     form_.mnuNoPlayOnWrite.checked = !form_.mnuNoPlayOnWrite.checked;
-    options_.Salva();
+    store_.Salva();
 }
 
 void SmartPlay::Timer6_Timer() {

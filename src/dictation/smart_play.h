@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/dialogs.h"
-#include "platform/options.h"
+#include "platform/settings_store.h"
 #include "player/form1.h"
 #include "player/transport.h"
 
@@ -13,7 +13,7 @@ namespace dictation {
 class SmartPlay {
 public:
     SmartPlay(player::Form1& form, player::Transport& transport, platform::Dialogs& dialogs,
-              platform::Options& options);
+              platform::SettingsStore& store);
 
     void mnuSmartPlay_Click();
     void imgDetta_Click();
@@ -28,7 +28,7 @@ private:
     player::Form1& form_;
     player::Transport& transport_;
     platform::Dialogs& dialogs_;
-    platform::Options& options_;
+    platform::SettingsStore& store_;
 };
 
 } // namespace dictation

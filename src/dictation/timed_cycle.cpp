@@ -11,9 +11,9 @@ constexpr std::int16_t msPerSecond = 1000;
 
 } // namespace
 
-TimedCycle::TimedCycle(player::Form1& form, player::Transport& transport, player::Preferences& preferences,
+TimedCycle::TimedCycle(player::Form1& form, player::Transport& transport, player::Settings& settings,
                        player::Companions& companions)
-    : form_(form), transport_(transport), preferences_(preferences), companions_(companions) {
+    : form_(form), transport_(transport), settings_(settings), companions_(companions) {
     form_.Timer5.Tick = [this] { Timer5_Timer(); };
 }
 
@@ -38,8 +38,7 @@ void TimedCycle::beginPause() {
     transport_.offerPlay();
     // Before the step back and the pause, so that the phase is as long as it was set to be. A period of 33 s
     // or more does not fit its 16 bits, and the one before stays.
-    base::carryOn(
-        [&] { form_.Timer5.setInterval(base::productInt16(preferences_.TempoPause, msPerSecond)); });
+    base::carryOn([&] { form_.Timer5.setInterval(base::productInt16(settings_.TempoPause, msPerSecond)); });
     transport_.stepBackAndPause();
     companions_.TornaAllEditor();
 }

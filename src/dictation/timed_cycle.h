@@ -2,7 +2,7 @@
 
 #include "player/companions.h"
 #include "player/form1.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 #include "player/transport.h"
 
 namespace dictation {
@@ -12,7 +12,7 @@ namespace dictation {
 // whatever the speed.
 class TimedCycle {
 public:
-    TimedCycle(player::Form1& form, player::Transport& transport, player::Preferences& preferences,
+    TimedCycle(player::Form1& form, player::Transport& transport, player::Settings& settings,
                player::Companions& companions);
 
     // The end of a phase. While the user types, either phase goes on instead.
@@ -24,7 +24,7 @@ private:
 
     player::Form1& form_;
     player::Transport& transport_;
-    player::Preferences& preferences_;
+    player::Settings& settings_;
     player::Companions& companions_;
 };
 

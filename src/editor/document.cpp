@@ -15,8 +15,8 @@ constexpr std::size_t extensionLength = 3;
 } // namespace
 
 Document::Document(Form2& form, platform::Dialogs& dialogs, platform::System& system,
-                   player::Preferences& preferences, controls::RecentFiles& recent)
-    : form_(form), dialogs_(dialogs), system_(system), preferences_(preferences), recent_(recent) {
+                   player::Settings& settings, controls::RecentFiles& recent)
+    : form_(form), dialogs_(dialogs), system_(system), settings_(settings), recent_(recent) {
     form_.mnuSalvaConNome.Click = [this] { mnuSalvaConNome_Click(); };
     form_.mnuSelezionaTutto.Click = [this] { mnuSelezionaTutto_Click(); };
     for (controls::MenuItem* item :
@@ -88,7 +88,7 @@ void Document::ApriDocumento(base::TextView path) {
 
 // A load or a save that fails is skipped: the document has its new name all the same.
 void Document::nowIn(const base::Text& path, const std::function<void()>& loadOrSave) {
-    base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
+    base::carryOn([&] { settings_.CartellaMedia = base::currentFolder(); });
     FileEditor = path;
     loadOrSave();
     SalvaFilesRecenti(FileEditor);
@@ -186,7 +186,7 @@ platform::FileDialogRequest Document::request(bool open, int title) const {
     asked.title = form_.Lingua(title);
     asked.defaultExtension = textFirst ? u"txt" : u"rtf";
     asked.filter = textFirst ? text + u'\0' + rich : rich + u'\0' + text;
-    asked.initialFolder = preferences_.CartellaMedia;
+    asked.initialFolder = settings_.CartellaMedia;
     return asked;
 }
 

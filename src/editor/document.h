@@ -4,15 +4,15 @@
 #include "editor/form2.h"
 #include "platform/dialogs.h"
 #include "platform/system.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 
 namespace editor {
 
 // The one document of the editor: new, open, save, save as, and the questions that guard unsaved text.
 class Document {
 public:
-    Document(Form2& form, platform::Dialogs& dialogs, platform::System& system,
-             player::Preferences& preferences, controls::RecentFiles& recent);
+    Document(Form2& form, platform::Dialogs& dialogs, platform::System& system, player::Settings& settings,
+             controls::RecentFiles& recent);
 
     // A fresh window: the first untitled document.
     void Form_Load();
@@ -70,7 +70,7 @@ private:
     Form2& form_;
     platform::Dialogs& dialogs_;
     platform::System& system_;
-    player::Preferences& preferences_;
+    player::Settings& settings_;
     controls::RecentFiles& recent_;
 };
 

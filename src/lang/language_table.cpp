@@ -1,6 +1,6 @@
 #include "lang/language_table.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 
 #include <utility>
 

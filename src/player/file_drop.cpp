@@ -1,6 +1,6 @@
 #include "player/file_drop.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 
 namespace player {
 

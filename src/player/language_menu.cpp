@@ -13,8 +13,8 @@ constexpr base::TextView languageFolder = u"/Lang/";
 } // namespace
 
 LanguageMenu::LanguageMenu(Form1& form, lang::LanguageTable& table, platform::Dialogs& dialogs,
-                           Companions& companions, platform::Options& options)
-    : form_(form), table_(table), dialogs_(dialogs), companions_(companions), options_(options) {
+                           Companions& companions, platform::SettingsStore& store)
+    : form_(form), table_(table), dialogs_(dialogs), companions_(companions), store_(store) {
     form_.mnuLingua.Click = [this] { mnuLingua_Click(); };
 }
 
@@ -33,7 +33,7 @@ void LanguageMenu::mnuLingua_Click() {
     if (!chosen.empty())
         base::carryOn([&] { table_.load(); });
     ApplicaLingua(form_, companions_);
-    options_.Salva();
+    store_.Salva();
 }
 
 } // namespace player

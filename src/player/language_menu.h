@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/dialogs.h"
-#include "platform/options.h"
+#include "platform/settings_store.h"
 #include "player/companions.h"
 #include "player/form1.h"
 
@@ -11,7 +11,7 @@ namespace player {
 class LanguageMenu {
 public:
     LanguageMenu(Form1& form, lang::LanguageTable& table, platform::Dialogs& dialogs, Companions& companions,
-                 platform::Options& options);
+                 platform::SettingsStore& store);
 
     // Asks for a language file. The file loaded is always the one of that name under the program folder; the
     // texts are written and the settings saved also after a cancel.
@@ -22,7 +22,7 @@ private:
     lang::LanguageTable& table_;
     platform::Dialogs& dialogs_;
     Companions& companions_;
-    platform::Options& options_;
+    platform::SettingsStore& store_;
 };
 
 } // namespace player

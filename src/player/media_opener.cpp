@@ -4,9 +4,9 @@
 
 namespace player {
 
-MediaOpener::MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs,
-                         Preferences& preferences, Companions& companions)
-    : form_(form), session_(session), dialogs_(dialogs), preferences_(preferences), companions_(companions) {
+MediaOpener::MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Settings& settings,
+                         Companions& companions)
+    : form_(form), session_(session), dialogs_(dialogs), settings_(settings), companions_(companions) {
     form_.mnuApri.Click = [this] { ApriMedia({}); };
     form_.Image3.Click = [this] { Image3_Click(); };
     for (controls::MenuItem* item :
@@ -20,7 +20,7 @@ void MediaOpener::ApriMedia(base::TextView path) {
     const base::Text chosen = path.empty() ? askForMedia() : base::Text(path);
     if (chosen.empty())
         return;
-    base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
+    base::carryOn([&] { settings_.CartellaMedia = base::currentFolder(); });
     if (companions_.isRecordingTo(chosen))
         return;
     if (!base::fileExists(chosen)) {
@@ -57,7 +57,7 @@ base::Text MediaOpener::askForMedia() {
     request.owner = form_.name;
     request.title = form_.Lingua(25);
     request.defaultExtension = u"wav";
-    request.initialFolder = preferences_.CartellaMedia;
+    request.initialFolder = settings_.CartellaMedia;
     request.filter = form_.Lingua(41) + u'\0' +
                      u"*.aac;*.avi;*.mp3;*.mpg;*.mpeg;*.ogg;*.ogv;*.wav;*.wma;*.wmv;*.ts;*.vob;*.flv" +
                      u'\0' + form_.Lingua(26) + u'\0' + u"*.*";

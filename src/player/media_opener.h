@@ -4,14 +4,14 @@
 #include "player/companions.h"
 #include "player/form1.h"
 #include "player/media_session.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 
 namespace player {
 
 // The full open of a media file: question, checks, marks, recent list, and the keyboard back to the editor.
 class MediaOpener {
 public:
-    MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Preferences& preferences,
+    MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Settings& settings,
                 Companions& companions);
 
     // Opens the file at this path; the empty text asks the user for one. Each recent file opens by its own
@@ -29,7 +29,7 @@ private:
     Form1& form_;
     MediaSession& session_;
     platform::Dialogs& dialogs_;
-    Preferences& preferences_;
+    Settings& settings_;
     Companions& companions_;
 };
 

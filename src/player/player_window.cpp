@@ -9,8 +9,8 @@ constexpr double homePlace = 50 * controls::twipsPerPixel;
 } // namespace
 
 PlayerWindow::PlayerWindow(Form1& form, controls::Window& form2, controls::Window& form3,
-                           PositionDisplay& display, platform::Options& options)
-    : form_(form), Form2_(form2), Form3_(form3), display_(display), options_(options) {
+                           PositionDisplay& display, platform::SettingsStore& store)
+    : form_(form), Form2_(form2), Form3_(form3), display_(display), store_(store) {
     form_.Resize = [this] { Form_Resize(); };
     form_.mnuPrimoPiano.Click = [this] { mnuPrimoPiano_Click(); };
     form_.mnuMostraNascondi.Click = [this] { mnuMostraNascondi_Click(); };
@@ -37,13 +37,13 @@ void PlayerWindow::mnuMostraNascondi_Click() {
         Form2_.visible = false;
         form_.mnuMostraNascondi.caption = form_.Lingua(86);
     }
-    options_.Salva();
+    store_.Salva();
 }
 
 void PlayerWindow::mnuPrimoPiano_Click() {
     form_.mnuPrimoPiano.checked = !form_.mnuPrimoPiano.checked;
     stayOnTop(form_.mnuPrimoPiano.checked);
-    options_.Salva();
+    store_.Salva();
 }
 
 void PlayerWindow::stayOnTop(bool on) {
@@ -55,7 +55,7 @@ void PlayerWindow::stayOnTop(bool on) {
 void PlayerWindow::mnuTitoloCompleto_Click() {
     form_.mnuTitoloCompleto.checked = !form_.mnuTitoloCompleto.checked;
     display_.MostraPath();
-    options_.Salva();
+    store_.Salva();
 }
 
 } // namespace player

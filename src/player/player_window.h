@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/options.h"
+#include "platform/settings_store.h"
 #include "player/form1.h"
 #include "player/position_display.h"
 
@@ -11,7 +11,7 @@ namespace player {
 class PlayerWindow {
 public:
     PlayerWindow(Form1& form, controls::Window& form2, controls::Window& form3, PositionDisplay& display,
-                 platform::Options& options);
+                 platform::SettingsStore& store);
 
     // What the two menu commands say brings the windows back after a minimise.
     void Form_Resize();
@@ -28,7 +28,7 @@ private:
     controls::Window& Form2_;
     controls::Window& Form3_;
     PositionDisplay& display_;
-    platform::Options& options_;
+    platform::SettingsStore& store_;
 };
 
 } // namespace player

@@ -13,8 +13,8 @@ constexpr std::int16_t leastStep = 2; // seconds, where no step was ever set
 
 } // namespace
 
-Transport::Transport(Form1& form, Preferences& preferences, Companions& companions)
-    : form_(form), preferences_(preferences), companions_(companions) {
+Transport::Transport(Form1& form, Settings& settings, Companions& companions)
+    : form_(form), settings_(settings), companions_(companions) {
     form_.cmdPlay.Click = form_.mnuPlay.Click = [this] { cmdPlay_Click(); };
     form_.cmdAvanz.Click = form_.mnuAvanti.Click = [this] { cmdAvanz_Click(); };
     form_.cmdIndietro.Click = form_.mnuIndietro.Click = [this] { cmdIndietro_Click(); };
@@ -42,7 +42,7 @@ void Transport::startPlaying() {
     if (form_.mnuSmartPlay.checked) {
         // The period is a 16-bit number: from 33 s on it does not fit and stays as it was.
         base::carryOn(
-            [&] { form_.Timer5.setInterval(base::productInt16(preferences_.TempoPlay, msPerSecond)); });
+            [&] { form_.Timer5.setInterval(base::productInt16(settings_.TempoPlay, msPerSecond)); });
         form_.Timer5.setEnabled(true);
     } else {
         stopCycle();
@@ -71,7 +71,7 @@ void Transport::stopCycle() {
 }
 
 void Transport::stepBackAndPause() {
-    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() - preferences_.SecIndietro);
+    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() - settings_.SecIndietro);
     form_.WMP1.pause();
     if (form_.HoverPlay == 0 && form_.Label4.visible)
         form_.load(form_.cmdPlay, u"play.jpg");
@@ -86,9 +86,9 @@ void Transport::cmdIndietro_Click() {
 }
 
 void Transport::step(int direction) {
-    if (preferences_.SecSalto == 0)
-        preferences_.SecSalto = leastStep;
-    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() + direction * preferences_.SecSalto);
+    if (settings_.SecSalto == 0)
+        settings_.SecSalto = leastStep;
+    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() + direction * settings_.SecSalto);
     form_.Timer1.Tick();
     companions_.TornaAllEditor();
 }

@@ -2,7 +2,7 @@
 
 #include "player/companions.h"
 #include "player/form1.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 
 namespace player {
 
@@ -10,7 +10,7 @@ namespace player {
 // that notices the end of the media.
 class Transport {
 public:
-    Transport(Form1& form, Preferences& preferences, Companions& companions);
+    Transport(Form1& form, Settings& settings, Companions& companions);
 
     // Plays when the tag of cmdPlay is the word for play, else pauses. Every pause steps back SecIndietro
     // seconds.
@@ -35,7 +35,7 @@ private:
     void step(int direction);
 
     Form1& form_;
-    Preferences& preferences_;
+    Settings& settings_;
     Companions& companions_;
 };
 

@@ -41,8 +41,8 @@ base::Text FormatTime(std::int64_t secondi, bool millisecondi) {
 }
 
 RecorderWindow::RecorderWindow(FrmAudioRec& form, player::Form1& player, WaveIn& engine,
-                               platform::Dialogs& dialogs, player::Preferences& preferences)
-    : form_(form), player_(player), engine_(engine), dialogs_(dialogs), preferences_(preferences) {
+                               platform::Dialogs& dialogs, player::Settings& settings)
+    : form_(form), player_(player), engine_(engine), dialogs_(dialogs), settings_(settings) {
     form_.btnStart.Click = [this] { btnStart_Click(); };
     form_.btnStop.Click = [this] { btnStop_Click(); };
     form_.Timer.Tick = [this] { Timer_Timer(); };
@@ -133,11 +133,11 @@ void RecorderWindow::ScegliFileWav() {
     request.defaultExtension = u"wav";
     request.extensionAlways = true;
     request.filter = Lingua(123) + u'\0' + u"*.wav";
-    request.initialFolder = preferences_.CartellaMedia;
+    request.initialFolder = settings_.CartellaMedia;
     form_.txtFile.text = dialogs_.FileDlg(request);
     if (form_.txtFile.text->empty() || !base::fileExists(form_.txtFile.text.get()))
         return;
-    base::carryOn([&] { preferences_.CartellaMedia = base::currentFolder(); });
+    base::carryOn([&] { settings_.CartellaMedia = base::currentFolder(); });
     const platform::Answer answer =
         dialogs_.messageBox(base::TogliAmp(Lingua(53)) + u"\r\r" + base::TogliAmp(Lingua(54)),
                             base::TogliAmp(Lingua(1)), platform::BoxStyle::YesNoExclamation);

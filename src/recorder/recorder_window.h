@@ -2,7 +2,7 @@
 
 #include "platform/dialogs.h"
 #include "player/form1.h"
-#include "player/preferences.h"
+#include "player/settings.h"
 #include "recorder/frm_audio_rec.h"
 #include "recorder/wave_in.h"
 
@@ -16,7 +16,7 @@ base::Text FormatTime(std::int64_t secondi, bool millisecondi);
 class RecorderWindow {
 public:
     RecorderWindow(FrmAudioRec& form, player::Form1& player, WaveIn& engine, platform::Dialogs& dialogs,
-                   player::Preferences& preferences);
+                   player::Settings& settings);
 
     // Silences the player and shows the window.
     void mnuRegistra_Click();
@@ -47,7 +47,7 @@ private:
     player::Form1& player_;
     WaveIn& engine_;
     platform::Dialogs& dialogs_;
-    player::Preferences& preferences_;
+    player::Settings& settings_;
     bool loaded_ = false;
     bool bCattura = false;  // recording and not paused: drives the blink and the clock
     bool bMisura = false;   // from the start to the stop: drives the meters

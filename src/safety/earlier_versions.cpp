@@ -1,6 +1,6 @@
 #include "safety/earlier_versions.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/numbers.h"
 #include "rtf/read/reader.h"
 #include "safety/time_text.h"

@@ -1,6 +1,6 @@
 #include "safety/journal.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 
 #include <algorithm>
 

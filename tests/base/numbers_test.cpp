@@ -1,4 +1,4 @@
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/numbers.h"
 #include "testing.h"
 

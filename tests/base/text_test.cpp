@@ -1,5 +1,5 @@
-#include "base/carry_on.h"
 #include "base/code_page.h"
+#include "base/failure.h"
 #include "base/field_reader.h"
 #include "base/text.h"
 

@@ -25,12 +25,12 @@ protected:
     lang::LanguageTable Lingua{files, folder};
     fakes::FakeRichText text;
     editor::Form2 form{desktop.loop, text, Lingua, folder};
-    player::Preferences preferences;
+    player::Settings settings;
     controls::RecentFiles recent{{&form.mnuRecent1, &form.mnuRecent2, &form.mnuRecent3, &form.mnuRecent4},
                                  form.mnur,
                                  files,
                                  folder.files(u"LastFilesEditor.ini")};
-    editor::Document document{form, dialogs, desktop.systemPort, preferences, recent};
+    editor::Document document{form, dialogs, desktop.systemPort, settings, recent};
     player::Form1 form1{desktop.loop, desktop.player, Lingua, folder};
     editor::UndoRedo undoRedo{text};
     editor::Typing typing{form, document, undoRedo, form1};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "platform/clipboard.h"
 
 namespace fakes {

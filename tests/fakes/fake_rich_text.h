@@ -1,6 +1,6 @@
 #pragma once
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/files.h"
 #include "base/numbers.h"
 #include "platform/rich_text.h"

@@ -1,4 +1,4 @@
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "fakes/temporary_folder.h"
 #include "lang/language_table.h"
 #include "testing.h"

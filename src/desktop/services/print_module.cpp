@@ -1,6 +1,6 @@
 #include "desktop/services/print_module.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "desktop/qt/module.h"
 
 #include <QLoggingCategory>

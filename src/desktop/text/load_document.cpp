@@ -1,6 +1,6 @@
 #include "desktop/text/load_document.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/files.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/text/layout_limits.h"

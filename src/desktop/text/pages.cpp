@@ -1,6 +1,6 @@
 #include "desktop/text/pages.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "desktop/text/layout_limits.h"
 
 #include <QAbstractTextDocumentLayout>

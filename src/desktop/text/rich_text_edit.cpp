@@ -1,6 +1,6 @@
 #include "desktop/text/rich_text_edit.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/files.h"
 #include "desktop/clipboard/rtf_source.h"
 #include "desktop/qt/conversions.h"

@@ -3,7 +3,7 @@
 #include "mpv_player.h"
 #include "mpv_versions.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 
 // The caller owns the player; null if libmpv cannot be started. Requires a QApplication.
 extern "C" Q_DECL_EXPORT platform::MediaPlayer* quillmere_media_player() {

@@ -1,6 +1,6 @@
 #include "mpv_engine.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "mpv_options.h"
 
 #include <mpv/client.h>

@@ -1,6 +1,6 @@
 #include "mpv_options.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 
 #include <mpv/client.h>
 

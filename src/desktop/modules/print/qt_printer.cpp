@@ -1,6 +1,6 @@
 #include "qt_printer.h"
 
-#include "base/carry_on.h"
+#include "base/failure.h"
 #include "base/files.h"
 #include "desktop/qt/conversions.h"
 #include "print_dialog.h"

@@ -2,11 +2,11 @@
 
 namespace platform {
 
-// Stores the program's options between runs. Whoever changes an option saves at once, so that the change
+// Stores the program's settings between runs. Whoever changes one saves at once, so that the change
 // survives a crash.
-class Options {
+class SettingsStore {
 public:
-    virtual ~Options() = default;
+    virtual ~SettingsStore() = default;
     // Writes the settings file. A failure is ignored silently.
     virtual void Salva() = 0;
 };

@@ -6,8 +6,8 @@
 
 namespace player {
 
-// Options of the program that no control holds. They go to the settings file with the rest.
-struct Preferences {
+// Settings of the program that no control holds. They go to the settings file with the rest.
+struct Settings {
     std::int16_t SecSalto = 0;    // seconds of one step forward or back
     std::int16_t SecIndietro = 0; // seconds that every pause steps back
     std::int16_t TempoPlay = 0;   // seconds of a play phase of the timed cycle
