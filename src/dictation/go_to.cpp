@@ -22,7 +22,7 @@ void GoTo::mnuVai_Click() {
 
 void GoTo::go() {
     form_.WMP1.setCurrentPosition(base::val(dialog_.form().Text1.text.get()));
-    // A player at rest takes the road of a pause, with its step back; a running one does not.
+    // A player at rest pauses, and so steps back; a running one plays on.
     if (form_.cmdPlay.tag.get() == form_.Lingua(7)) {
         form_.cmdPlay.tag = form_.Lingua(8);
         form_.cmdPlay.Click();

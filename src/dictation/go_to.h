@@ -6,7 +6,7 @@
 
 namespace dictation {
 
-// Goes to a place of the media that the user gives in seconds.
+// Jumps to a position in the media that the user enters in seconds.
 class GoTo {
 public:
     GoTo(InputDialog& dialog, player::Form1& form, platform::SettingsStore& store);

@@ -9,8 +9,8 @@ using player::Form1Menu;
 using player::Settings;
 using KnownBy = SecondsKind::KnownBy;
 
-// A pause of 1 or 2 s works for as long as the program runs; the next start takes it for none and sets 7. The
-// numbers in the prompts are proposals, not the limits.
+// A pause of 1 or 2 s lasts until the program ends; the next start considers it too short and sets 7. The
+// numbers in the prompts are suggestions, not the limits.
 const SecondsKind SecondsSetting::secIndietro{
     &Settings::SecIndietro, &Form1Menu::mnuSecIndietro, 0, 0, 20, 32, 31, {}, KnownBy::Caption};
 const SecondsKind SecondsSetting::secSalto{&Settings::SecSalto, &Form1Menu::mnuSalto, 2, 1, 60, 35, 34, {},

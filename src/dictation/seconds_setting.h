@@ -9,25 +9,24 @@
 
 namespace dictation {
 
-// What makes one of the four settings different from the others. Captions and prompts are entries of the
-// language table.
+// The differences between the four settings. Captions and prompts are indices of the language table.
 struct SecondsKind {
-    // How the dialog, once filled, is known to be about this setting.
+    // How an open dialog is recognised as being for this setting.
     enum class KnownBy { Caption, PromptBeginning, NothingElse };
 
     std::int16_t player::Settings::*seconds;
     controls::MenuItem player::Form1Menu::*command;
-    std::int16_t floor; // a smaller value becomes this when the command opens the dialog
-    std::int16_t least; // what the dialog accepts
+    std::int16_t floor; // a smaller value is raised to this when the command opens the dialog
+    std::int16_t least; // limits that the dialog accepts
     std::int16_t most;
     int caption;
     int prompt;
-    base::TextView proposal; // the number that the prompt's second part names; empty for none
+    base::TextView proposal; // the number suggested in the prompt's second part; empty for none
     KnownBy knownBy;
 };
 
-// One of the numbers of seconds that the user sets in the dialog. A number out of its limits is corrected and
-// taken, with a warning.
+// One of the settings in seconds that the user enters in the dialog. A value out of range is corrected to the
+// nearest limit, with a warning.
 class SecondsSetting {
 public:
     static const SecondsKind secIndietro;

@@ -7,9 +7,9 @@
 
 namespace dictation {
 
-// The mode that turns the player into a dictation machine. Its state is the mark of mnuSmartPlay. The two
-// ways of turning it on differ on purpose: the menu explains and leaves the player alone, the button starts
-// it. Only a play arms the cycle.
+// The mode that turns the player into a dictation machine. Its state is the check mark of mnuSmartPlay. The
+// two ways of turning it on differ on purpose: the menu explains the mode and leaves the player alone, the
+// button starts playback. Only starting playback arms the cycle.
 class SmartPlay {
 public:
     SmartPlay(player::Form1& form, player::Transport& transport, platform::Dialogs& dialogs,
@@ -18,7 +18,7 @@ public:
     void mnuSmartPlay_Click();
     void imgDetta_Click();
     void mnuNoPlayOnWrite_Click();
-    // The typing watch has run out.
+    // The user has stopped typing.
     void Timer6_Timer();
 
 private:

@@ -28,7 +28,7 @@ void TimedCycle::Timer5_Timer() {
         transport_.cmdPlay_Click();
 }
 
-// The recording was closed in the middle: there is nothing to hold or to go on with.
+// The recording was closed during a phase, so there is nothing to pause or resume.
 void TimedCycle::end() {
     transport_.offerPlay();
     transport_.stopCycle();
@@ -36,8 +36,8 @@ void TimedCycle::end() {
 
 void TimedCycle::beginPause() {
     transport_.offerPlay();
-    // Before the step back and the pause, so that the phase is as long as it was set to be. A period of 33 s
-    // or more does not fit its 16 bits, and the one before stays.
+    // Set before stepping back and pausing, so that the phase has its full length. A period of 33 s or more
+    // overflows its 16 bits, and the previous one stays.
     base::carryOn([&] { form_.Timer5.setInterval(base::productInt16(settings_.TempoPause, msPerSecond)); });
     transport_.stepBackAndPause();
     companions_.TornaAllEditor();

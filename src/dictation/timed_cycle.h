@@ -7,15 +7,15 @@
 
 namespace dictation {
 
-// The cycle of smart play: TempoPlay seconds of play, a step back and TempoPause seconds of pause, and on.
-// The phase is not kept anywhere: the run state of the player tells it. Phases are wall-clock seconds,
-// whatever the speed.
+// The cycle of smart play: TempoPlay seconds of playback, a step back, TempoPause seconds of pause, repeated.
+// The phase is not stored: it follows from the player's run state. Phases last wall-clock seconds at any
+// speed.
 class TimedCycle {
 public:
     TimedCycle(player::Form1& form, player::Transport& transport, player::Settings& settings,
                player::Companions& companions);
 
-    // The end of a phase. While the user types, either phase goes on instead.
+    // Ends a phase. While the user types, the current phase is extended instead.
     void Timer5_Timer();
 
 private:
