@@ -8,8 +8,8 @@
 
 namespace lang {
 
-// Every caption, tip and message of the program by its index: `Lingua(n)` is entry n. A file fills it by
-// position: line n + 1 gives entry n, less its first three characters.
+// Every caption, tool tip and message of the program by index: `Lingua(n)` is entry n. A language file fills
+// the table by position: line n + 1, without its first three characters, is entry n.
 class LanguageTable {
 public:
     static constexpr int size = 151;
@@ -20,12 +20,12 @@ public:
     // Entry `index`, 0 to 150.
     const base::Text& operator()(int index) const { return entries_.at(static_cast<std::size_t>(index)); }
 
-    // Fills the table from the file FileLingua of the program's language folder. Entries that the file has no
-    // line for keep their text. Throws Failure when the file cannot be read, with the table as it was, and
-    // when it has more than 151 lines, with the table filled by the first.
+    // Loads the file FileLingua from the program's language folder. Entries without a line in the file keep
+    // their text. Throws Failure if the file cannot be read, with the table unchanged, and if it has more
+    // than 151 lines, with the table filled from the first 151.
     void load();
 
-    // Name of the language file, without a folder, such as "English.lng".
+    // The name of the language file without a folder, such as "English.lng".
     base::Text FileLingua;
 
 private:
@@ -34,13 +34,13 @@ private:
     std::array<base::Text, size> entries_;
 };
 
-// An entry as the text of a tool tip.
+// A language entry in the form of a tool tip.
 inline base::Text toolTip(base::TextView entry) {
     return u" " + base::TogliAmp(entry) + u" ";
 }
 
-// The name of the language file for a user in the country of this English name. The key is its first two
-// letters; that some rows are keys of languages that no country's name begins with is settled behaviour.
+// The language file for a user in the country with this English name. The key is the name's first two
+// letters; some rows have keys that no country's name begins with. Settled behaviour.
 base::Text languageFileForCountry(base::TextView englishName);
 
 } // namespace lang

@@ -1,6 +1,6 @@
-// Texts beside the language table: English sentences in the program, their translations in a file beside the
-// language file, under its name: "Svenska.words", UTF-8, with an English text, a tab and its translation on
-// each line.
+// Texts beyond the language table: English sentences in the code, translated by a file beside the language
+// file with the same stem, such as "Svenska.words". It is UTF-8; each line holds an English text, a tab and
+// its translation.
 #pragma once
 
 #include "base/program_folder.h"
@@ -13,8 +13,8 @@
 
 namespace lang {
 
-// An English text that the files of words translate. Written as u"Close"_en, so that a search of the sources
-// finds all of them.
+// An English text that the `.words` files translate. Written as u"Close"_en, so that a search of the sources
+// finds them all.
 class English {
 public:
     constexpr explicit English(base::TextView text) : text_(text) {}
@@ -36,17 +36,17 @@ constexpr English operator""_en(const char16_t* text, std::size_t length) {
 
 using WordList = std::map<base::Text, base::Text, std::less<>>;
 
-// The lines of a file of words; none when it cannot be read. A line without a tab is left out.
+// The lines of a `.words` file; empty if it cannot be read. Lines without a tab are skipped.
 WordList readWordList(base::TextView path);
 
-// The text with each "%1" to "%9" replaced by that part; a number without a part stays.
+// Replaces each "%1" to "%9" in the text by that part; a number without a part stays.
 base::Text filledIn(base::TextView text, std::initializer_list<base::TextView> parts);
 
-// Translates into the language of the program. A text that the language lacks stays English.
+// Translates into the program's language. A text without a translation stays English.
 class Words {
 public:
-    // `fileLingua` is the name of the language file in use, wherever the program keeps it. Its words are read
-    // when the first of them is needed.
+    // `fileLingua` refers to the program's name of the current language file. Its words are read on first
+    // use.
     Words(const base::Text& fileLingua, base::ProgramFolder folder)
         : fileLingua_(fileLingua), folder_(std::move(folder)) {}
     Words(const Words&) = delete;
@@ -57,16 +57,16 @@ public:
         return filledIn((*this)(text), parts);
     }
 
-    // Runs `show`, which writes texts to a window or menu, now and after each change of the language.
+    // Runs `show`, which writes texts to a window or menu, now and after each change of language.
     void follow(std::function<void()> show);
-    // The language file may be another one now.
+    // Called when the language may have changed.
     void languageChanged() const;
 
 private:
     const base::Text& fileLingua_;
     const base::ProgramFolder folder_;
     std::vector<std::function<void()>> followers_;
-    mutable base::Text shown_; // language file whose words these are
+    mutable base::Text shown_; // language file from which words_ was read
     mutable WordList words_;
 };
 
