@@ -9,10 +9,10 @@ namespace {
 
 constexpr int scrollPeriod = 10;    // ms
 constexpr double scrollStep = 10;   // twips
-constexpr double panelStart = 2200; // twips: the panel's head just below the well's lower edge
-constexpr int haltTicks = 121;      // of the panel with its end in view
-constexpr double versionGap = 150;  // twips behind the name of the program
-constexpr double homePageGap = 90;  // twips behind the words before the address
+constexpr double panelStart = 2200; // twips: the panel's top is just below the well's lower edge
+constexpr int haltTicks = 121;      // ticks for which the panel stops with its end in view
+constexpr double versionGap = 150;  // twips between the program's name and the version
+constexpr double homePageGap = 90;  // twips between the caption and the address
 constexpr base::TextView copyright = u"© 2026 Brackenloft Freeware";
 constexpr base::TextView dots = u"...";
 
@@ -30,7 +30,7 @@ AboutBox::AboutBox(FrmInformazioni& about, player::Form1& form1, controls::Windo
              &about_, &about_.imgTitle, &about_.lblCopyright, &about_.lblDescription, &about_.lblHomePageCap,
              &about_.lblTitle, &about_.lblVersion})
         closes->Click = [this] { Form_Unload(); };
-    // The well is the one control that takes the keyboard, and leaves its keys to the window.
+    // The well is the only control with the keyboard focus, and it leaves its keys to the window.
     about_.KeyDown = [this](const platform::KeyEvent& key) {
         if (key.keyCode == platform::escapeKey)
             Form_Unload();
@@ -58,7 +58,7 @@ void AboutBox::Form_Load() {
 
 void AboutBox::fillIn() {
     const base::Text title = base::TogliAmp(form1_.Lingua(19));
-    // The dots stand at the end of this entry, so that it normally keeps them.
+    // In this entry the dots are at the end, so they usually stay.
     about_.caption = title.starts_with(dots) ? title.substr(0, title.size() - dots.size()) : title;
     about_.lblTitle.caption = u"Quillmere Free";
     about_.lblVersion.caption = programVersion.shown();

@@ -6,8 +6,7 @@
 
 namespace outside {
 
-// The about box: what it says, its credits that scroll by, and the windows that make room for it and come
-// back.
+// The about box: its texts, its scrolling credits, and the windows that are hidden while it is open.
 class AboutBox {
 public:
     AboutBox(FrmInformazioni& about, player::Form1& form1, controls::Window& form2, controls::Window& form3,
@@ -21,7 +20,7 @@ public:
 private:
     void Form_Load();
     void fillIn();
-    // The windows that the two menu commands say are shown go with the player.
+    // Hides or shows the windows that the two menu commands report as shown.
     void showOthers(bool shown);
 
     FrmInformazioni& about_;

@@ -1,5 +1,5 @@
-// Where the program is at home. The hosts are of the domains that are reserved for examples, until it has a
-// real one.
+// The program's addresses. The hosts belong to domains reserved for examples, until the program has a real
+// site.
 #pragma once
 
 #include "base/text.h"
@@ -9,7 +9,7 @@
 namespace outside {
 
 inline constexpr std::string_view agentName = "Quillmere";
-// Nine digits and nothing else: the newest version.
+// The file with the newest version: exactly nine digits.
 inline constexpr std::string_view versionFile =
     "https://sites.brackenloft.example/site/brackenloftfreeware/ver_qmr.txt";
 

@@ -19,7 +19,7 @@ Links::Links(player::Form1& form, controls::Window& form2, controls::Window& for
 void Links::ApriPaginaWeb(const base::Text& target) {
     shell_.open(target);
     form_.windowState = controls::WindowState::Minimised;
-    // The caption that stands while the editor is hidden: one that is shown is left to the minimising.
+    // True while the editor is hidden; a visible editor is minimised together with the player.
     if (form_.mnuMostraNascondi.caption.get() == form_.Lingua(86))
         Form2_.visible = false;
     if (form_.mnuBookMark.caption.get() == form_.Lingua(85))

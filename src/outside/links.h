@@ -19,7 +19,7 @@ public:
     void mnuImpostaAudio_Click();
 
 private:
-    // Opens the target and makes room for what it is shown in: the player is minimised, the marks are hidden.
+    // Opens the target and makes room for its window: minimises the player and hides the bookmarks.
     void ApriPaginaWeb(const base::Text& target);
 
     player::Form1& form_;
@@ -28,7 +28,7 @@ private:
     platform::Shell& shell_;
 };
 
-// The guide that goes with a language file: "it", "ru", "pl", or "en" for every other one.
+// The language of the guide for a language file: "it", "ru", "pl", or "en" for all others.
 base::TextView guideLanguage(base::TextView fileLingua);
 
 } // namespace outside

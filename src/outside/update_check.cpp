@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t versionLength = 9;
 
-// What decides, and the only thing that does: greater than the own version as text, and of the right length.
+// The only criterion: nine characters, and greater than the program's own version when compared as text.
 bool isNewer(const std::string& received) {
     return received > programVersion.digits() && received.size() == versionLength;
 }

@@ -8,18 +8,18 @@
 
 namespace outside {
 
-// The update check at the start, and its mark in the menu.
+// The update check at the start, and its check mark in the menu.
 class UpdateCheck {
 public:
-    // `source` is the address of the version file.
+    // `source` is the URL of the version file.
     UpdateCheck(player::Form1& form, Links& links, platform::Internet& internet, platform::Dialogs& dialogs,
                 platform::System& system, std::string source = std::string(versionFile));
 
-    // Asks the user when there is a newer version, and is silent in every other case. On Yes it opens the
-    // program's page and ends the process, without anything being saved: true then.
+    // Asks the user if there is a newer version; does nothing visible otherwise. On Yes it opens the
+    // program's page, ends the process without saving anything and returns true.
     bool ControllaAggiornamenti();
 
-    // The change counts from the next start on.
+    // Toggles the check; takes effect at the next start.
     void mnuCheckUpdateStartup_Click();
 
 private:
