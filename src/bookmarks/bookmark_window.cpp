@@ -66,7 +66,7 @@ void BookmarkWindow::Form_Resize() {
 }
 
 void BookmarkWindow::unload() {
-    // Form_Unload would only copy the table to itself if the window was never loaded.
+    // The empty lists of a window that was never loaded would clear the table.
     if (!form_.loaded)
         return;
     Form_Unload();

@@ -9,28 +9,27 @@
 
 namespace dictation {
 
-// One job of the input dialog, kept by the room whose subject it is.
+// One job of the input dialog, defined by the room that needs it.
 struct InputJob {
-    std::function<bool()> isAsked; // caption and prompt of the dialog are those of this job
-    std::function<bool()> accept;  // the user pressed OK; true: the dialog may go
-    bool takesBlankText = false;   // otherwise a blank text closes the dialog and changes nothing
+    std::function<bool()> isAsked; // the dialog's caption and prompt belong to this job
+    std::function<bool()> accept;  // the user pressed OK; returns true to close the dialog
+    bool takesBlankText = false;   // otherwise blank text closes the dialog and changes nothing
 };
 
-// The routines of Form4. It knows none of its jobs: the first one that knows its own caption or prompt gets
-// the text. Jobs that take a blank text are tested before the text, all others behind it, each in the order
-// in which they were added.
+// The routines of Form4. They know no job: the first job that recognises its caption or prompt receives the
+// text. Jobs that accept blank text are tested before all others; within each group the order of add counts.
 class InputDialog {
 public:
     InputDialog(Form4& form, player::Form1& form1, platform::Dialogs& dialogs);
 
     void add(InputJob job) { jobs_.push_back(std::move(job)); }
 
-    // Opens the dialog over all windows with the icon of `caller`, with `value` selected, and returns when it
-    // has gone. Nothing happens while it is open already. The "&" of the texts are left out.
+    // Opens the dialog with the icon of `caller` and with `value` selected, and returns when it has closed.
+    // Does nothing while it is already open. "&" is removed from the texts.
     void ask(const controls::Window& caller, base::TextView caption, base::TextView prompt,
              base::TextView value = {});
 
-    // A warning under the usual title, its "&" left out.
+    // Shows a warning under the program's usual title, without "&".
     void warn(base::TextView text);
 
     void Command1_Click();
