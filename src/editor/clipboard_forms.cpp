@@ -44,7 +44,7 @@ void ClipboardForms::mnuTaglia_Click() {
     ClipRtfOn = true;
 }
 
-// Plain text goes in as RTF too: that turns the source that a copy stored back into formatted text.
+// Plain text is also inserted as RTF, which turns the source stored by a copy back into formatted text.
 void ClipboardForms::mnuIncolla_Click() {
     for (const auto format : {platform::ClipboardFormat::Rtf, platform::ClipboardFormat::Text}) {
         base::Text held;

@@ -5,9 +5,10 @@
 
 namespace editor {
 
-// Copy, cut and paste through one clipboard in two forms: while the editor is in front it holds the RTF
-// source of the last copy, for the editor's own paste, and behind any other window the plain text of it. The
-// change of sides replaces whatever the clipboard holds. The tags of the two font boxes keep the two forms.
+// Copy, cut and paste through one clipboard in two forms. While the editor is in front, the clipboard holds
+// the RTF source of the last copy, for the editor's own paste; while another window is in front, its plain
+// text. Each switch overwrites the clipboard, whatever it holds. The tags of the two font boxes store the two
+// forms.
 class ClipboardForms {
 public:
     ClipboardForms(Form2& form, platform::Clipboard& clipboard);
@@ -24,7 +25,7 @@ private:
 
     Form2& form_;
     platform::Clipboard& clipboard_;
-    bool ClipRtfOn = false; // the clipboard is taken to hold the RTF form
+    bool ClipRtfOn = false; // the clipboard is assumed to hold the RTF form
 };
 
 } // namespace editor

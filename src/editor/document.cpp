@@ -39,8 +39,7 @@ base::Text Document::untitledName() const {
     return NomeDocumento + base::numberText(NumeroDocumento);
 }
 
-// The question before the text gives way to another. A save that the user breaks off does not stop what
-// follows.
+// Asks before another text replaces this one. Cancelling the save dialog does not cancel the replacement.
 bool Document::mayLoseText() {
     if (TestoModificato != 1 || form_.RTB.textLength() == 0)
         return true;
@@ -59,7 +58,7 @@ void Document::newDocument() {
     base::carryOn([&] { form_.RTB.setText(u""); });
     Settled();
     form_.caption = form_.Lingua(96) + u" - " + untitledName();
-    // The path stays: the next save writes over the former file. Settled behaviour.
+    // The path stays, so the next save overwrites the previous file. Settled behaviour.
     TestoModificato = 0;
 }
 
@@ -86,7 +85,7 @@ void Document::ApriDocumento(base::TextView path) {
     });
 }
 
-// A load or a save that fails is skipped: the document has its new name all the same.
+// A failed load or save is skipped; the document gets its new name anyway.
 void Document::nowIn(const base::Text& path, const std::function<void()>& loadOrSave) {
     base::carryOn([&] { settings_.CartellaMedia = base::currentFolder(); });
     FileEditor = path;
@@ -172,7 +171,7 @@ void Document::showName(base::TextView path) {
         form_.caption = form_.Lingua(96) + u" - " + base::Text(base::afterLast(path, base::pathSeparator));
 }
 
-// The file used last decides which of the two formats a dialog proposes; what is written is RTF in any case.
+// The most recent file decides which of the two formats the dialog proposes; the file written is always RTF.
 platform::FileDialogRequest Document::request(bool open, int title) const {
     const base::Text& newest = form_.mnuRecent1.caption;
     const base::Text last =

@@ -8,55 +8,54 @@
 
 namespace editor {
 
-// The one document of the editor: new, open, save, save as, and the questions that guard unsaved text.
+// The editor's single document: new, open, save, save as, and the questions that protect unsaved text.
 class Document {
 public:
     Document(Form2& form, platform::Dialogs& dialogs, platform::System& system, player::Settings& settings,
              controls::RecentFiles& recent);
 
-    // A fresh window: the first untitled document.
+    // A new window starts with the first untitled document.
     void Form_Load();
 
     void newDocument();
     void openDocument();
-    // Writes the document over its file, or asks for one. A beep says that there is a file.
+    // Saves to the document's file, or asks for one. A beep confirms that the document has a file.
     void save();
     void mnuSalvaConNome_Click();
-    // Opens the file at this path; the empty text asks the user for one.
+    // Opens the file at this path; if it is empty, asks the user for one.
     void ApriDocumento(base::TextView path);
-    // Puts a path at the head of the recent documents.
+    // Moves a path to the top of the recent documents.
     void SalvaFilesRecenti(base::TextView path);
     void mnuSelezionaTutto_Click();
 
-    // The question at the exit of the program: true when the user cancelled the exit. `SavedLate` says that a
-    // save was asked for but no file was named.
+    // Asks about unsaved text at the program's exit. SaveCancelled: the user chose to save but named no file.
     enum class ExitAnswer { Go, Cancelled, SaveCancelled };
     ExitAnswer askAtExit();
 
-    // Shows a text that an earlier run of the program left unsaved, as the document of this path (empty for
-    // an untitled one), with the caret there. Throws Failure when the text cannot be shown.
+    // Shows a text that an earlier run left unsaved, as the document at this path (empty if untitled), with
+    // the caret at this position. Throws Failure if the text cannot be shown.
     void restore(const base::Text& path, std::string_view source, std::int32_t caret);
 
-    // Shows the text of the file at this path as a new untitled document with unsaved changes; the next save
-    // asks for a name. False when the user kept the text that is there. Throws Failure, with the text as it
-    // was, when the file cannot be read.
+    // Opens a copy of this file as a new untitled document with unsaved changes, so that the next save asks
+    // for a name. Returns false if the user kept the current text. Throws Failure, with the text unchanged,
+    // if the file cannot be read.
     bool openCopy(base::TextView path);
 
-    // The word for an untitled document, in a new language.
+    // Updates the word for an untitled document to the new language.
     void CambiaLingua2();
 
     base::Text NomeDocumento;         // stem of an untitled name
     base::Text FileEditor;            // path of the document; empty until the first open or save
-    std::int16_t NumeroDocumento = 1; // of the untitled document; only ever grows
-    std::int16_t TestoModificato = 0; // 1 while the text holds unsaved changes
+    std::int16_t NumeroDocumento = 1; // number of the untitled document; never decreases
+    std::int16_t TestoModificato = 0; // 1 while the text has unsaved changes
 
-    // The text gives way to another one.
+    // The text is about to be replaced by another one.
     std::function<void()> Replacing = [] {};
-    // The document is written to the file at this path next.
+    // The document is about to be written to the file at this path.
     std::function<void(const base::Text& path)> Writing = [](const base::Text&) {};
-    // That failed, with the system's words; the rule goes on as if it had not.
+    // Writing failed; `reason` is the system's message. The program continues as if it had succeeded.
     std::function<void(const base::Text& reason)> SaveFailed = [](const base::Text&) {};
-    // The text is that of its file, or a new one.
+    // The text now equals its file, or is a new one.
     std::function<void()> Settled = [] {};
 
 private:

@@ -6,7 +6,7 @@ namespace editor {
 
 namespace {
 
-// Key codes; a letter is its own.
+// Key codes; a letter's code is its upper-case character.
 enum Key {
     f1 = 112,
     f3 = 114,
@@ -22,8 +22,7 @@ enum Key {
 
 constexpr int rightMouseButton = 2;
 
-// Letters that act when they are released: what the control itself would do with them at the press never
-// runs.
+// Letters that act on release. Their press is suppressed, so the control's own command for them never runs.
 bool actsOnRelease(int keyCode) {
     constexpr base::TextView letters = u"XCVZIY";
     return letters.find(static_cast<char16_t>(keyCode)) != base::TextView::npos;
@@ -31,7 +30,7 @@ bool actsOnRelease(int keyCode) {
 
 constexpr base::TextView italian = u"italiano.lng";
 
-// A command whose room is not there does nothing.
+// A command whose room has not been created has no routine and does nothing.
 void run(const std::function<void()>& routine) {
     if (routine)
         routine();
@@ -82,7 +81,8 @@ const EditorKeys::PressRow* EditorKeys::pressRow(int keyCode) const {
     return row == pressRows_.end() ? nullptr : &*row;
 }
 
-// A command may open a modal window, which then gets the release: the key is spent before it runs.
+// The command may open a modal window, which then receives the release; so the key is consumed before it
+// runs.
 bool EditorKeys::givesPlayerCommand(platform::KeyEvent& key) {
     const PressRow* const row = pressRow(key.keyCode);
     if (!row)
@@ -102,7 +102,7 @@ void EditorKeys::RTB_KeyUp(const platform::KeyEvent& key) {
     givePlayerCommand(key.keyCode);
 }
 
-// The control's own commands know one form of a copy only, and would wait for a program that hangs.
+// The control's own commands handle only one form of a copy, and would wait for a hanging clipboard owner.
 void EditorKeys::RTB_EditKey(platform::EditCommand command) {
     using platform::EditCommand;
     const std::pair<EditCommand, const Routine&> rows[] = {
@@ -125,8 +125,8 @@ void EditorKeys::giveEditCommand(int keyCode) {
             run(command);
 }
 
-// The letters go by the name of the language file alone. In Italian the release of Ctrl+S underlines what its
-// press has saved.
+// The letters depend only on the name of the language file. In Italian, Ctrl+S saves on its press and
+// underlines on its release.
 void EditorKeys::giveStyleCommand(int keyCode) {
     const bool isItalian = base::lowered(form_.Lingua.FileLingua) == italian;
     if (keyCode == 'I')
@@ -137,7 +137,7 @@ void EditorKeys::giveStyleCommand(int keyCode) {
         toolbar_.Label2_Click(underlineButton);
 }
 
-// With any modifier: Ctrl+F6 slows down on its press and steps back on its release.
+// Applies with any modifier: Ctrl+F6 slows down on its press and steps back on its release.
 void EditorKeys::givePlayerCommand(int keyCode) {
     const std::pair<int, const Routine&> rows[] = {
         {f1, player_.mnuGuida.Click},           {f5, player_.cmdPlay.Click},

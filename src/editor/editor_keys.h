@@ -9,30 +9,29 @@
 
 namespace editor {
 
-// The keys and the mouse in the text: what is taken from the control and given to the player or to the
-// program.
+// Keys and mouse in the text: which ones the control does not get, and which command each of them runs.
 class EditorKeys {
 public:
     EditorKeys(Form2& form, Toolbar& toolbar, player::Form1& player);
 
-    // Keys of the tables that no menu is to take away: function keys, and letters that act on their press or
-    // whose press does nothing.
+    // Returns true for keys that no menu may intercept: function keys, and Ctrl+letter combinations of the
+    // tables.
     bool RTB_TakesKey(const platform::KeyEvent& key) const;
     void RTB_KeyDown(platform::KeyEvent& key);
     void RTB_KeyUp(const platform::KeyEvent& key);
     void RTB_EditKey(platform::EditCommand command);
-    // The right button opens the edit menu at the pointer.
+    // The right button opens the edit menu at the mouse pointer.
     void RTB_MouseDown(int button);
-    // A key that no control of the window has taken.
+    // Handles a key that no control of the window has handled.
     void Form_KeyDown(const platform::KeyEvent& key);
 
 private:
     using Routine = std::function<void()>;
-    // A command whose key is pressed with Ctrl alone.
+    // A command whose shortcut is this key with Ctrl alone.
     struct PressRow {
         const Routine& command;
         int keyCode;
-        bool spent; // else the control still sees the key, without its Ctrl
+        bool spent; // true: the control does not see the key; false: it sees it without Ctrl
     };
     const PressRow* pressRow(int keyCode) const;
     bool givesPlayerCommand(platform::KeyEvent& key);

@@ -4,22 +4,23 @@
 
 namespace editor {
 
-// The editor window as a window: where it opens, how its text fills it, and that closing it only hides it.
+// The editor window's geometry and visibility: where it opens, how its parts fill it, and that closing hides
+// it.
 class EditorWindow {
 public:
     EditorWindow(Form2& form, controls::Window& player, const controls::Screen& screen,
                  controls::MenuItem& showHideCommand);
 
-    // Opens directly below the player; never larger than the rest of the screen.
+    // Opens directly below the player, at most as large as the rest of the screen.
     void Form_Load();
-    // Makes the window fit between its place and the end of its screen. It is never moved; one that begins
-    // beyond the end keeps its size.
+    // Shrinks the window so that it ends within its screen. It never moves; a window that starts beyond the
+    // edge keeps its size.
     void keepOnScreen();
     void Form_Resize();
-    // The text, the flags and the records of undo stay.
+    // Only hides the window: the text, the flags and the undo records stay.
     bool Form_Unload();
 
-    // Writes the language table to the menus; the tools menu is never shown.
+    // Writes the language table to the menus. The tools menu stays hidden.
     void CambiaLingua2();
 
 private:

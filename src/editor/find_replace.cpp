@@ -17,7 +17,7 @@ constexpr base::TextView lineBreak = u"\r\n";
 constexpr base::TextView dots = u"...";
 constexpr base::TextView replaceUse = u"1";
 
-// What stands before the first line break; true when there was one.
+// Cuts the text before its first line break. Returns true if there was one.
 bool cutAtLineBreak(base::Text& text) {
     const auto at = text.find(lineBreak);
     if (at == base::Text::npos)
@@ -26,7 +26,7 @@ bool cutAtLineBreak(base::Text& text) {
     return true;
 }
 
-// Puts the box's text at the end of its list, unless it is there or is nothing but blanks.
+// Appends the box's text to its list, unless the list contains it or it is blank.
 void keepInHistory(controls::ComboBox& box) {
     const base::Text& text = box.text;
     if (box.listIndex() >= 0 || base::trimmed(text).empty())
@@ -111,7 +111,7 @@ void FindReplace::writeCaptions() {
     form_.chkMatchCase.caption = Lingua(64);
 }
 
-// The caption that says that the next search starts at the top.
+// The caption that makes the next search start at the top.
 base::Text FindReplace::findCaption() const {
     return u"&" + Lingua(56);
 }
@@ -124,8 +124,8 @@ void FindReplace::StoriaReplace() {
     keepInHistory(form_.cboReplace);
 }
 
-// The find button goes on in the state that it is in, so the search for the chosen text begins at the top all
-// the same.
+// The find button keeps its state, which may be "find next"; moving the caret makes the search for the chosen
+// text start at the top anyway.
 void FindReplace::cboFind_Click() {
     base::carryOn([&] { editor_.RTB.setSelStart(0); });
 }
@@ -151,7 +151,7 @@ int FindReplace::options() const {
            (form_.chkMatchCase.value ? platform::findMatchCase : 0);
 }
 
-// These two have a way out of their own: a failure ends the routine and is told.
+// Unlike other routines, find and replace stop at a failure and report it.
 template <typename Routine>
 void FindReplace::orTell(Routine&& routine) {
     try {
@@ -195,17 +195,17 @@ void FindReplace::replace() {
     StoriaReplace();
     platform::RichText& text = editor_.RTB;
     int word = options();
-    // From the start of the selection: a hit that is selected is found again.
+    // Searches from the start of the selection, so a selected hit is found again.
     if (text.Find(form_.cboFind.text.get(), text.SelStart(), word) == -1) {
         tell(base::TogliAmp(Lingua(65)), BoxStyle::Information);
         return;
     }
     if (form_.cmdReplace.caption.get() == Lingua(59) + base::Text(dots)) {
-        // The first press only finds, and arms the button for as long as the window lives.
+        // The first press only finds, and arms the button until the window is closed.
         form_.cmdReplace.caption = Lingua(59);
     } else {
-        // Added once more to the word as it is: the look ahead takes whole words for the case of letters, and
-        // the case for a search that does not select. Settled behaviour.
+        // The options are added twice. So the search for the next hit turns "whole word" into "match case",
+        // and "match case" into a search that does not select. Settled behaviour.
         word += options();
         if (!form_.cboFind.text->empty())
             replaceHit(word);
@@ -224,8 +224,8 @@ void FindReplace::replaceHit(int options) {
         form_.cmdFind.caption = findCaption();
 }
 
-// From the caret on, by neither option. A selection that stands before the first search is replaced even if
-// it does not match, for a search that fails leaves it in place. Settled behaviour.
+// Starts at the caret and ignores both options. A selection made before the first search is replaced even if
+// it does not match, because a failed search leaves it selected. Settled behaviour.
 void FindReplace::cmdReplaceAll_Click() {
     ContaSostituzioni = 0;
     const base::Text cerca = base::trimmed(form_.cboFind.text.get());
@@ -237,7 +237,7 @@ void FindReplace::cmdReplaceAll_Click() {
             if (text.SelLength() == 0)
                 return;
             ++ContaSostituzioni;
-            // One that cannot be replaced would be found again for ever.
+            // If it cannot be replaced, it would be found again forever.
             if (!base::carryOn([&] { text.setSelRTF(con); }))
                 return;
         }

@@ -6,16 +6,16 @@
 
 namespace editor {
 
-// Find and replace over the editor's text. Where a search goes on is told by the caption of the find button,
-// whether a press replaces by that of the replace button.
+// Find and replace in the editor's text. The caption of the find button stores whether the next search starts
+// at the top, the caption of the replace button whether a press replaces or only finds.
 class FindReplace {
 public:
     FindReplace(FrmFind& form, Form2& editor, platform::Dialogs& dialogs);
 
-    // Asked once, before the window is first loaded, to build what shows it.
+    // Called once, before the window is first loaded, to create its widgets.
     std::function<void()> Load = [] {};
 
-    // Show the window for one of its two uses. While it is loaded it keeps the look of its first one.
+    // Show the window for find or for replace. While loaded, it keeps the form in which it was first shown.
     void mnuTrova_Click();
     void mnuSostituisci_Click();
 
@@ -50,7 +50,7 @@ private:
 
     bool loaded_ = false;
     bool TagliatoCrLf =
-        false; // the text to find was cut at a line break, which the next replacement puts back
+        false; // the text to find was cut at a line break, which the next replacement restores
     std::int32_t ContaSostituzioni = 0;
 };
 

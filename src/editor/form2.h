@@ -1,4 +1,5 @@
-// The editor window as data: every control under its given name, with its design place, caption and state.
+// The editor window as data: every control under its given name, with its initial position, caption and
+// state.
 #pragma once
 
 #include "base/program_folder.h"
@@ -52,7 +53,7 @@ struct Form2Menu {
     std::vector<MenuItem*> menuBar; // in order
 };
 
-// The editor window: one text, the strip of buttons above it, the frame around it.
+// The editor window: one text, the toolbar above it, the frame around it.
 struct Form2 : controls::Window, Form2Menu {
     static constexpr int buttonCount = 17;
     static constexpr int letterCount = 4;
@@ -68,18 +69,18 @@ struct Form2 : controls::Window, Form2Menu {
     static constexpr double clientHeight = 4395; // twips
 
     controls::Picture Image1{"Image1", {150, 60, 7800, 390}};    // all icons of the buttons
-    controls::Control Line1{"Line1", {0, 480, clientWidth, 15}}; // rule under the buttons
-    controls::Control Shape1{"Shape1", {60, 60, 375, 375}};      // mark of the button under the mouse
+    controls::Control Line1{"Line1", {0, 480, clientWidth, 15}}; // line below the buttons
+    controls::Control Shape1{"Shape1", {60, 60, 375, 375}};      // highlight of the button under the mouse
     controls::Label Label1{"Label1", {150, 480, 10485, 3855}};   // frame of the text
-    controls::Control RTBPlace{"RTB", {510, 690, 9675, 3435}};   // where the text stands
-    std::array<controls::Control, buttonCount> Label2;           // hot areas over the icons, by what they do
-    std::array<controls::Label, letterCount> Label3;             // letters over the four style buttons
-    controls::ComboBox Combo1{"Combo1", {7950, 90, 1965, 315}};  // font names
-    controls::ComboBox Combo2{"Combo2", {9960, 90, 645, 315}};   // font sizes, points
+    controls::Control RTBPlace{"RTB", {510, 690, 9675, 3435}};   // position of the text
+    std::array<controls::Control, buttonCount> Label2; // hot areas over the icons, indexed by ToolbarButton
+    std::array<controls::Label, letterCount> Label3;   // letters over the four style buttons
+    controls::ComboBox Combo1{"Combo1", {7950, 90, 1965, 315}}; // font names
+    controls::ComboBox Combo2{"Combo2", {9960, 90, 645, 315}};  // font sizes, points
 
-    std::function<void()> Print = [] {}; // prints the document, or what is selected of it
+    std::function<void()> Print = [] {}; // prints the selection, or the whole document
 
-    controls::Timer Timer1; // swaps the form of the clipboard
+    controls::Timer Timer1; // switches the form of the clipboard
 };
 
 } // namespace editor

@@ -1,4 +1,4 @@
-// The find window as data: every control under its given name, with its design place, caption and state.
+// The find window as data: every control under its given name, with its initial position, caption and state.
 #pragma once
 
 #include "controls/controls.h"
@@ -6,8 +6,8 @@
 
 namespace editor {
 
-// Find and replace: two boxes with their history, two options, four buttons. In its find form the lower box
-// and two buttons are hidden.
+// Find and replace: two boxes with histories, two options, four buttons. For find, the lower box and two
+// buttons are hidden.
 struct FrmFind : controls::Window {
     explicit FrmFind(platform::EventLoop& loop);
 
@@ -27,7 +27,7 @@ struct FrmFind : controls::Window {
     controls::CommandButton cmdReplaceAll{"cmdReplaceAll", {4425, 1020, 1725, 345}};
     controls::CommandButton cmdCancel{"cmdCancel", {4425, 1455, 1725, 345}};
 
-    controls::Timer Timer1; // takes the window away when the program ends
+    controls::Timer Timer1; // unloads the window when the program ends
 };
 
 } // namespace editor

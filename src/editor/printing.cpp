@@ -10,7 +10,7 @@ namespace {
 
 using platform::PrinterProperty;
 
-// In the order in which a printer takes them.
+// In the order in which they must be applied to a printer.
 constexpr PrinterProperty copied[] = {
     PrinterProperty::Copies,    PrinterProperty::Duplex,       PrinterProperty::Orientation,
     PrinterProperty::PaperSize, PrinterProperty::PrintQuality, PrinterProperty::ColorMode,
@@ -40,7 +40,7 @@ bool Printing::ScegliStampante(platform::Printer& printer, base::TextView nomeSt
     const std::vector<base::Text> installed = printer.Printers();
     const base::Text wanted = base::lowered(nomeStampante);
     if (!wanted.empty()) {
-        // Of several whose names hold it the last one wins.
+        // If several names contain it, the last one wins.
         for (const base::Text& name : installed)
             if (base::lowered(name).find(wanted) != base::Text::npos)
                 base::carryOn([&] { printer.setPrinter(name); });
@@ -59,7 +59,7 @@ bool Printing::ScegliStampante(platform::Printer& printer, base::TextView nomeSt
     return true;
 }
 
-// What the window's title calls the document, less the end of a file's name.
+// The document's name from the window's title, without the extension ".rtf".
 base::Text Printing::documentName() const {
     base::Text name = form_.caption;
     const base::Text before = form_.Lingua(96) + u" - ";

@@ -7,17 +7,17 @@
 
 namespace editor {
 
-// Printing the text: the exchange with the printer dialog. The text control lays out the pages.
+// Prints the text: the dialogue with the printer and its dialog. The text control lays out the pages.
 class Printing {
 public:
-    // `printer` is asked for at each command: it may be costly to have before the first one. It throws
-    // base::Failure when there is no printing at all.
+    // `printer` is called for each print command, because creating the printer may take time. It throws
+    // base::Failure if the system cannot print.
     Printing(Form2& form, std::function<platform::Printer&()> printer);
 
     void mnuStampa_Click();
 
-    // Lets the user choose the printer and set it up, the dialog beginning with the printer of this name.
-    // True when he confirmed; else the printer of before is the current one again.
+    // Lets the user choose and set up a printer in the dialog, which starts with the printer of this name.
+    // Returns true if confirmed; otherwise restores the previous printer.
     bool ScegliStampante(platform::Printer& printer, base::TextView nomeStampante);
 
 private:

@@ -100,7 +100,7 @@ SnapshotStore::Owned SnapshotStore::join(Owned left, Owned right) {
     return makeNode(left, right);
 }
 
-// A node whose right side may be too high by one.
+// Makes a node whose right side may be too high by one.
 SnapshotStore::Owned SnapshotStore::balancedToTheLeft(Owned left, Owned right) {
     if (height(right) <= height(left) + 1)
         return makeNode(left, right);
@@ -112,7 +112,7 @@ SnapshotStore::Owned SnapshotStore::balancedToTheLeft(Owned left, Owned right) {
     return makeNode(newLeft, makeNode(second, outer));
 }
 
-// The same in the mirror.
+// The mirror image of balancedToTheLeft.
 SnapshotStore::Owned SnapshotStore::balancedToTheRight(Owned left, Owned right) {
     if (height(left) <= height(right) + 1)
         return makeNode(left, right);
@@ -136,7 +136,7 @@ SnapshotStore::Owned SnapshotStore::replaced(Id id, std::uint32_t position, std:
         text.replace(position, removed, inserted);
         return build(text);
     }
-    const Node node = nodes_[id]; // a copy: the nodes may move when one is made
+    const Node node = nodes_[id]; // a copy, because creating a node may move the nodes
     const std::uint32_t middle = length(node.left);
     const std::uint32_t end = position + removed;
     if (end <= middle)

@@ -10,30 +10,29 @@
 
 namespace editor {
 
-// What the snapshots of one text share: a tree of short pieces, of which a changed text copies no more than
-// the path to the piece that changed. A copy of the whole text for each letter typed would take 40 GB for a
-// hundred thousand letters in 200 KB; these take some 300 bytes a letter. Snapshots must not outlive their
-// store.
+// The shared storage of the snapshots of one text: a persistent tree of short pieces. Changing a text copies
+// only the path to the changed piece, about 300 bytes per typed letter. Full copies would take 40 GB for a
+// hundred thousand letters typed into 200 KB. Snapshots must not outlive their store.
 class SnapshotStore {
 public:
     SnapshotStore() = default;
     SnapshotStore(const SnapshotStore&) = delete;
     SnapshotStore& operator=(const SnapshotStore&) = delete;
 
-    // Bytes that all snapshots of this store take together.
+    // Memory of all snapshots in this store, in bytes.
     std::size_t bytes() const { return leaves_.bytes() + nodes_.bytes(); }
 
 private:
     friend class SnapshotText;
 
-    // A piece or a node by its number, so that a node with both of its children takes 16 bytes; 0 is the
-    // empty text. A function takes over the ids that it is given as `Owned`, and hands over the one that it
-    // returns.
+    // The number of a leaf or a node, 0 for the empty text; numbers instead of pointers keep a node at 16
+    // bytes. A function takes ownership of the ids that it receives as `Owned`, and passes on ownership of
+    // the one that it returns.
     using Id = std::uint32_t;
     using Owned = std::uint32_t;
 
     static constexpr Id leafFlag = 1U << 31U;
-    static constexpr std::size_t capacity = 28; // units in a leaf, which makes it 64 bytes
+    static constexpr std::size_t capacity = 28; // units in a leaf; makes a leaf 64 bytes
 
     struct Leaf {
         std::uint32_t references;
@@ -41,7 +40,7 @@ private:
         std::array<char16_t, capacity> units;
     };
 
-    // Longer than a leaf can be; the heights of the two sides differ by one at most.
+    // An inner node: longer than a leaf can be; the heights of its two sides differ by at most one.
     struct Node {
         std::uint32_t references : 26;
         std::uint32_t height : 6;
@@ -50,7 +49,7 @@ private:
         Id right;
     };
 
-    // Things of one kind by number, from 1 on, in blocks that never move.
+    // A pool of objects of one type, numbered from 1, in blocks that never move.
     template <typename Thing>
     class Slab {
     public:
@@ -66,8 +65,9 @@ private:
         static constexpr std::uint32_t blockSize = 4096;
 
         std::vector<std::unique_ptr<Thing[]>> blocks_;
-        std::uint32_t free_ = 0; // given back last; its length is the number of the one given back before
-        std::uint32_t next_ = 1; // never taken yet
+        std::uint32_t free_ =
+            0; // head of the free list; the `length` of a free object is the number of the next one
+        std::uint32_t next_ = 1; // lowest number never used
     };
 
     static bool isLeaf(Id id) { return (id & leafFlag) != 0; }
@@ -80,13 +80,13 @@ private:
 
     Owned makeLeaf(base::TextView text);
     Owned makeNode(Owned left, Owned right);
-    // The text as a tree of its own.
+    // Builds a balanced tree of this text.
     Owned build(base::TextView text);
-    // The two texts one behind the other.
+    // Concatenates the two texts.
     Owned join(Owned left, Owned right);
     Owned balancedToTheLeft(Owned left, Owned right);
     Owned balancedToTheRight(Owned left, Owned right);
-    // The two sides of a node that is given up.
+    // The two sides of a node, which is released.
     std::pair<Owned, Owned> sides(Owned id);
     Owned replaced(Id id, std::uint32_t position, std::uint32_t removed, base::TextView inserted);
     void copy(Id id, std::uint32_t position, std::uint32_t count, char16_t*& to) const;
@@ -95,9 +95,8 @@ private:
     Slab<Node> nodes_;
 };
 
-// One state of a text. A copy costs nothing and shares everything; a change of it leaves all copies as they
-// are and takes a time and a memory that grow with the logarithm of the text alone. Positions and lengths are
-// UTF-16 units.
+// One state of a text. Copying is free and shares everything. A change leaves all copies as they are; its
+// time and memory grow with the logarithm of the text's length. Positions and lengths are UTF-16 units.
 class SnapshotText {
 public:
     explicit SnapshotText(SnapshotStore& store, base::TextView text = {});
@@ -112,12 +111,12 @@ public:
     ~SnapshotText() { store_->release(root_); }
 
     std::int32_t length() const { return static_cast<std::int32_t>(store_->length(root_)); }
-    // The whole text, and a stretch of it: one that reaches outside is cut off there.
+    // The whole text, or the part within this range, clamped to the text.
     base::Text text() const { return text(0, length()); }
     base::Text text(std::int32_t position, std::int32_t count) const;
 
-    // Puts `inserted` in the place of `removed` units; all of them lie inside of the text. What is the same
-    // before and after is still shared.
+    // Replaces `removed` units at `position`, which must lie inside the text, by `inserted`. Unchanged units
+    // at both ends of the range stay shared.
     void replace(std::int32_t position, std::int32_t removed, base::TextView inserted);
 
 private:

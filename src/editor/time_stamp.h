@@ -5,12 +5,12 @@
 
 namespace editor {
 
-// Writes the player's position into the text.
+// Inserts the player's position into the text.
 class TimeStamp {
 public:
     TimeStamp(Form2& form, const platform::MediaPlayer& player);
 
-    // "[hh:mm:ss] " in the place of the selection; nothing for a position that hh:mm:ss cannot hold.
+    // Replaces the selection by "[hh:mm:ss] "; does nothing for a position too long for hh:mm:ss.
     void mnuTimeStamp_Click();
 
 private:

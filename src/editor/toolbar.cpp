@@ -20,8 +20,7 @@ std::vector<base::Text> fontSizes() {
     return sizes;
 }
 
-// The number that this text is, less blanks around it: digits with at most one decimal sign. 0 when it is
-// none.
+// The number in this text (digits with at most one decimal separator, blanks around it); 0 if it is not one.
 double number(const base::Text& text, base::TextView decimalSign) {
     base::Text digits = base::trimmed(text);
     const auto sign = digits.find(decimalSign);
@@ -54,7 +53,7 @@ Toolbar::Toolbar(Form2& form, Document& document, platform::System& system, plat
 
 void Toolbar::Form_Load() {
     std::vector<base::Text> fonts = system_.screenFonts();
-    // The list has always begun with the second font.
+    // The list starts with the second font. Settled behaviour.
     if (!fonts.empty())
         fonts.erase(fonts.begin());
     form_.Combo1.items = std::move(fonts);
@@ -125,7 +124,7 @@ void Toolbar::press(int index) {
     });
 }
 
-// A mixed selection is set as a whole first.
+// A mixed selection is switched on as a whole.
 void Toolbar::toggle(platform::Setting present, void (platform::RichText::*set)(bool)) {
     base::carryOn([&] { (form_.RTB.*set)(present != platform::Setting::On); });
     form_.RTB.SetFocus();
@@ -137,13 +136,13 @@ void Toolbar::align(platform::ParagraphAlignment alignment) {
 }
 
 void Toolbar::stepSize(double points) {
-    // A mixed selection has no size to start from.
+    // A mixed selection has no single size to change.
     if (const auto size = form_.RTB.SelFontSize())
         form_.RTB.setSelFontSize(*size + points);
 }
 
 void Toolbar::chooseColor() {
-    // The dialog begins on black each time, whatever the selection shows.
+    // The dialog always starts with black, whatever the selection's colour is.
     if (const auto color = dialogs_.ShowColor(form_.name, black))
         form_.RTB.setSelColor(*color);
 }

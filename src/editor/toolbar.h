@@ -8,7 +8,7 @@
 
 namespace editor {
 
-// The buttons of the strip, in their own numbers.
+// The toolbar's buttons by their numbers.
 enum ToolbarButton {
     newButton = 0,
     openButton = 1,
@@ -29,18 +29,18 @@ enum ToolbarButton {
     redoButton = 16,
 };
 
-// The strip over the text: seventeen hot areas over one picture, four letters, the boxes for font and size.
-// All of it acts on the selection, or hands on to the document.
+// The toolbar above the text: seventeen hot areas over one picture, four letters, and the boxes for font and
+// size. Its commands change the selection or call the document.
 class Toolbar {
 public:
     Toolbar(Form2& form, Document& document, platform::System& system, platform::Dialogs& dialogs);
 
-    // Fills the font boxes and puts the letters over their buttons.
+    // Fills the font boxes and places the letters over their buttons.
     void Form_Load();
 
-    // What button `index` does, then the settings are saved; nothing for an index without a button.
+    // Runs button `index` and saves the settings; does nothing if there is no such button.
     void Label2_Click(int index);
-    // The mark follows the mouse from button to button.
+    // Moves the highlight to the button under the mouse.
     void Label2_MouseMove(int index);
     void NascondiEvidenza();
 
@@ -49,7 +49,7 @@ public:
 
     void CambiaLingua2();
 
-    // Saves the settings; whoever keeps them fills this in.
+    // Saves the settings; set by their owner.
     std::function<void()> Salva = [] {};
 
 private:

@@ -17,14 +17,14 @@ Typing::Typing(Form2& form, Document& document, UndoRedo& undoRedo, player::Form
 
 void Typing::Form_Load() {
     undoRedo_.RegistraUndo = true;
-    // The record of the empty text, which no undo takes away, is laid by the same routine as all others. So a
-    // fresh editor counts as modified.
+    // The record of the empty text, which undo never removes, is created by the same routine as all others.
+    // Therefore a new editor counts as modified.
     RTB_Change();
 }
 
 void Typing::RTB_Change() {
     document_.TestoModificato = 1;
-    // Holds the phase of the timed cycle while the user types.
+    // Extends the current phase of the timed cycle while the user types.
     if (player_.mnuNoPlayOnWrite.checked)
         player_.Timer6.setInterval(typingWatch);
     if (undoRedo_.RegistraUndo)

@@ -6,12 +6,12 @@
 
 namespace editor {
 
-// What every change of the text sets off, by whomever it was made, and the commands that take it back.
+// Reacts to every change of the text, whoever made it, and runs undo and redo.
 class Typing {
 public:
     Typing(Form2& form, Document& document, UndoRedo& undoRedo, player::Form1& player);
 
-    // After the document's own.
+    // Must run after the document's Form_Load.
     void Form_Load();
     void RTB_Change();
     void mnuAnnulla_Click();

@@ -76,8 +76,8 @@ void UndoRedo::redoLast() {
         takeOut(next.SelStart, shorter);
         return;
     }
-    // What stands in the control now, which is not always the record before: a replacement of equal length is
-    // undone by dropping its record.
+    // Compares with the control's current text, which may differ from the previous record: a replacement of
+    // equal length is undone by merely dropping its record.
     base::Text chg;
     base::carryOn([&] { chg = DifferenzaTesto(current(), next.Text, next.SelStart + 1); });
     putIn(next.SelStart - static_cast<std::int32_t>(chg.size()), chg);
