@@ -9,7 +9,7 @@ namespace player {
 
 namespace {
 
-// What a text says as a truth value: one of the two words, or a number; nothing for any other text.
+// Parses a truth value: "true", "false" or a number; none for any other text.
 std::optional<bool> asBoolean(base::TextView text) {
     const base::Text word = base::lowered(base::trimmed(text));
     if (word == u"true" || word == u"false")
@@ -57,8 +57,8 @@ void applyMenus(Form1& form) {
     form.mnuRegistra.caption = form.Lingua(104) + u"...";
     form.mnuTempoPlay.caption = form.Lingua(125) + u"...";
     form.mnuTempoPause.caption = form.Lingua(126) + u"...";
-    // The item keeps its own caption in every language; its entry only says whether it is offered, and a text
-    // that is no truth value leaves that as it was.
+    // The item keeps its caption in every language. Its entry only states whether it is enabled; a text that
+    // is not a truth value changes nothing.
     if (const auto offered = asBoolean(form.Lingua(133)))
         form.mnuCheckUpdateStartup.enabled = *offered;
 }

@@ -6,7 +6,7 @@ namespace player {
 
 namespace {
 
-constexpr std::size_t longestPath = 510; // units; the buffer that takes a drop holds no more
+constexpr std::size_t longestPath = 510; // UTF-16 units; a longer dropped path is cut off
 
 } // namespace
 

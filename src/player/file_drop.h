@@ -7,13 +7,13 @@
 
 namespace player {
 
-// A file dropped on the player window plays by the short road: title, marks and recent list stay those of the
-// file that was opened last.
+// Plays a file dropped on the player window through `vai` only: title, bookmarks and recent list stay those
+// of the file opened last.
 class FileDrop {
 public:
     FileDrop(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Companions& companions);
 
-    // From the start of the window on it takes drops, until the exit.
+    // Makes the window accept drops, from its start until the exit.
     void install();
     void remove();
 

@@ -82,7 +82,7 @@ Form1::Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer,
     Label1.alignment = Alignment::Centre;
     Label3.caption = u"-";
     Label3.alignment = Alignment::Centre;
-    Label3.fontSize = 18; // at this size the dash comes to lie below the bar that its label begins on
+    Label3.fontSize = 18; // at this size the dash appears below the bar's end, where its label begins
     Label5.caption = u"100%";
     Label5.alignment = Alignment::Centre;
     Label5.foreColor = rgb(0xFF, 0xFF, 0xFF);

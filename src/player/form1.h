@@ -1,4 +1,5 @@
-// The player window as data: every control under its given name, with its design place, caption and state.
+// The player window as data: every control under its given name, with its initial position, caption and
+// state.
 #pragma once
 
 #include "base/program_folder.h"
@@ -11,7 +12,7 @@
 
 namespace player {
 
-// The menus of the player window. An item without a command behind it is shown, but not offered.
+// The menus of the player window. An item without a routine is visible but disabled.
 struct Form1Menu {
     using MenuItem = controls::MenuItem;
 
@@ -80,19 +81,19 @@ struct Form1Menu {
     std::vector<MenuItem*> menuBar; // in order
 };
 
-// The player window. Its controls hold the state of the whole session with a file: the run state is the tag
-// of cmdPlay, the file in use the tag of Label4.
+// The player window. Its controls hold the state of the session: the tag of cmdPlay is the run state, the tag
+// of Label4 the path of the open file.
 struct Form1 : controls::Window, Form1Menu {
     Form1(platform::EventLoop& loop, platform::MediaPlayer& mediaPlayer, const lang::LanguageTable& language,
           const base::ProgramFolder& folder);
 
-    // True while a file plays; every routine that asks tells it by this comparison.
+    // True while a file plays. The run state is the tag of cmdPlay, compared with a language entry.
     bool isPlaying() const { return cmdPlay.tag.get() == Lingua(8); }
-    // True while the picture of a video fills the screen and the user is not in the player in front of it.
+    // True while a video fills the screen and the player in front of it is not the active window.
     bool pictureKeepsKeyboard() const {
         return VideoWindow.visible && VideoWindow.windowState == controls::WindowState::FullScreen && !active;
     }
-    // Puts the picture `file` of the skin into a control.
+    // Loads the skin's picture `file` into a control.
     void load(controls::Picture& picture, base::TextView file) const { picture.picture = folder.files(file); }
 
     const lang::LanguageTable& Lingua;
@@ -103,17 +104,17 @@ struct Form1 : controls::Window, Form1Menu {
     static constexpr double clientHeight = 2625; // twips
 
     controls::Screen screen;
-    // The picture of a video in a window of its own, whose size is that of the picture inside its frame. The
-    // commands of the player's menus work in it by their keys.
+    // The video in a window of its own, whose size is the client size inside the frame. The player's menu
+    // shortcuts work in it.
     controls::Window VideoWindow{"VideoWindow", {0, 0, 9600, 5400}};
 
-    // From the bottom to the top, as they lie over each other.
+    // In z-order, from bottom to top.
     controls::Picture Image4{"Image4", {690, 270, 3570, 840}};        // logo
-    controls::Picture Shape3{"Shape3", {300, 165, 4095, 960}};        // backing of the title line
+    controls::Picture Shape3{"Shape3", {300, 165, 4095, 960}};        // background of the title line
     controls::Label Label4{"Label4", {330, 180, 4035, 825}};          // title line
-    controls::Control VideoBox{"WMP1", {420, 360, 555, 495}};         // where the player shows a picture
-    controls::Picture SeekTrack{"SeekTrack", {300, 2190, 4635, 240}}; // the bar at rest, under its fill
-    controls::Fill Shape1{"Shape1", {300, 2190, 4635, 225}};    // position bar: its width is the progress
+    controls::Control VideoBox{"WMP1", {420, 360, 555, 495}};         // box in which the player shows a video
+    controls::Picture SeekTrack{"SeekTrack", {300, 2190, 4635, 240}}; // the empty bar, below its fill
+    controls::Fill Shape1{"Shape1", {300, 2190, 4635, 225}};    // position bar; its width is the progress
     controls::Label Label2{"Label2", {300, 2190, 4635, 240}};   // position text
     controls::Label Label7{"Label7", {270, 1950, 450, 240}};    // speed
     controls::Label Label1{"Label1", {4770, 45, 165, 360}};     // "+"
@@ -129,7 +130,7 @@ struct Form1 : controls::Window, Form1Menu {
     controls::PictureButton cmdRec{"cmdRec", {3450, 1395, 450, 450}};
     controls::PictureButton imgDetta{"imgDetta", {4080, 1425, 450, 420}}; // smart play
 
-    // Calls `visit` with each control on the window, from the bottom to the top.
+    // Calls `visit` with each control of the window, in z-order from bottom to top.
     template <typename Visitor>
     void forEachControl(Visitor&& visit) {
         const auto each = [&](auto&... controls) { (visit(controls), ...); };
@@ -137,23 +138,23 @@ struct Form1 : controls::Window, Form1Menu {
              Image2, Image1, Image3, cmdPlay, cmdIndietro, cmdStop, cmdAvanz, cmdRec, imgDetta);
     }
 
-    static constexpr int displayPeriod = 100; // ms, of Timer1 while a file runs
+    static constexpr int displayPeriod = 100; // ms; interval of Timer1 while a file runs
 
     controls::Timer Timer1; // title, position text, position bar
     controls::Timer Timer2; // volume follows the drag of the thumb
     controls::Timer Timer3; // fade of Label5
-    controls::Timer Timer4; // watch on the player's state
+    controls::Timer Timer4; // watches the player's state
     controls::Timer Timer5; // phases of the timed cycle
-    controls::Timer Timer6; // typing watch
+    controls::Timer Timer6; // detects a pause in typing
 
-    int HoverPlay = 0;     // 1: the pointer is over cmdPlay, so its picture is left alone
+    int HoverPlay = 0;     // 1: the pointer is over cmdPlay, so its picture must not change
     int FlagHoverSkin = 0; // 1: cmdPlay shows its hover picture
-    int HoverApri = 0;     // 1: this button shows its hover picture
+    int HoverApri = 0;     // 1: this button shows its hover picture; likewise below
     int HoverIndietro = 0;
     int HoverStop = 0;
     int HoverAvanz = 0;
     int HoverRec = 0;
-    int DettaTop = 0; // rest place of imgDetta, twips
+    int DettaTop = 0; // resting position of imgDetta, twips
     int DettaLeft = 0;
 };
 

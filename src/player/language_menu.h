@@ -13,8 +13,8 @@ public:
     LanguageMenu(Form1& form, lang::LanguageTable& table, platform::Dialogs& dialogs, Companions& companions,
                  platform::SettingsStore& store);
 
-    // Asks for a language file. The file loaded is always the one of that name under the program folder; the
-    // texts are written and the settings saved also after a cancel.
+    // Asks for a language file and loads the file of that name from the program's folder, wherever the chosen
+    // one is. Rewrites the texts and saves the settings even after a cancel.
     void mnuLingua_Click();
 
 private:

@@ -8,22 +8,22 @@
 
 namespace player {
 
-// The full open of a media file: question, checks, marks, recent list, and the keyboard back to the editor.
+// Opens a media file completely: question, checks, bookmarks, recent list; then the editor gets the focus.
 class MediaOpener {
 public:
     MediaOpener(Form1& form, MediaSession& session, platform::Dialogs& dialogs, Settings& settings,
                 Companions& companions);
 
-    // Opens the file at this path; the empty text asks the user for one. Each recent file opens by its own
-    // caption.
+    // Opens the file at this path; if it is empty, asks the user for one. A recent file's caption is its
+    // path.
     void ApriMedia(base::TextView path);
 
-    // The open button of the skin.
+    // The skin's open button.
     void Image3_Click();
 
 private:
     base::Text askForMedia();
-    // What follows on the checks, with a file that the player understands.
+    // Opens a file that has passed the checks and that the player can read.
     void openWhole(const base::Text& chosen);
 
     Form1& form_;

@@ -7,16 +7,16 @@
 
 namespace player {
 
-// Begins and ends the use of one media file.
+// Starts and ends the session with one media file.
 class MediaSession {
 public:
     MediaSession(Form1& form, Transport& transport, PositionDisplay& display, Companions& companions);
 
-    // Loads the file and starts it, without a question or a message. Without such a file the commands are
-    // offered all the same, on whatever the player still holds.
+    // Loads the file and starts it without questions or messages. If the file does not exist, the commands
+    // are enabled anyway and act on the media that the player still holds.
     void vai(base::TextView path);
 
-    // Closes the file: the state without media.
+    // Closes the file and returns to the state without media.
     void mnuChiudi_Click();
 
 private:

@@ -6,21 +6,21 @@
 
 namespace player {
 
-// The player window as a window: takes its companions along when it is minimised, stays on top, shows the
-// editor, shows the whole path.
+// The player window's behaviour: hides its companions when minimised, stays on top, shows the editor, shows
+// the full path.
 class PlayerWindow {
 public:
     PlayerWindow(Form1& form, controls::Window& form2, controls::Window& form3, PositionDisplay& display,
                  platform::SettingsStore& store);
 
-    // What the two menu commands say brings the windows back after a minimise.
+    // After a minimise, shows the windows again that the captions of the two menu commands report as shown.
     void Form_Resize();
     void mnuMostraNascondi_Click();
-    // Each toggle also moves the player to pixel (50, 50).
+    // Toggles "always on top", and moves the player to pixel (50, 50) each time.
     void mnuPrimoPiano_Click();
     void mnuTitoloCompleto_Click();
 
-    // Puts the window above all others or among them, at pixel (50, 50).
+    // Makes the window topmost or not, and moves it to pixel (50, 50).
     void stayOnTop(bool on);
 
 private:

@@ -10,7 +10,7 @@ constexpr double largeTitle = 14;  // points
 constexpr double mediumTitle = 11; // points
 constexpr double smallTitle = 9;   // points
 
-// Some locales tell the time with a point.
+// Some locales separate minutes and seconds with a point.
 base::Text withColons(base::TextView time) {
     return base::replaced(time, u".", u":");
 }

@@ -4,18 +4,18 @@
 
 namespace player {
 
-// Shows where the player stands: title line, position text and position bar. It decides nothing.
+// Displays the player's position: title line, position text and position bar. It controls nothing.
 class PositionDisplay {
 public:
     explicit PositionDisplay(Form1& form);
 
-    // One refresh: every 100 ms while a file runs, and at once after a step.
+    // One refresh: every 100 ms while a file runs, and immediately after a step.
     void Timer1_Timer();
 
-    // Shows the title and chooses the size of its letters by its length.
+    // Shows the title in a font size that depends on its length.
     void MostraPath();
 
-    // Shows position 0 and the length of the media.
+    // Shows position 0 and the duration of the media.
     void showStart();
 
 private:

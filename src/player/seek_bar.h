@@ -5,13 +5,14 @@
 
 namespace player {
 
-// The click on the position bar. There is no drag: the place of the release is sought, in whole seconds.
+// The position bar reacts to a click, not to a drag: releasing the button seeks to that position, in whole
+// seconds.
 class SeekBar {
 public:
     SeekBar(Form1& form, Transport& transport);
 
-    // On a paused player the sound starts for an instant and pauses again, SecIndietro seconds before the
-    // place.
+    // If the player is paused, it plays for an instant and pauses again, SecIndietro seconds before the
+    // position.
     void Label2_MouseUp(const controls::MouseEvent& event);
 
 private:

@@ -6,7 +6,7 @@
 
 namespace player {
 
-// Settings of the program that no control holds. They go to the settings file with the rest.
+// Settings that no control holds. The settings file stores them with the others.
 struct Settings {
     std::int16_t SecSalto = 0;    // seconds of one step forward or back
     std::int16_t SecIndietro = 0; // seconds that every pause steps back

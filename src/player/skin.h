@@ -6,8 +6,8 @@
 
 namespace player {
 
-// The buttons of the skin light up under the mouse. A picture is loaded on a change of state alone, never on
-// a mere move; each button has a flag for that.
+// Highlights the skin's buttons under the mouse. Each button has a flag, so that its picture is loaded only
+// when its state changes, not on every mouse move.
 class Skin {
 public:
     explicit Skin(Form1& form);
@@ -18,13 +18,13 @@ public:
     void cmdStop_MouseMove();
     void cmdRec_MouseMove();
     void Image3_MouseMove();
-    // It has no hover picture: it jumps, and stays so until the mouse reaches the bare window or the
-    // recording button.
+    // This button has no hover picture: it moves by a few pixels and stays there until the mouse reaches the
+    // window's background or the record button.
     void imgDetta_MouseMove();
     void Form_MouseMove();
 
 private:
-    // A button with its flag and its two pictures; those of cmdPlay go by the run state.
+    // A button with its flag and two pictures; the pictures of cmdPlay depend on the run state instead.
     struct Lit {
         controls::PictureButton& control;
         int& flag;

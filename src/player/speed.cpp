@@ -7,8 +7,8 @@ namespace player {
 namespace {
 
 constexpr double step = 0.1;
-constexpr double upperTest = 4.9;  // of the present rate
-constexpr double lowerLimit = 0.5; // of the result
+constexpr double upperTest = 4.9;  // limit for the current rate
+constexpr double lowerLimit = 0.5; // limit for the resulting rate
 constexpr std::size_t shownDigits = 4;
 
 } // namespace

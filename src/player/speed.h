@@ -4,8 +4,8 @@
 
 namespace player {
 
-// Steps the speed of playback by a tenth, between 0.5 and about 5, and shows it from the first change on. The
-// steps add up as they come; the speed is not saved.
+// Changes the playback speed in steps of 0.1 between 0.5 and about 5, and displays it from the first change
+// on. Rounding errors of the steps accumulate. The speed is not saved.
 class Speed {
 public:
     explicit Speed(Form1& form);

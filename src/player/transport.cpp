@@ -9,7 +9,7 @@ namespace {
 
 constexpr int watchPeriod = 200; // ms
 constexpr std::int16_t msPerSecond = 1000;
-constexpr std::int16_t leastStep = 2; // seconds, where no step was ever set
+constexpr std::int16_t leastStep = 2; // seconds; used if no step was ever set
 
 } // namespace
 
@@ -40,7 +40,7 @@ void Transport::startPlaying() {
     form_.Timer1.setInterval(Form1::displayPeriod);
     form_.Timer4.setInterval(watchPeriod);
     if (form_.mnuSmartPlay.checked) {
-        // The period is a 16-bit number: from 33 s on it does not fit and stays as it was.
+        // The period is a 16-bit number: 33 s or more overflows, and the previous period stays.
         base::carryOn(
             [&] { form_.Timer5.setInterval(base::productInt16(settings_.TempoPlay, msPerSecond)); });
         form_.Timer5.setEnabled(true);
@@ -100,7 +100,7 @@ void Transport::mnuStop_Click() {
     form_.Label2.caption = u"0:00 / " + base::replaced(form_.WMP1.durationString(), u".", u":");
     form_.cmdPlay.tag = form_.Lingua(7);
     form_.load(form_.cmdPlay, u"play.jpg");
-    // A stop always leaves smart play off: its button sees the mark and takes that way.
+    // A stop always turns smart play off: with the check mark set, the button's routine turns it off.
     form_.mnuSmartPlay.checked = true;
     form_.imgDetta.Click();
 }

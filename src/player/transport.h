@@ -6,13 +6,13 @@
 
 namespace player {
 
-// The commands on an open file: play and pause on one toggle, stop, one step back or forward; and the watch
-// that notices the end of the media.
+// The commands for an open file: play/pause, stop, step back and forward. Also watches for the end of the
+// media.
 class Transport {
 public:
     Transport(Form1& form, Settings& settings, Companions& companions);
 
-    // Plays when the tag of cmdPlay is the word for play, else pauses. Every pause steps back SecIndietro
+    // Plays if the tag of cmdPlay is the word for play, otherwise pauses. Every pause steps back SecIndietro
     // seconds.
     void cmdPlay_Click();
 
@@ -20,11 +20,11 @@ public:
     void cmdIndietro_Click();
     void mnuStop_Click();
 
-    // Every 200 ms from the first play on: the pointer that waits, and the end of the media.
+    // Every 200 ms from the first play on: updates the wait pointer and detects the end of the media.
     void Timer4_Timer();
 
-    // What a pause is made of, for pauses that the timed cycle begins: the words for play, the cycle's timer
-    // off, and the step back with the pause behind it.
+    // The parts of a pause, also used by the timed cycle: set the captions to play, stop the cycle's timer,
+    // step back and pause.
     void offerPlay();
     void stopCycle();
     void stepBackAndPause();

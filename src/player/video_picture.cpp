@@ -10,8 +10,8 @@ namespace {
 using controls::twipsPerPixel;
 using controls::WindowState;
 
-constexpr double gap = 300;        // twips, about a window's frame, that stay free around the picture
-constexpr double leastWidth = 160; // pixels; where no more is free, the window covers what lies there
+constexpr double gap = 300;        // twips left free around the picture, about a window's frame
+constexpr double leastWidth = 160; // pixels; if less is free, the window covers other windows
 
 bool isSeen(const controls::Window& window) {
     return window.visible && window.windowState != WindowState::Minimised;
@@ -46,7 +46,7 @@ void VideoPicture::WMP1_DblClick() {
 }
 
 void VideoPicture::open() {
-    // Not the title line's file: a dropped one plays without a title of its own.
+    // The name of the playing file, not the title line's: a dropped file does not change the title line.
     form_.VideoWindow.caption = base::Text(base::afterLast(form_.WMP1.URL(), base::pathSeparator));
     form_.VideoWindow.icon = form_.icon.get();
     form_.VideoWindow.topmost = form_.topmost.get();
@@ -75,7 +75,7 @@ void VideoPicture::placeWindow(platform::PictureSize picture) {
         window.top = area.top;
         scale = scaleIn(area, picture);
     } else {
-        // The user's window, as wide as it is, in the proportions of this picture.
+        // Keeps the position and width of the user's window, with the proportions of this picture.
         scale = std::min(window.width / (picture.width * twipsPerPixel),
                          std::max(form_.screen.height - gap - window.top, gap) /
                              (picture.height * twipsPerPixel));
@@ -87,9 +87,9 @@ void VideoPicture::placeWindow(platform::PictureSize picture) {
 
 VideoPicture::Area VideoPicture::roomiest(platform::PictureSize picture) const {
     const double right = form_.screen.width - gap;
-    const double bottom = form_.screen.height - 2 * gap; // a title bar is thicker
+    const double bottom = form_.screen.height - 2 * gap; // a title bar is higher than a border
     Area others{form_.left, form_.top, form_.left + form_.width, form_.top + form_.height};
-    Area row = others; // of the player, with the marks beside it
+    Area row = others; // the player and the bookmarks beside it
     for (const controls::Window* const window : {&Form3_, &Form2_}) {
         if (!isSeen(*window))
             continue;
@@ -114,7 +114,7 @@ VideoPicture::Area VideoPicture::roomiest(platform::PictureSize picture) const {
     return {left, std::min<double>(form_.top, bottom / 2), right, bottom};
 }
 
-// At most 1: a picture is not made larger than it is.
+// At most 1: the picture is never enlarged.
 double VideoPicture::scaleIn(const Area& area, platform::PictureSize picture) const {
     return std::clamp(std::min((area.right - area.left) / (picture.width * twipsPerPixel),
                                (area.bottom - area.top) / (picture.height * twipsPerPixel)),

@@ -15,8 +15,8 @@ constexpr int fadePeriod = 100; // ms
 constexpr std::int16_t fadeAtRest = -15;
 constexpr std::int16_t fadeStep = 15;
 constexpr std::int16_t fadeEnd = 255;
-constexpr double barTop = 350;     // about the top of the bar
-constexpr double dragAbove = 1.35; // thumbs above the bar that a drag may aim at
+constexpr double barTop = 350;     // twips; about the top of the bar
+constexpr double dragAbove = 1.35; // how far above the bar a drag may aim, in thumb heights
 constexpr int leftButton = 1;
 constexpr controls::Color red = controls::rgb(255, 0, 0);
 
@@ -118,7 +118,7 @@ void VolumeBar::Timer2_Timer() {
 
 void VolumeBar::Timer3_Timer() {
     base::carryOn([&] { FadeVolume_ = base::sumInt16(FadeVolume_, fadeStep); });
-    // A change of speed left its mark: this fade then runs without a change of colour, and clears the mark.
+    // After a change of speed, one fade runs without changing colours and clears the mark of that change.
     const bool coloured = form_.Label7.tag->empty();
     if (FadeVolume_ == 0) {
         if (coloured)

@@ -7,16 +7,15 @@
 
 namespace player {
 
-// The vertical bar with its thumb: sets the volume and shows it in letters that fade. Its bar takes a click,
-// its thumb a drag that follows at the pace of a timer. Places are twips of the window, the volume is 0 to
-// 100.
+// The vertical volume bar: sets the volume and shows it as a number that fades. The bar can be clicked; the
+// thumb can be dragged and follows on a timer. Positions are twips of the window; the volume is 0 to 100.
 class VolumeBar {
 public:
     VolumeBar(Form1& form, Companions& companions);
 
-    // Centres the thumb on the bar, at the start.
+    // Centres the thumb on the bar; called at the start.
     void IniziaVolume();
-    // Gives the number in the thumb's tag to the player and to the label.
+    // Applies the volume in the thumb's tag to the player and the label.
     void ApplicaVolume();
 
     void Image2_MouseUp(const controls::MouseEvent& event);
@@ -36,8 +35,8 @@ private:
     std::int32_t VolumeMax_ = 100;
     std::int32_t VolumeCorrente_ = 0;
     int MouseButton_ = 0;           // button of the last mouse event on the bar
-    double DragY_ = 0;              // target of the drag, from the top of the bar
-    std::int16_t FadeVolume_ = -15; // step of the fade, -15 at rest
+    double DragY_ = 0;              // target of the drag, in twips from the top of the bar
+    std::int16_t FadeVolume_ = -15; // state of the fade, -15 at rest
 };
 
 } // namespace player
