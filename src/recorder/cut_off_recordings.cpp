@@ -15,11 +15,11 @@ namespace recorder {
 
 namespace {
 
-constexpr int quietAfter = 2000; // ms from the start on
+constexpr int quietAfter = 2000; // ms after the start
 constexpr int askEvery = 100;    // ms
-constexpr int shortWait = 300;   // ms; a copy that takes longer is waited for with a window
+constexpr int shortWait = 300;   // ms; a copy that takes longer gets a progress window
 
-// What the recorder offers before anything is chosen.
+// The recorder's default format.
 platform::WaveFormat usualFormat() {
     return pcmFormat(2, 16, 44100);
 }
@@ -86,7 +86,7 @@ void CutOffRecordings::beginSearch() {
 CutOffRecordings::Repairs CutOffRecordings::repairAll(Repairs noted, const std::vector<base::Text>& folders) {
     Repairs repairs;
     for (Repair& repair : noted) {
-        // One that is not there may be on a disk that will come back.
+        // A missing recording may be on a disk that is mounted later, so its note stays.
         repair.whole =
             !isCutOff(repair.path) && base::fileExists(repair.path) && !base::BinaryFile::isHeld(repair.path);
         if (repair.whole || isCutOff(repair.path))
@@ -117,7 +117,7 @@ void CutOffRecordings::finish() {
     const Play play = std::exchange(play_, nullptr);
     if (asked.empty()) {
         searchLeft_ = given && searchLeft_;
-        // One of a folder that takes no copy would be told at every start.
+        // A recording in a folder without write access would otherwise be reported at every start.
         std::erase_if(repairs, [](const Repair& repair) { return !repair.made && !repair.noted; });
     }
     tell(repairs);
@@ -135,7 +135,7 @@ void CutOffRecordings::giveUp() {
 
 void CutOffRecordings::wholeRecording(base::TextView path, Play play) {
     progress_.reset();
-    play_ = nullptr; // who asked for another file waits no longer
+    play_ = nullptr; // a file requested earlier is no longer wanted
     if (!isDamaged(path)) {
         play(base::Text(path));
         return;
@@ -194,8 +194,8 @@ void CutOffRecordings::tell(const Repairs& repairs) {
                     (repair.noted ? u")." : u", the usual format: its own is not known).");
         else if (!repair.failure.empty())
             text += begin + u"It could not be repaired:\r" + repair.failure;
-        // The note of one that was cut off stays as long as the file: its copy may be deleted or renamed, and
-        // the next one needs the format again.
+        // The note of a cut-off recording stays as long as its file: the copy may be deleted or renamed, and
+        // the next copy needs the format again.
         if (repair.whole)
             base::carryOn([&] { journal_.finished(repair.path); });
     }

@@ -13,11 +13,11 @@
 
 namespace recorder {
 
-// The care for recordings that a crash cut off: each gets a repaired copy, and the user is told. The damaged
-// file stays as it is. Copies are made on a thread of their own; the rest runs on the loop.
+// Repairs recordings that a crash cut off: makes a repaired copy of each and tells the user. The damaged file
+// stays unchanged. Copies are made on a background thread, everything else runs on the event loop.
 class CutOffRecordings {
 public:
-    // Takes the path of the file to play.
+    // Receives the path of the file to play.
     using Play = std::function<void(const base::Text& path)>;
 
     CutOffRecordings(platform::EventLoop& loop, platform::Dialogs& dialogs, RecordingJournal& journal,
@@ -26,36 +26,36 @@ public:
     CutOffRecordings& operator=(const CutOffRecordings&) = delete;
     ~CutOffRecordings();
 
-    // In a quiet moment, and beside the work of the program, looks for them where the journal says and in
-    // these folders.
+    // Searches for cut-off recordings in the journal and in these folders, a little later and in the
+    // background.
     void search(std::vector<base::Text> folders);
-    // Waits for the work that runs, and tells what came of it.
+    // Waits for the running work and reports its results.
     void finish();
-    // Gives up the work that runs; no more is done.
+    // Cancels the running work and starts no more.
     void stop();
 
-    // Calls `play` with the file to play for this one: of a recording that was cut off its repaired copy,
-    // which is made now if need be; of any other itself. That is at once, but for a long copy, which gets a
-    // window that tells how far it is. Then `play` is not called at all when the user gives the copy up, or
-    // asks for another file meanwhile.
+    // Calls `play` with the file to play instead of `path`: for a cut-off recording its repaired copy, which
+    // is made if necessary; otherwise `path` itself. Calls it at once, unless making the copy takes long,
+    // which shows a progress window. Never calls it if the user cancels the copy or another file is requested
+    // meanwhile.
     void wholeRecording(base::TextView path, Play play);
 
 private:
-    // One recording, and what came of it.
+    // One recording and the result of its repair.
     struct Repair {
         base::Text path;
         platform::WaveFormat format;
-        bool noted = false;   // the journal knows its format; else it is the recorder's usual one
-        bool whole = false;   // it is there and was not cut off
-        base::Text copy{};    // empty: there is none
-        base::Text failure{}; // why
-        bool made = false;    // the copy is new
+        bool noted = false;   // the journal has its format; otherwise the default one is assumed
+        bool whole = false;   // it exists and was not cut off
+        base::Text copy{};    // path of the copy; empty if there is none
+        base::Text failure{}; // why there is no copy
+        bool made = false;    // the copy was made just now
     };
     using Repairs = std::vector<Repair>;
 
     bool isDamaged(base::TextView path) const;
     Repair repairOf(base::TextView path) const;
-    // What the thread does.
+    // These two run on the background thread.
     Repairs repairAll(Repairs noted, const std::vector<base::Text>& folders);
     void carryOut(Repair& repair);
 
@@ -72,13 +72,14 @@ private:
     const lang::LanguageTable& Lingua;
     std::unique_ptr<platform::Alarm> alarm_;
     std::vector<base::Text> folders_;
-    bool searchLeft_ = false; // there is still to be searched
-    base::Text asked_;        // the file that is repaired because somebody opened it; else a search runs
-    Play play_;               // who waits for it
+    bool searchLeft_ = false; // a search is still to be done
+    base::Text asked_;        // the file being repaired because somebody opened it; empty during a search
+    Play play_;               // called when that file is repaired
     std::unique_ptr<platform::Progress> progress_;
     std::atomic_bool stop_ = false;
     std::atomic<double> share_ = 0;
-    std::future<Repairs> running_; // while work runs; ends before what it uses does
+    std::future<Repairs>
+        running_; // the running work; last member, so that it ends before the members that it uses
 };
 
 } // namespace recorder

@@ -26,7 +26,7 @@ void DiskFlusher::run(const std::stop_token& stop) {
     while (changed_.wait(lock, stop, [this] { return written_; })) {
         written_ = false;
         lock.unlock();
-        // A disk that is full or gone stays silent; the next turn tries again.
+        // If the disk is full or gone, the error is ignored; the next turn tries again.
         base::carryOn([this] { file_.sync(); });
         lock.lock();
         changed_.wait_for(lock, stop, pauseBetween, [] { return false; });

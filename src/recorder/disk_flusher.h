@@ -9,13 +9,13 @@
 
 namespace recorder {
 
-// Brings what is written to a file to the disk, twice a second at most, on a thread of its own: a disk can be
-// busy for longer than the sound may wait.
+// Flushes a growing file to the disk at most twice a second, on a thread of its own, because a disk can be
+// busy for longer than the capture may wait.
 class DiskFlusher {
 public:
     explicit DiskFlusher(base::BinaryFile& file);
 
-    // Something was written; it is on its way to the disk within half a second.
+    // Called after a write; the bytes are flushed within half a second.
     void wake();
 
 private:
@@ -25,7 +25,7 @@ private:
     std::mutex mutex_;
     std::condition_variable_any changed_;
     bool written_ = false;
-    std::jthread thread_; // last: it ends before what it uses does
+    std::jthread thread_; // last, so that it ends before the members that it uses
 };
 
 } // namespace recorder

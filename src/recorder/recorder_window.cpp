@@ -11,18 +11,18 @@ namespace recorder {
 
 namespace {
 
-// ms; nothing is shown more often than every 50, and a thousand ticks a second would cost three times the
-// recording
+// ms. Nothing is updated more often than every 50 ms; a thousand ticks a second would cost three times as
+// much CPU time as the recording itself.
 constexpr int tickPeriod = 10;
 constexpr double metersEvery = 0.05; // seconds
 constexpr double blinkEvery = 0.5;   // seconds
-constexpr double meterMargin = 110;  // twips that a meter stays below its level
+constexpr double meterMargin = 110;  // twips by which a meter stays below its level
 constexpr double gap = 30;           // twips between two windows
 constexpr controls::Color red = controls::rgb(0xFF, 0, 0);
 constexpr controls::Color green = controls::rgb(0, 0x80, 0);
 constexpr controls::Color blue = controls::rgb(0, 0, 0xFF);
 
-// A number with two digits at least.
+// A number with at least two digits.
 base::Text twoDigits(std::int64_t number) {
     const base::Text digits = base::numberText(static_cast<double>(number));
     return digits.size() < 2 ? u'0' + digits : digits;
@@ -110,7 +110,7 @@ void RecorderWindow::placeBesidePlayer() {
         form_.left = player_.left.get();
         form_.top = player_.top + player_.height + gap;
     }
-    // A player that hangs over the edge does not take the recorder along.
+    // Stays on the screen even if the player hangs over its edge.
     form_.left = std::clamp(form_.left.get(), 0.0, std::max(0.0, screen.width - form_.width));
     form_.top = std::clamp(form_.top.get(), 0.0, std::max(0.0, screen.height - form_.height));
 }
@@ -251,7 +251,7 @@ void RecorderWindow::moveMeters() {
     const auto show = [greatest](controls::Fill& meter, int peak) {
         const int length = peak * static_cast<int>(FrmAudioRec::ScaleWidth) / greatest;
         const double width = length - meterMargin;
-        if (width >= 0) // a control takes no other; the bar keeps its last width
+        if (width >= 0) // a control rejects negative widths; the bar keeps its last width
             meter.width = width;
     };
     show(form_.picPeakLeft, left);
@@ -270,7 +270,7 @@ void RecorderWindow::blink() {
 }
 
 void RecorderWindow::enableTicks() {
-    // A hidden window has nothing to show.
+    // A hidden window needs no updates.
     form_.Timer.setEnabled(form_.visible);
 }
 

@@ -8,21 +8,21 @@
 
 namespace recorder {
 
-// Seconds as "hh:mm:ss", from 100 hours on with as many digits as it takes; with `millisecondi` the value
-// counts thousandths.
+// Formats seconds as "hh:mm:ss", with more digits for the hours from 100 hours on. With `millisecondi` the
+// value is in milliseconds.
 base::Text FormatTime(std::int64_t secondi, bool millisecondi);
 
-// What the user does in the recorder's window: picks a format and a file, starts, pauses and stops.
+// The user's commands in the recorder's window: choosing format and file, starting, pausing, stopping.
 class RecorderWindow {
 public:
     RecorderWindow(FrmAudioRec& form, player::Form1& player, WaveIn& engine, platform::Dialogs& dialogs,
                    player::Settings& settings);
 
-    // Silences the player and shows the window.
+    // Stops the player and shows the window.
     void mnuRegistra_Click();
-    // Loads the window, hidden, if it is not loaded.
+    // Loads the window, hidden, unless it is loaded already.
     void load();
-    // Finishes a recording that runs; the window is gone until it is loaded again.
+    // Completes a running recording and unloads the window.
     void Form_Unload();
 
 private:
@@ -49,8 +49,8 @@ private:
     platform::Dialogs& dialogs_;
     player::Settings& settings_;
     bool loaded_ = false;
-    bool bCattura = false;  // recording and not paused: drives the blink and the clock
-    bool bMisura = false;   // from the start to the stop: drives the meters
+    bool bCattura = false;  // recording and not paused; drives the blinking and the clock
+    bool bMisura = false;   // between start and stop; drives the meters
     double lastBlink_ = 0;  // seconds
     double lastMeters_ = 0; // seconds
 };

@@ -13,7 +13,8 @@ namespace {
 
 constexpr std::ptrdiff_t mostEntries = 50;
 
-// A line: channels, bits and samples per second, and the path behind the third comma, whatever it holds.
+// Parses a line: channels, bits, samples per second, and the path after the third comma; a path may have
+// commas.
 std::optional<RecordingJournal::Entry> parsed(base::TextView line) {
     std::array<int, 3> numbers{};
     for (int& number : numbers) {

@@ -8,8 +8,8 @@
 
 namespace recorder {
 
-// Notes which recordings run and how their samples look: their files have no header before they end. What it
-// still holds at the next start was cut off by a crash. It keeps the newest 50.
+// Notes which recordings run and their formats, because a recording's file has no header until it ends. Notes
+// left at the next start belong to recordings that a crash cut off. Keeps the newest 50.
 class RecordingJournal {
 public:
     struct Entry {
@@ -17,16 +17,16 @@ public:
         platform::WaveFormat format;
     };
 
-    // The file at `path` exists only while there is something to note.
+    // The journal file exists only while it has notes.
     RecordingJournal(const base::TextFiles& files, base::Text path) : files_(files), path_(std::move(path)) {}
 
-    // Both throw Failure when the journal cannot be written.
+    // Both throw Failure if the journal cannot be written.
     void begun(base::TextView recording, const platform::WaveFormat& format);
     void finished(base::TextView recording);
 
-    // In the order of their start; lines that make no sense are left out.
+    // All notes, in the order in which the recordings started; invalid lines are skipped.
     std::vector<Entry> entries() const;
-    // The format of this recording, if it was noted.
+    // The format of this recording, if there is a note of it.
     std::optional<platform::WaveFormat> formatOf(base::TextView recording) const;
 
 private:

@@ -8,7 +8,7 @@ namespace recorder {
 namespace {
 
 constexpr std::uint32_t formatSize = 16;   // bytes of the "fmt " chunk
-constexpr std::uint32_t riffOverhead = 36; // bytes of the RIFF chunk beside the samples
+constexpr std::uint32_t riffOverhead = 36; // size of the RIFF chunk without the samples, in bytes
 
 void append(std::string& bytes, std::uint32_t value, int count) {
     for (int i = 0; i < count; ++i)

@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 constexpr base::TextView extension = u".wav";
 constexpr std::size_t sliceSize = std::size_t{4} << 20; // bytes
 
-// The bytes at the head of the file, as many as a header has; fewer when the file is shorter.
+// The first 44 bytes of the file, or fewer if it is shorter.
 std::string headOf(const std::string& path) {
     std::string head(headerSize, '\0');
     std::ifstream file(path, std::ios::binary);
@@ -32,7 +32,7 @@ std::string headOf(const std::string& path) {
     return head;
 }
 
-// Name number `n` of a copy, from 1. It is always that of a sound.
+// Candidate name number `n` of a copy, from 1. Always ends in ".wav".
 base::Text copyName(base::TextView path, int n) {
     const std::size_t stem = path.size() - (hasSoundName(path) ? extension.size() : 0);
     base::Text name(path.substr(0, stem));
@@ -42,8 +42,8 @@ base::Text copyName(base::TextView path, int n) {
     return name + base::Text(stem < path.size() ? path.substr(stem) : extension);
 }
 
-// True when `copy` is the whole of the file at `path` but for its head. One that is older is the copy of
-// another recording, which had this name before.
+// True if `copy` is the repaired copy of the file at `path`: same length, valid header sizes. A copy older
+// than the file belongs to another recording that had this name before.
 bool isCopyOf(base::TextView path, base::TextView copy) {
     const std::string damaged = base::toUtf8(path);
     const std::string whole = base::toUtf8(copy);
@@ -63,7 +63,7 @@ bool isCopyOf(base::TextView path, base::TextView copy) {
     throw base::Failure(std::generic_category().message(reason));
 }
 
-// Copies the bytes slice by slice, each on the disk before the next, so that giving up takes no time.
+// Copies the bytes in slices and flushes each one, so that cancelling never waits long for the disk.
 void copyBytes(const std::string& from, const base::BinaryFile& to, const GoOn& goOn) {
     std::ifstream file(from, std::ios::binary);
     std::error_code failed;
@@ -128,14 +128,14 @@ RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& forma
     while (base::fileExists(copyName(path, n)))
         ++n;
     const base::Text copy = copyName(path, n);
-    // Under a name beside it until it is whole; not one of a sound, so that nobody takes it for one.
+    // The unfinished copy does not have a WAV file's name, so that nobody mistakes it for a recording.
     const base::Text unfinished = base::createBeside(copy);
     try {
         const base::BinaryFile file(unfinished);
         copyBytes(base::toUtf8(path), file, goOn);
         file.writeAt(0, wavHeader(format, file.length()));
         file.sync();
-        // The time of the recording: by it the copy is known again.
+        // The copy gets the recording's modification time, by which it is recognised later.
         std::error_code failed;
         fs::last_write_time(base::toUtf8(unfinished), fs::last_write_time(base::toUtf8(path), failed),
                             failed);

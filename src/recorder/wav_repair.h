@@ -1,4 +1,4 @@
-// Recordings that a crash cut off: the samples are there, the place of the header is empty.
+// Recordings that a crash cut off: the samples are there, but the header is still empty.
 #pragma once
 
 #include "platform/wave_input.h"
@@ -10,32 +10,31 @@
 
 namespace recorder {
 
-// True for a path that ends in ".wav", in capitals or not.
+// True for a path that ends in ".wav", ignoring case.
 bool hasSoundName(base::TextView path);
 
-// True for a file of any name whose first 44 bytes are zeros with samples behind them, and that no recorder
-// writes to.
+// True for a file of any name with 44 zero bytes followed by samples, unless a recorder is writing to it.
 bool isCutOff(base::TextView path);
 
-// The files "*.wav" in this folder, not below it, that isCutOff tells, by name; none when it cannot be read.
-// Gives up when `stop` turns true.
+// The "*.wav" files in this folder, without subfolders, for which isCutOff is true, sorted by name; none if
+// the folder cannot be read. Stops early when `stop` becomes true.
 std::vector<base::Text> cutOffRecordings(base::TextView folder, const std::atomic_bool& stop);
 
-// A whole copy of a recording that was cut off, beside it: "talk repaired.wav" of "talk.wav" and of "talk",
-// with a number where that name is taken.
+// The repaired copy of a cut-off recording, in the same folder: "talk repaired.wav" for "talk.wav" or "talk",
+// with a number if that name is taken.
 struct RepairedCopy {
     base::Text path;
-    bool made = true; // false: it is there from an earlier repair
+    bool made = true; // false: the copy exists from an earlier repair
 };
 
-// Asked many times a second with the share that is done, 0 to 1; false gives the work up.
+// Called many times a second with the progress from 0 to 1. Returning false cancels the work.
 using GoOn = std::function<bool(double share)>;
 
-// Makes the copy, its header from the length of the file. The damaged file stays as it is, and so does the
-// folder when there is no room or the work is given up. Throws Failure in the system's words.
+// Makes the copy and computes its header from the length of the file. Never changes the damaged file. Throws
+// Failure with the system's message; on a failure or a cancel it leaves no files behind.
 RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& format, const GoOn& goOn);
 
-// The copy of an earlier repair, if it is there.
+// The copy made by an earlier repair, if it exists.
 std::optional<base::Text> earlierRepair(base::TextView path);
 
 } // namespace recorder

@@ -11,35 +11,37 @@
 
 namespace recorder {
 
-// The WAV file of a recording: its place for the header stays empty until the end, when the length is known.
-// Positions are counted from 1. Every statement that fails is skipped.
+// Writes the WAV file of a recording. The space for the header stays empty until the end, when the length is
+// known. Positions are counted from 1. A statement that fails is skipped.
 class WavWriter {
 public:
-    // A recording begins; without a file when the name is empty, and then only the counter runs. A file of
-    // this name is deleted first.
+    // Starts a recording and deletes an existing file of this name. Without a name there is no file, and only
+    // the byte counter runs.
     void begin(base::TextView fileName);
-    // What the samples of this recording look like, and by how many bytes one buffer moves the position.
+    // Sets the sample format, and the number of bytes by which each buffer advances the position.
     void describe(const platform::WaveFormat& format, std::int32_t dimBuffer);
 
-    // Puts one block at the position, and moves that by the size of a buffer, whatever the size of the block.
+    // Writes one block at the position, then advances the position by the size of a buffer, whatever the
+    // block's size.
     void ScriviBlocco(std::string_view dati);
-    // Writes the header, and one 0 behind it, over the first byte of the samples.
+    // Writes the header and a 0 byte after it, which overwrites the first byte of the samples. Settled
+    // behaviour.
     void ScriviIntestazione();
-    // Brings the file to the disk and lets it go.
+    // Flushes the file to the disk and closes it.
     void close();
 
     bool ConFile() const { return withFile_; }
     bool HeaderScritto() const { return headerWritten_; }
-    // Why the last block could not be written, in the system's words; told once.
+    // The system's message for the last failed block; cleared by this call.
     base::Text takeFailure() { return std::exchange(failure_, {}); }
-    // Position in the file; without one, bytes counted.
+    // Position in the file; without a file, the number of bytes counted.
     std::int64_t BytesScritti() const { return position_; }
 
 private:
     void write(std::int64_t position, std::string_view bytes);
 
     std::unique_ptr<base::BinaryFile> file_;
-    std::unique_ptr<DiskFlusher> flusher_; // ends before its file does
+    std::unique_ptr<DiskFlusher> flusher_; // must end before file_ does
     platform::WaveFormat format_;
     base::Text failure_;
     std::int32_t dimBuffer_ = 0;

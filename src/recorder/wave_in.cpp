@@ -16,7 +16,7 @@ namespace {
 constexpr std::int32_t largestBuffer = 8192; // bytes
 constexpr std::uint8_t middleOf8Bits = 128;
 
-// A little-endian signed sample of 16 bits.
+// A signed 16-bit sample from its low and high byte.
 int IntDaByte(std::uint8_t basso, std::uint8_t alto) {
     const int value = alto * 256 + basso;
     return alto > 127 ? value - 65536 : value;
@@ -47,7 +47,7 @@ void WaveIn::AggancioCattura(bool attiva) {
 void WaveIn::AvviaCattura(std::int16_t canali, std::int16_t bit, std::int32_t frequenza,
                           base::TextView fileName) {
     capturing_ = true;
-    // A window that was closed in a pause must not make the next recording drop all it hears.
+    // If the window was closed during a pause, the next recording must not start paused.
     InPausa = false;
     writer_.begin(fileName);
     path_ = fileName;
@@ -70,7 +70,7 @@ void WaveIn::opened(platform::WaveInput::Result result) {
         device_.prepareHeader(buffer);
         device_.addBuffer(buffer);
     }
-    // A device that took its time may answer in a pause.
+    // A slow device may answer during a pause.
     if (!InPausa)
         device_.start();
 }
@@ -78,7 +78,7 @@ void WaveIn::opened(platform::WaveInput::Result result) {
 void WaveIn::allocateBuffers() {
     for (std::uint32_t i = 0; i < bufferCount; ++i) {
         platform::WaveBuffer& buffer = Intestazioni[i];
-        // Silence, so that the meters do not jump before the first sound.
+        // Initialised with silence, so that the meters do not jump before the first sound.
         buffer.lpData.assign(static_cast<std::size_t>(DimBuffer),
                              Formato.bitsPerSample == 8 ? middleOf8Bits : std::uint8_t{0});
         buffer.dwBytesRecorded = 0;
@@ -102,7 +102,8 @@ void WaveIn::ProcCattura(platform::WaveBuffer& buffer) {
         return;
     if ((buffer.dwFlags & platform::WaveBuffer::WHDR_DONE) != 0) {
         if (writer_.ConFile()) {
-            // One byte more than was recorded: the next block lies over it, and the last one leaves it.
+            // One byte more than was recorded: the next block overwrites it, and after the last block it
+            // stays.
             std::string block(buffer.lpData.begin(), buffer.lpData.begin() + buffer.dwBytesRecorded);
             writer_.ScriviBlocco(block += '\0');
         } else {
@@ -116,7 +117,7 @@ void WaveIn::ProcCattura(platform::WaveBuffer& buffer) {
 }
 
 void WaveIn::offerAllBuffers() {
-    // Those that are still in the queue are refused, which is fine.
+    // Buffers that are still queued are refused, which is fine.
     for (platform::WaveBuffer& buffer : Intestazioni)
         UltimoErrore = device_.addBuffer(buffer);
 }
@@ -133,7 +134,7 @@ void WaveIn::FermaCattura() {
         writer_.ScriviIntestazione();
     if (writer_.ConFile()) {
         writer_.close();
-        // On a disk that took no header the file is to be repaired, and the note has its format.
+        // If the header could not be written, the file must be repaired later, with the format in its note.
         if (!isCutOff(path_))
             base::carryOn([&] { journal_.finished(path_); });
     }

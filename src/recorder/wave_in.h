@@ -10,8 +10,8 @@
 
 namespace recorder {
 
-// The capture engine: five buffers go round between the device and the file. Every statement that fails is
-// skipped; only a device that refuses to open is told to the user.
+// The capture engine: five buffers circulate between the device and the file. A statement that fails is
+// skipped; only a device that cannot be opened is reported to the user.
 class WaveIn {
 public:
     WaveIn(platform::WaveInput& device, platform::Dialogs& dialogs, RecordingJournal& journal);
@@ -19,34 +19,34 @@ public:
     WaveIn& operator=(const WaveIn&) = delete;
     ~WaveIn();
 
-    // Listens to the device, or no longer does. Listening twice is refused with a message.
+    // Starts or stops listening to the device. A second start is refused with a message.
     void AggancioCattura(bool attiva);
-    // Starts a recording of `canali` channels, `bit` bits and `frequenza` samples per second into this file;
-    // into none when the name is empty.
+    // Starts a recording with `canali` channels, `bit` bits per sample and `frequenza` samples per second
+    // into this file; without a file if the name is empty.
     void AvviaCattura(std::int16_t canali, std::int16_t bit, std::int32_t frequenza, base::TextView fileName);
-    // Holds the recording, or goes on with it. What arrives meanwhile is dropped.
+    // Pauses or resumes the recording. Sound that arrives during a pause is discarded.
     void PausaCattura();
-    // Ends the recording and finishes its file.
+    // Stops the recording and completes its file.
     void FermaCattura();
 
-    // The peaks of one millisecond of sound, 0 to ValoreMassimo: from the buffer before the one that finished
-    // last. Leaves both as they are until there is such a buffer. With one channel both are the same.
+    // The peaks of one millisecond of sound, 0 to ValoreMassimo, from the buffer before the one that finished
+    // last. Leaves both unchanged until there is such a buffer. Both are equal for one channel.
     void LeggiPicchi(int& sinistro, int& destro);
-    // The byte counter, which begins at 45 when there is a file.
+    // The byte counter; starts at 45 if there is a file.
     std::int64_t ByteRegistrati() const { return writer_.BytesScritti(); }
     std::int64_t SecondiRegistrati() const;
-    // The greatest peak that the format can hold; 0 when it is neither of 16 nor of 8 bits.
+    // The largest peak of the format; 0 if it has neither 8 nor 16 bits.
     double ValoreMassimo() const;
 
-    // Text of the last refused device or block.
+    // Message of the last device or write error.
     const base::Text& TestoErrore() const { return errorText_; }
 
 private:
     static constexpr std::uint32_t bufferCount = 5;
 
-    // The device has something to tell: the buffer is written and offered again.
+    // The device has filled this buffer: writes it and queues it again.
     void ProcCattura(platform::WaveBuffer& buffer);
-    // The device has answered: the rest of the start.
+    // The device has answered: completes the start.
     void opened(platform::WaveInput::Result result);
     void offerAllBuffers();
     void allocateBuffers();
@@ -55,7 +55,7 @@ private:
     platform::Dialogs& dialogs_;
     RecordingJournal& journal_;
     WavWriter writer_;
-    base::Text path_; // of the recording that runs
+    base::Text path_; // file of the running recording
 
     base::Text errorText_;
     platform::WaveInput::Result UltimoErrore = 0;
