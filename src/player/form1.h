@@ -147,7 +147,8 @@ struct Form1 : controls::Window, Form1Menu {
     controls::Timer Timer5; // phases of the timed cycle
     controls::Timer Timer6; // detects a pause in typing
 
-    int HoverPlay = 0;     // 1: the pointer is over cmdPlay, so its picture must not change
+    int HoverPlay =
+        0; // 1: cmdPlay keeps its pause picture after an open, until the mouse has moved elsewhere
     int FlagHoverSkin = 0; // 1: cmdPlay shows its hover picture
     int HoverApri = 0;     // 1: this button shows its hover picture; likewise below
     int HoverIndietro = 0;

@@ -4,16 +4,16 @@
 
 namespace player {
 
-// Where the picture of a video is seen: in its small box on the player, or in a window of its own. Without a
-// picture the box is not seen and covers nothing.
+// Where a video is shown: in its small box on the player or in a window of its own. Without a video the box
+// is hidden, so that it covers nothing.
 class VideoPicture {
 public:
-    // `form2` and `form3`, text and marks, are not to be covered.
+    // The window avoids covering `form2` (the editor) and `form3` (the bookmarks).
     VideoPicture(Form1& form, const controls::Window& form2, const controls::Window& form3);
 
     void WMP1_PictureChanged();
-    // Opens the picture in its window: for the first time in its own proportions, as large as it is, as far
-    // as the screen allows; from then on where the user has left the window.
+    // Opens the video in its window: the first time in its own proportions and up to its own size, as the
+    // screen permits; later where the user left the window.
     void WMP1_DblClick();
 
     void VideoWindow_DblClick();
@@ -21,14 +21,14 @@ public:
     bool VideoWindow_Unload();
 
 private:
-    // A part of the screen in twips.
+    // An area of the screen in twips.
     struct Area {
         double left, top, right, bottom;
     };
 
     void open();
     void putBack();
-    // The window goes with the player: it is not seen while that is minimised or hidden.
+    // Hides the window while the player is minimised or hidden, and shows it again afterwards.
     void followPlayer();
     void placeWindow(platform::PictureSize picture);
     Area roomiest(platform::PictureSize picture) const;
@@ -37,8 +37,8 @@ private:
     Form1& form_;
     const controls::Window& Form2_;
     const controls::Window& Form3_;
-    platform::PictureSize placedFor_; // the picture that the window stands right for; none before the first
-    bool away_ = false;               // the window has gone with the player
+    platform::PictureSize placedFor_; // the picture that the window's proportions fit; none before the first
+    bool away_ = false;               // the window is hidden together with the player
 };
 
 } // namespace player
