@@ -28,9 +28,9 @@ constexpr std::array<std::pair<Reason, std::string_view>, 8> reasonNames{
      {Reason::Crash, "crash"}}};
 
 constexpr std::string_view timeForm =
-    "%Y-%m-%d %H.%M.%S"; // local time, without a character that a file name refuses
+    "%Y-%m-%d %H.%M.%S"; // local time, without characters that file names reject
 constexpr std::size_t timeLength = 19;
-constexpr std::size_t longestName = 120; // bytes of a document's name in that of a version
+constexpr std::size_t longestName = 120; // bytes of the document's name in a version's file name
 
 std::string timeText(std::int64_t seconds) {
     const auto time = static_cast<std::time_t>(seconds);
@@ -50,7 +50,7 @@ std::optional<std::int64_t> timeOf(const std::string& text) {
     return std::mktime(&parts);
 }
 
-// The document's name as far as the name of a version holds it, whole letters of it.
+// The document's name, cut to fit into a version's file name, at a character boundary.
 std::string shortened(base::TextView document) {
     std::string name = base::toUtf8(document);
     std::replace(name.begin(), name.end(), '/', '_');
@@ -67,7 +67,7 @@ std::optional<Version> versionOf(const std::filesystem::directory_entry& entry) 
     if (stem.empty() || stem.back() != ']' || open == std::string::npos || open < timeLength + 1)
         return std::nullopt;
     const std::string reason = stem.substr(open + 2, stem.size() - open - 3);
-    // Two versions of one second differ by a number behind the reason.
+    // A second version within the same second has a number after the reason.
     const auto* const known = std::find_if(reasonNames.begin(), reasonNames.end(), [&](const auto& each) {
         return reason == each.second || reason.starts_with(std::string(each.second) + " ");
     });
@@ -138,7 +138,7 @@ void Archive::prune(std::int64_t now) {
     for (const Version& version : all)
         size += version.size;
     std::set<base::Text> seen;
-    std::vector<const Version*> spare; // all but the newest of each document, the newest first
+    std::vector<const Version*> spare; // all but the newest version of each document, the newest first
     for (const Version& version : all) {
         if (!seen.insert(version.document).second)
             spare.push_back(&version);
@@ -146,7 +146,7 @@ void Archive::prune(std::int64_t now) {
     for (auto oldest = spare.rbegin(); oldest != spare.rend(); ++oldest) {
         if (size <= limits_.size && now - (*oldest)->time <= limits_.age)
             break;
-        // One that cannot be deleted is tried again at the next version.
+        // If it cannot be deleted, the next call of keep tries again.
         if (base::carryOn([&] { base::removeFile((*oldest)->path); }))
             size -= (*oldest)->size;
     }

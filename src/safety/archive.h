@@ -9,16 +9,16 @@
 
 namespace safety {
 
-// Why a version went into the archive.
+// Why a version was archived.
 enum class Reason {
     Exit,        // unsaved at the exit
-    Replaced,    // gave way to a new or another document
+    Replaced,    // replaced by a new or another document
     SaveFailed,  // could not be written to its file
-    Overwritten, // changed by another program since it was read, and then overwritten
-    Structure,   // holds what the editor cannot keep, and was overwritten
-    Marks,       // bookmarks that gave way to fewer
-    Changed,     // what was brought back after a crash, where the file had changed meanwhile
-    Crash        // what ended the program each time that it was brought back
+    Overwritten, // changed by another program since it was read, then overwritten
+    Structure,   // contains what the editor cannot keep, and was overwritten
+    Marks,       // bookmarks replaced by fewer
+    Changed,     // the changed file of unsaved work that was restored after a crash
+    Crash        // crashed the program each time it was restored
 };
 
 // One archived version.
@@ -31,34 +31,34 @@ struct Version {
     Reason reason = Reason::Exit;
 };
 
-// What rules of the program drop: a folder of plain files, "<document> <date> <time> [<reason>].<extension>",
-// that any program opens. The folder and its files are readable by their owner alone. Calls may take as long
-// as the disk does.
+// The archive of work that the program's rules discard: a folder of plain files named "<document> <date>
+// <time> [<reason>].<extension>", which other programs can open. Only the owner can read the folder and its
+// files. Calls block on the disk.
 class Archive {
 public:
     struct Limits {
         std::int64_t age = 30 * std::int64_t{24 * 60 * 60}; // seconds
-        std::uint64_t size = 500'000'000;                   // bytes of all versions
+        std::uint64_t size = 500'000'000;                   // bytes of all versions together
     };
 
-    // `folder` is created when the first version goes in; the folder above it is there.
+    // `folder` is created with the first version; its parent must exist.
     explicit Archive(base::Text folder) : Archive(std::move(folder), Limits()) {}
     Archive(base::Text folder, Limits limits) : folder_(std::move(folder)), limits_(limits) {}
 
-    // How long versions stay and how many megabytes they may take together, from the next one on.
+    // Sets the maximum age in days and the maximum total size in megabytes; applies from the next version on.
     void setLimits(int days, int megabytes);
 
-    // Keeps these bytes as a version of the document, at `now`, seconds since 1970. Bytes that the archive
-    // holds for this document already are not kept again. Versions beyond the limits are deleted, the oldest
-    // first; the newest one of each document stays. Throws base::Failure when the version cannot be written;
-    // what was there stays.
+    // Archives these bytes as a version of the document at `now`, in seconds since 1970, unless the archive
+    // already holds the same bytes for this document. Then deletes versions beyond the limits, oldest first,
+    // except the newest one of each document. Throws base::Failure and changes nothing if the version cannot
+    // be written.
     void keep(base::TextView document, std::string_view bytes, base::TextView extension, Reason reason,
               std::int64_t now);
 
-    // All versions, the newest first. Files that are none are left out.
+    // All versions, newest first; other files in the folder are skipped.
     std::vector<Version> versions() const;
 
-    // Deletes all versions; files that are none stay. Throws base::Failure when one cannot be deleted.
+    // Deletes all versions and no other files. Throws base::Failure if one cannot be deleted.
     void removeAll();
 
 private:

@@ -10,8 +10,8 @@
 
 namespace safety {
 
-// The thread that writes and syncs what the safety net keeps: a disk can be busy for longer than a key may
-// wait. Its end finishes what was posted.
+// The thread that writes and syncs the safety net's files, because a disk can be busy for longer than a key
+// press may wait. The destructor finishes all posted work.
 class DiskThread : public platform::Worker {
 public:
     DiskThread();
@@ -27,7 +27,7 @@ private:
     std::condition_variable_any changed_;
     std::deque<std::function<void()>> posted_;
     bool busy_ = false;
-    std::jthread thread_; // last: it ends before what it uses does
+    std::jthread thread_; // last, so that it ends before the members that it uses
 };
 
 } // namespace safety

@@ -93,7 +93,7 @@ void EarlierVersions::translate() {
 
 void EarlierVersions::open() {
     form.chkKeep.value = options_.archive;
-    translate(); // the options may have been read since
+    translate(); // the options may have been read since the last call
     std::exchange(Load, [](VersionsWindow&) {})(form);
     form.visible = true;
     fill();

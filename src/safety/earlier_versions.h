@@ -9,23 +9,23 @@
 
 namespace safety {
 
-// The command "Earlier versions..." with its window: reads what the archive holds, hands it out, and
-// overwrites nothing.
+// The command "Earlier versions..." and its window: lists the archive's versions, opens and copies them, and
+// never overwrites a file.
 class EarlierVersions {
 public:
-    // `files` knows the code page of texts that are no RTF.
+    // `files` supplies the code page for texts that are not RTF.
     EarlierVersions(Archive& archive, Options& options, lang::Words& words, platform::Dialogs& dialogs,
                     const base::TextFiles& files);
 
-    // What the menu of the transcript gets from here.
+    // The commands for the transcript menu.
     std::vector<controls::MenuItem*> commands() { return {&mnuEarlierVersions_}; }
 
-    // Builds the window and puts it on the screen, at its first use.
+    // Creates the window on the screen; called once, on first use.
     std::function<void(VersionsWindow&)> Load = [](VersionsWindow&) {};
-    // Opens the file at this path as a new untitled document; false when the user kept the text that is
-    // there. Throws base::Failure when it cannot be read.
+    // Opens the file at this path as a new untitled document. Returns false if the user kept the current
+    // text. Throws base::Failure if the file cannot be read.
     std::function<bool(const base::Text& path)> OpenAsNew = [](const base::Text&) { return false; };
-    // The user changed the options.
+    // Called when the user has changed the options.
     std::function<void()> OptionsChanged = [] {};
 
     VersionsWindow form;
@@ -33,7 +33,7 @@ public:
 private:
     void open();
     void translate();
-    // Reads the archive anew.
+    // Reloads the list from the archive.
     void fill();
     void showRows();
     void showText();

@@ -8,11 +8,11 @@ namespace safety {
 
 namespace {
 
-constexpr int gatherAfter = 300; // ms after the first change; the disk gets the rest of the second
-constexpr int retryAfter = 2000; // ms, while the disk refuses
+constexpr int gatherAfter = 300; // ms after the first change; leaves the disk the rest of the second
+constexpr int retryAfter = 2000; // ms between attempts while the disk fails
 constexpr int idleAfter = 2000;  // ms without a change
 constexpr std::size_t leastCompacted = 1'000'000; // bytes
-constexpr std::size_t timesTheText = 4;           // a journal that has grown beyond this is written anew
+constexpr std::size_t timesTheText = 4; // a journal longer than this multiple of the text is rewritten
 
 } // namespace
 
@@ -49,7 +49,7 @@ void Journal::gather() {
         write(std::move(records), false);
 }
 
-// A pause of the typist is the time to write the journal anew.
+// Rewrites a journal that has grown too long, while the user pauses.
 void Journal::gatherIdle() {
     idle_->stop();
     reportFailure();
@@ -97,8 +97,8 @@ void Journal::write(std::string records, bool anew) {
     });
 }
 
-// The thread of the disk cannot call into the loop: the next look tells what it met. While the disk refuses,
-// the timer goes on trying.
+// The disk thread cannot call into the event loop, so the timer polls for its errors. While the disk fails,
+// the timer keeps retrying.
 void Journal::reportFailure() {
     if (!shared_->failed) {
         reported_ = false;
@@ -130,7 +130,7 @@ void Journal::close() {
         try {
             shared->file.remove();
         } catch (const base::Failure&) {
-            // A journal that stays is brought back at the next start, which loses nothing.
+            // A journal that remains is restored at the next start, so nothing is lost.
             return;
         }
     });

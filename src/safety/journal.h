@@ -13,47 +13,46 @@
 
 namespace safety {
 
-// Where the journal finds what has to be kept.
+// The source of the work that the journal protects.
 class JournalSource {
 public:
     virtual ~JournalSource() = default;
-    // Paragraphs that changed since this was last asked, in letters or formats; nothing when none did. Its
-    // cost is that of the paragraphs.
+    // The paragraphs whose letters or formats have changed since the last call; none without a change. The
+    // cost is proportional to those paragraphs.
     virtual std::optional<platform::ParagraphChange> takeChange() = 0;
-    // The whole text as RTF, with which takeChange begins anew.
+    // The whole text as RTF; takeChange reports changes from here on.
     virtual std::string wholeText() = 0;
     virtual DocumentState documentState() = 0;
     virtual Marks marks() = 0;
 };
 
-// Keeps every change of the work on the disk, at most one second after it happened: a change arms a timer,
-// the timer gathers what changed and posts it to the thread of the disk. A key itself costs the arming of the
-// timer.
+// Writes every change of the work to the disk within one second. A change starts a timer; the timer collects
+// the changes and posts them to the disk thread. So a key press only costs starting the timer.
 class Journal {
 public:
     Journal(platform::EventLoop& loop, platform::Worker& disk, JournalSource& source, base::Text path);
     Journal(const Journal&) = delete;
     Journal& operator=(const Journal&) = delete;
 
-    // Something of the work changed.
+    // Some part of the work has changed.
     void changed();
-    // Writes what is not written yet and waits for the disk, at the end of a session or of the process.
+    // Writes all pending changes and waits for the disk; called at the end of a session or of the process.
     void flush();
-    // Nothing is left unsaved: deletes the file and stops.
+    // No unsaved work is left: deletes the file and stops.
     void close();
 
-    // The disk refused a record; told once until one is accepted again. Called on the loop, with the system's
-    // words.
+    // Writing a record failed. Called once per series of failures, on the event loop, with the system's
+    // message.
     std::function<void(const base::Text& reason)> Failed = [](const base::Text&) {};
 
 private:
-    // What the thread of the disk shares with the loop.
+    // State shared between the event loop and the disk thread.
     struct Shared {
         explicit Shared(base::Text path) : file(std::move(path)) {}
         JournalFile file;
         std::atomic<std::uint64_t> size = 0; // bytes
         std::atomic<bool> failed = false;
-        std::atomic<bool> mustBegin = true; // the file lacks a record: it has to begin anew
+        std::atomic<bool> mustBegin = true; // the file lacks a record, so it must be rewritten
         std::mutex mutex;
         base::Text reason; // guarded by mutex
     };
@@ -72,7 +71,7 @@ private:
     std::unique_ptr<platform::Alarm> idle_;
     bool armed_ = false;
     bool reported_ = false;
-    std::size_t sourceSize_ = 0; // bytes of the last whole text
+    std::size_t sourceSize_ = 0; // bytes of the text when it was last written as a whole
     std::optional<DocumentState> lastState_;
     std::optional<Marks> lastMarks_;
 };

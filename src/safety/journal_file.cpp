@@ -20,7 +20,7 @@ void JournalFile::begin(std::string_view records) {
     file_.reset();
 }
 
-// Bytes of a write that failed half-way are overwritten by the next one.
+// The next write overwrites the bytes of a write that failed half-way.
 void JournalFile::append(std::string_view records) {
     base::BinaryFile& open = file();
     open.writeAt(end_, records);

@@ -10,21 +10,21 @@
 
 namespace safety {
 
-// The file of the journal, on the side of the disk: every call may take long, and all come from one thread. A
-// failure of the disk throws base::Failure in the system's words and leaves the records that were there.
+// The journal's file, as used by the disk thread: every call may block, and all calls come from one thread. A
+// disk error throws base::Failure with the system's message and keeps the existing records.
 class JournalFile {
 public:
-    // `path`: of the file, in a folder that is there.
+    // `path` is the file's path in an existing folder.
     explicit JournalFile(base::Text path) : path_(std::move(path)) {}
 
-    // Replaces the file by these records: the old ones or the new ones survive a crash, never half of them.
+    // Replaces the file atomically: after a crash it holds the old records or the new ones.
     void begin(std::string_view records);
-    // Writes the records behind the others and syncs them.
+    // Appends the records and syncs them.
     void append(std::string_view records);
-    // Deletes the file: nothing is left to be brought back.
+    // Deletes the file: nothing is left to restore.
     void remove();
 
-    // The intact records of the file at `path`; none when it cannot be read.
+    // The intact records of the file at `path`; none if it cannot be read.
     static std::vector<Record> read(base::TextView path);
 
 private:
@@ -32,7 +32,7 @@ private:
 
     base::Text path_;
     std::unique_ptr<base::BinaryFile> file_;
-    std::uint64_t end_ = 0; // bytes of intact records in the file
+    std::uint64_t end_ = 0; // length of the intact records in the file, in bytes
 };
 
 } // namespace safety

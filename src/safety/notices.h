@@ -9,8 +9,8 @@
 
 namespace safety {
 
-// What happened without a message box: failures that a rule keeps silent, and work that was saved from being
-// lost. The newest one stands on the quiet line for a while; the last fifty are kept for a list.
+// Notices that are shown without a message box: errors that a rule ignores, and work that was rescued. The
+// quiet line shows the newest for a while; the last fifty are kept for a list.
 class Notices {
 public:
     static constexpr std::size_t most = 50;
@@ -20,17 +20,17 @@ public:
         base::Text sentence;
     };
 
-    // `now` gives the time, seconds since 1970.
+    // `now` returns the time in seconds since 1970.
     explicit Notices(std::function<std::int64_t()> now) : now_(std::move(now)) {}
 
-    // Tells one sentence. The same one again within a minute is not told twice: a disk that is full refuses
-    // every write. `concerned` is the window that it is about; null where it is about none in particular.
+    // Adds one sentence, unless the same one was added within the last minute: a full disk fails every write.
+    // `concerned` is the window that it is about; null for none in particular.
     void tell(base::TextView sentence, const controls::Window* concerned = nullptr);
 
-    // The newest first.
+    // All notices, newest first.
     const std::deque<Notice>& all() const { return notices_; }
 
-    // The newest one is to be shown now.
+    // The newest notice should be shown now.
     std::function<void(const controls::Window* concerned)> Told = [](const controls::Window*) {};
     // The list has changed.
     std::function<void()> Listed = [] {};

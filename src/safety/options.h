@@ -2,11 +2,11 @@
 
 namespace safety {
 
-// What the user can choose about the archive of earlier versions.
+// The user's options for the archive of earlier versions.
 struct Options {
-    bool archive = true; // versions are kept at all
-    int days = 30;       // how long
-    int megabytes = 500; // at most
+    bool archive = true; // versions are kept
+    int days = 30;       // maximum age
+    int megabytes = 500; // maximum total size
 };
 
 } // namespace safety

@@ -7,10 +7,10 @@ namespace safety {
 
 namespace {
 
-constexpr int showAfter = 250;  // ms: what is told in one go, or while the windows come up, is shown at once
+constexpr int showAfter = 250;  // ms; combines notices that arrive together or while the windows open
 constexpr int hideAfter = 8000; // ms
 constexpr std::size_t mostSentences = 3;
-constexpr double gap = 45; // twips between the line and the edge of a window or of the screen
+constexpr double gap = 45; // twips between the line and an edge of a window or the screen
 
 } // namespace
 
@@ -50,7 +50,7 @@ void QuietLine::hide() {
     form.visible = false;
 }
 
-// Below the window, where it covers nothing of it; inside where the screen ends there.
+// Places the line below the window, so that it covers nothing; inside the window if the screen ends there.
 void QuietLine::place() {
     const controls::Window& window = concerned_ && concerned_->visible ? *concerned_ : usual_();
     const bool isSeen = window.visible && window.windowState != controls::WindowState::Minimised;

@@ -8,22 +8,21 @@
 
 namespace safety {
 
-// The quiet line as data: a small window without a frame, which takes neither keyboard nor focus. Its caption
-// is the text, a line for each sentence. Who shows it sets width and height to what the text takes and calls
-// Resize; a click on it is its Click.
+// The quiet line as data: a small frameless window that never takes the focus. Its caption holds one line per
+// sentence. The desktop sets width and height to fit the text and calls Resize; clicking the window calls
+// Click.
 struct QuietLineWindow : controls::Window {
     QuietLineWindow() : Window("QuietLine", {}) { topmost = true; }
 };
 
-// Shows what the notices tell, at the lower edge of the window concerned: eight seconds long, or until a
-// click.
+// Shows new notices at the bottom edge of the window concerned, for eight seconds or until a click.
 class QuietLine {
 public:
-    // `usual` is the window for what concerns none in particular.
+    // `usual` returns the window to use for notices about none in particular.
     QuietLine(platform::EventLoop& loop, Notices& notices, const controls::Screen& screen,
               std::function<const controls::Window&()> usual);
 
-    // Builds the window, at its first use.
+    // Creates the window on the screen; called once, on first use.
     std::function<void(QuietLineWindow&)> Load = [](QuietLineWindow&) {};
 
     QuietLineWindow form;
@@ -39,7 +38,7 @@ private:
     std::function<const controls::Window&()> usual_;
     controls::Timer soon_;
     controls::Timer away_;
-    std::deque<base::Text> sentences_; // the oldest first
+    std::deque<base::Text> sentences_; // oldest first
     const controls::Window* concerned_ = nullptr;
 };
 

@@ -1,4 +1,4 @@
-// Records of a file that grows at its end and may be cut off anywhere.
+// Records of an append-only file that may be cut off anywhere.
 #pragma once
 
 #include "base/text.h"
@@ -10,11 +10,11 @@
 
 namespace safety {
 
-// What a record of the journal is about. The numbers stand in files.
+// The type of a journal record. The numbers are part of the file format.
 enum class RecordType : std::uint8_t {
     Source = 1, // the whole text as RTF
-    Change = 2, // paragraphs that gave way to others
-    State = 3,  // path, title, caret and flag of the document
+    Change = 2, // replaced paragraphs
+    State = 3,  // path, title, caret and state of the document
     Marks = 4   // the bookmarks of the open recording
 };
 
@@ -23,17 +23,17 @@ struct Record {
     std::string payload;
 };
 
-// The record as it stands in the file: length, checksum, type, payload. Numbers are little-endian.
+// Encodes a record as stored in the file: length, checksum, type, payload. Numbers are little-endian.
 std::string framed(RecordType type, std::string_view payload);
 
-// The intact records from the beginning on. The first one that is torn or damaged ends them: what follows
-// cannot be trusted to belong to what stands before.
+// The intact records up to the first damaged one. Later records are ignored, because they may depend on the
+// damaged one.
 std::vector<Record> intactRecords(std::string_view bytes);
 
-// CRC-32 as in ISO 3309, the one of zip files.
+// CRC-32 of ISO 3309, as used in zip files.
 std::uint32_t checksum(std::string_view bytes);
 
-// Puts numbers and texts into a payload, one behind the other.
+// Encodes numbers and texts into a payload.
 class Packer {
 public:
     Packer& number(std::uint32_t value);
@@ -45,7 +45,7 @@ private:
     std::string packed_;
 };
 
-// Takes them out in the same order. A payload that is too short gives 0 and empty texts from there on.
+// Decodes them in the same order. After the end of the payload it returns 0 and empty texts.
 class Unpacker {
 public:
     explicit Unpacker(std::string_view packed) : rest_(packed) {}

@@ -6,7 +6,7 @@
 
 namespace safety {
 
-// Day and time of the user's clock, in the order that sorts: "2024-05-03 14:07". `seconds` since 1970, UTC.
+// Formats seconds since 1970 (UTC) as local date and time, in a sortable form: "2024-05-03 14:07".
 base::Text timeText(std::int64_t seconds);
 
 } // namespace safety

@@ -4,15 +4,15 @@
 
 namespace safety {
 
-// A text that can be read, scrolled and copied, not changed.
+// A read-only text box that can be scrolled and copied from.
 struct TextSheet : controls::Control {
     using Control::Control;
 
     controls::Property<base::Text> text{this};
 };
 
-// The list of earlier versions as data: a window that the user may resize. A row is the document, its time,
-// its size and the reason, with tabs between them. Who shows it puts the controls in their places.
+// The list of earlier versions as data: a resizable window. A row holds document, time, size and reason,
+// separated by tabs. The desktop lays out the controls.
 struct VersionsWindow : controls::Window {
     VersionsWindow() : Window("VersionsWindow", {0, 0, 11400, 6450}) {
         lblEmpty.alignment = controls::Alignment::Centre;
@@ -22,13 +22,13 @@ struct VersionsWindow : controls::Window {
     }
 
     controls::ListBox List1{"lstVersions", {}};
-    controls::Label lblEmpty{"lblNoVersions", {}}; // in place of rows
-    TextSheet txtVersion{"txtVersion", {}};        // text of the chosen one
+    controls::Label lblEmpty{"lblNoVersions", {}}; // shown instead of rows
+    TextSheet txtVersion{"txtVersion", {}};        // text of the selected version
     controls::CommandButton cmdDeleteAll{"cmdDeleteVersions", {}};
     controls::CommandButton cmdCopy{"cmdCopyVersion", {}};
     controls::CommandButton cmdOpen{"cmdOpenVersion", {}};
     controls::CheckBox chkKeep{"chkKeepVersions", {}};
-    controls::Label lblKept{"lblVersionsKept", {}}; // how long and where
+    controls::Label lblKept{"lblVersionsKept", {}}; // how long and where versions are kept
     controls::CommandButton cmdClose{"cmdCloseVersions", {}};
 };
 

@@ -6,8 +6,8 @@
 
 namespace safety {
 
-// The list of notices as data: a window that the user may resize. A row is a time, a tab and a sentence. Who
-// shows it puts the controls in their places.
+// The list of notices as data: a resizable window. A row holds a time, a tab and a sentence. The desktop lays
+// out the controls.
 struct NoticesWindow : controls::Window {
     NoticesWindow() : Window("NoticesWindow", {0, 0, 8400, 4800}) {
         cmdClose.isDefault = cmdClose.isCancel = true;
@@ -16,19 +16,19 @@ struct NoticesWindow : controls::Window {
     }
 
     controls::ListBox List1{"lstNotices", {}};
-    controls::Label lblEmpty{"lblNoNotices", {}}; // in place of rows
+    controls::Label lblEmpty{"lblNoNotices", {}}; // shown instead of rows
     controls::CommandButton cmdClose{"cmdCloseNotices", {}};
 };
 
-// The command "What happened" with its window. The list follows what is told while it is open.
+// The command "What happened" and its window. While open, the list shows new notices immediately.
 class WhatHappened {
 public:
     WhatHappened(Notices& notices, lang::Words& words);
 
-    // What the menu of the transcript gets from here.
+    // The commands for the transcript menu.
     std::vector<controls::MenuItem*> commands() { return {&mnuWhatHappened_}; }
 
-    // Builds the window and puts it on the screen, at its first use.
+    // Creates the window on the screen; called once, on first use.
     std::function<void(NoticesWindow&)> Load = [](NoticesWindow&) {};
 
     NoticesWindow form;

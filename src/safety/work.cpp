@@ -13,8 +13,8 @@ namespace safety {
 
 namespace {
 
-// The text of a journal, paragraph by paragraph. A source is parsed once, when the text is put together;
-// before, only its number of paragraphs has to be known.
+// The text that a journal describes, as a list of paragraphs. Each source is parsed once; the text is
+// assembled once, at the end.
 class Paragraphs {
 public:
     void setSource(std::string_view source) {
@@ -24,7 +24,7 @@ public:
         append(documents_.back(), places_);
     }
 
-    // False when the paragraphs that gave way are not there.
+    // Returns false if the paragraphs to replace do not exist.
     bool replace(const platform::ParagraphChange& change) {
         if (documents_.empty() || change.first > places_.size() ||
             change.removed > places_.size() - change.first)
@@ -45,12 +45,12 @@ public:
         return true;
     }
 
-    // The whole text as RTF; empty when there never was one.
+    // The whole text as RTF; empty if the journal has none.
     std::string source() const {
         if (documents_.empty())
             return {};
         rtf::Document frame = documents_.front();
-        // The tables of what is kept as RTF only ever grow: the newest source has them all.
+        // The tables of kept RTF ranges only grow, so the newest source contains all entries.
         const auto newest =
             std::find_if(documents_.rbegin(), documents_.rend(),
                          [](const rtf::Document& document) { return !document.kept.empty(); });
@@ -78,7 +78,7 @@ private:
             places.push_back({&document, index});
     }
 
-    std::deque<rtf::Document> documents_; // their places never move
+    std::deque<rtf::Document> documents_; // a deque, because places_ points into it
     std::vector<Place> places_;
 };
 

@@ -1,4 +1,4 @@
-// What the journal brings back: the work as it stood when the last record was written.
+// Restores work from the journal, in the state of the last record.
 #pragma once
 
 #include "base/text.h"
@@ -11,13 +11,14 @@
 
 namespace safety {
 
-// The document beside its text.
+// The state of the document apart from its text.
 struct DocumentState {
-    base::Text path;             // of the file; empty while the document has none
-    base::Text title;            // name that the window shows
-    std::int32_t caret = 0;      // UTF-16 units, as platform::RichText counts
-    bool unsaved = false;        // the text holds changes that are in no file
-    std::uint32_t fileCheck = 0; // checksum of the file as the document last knew it; 0 without a file
+    base::Text path;        // path of the file; empty if the document has none
+    base::Text title;       // name in the window's title
+    std::int32_t caret = 0; // UTF-16 units, as in platform::RichText
+    bool unsaved = false;   // the text has changes that no file contains
+    std::uint32_t fileCheck =
+        0; // checksum of the file when the document last read or wrote it; 0 without a file
 
     bool operator==(const DocumentState&) const = default;
 };
@@ -35,13 +36,13 @@ std::string packed(const Marks& marks);
 std::string packed(const platform::ParagraphChange& change);
 
 struct Work {
-    std::string source; // the whole text as RTF; empty where the journal holds none
+    std::string source; // the whole text as RTF; empty if the journal has none
     DocumentState document;
     Marks marks;
-    bool whole = true; // false when a change did not fit the text before it: the rest is left out
+    bool whole = true; // false if a change did not fit the text; later changes are ignored then
 };
 
-// Reads the records of a journal. Time grows with what is still in the text, not with how often it changed.
+// Reconstructs the work from a journal's records. Each record is parsed once.
 Work replay(const std::vector<Record>& records);
 
 } // namespace safety
