@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
-# The player dictates: three cycles of play, step back and pause, of which typing holds a pause and a play; then the stop
-# that ends it all.
+# Timed dictation: three cycles of play, step back and pause, in which typing extends a pause and a play phase; then
+# Stop ends the mode.
 source "$(dirname "$0")/lib.sh"
 
-changed() { # NOT_BEFORE: the change that was seen just now came between the two
+changed() {  # NOT_BEFORE: the change seen just now happened between this time and now
   not_before=$1 not_after=$(now)
 }
-# What is seen on the screen is known a little later, on a busy machine much later: each change is kept as the stretch of
-# time that it happened in, and the phase has to fit between two of them.
-phase() { # CONDITION LEAST MOST: until it holds, between so many ms from the last change on
+# A change on the screen is noticed a little later, on a busy machine much later. So each change is kept as the interval
+# in which it happened, and the phase must fit between two such intervals.
+phase() {  # CONDITION LEAST MOST: waits until it holds, LEAST to MOST ms after the last change
   local looked last_before=$not_before last_after=$not_after
   not_before=$not_after
   expect_soon "the phase ends" $(($3 / 1000 + 5)) 'looked=$(now); '"$1"' || { not_before=$looked; false; }'
@@ -16,7 +16,7 @@ phase() { # CONDITION LEAST MOST: until it holds, between so many ms from the la
   ((not_after - last_before >= $2 && not_before - last_after <= $3)) ||
     fail "$1 came $((not_before - last_after)) to $((not_after - last_before)) ms after the last change, not $2 to $3"
 }
-type_while() { # CONDITION: types for five seconds, and it holds all the time
+type_while() {  # CONDITION: types for five seconds and expects it to hold all the time
   expect_stays "typing holds the phase" 5 "type_text 'words '; $1"
   changed "$(now)"
 }
@@ -43,7 +43,7 @@ phase playing 2800 3400
 phase resting 2800 3400
 type_while resting
 screenshot typing
-phase playing 0 3200 # its watch of 1.3 s, and at most as much again
+phase playing 0 3200  # the typing timer of 1.3 s, and at most as much again
 type_while playing
 phase resting 0 3200
 phase playing 2800 3400

@@ -1,6 +1,6 @@
-// A window that lets what it is given be dragged off it: `drag_source TITLE ADDRESS...`, paths or web
-// addresses. It tells when a drag begins, what the target answers, and how it ends. For the journeys, where a
-// drop has to come from another program.
+// A window from which its arguments can be dragged: `drag_source TITLE ADDRESS...`, where each address is a
+// path or a web address. It prints when a drag begins, the answers of the target, and how the drag ends. For
+// the journeys, which need a drop from another program.
 #include <QApplication>
 #include <QDrag>
 #include <QMimeData>

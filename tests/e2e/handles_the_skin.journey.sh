@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# The skin under the mouse, the volume, the speed, the language and the place of the window.
+# The skin under the mouse, the volume, the speed, the language and the window position.
 source "$(dirname "$0")/lib.sh"
 
-volume_shown() { # the volume in per cent, which fades into the ground
+volume_shown() {  # the volume in per cent, which fades out
   (($(import -window "$window" -crop "33x16+308+$((113 + $(skin_top)))" png:- | identify -format %k -) > 1))
 }
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Bookmarks from one day to the next: three are set, one is deleted, the next start finds the others and jumps to them.
+# Bookmarks across two runs: three are added, one is deleted; the next run shows the others and jumps to them.
 source "$(dirname "$0")/lib.sh"
 
 mark() { # NAME
@@ -13,7 +13,7 @@ mark() { # NAME
 }
 
 begin
-setxkbmap -layout us,ru -variant altgr-intl, # letters that no single-byte page of this place has
+setxkbmap -layout us,ru -variant altgr-intl,  # characters that this locale's single-byte code page lacks
 file=$folder/Bookmarks/Interview.mp3.bm
 start_on_sample
 key F5
@@ -36,7 +36,8 @@ key ctrl+q
 expect_soon "the program ends" 10 '! running'
 expect_eq "editor and bookmarks, as they stood at the exit" "0 0" "$(settings_line 8) $(settings_line 16)"
 
-# The last line is the one that a deletion costs; what is beyond the code page is in UTF-8, with its mark.
+# A deletion drops the last line of the file; characters outside of the code page are stored as UTF-8 with a byte order
+# mark.
 mapfile -t lines < <(tr -d '\r' <"$file")
 expect_eq "lines" 2 "${#lines[@]}"
 expect "the mark of UTF-8" [ "$(head -c3 "$file" | od -An -tx1)" = " ef bb bf" ]
@@ -45,7 +46,7 @@ at=$((10#${BASH_REMATCH[1]}))
 expect_eq "second line" "$(printf '00:00:%02d  Жук, «sieve»               00:00:%02d' $((at + 5)) $((at + 5)))" "${lines[1]}"
 
 start_on_sample
-switch_to Bookmarks # come up by themselves
+switch_to Bookmarks  # open by themselves
 switch_to Quillmere
 key F5
 expect_soon "paused" 10 resting

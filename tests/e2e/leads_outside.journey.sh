@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# Out of the program and back: the guide, the list of versions, web pages, the sound settings, the about box, and a start
-# with the update check on and no network.
+# Out of the program and back: the guide, the list of versions, web pages, the sound settings, the about box, and a
+# start without a network while the update check is on.
 source "$(dirname "$0")/lib.sh"
 
-# Programs that note what they are asked to open, in place of the desktop's own.
+# Programs that log what they are asked to open, in place of the desktop's own.
 mkdir "$scratch/bin"
 for program in xdg-open pavucontrol mate-volume-control cinnamon-settings; do
   printf '#!/bin/sh\necho "%s ${QT_QPA_PLATFORM-none} $*" >>"%s/opened"\n' "$program" "$scratch" >"$scratch/bin/$program"
@@ -12,16 +12,17 @@ done
 : >"$scratch/opened"
 export PATH=$scratch/bin:$PATH
 
-opens() { # PROGRAM TARGET: that is what was opened last, in surroundings as they were before the program
+# PROGRAM TARGET: expects this to be the last thing opened, in the environment that the program was started with
+opens() {
   expect_soon "$2 is opened" 10 "[[ \$(tail -n1 '$scratch/opened') == '$1 none $2' ]]"
 }
 minimised() { xprop -id "$player" WM_STATE | grep -q Iconic; }
-back() { # the player stood aside for what was opened
+back() {  # returns to the player, which was minimised for what was opened
   expect_soon "the player is minimised" 10 minimised
   xdotool windowmap "$player"
   switch_to Quillmere
 }
-alone() { # TITLE: of the one window that is seen
+alone() {  # TITLE: waits until only this window is visible
   expect_soon "$1 alone is seen" 10 "[[ \$(titles) == '$1' ]]"
 }
 titles() { xdotool search --onlyvisible --class quillmere 2>/dev/null | xargs -rn1 xdotool getwindowname | sort | paste -sd,; }
@@ -66,7 +67,7 @@ XDG_CURRENT_DESKTOP=MATE start_program
 player=$window
 if ! type -P pwvucontrol pavucontrol pavucontrol-qt >/dev/null; then
   key F9
-  opens mate-volume-control "" # of the desktop's own, and not of the one before it in the list
+  opens mate-volume-control ""  # the desktop's own, not the one before it in the list
 fi
 rm "$scratch/bin/"{mate-volume-control,cinnamon-settings}
 if ! type -P pwvucontrol pavucontrol{,-qt} {gnome-control-center,cinnamon-settings,mate-volume-control} systemsettings{,5} kcmshell{6,5} >/dev/null; then

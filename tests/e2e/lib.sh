@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2016,SC2034,SC2154
-# For the journeys: what they expect, and the steps that they begin with.
+# Expectations of the journeys, and the steps that they begin with.
 source "$(dirname "${BASH_SOURCE[0]}")/../../tools/dev/driver.sh"
 
 expect() {  # WHAT COMMAND...
@@ -12,11 +12,11 @@ expect_eq() {  # WHAT EXPECTED SEEN
   [[ $2 == "$3" ]] || fail "$1: expected '$2', saw '$3'"
 }
 
-expect_stays() {  # WHAT SECONDS COMMAND: COMMAND succeeds all the time
+expect_stays() {  # WHAT SECONDS COMMAND: expects COMMAND to succeed all the time
   ! wait_until "$2" "! { $3; }" || fail "$1: not for $2 s: $3"
 }
 
-expect_change() {  # WHAT BEFORE X Y WIDTH HEIGHT: it no longer looks like this glance of before
+expect_change() {  # WHAT BEFORE X Y WIDTH HEIGHT: waits until the area looks different from the glance BEFORE
   expect_soon "$1" 10 "[[ \$(glance ${*:3}) != '$2' ]]"
 }
 
@@ -24,14 +24,16 @@ expect_gone() {  # TITLE
   expect_soon "the window closes: $1" 10 '! xdotool search --onlyvisible --name "^'"$1"'$" >/dev/null 2>&1'
 }
 
-begin() {  # [alone]: a display, a sound server and a folder; alone, without the editor, the player keeps the keyboard
+# [alone]: starts a display and a sound server, creates a program folder; alone: without the editor, so that the player
+# keeps the focus
+begin() {
   start_display
   start_sound
   lay_folder
   [[ ${1-} != alone ]] || set_line 8 1
 }
 
-# Every journey through the player begins so: the sample plays, and the mouse lies beside the buttons.
+# First step of most journeys: the sample plays, and the mouse is beside the buttons.
 start_on_sample() {
   start_program "$folder/Samples/Interview.mp3"
   player=$window

@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# A recording from its first word to its end: pause with its step back, steps, stop, a jump near the end, the end.
+# A recording from beginning to end: pause with its step back, steps, stop, a jump near the end, the end.
 source "$(dirname "$0")/lib.sh"
 
-near() {  # WHAT TENTHS [LATER]: the bar comes to rest there, or up to LATER behind; give or take two of its pixels
+# WHAT TENTHS [LATER]: expects the bar to rest at TENTHS or up to LATER after it, with a tolerance of two pixels
+near() {
   local seen
   seen=$(rest_position)
   ((seen >= $2 - 5 && seen <= $2 + 5 + ${3-0})) || fail "$1: expected $2 tenths, and ${3-0} later at most, saw $seen"
 }
-tenths() { echo $((($(now) - $1) / 100)); }  # since then
+tenths() { echo $((($(now) - $1) / 100)); }  # since the time $1
 
 begin alone
 start_on_sample

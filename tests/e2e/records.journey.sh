@@ -1,11 +1,12 @@
 #!/usr/bin/env bash
-# A recording with a pause, one stopped in a pause, one whose window is closed, one that is killed; the first is played.
+# One recording with a pause, one stopped in a pause, one whose window is closed, and one that is killed; then the first
+# is played.
 source "$(dirname "$0")/lib.sh"
 
 start_button() { click 240 294; }
 stop_button() { click 360 294; }
 bytes() { stat -c %s "$folder/Rec $1.wav" 2>/dev/null || echo 0; }
-writes_nothing() { # NUMBER: for a second
+writes_nothing() {  # NUMBER: for one second
   held=$(bytes "$1")
   ! wait_until 1 "((\$(bytes $1) != held))"
 }
@@ -14,9 +15,9 @@ open_recorder() {
   switch_to Quillmere
   press record
   switch_to Record
-  settle 200 glance 0 0 400 300 >/dev/null # is painted
+  settle 200 glance 0 0 400 300 >/dev/null  # is fully painted
 }
-close_recorder() { click 428 -9; }  # on the frame
+close_recorder() { click 428 -9; }  # in the title bar
 start_recording() {  # NUMBER
   start_button
   switch_to "Save recording as"
@@ -24,7 +25,7 @@ start_recording() {  # NUMBER
   switch_to Record
   expect_soon "sound arrives" 10 "grown $1 44"
 }
-expect_whole() {  # NUMBER: the header tells the length of what stands behind it
+expect_whole() {  # NUMBER: expects the header to state the true length of the data
   local data
   expect_soon "the header of Rec $1" 10 "[[ \$(head -c 4 '$folder/Rec $1.wav') == RIFF ]]"
   data=$(($(bytes "$1") - 44))

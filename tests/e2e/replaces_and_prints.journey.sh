@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# A transcript is corrected by find and replace, printed to a file where there is no printer, then on a queue of a
-# print server of its own.
+# Corrects a transcript with find and replace, prints it to a file without any printer, then to a queue of a private
+# print server.
 source "$(dirname "$0")/lib.sh"
 
-start_print_server() {  # false where none can run
+start_print_server() {  # fails if no print server can run
   local dir=$scratch/cups
   PATH=$PATH:/usr/sbin
   command -v cupsd >/dev/null && command -v lpadmin >/dev/null || return 1
@@ -24,12 +24,12 @@ start_print_server() {  # false where none can run
   wait_until 10 'lpadmin -p Office -E -v file:/dev/null -P "$dir/office.ppd" 2>/dev/null' && lpadmin -d Office
 }
 
-print_keys() {  # KEYS...: in the editor, up to the printer dialog
+print_keys() {  # KEYS...: presses them in the editor and opens the print dialog
   use_editor
   key "$@" ctrl+p
   switch_to Print
 }
-job() {  # N: the pages that arrived at the server
+job() {  # N: the text of the pages that arrived at the server
   pdftotext -layout "$scratch/cups/spool/d0000$1-001" - 2>/dev/null | tr -d '\f'
 }
 
@@ -59,7 +59,7 @@ expect_soon "a file is written where there is no printer" 10 \
   '[[ $(pdftotext "$HOME/Untitled 1.pdf" - 2>/dev/null) == "a pilot and a harbour"* ]]'
 kill "$program"
 wait "$program" || true
-# An end by a signal keeps what is unsaved; the next part begins with an empty text.
+# A program ended by a signal keeps its unsaved text; the next part must begin with an empty one.
 rm -rf "$folder/Files/Safety"
 
 start_print_server || { echo "No print server can run here: printing on a queue is left out."; exit 0; }

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# A video in its box, in its window and on the whole screen, while windows are made anew and the engine dies.
+# A video in its box, in its own window and in full screen, while Qt recreates windows and the engine dies.
 source "$(dirname "$0")/lib.sh"
 
-coloured() { # WINDOW AREA: most of the area is in strong colours, as no part of the program is
+coloured() {  # WINDOW AREA: succeeds if most of the area has strong colours, which the program itself does not use
   local seen
   seen=$(import -window "$1" -crop "$2" +repage -depth 8 rgb:- | od -An -v -tu1 -w3 |
     awk '{ most = least = $1; for (i = 2; i <= 3; i++) { if ($i > most) most = $i; if ($i < least) least = $i } }
@@ -24,11 +24,11 @@ start_program "$film"
 player=$window
 expect_soon "the picture in its box" 10 in_box
 
-key alt+o Up Up Up Return # no longer on top: Qt makes the window anew when it is shown next
+key alt+o Up Up Up Return  # no longer on top: Qt recreates the native window at the next show
 key ctrl+F1
 expect_soon "the about box in place of the player" 10 '! xwininfo -id "$player" 2>/dev/null | grep -q IsViewable'
 key Escape
-switch_to Quillmere # comes back
+switch_to Quillmere  # reappears
 player=$window
 expect_soon "the picture after that" 10 in_box
 
@@ -38,7 +38,7 @@ expect_soon "another engine goes on where that one was" 10 'in_box && (($(positi
 screenshot box
 
 double_click 46 $((40 + $(skin_top)))
-switch_to film.mp4 # the window of its own
+switch_to film.mp4  # the separate video window
 expect_soon "the picture in its window" 10 in_window
 screenshot window
 double_click 100 100
@@ -49,4 +49,4 @@ expect_soon "the keyboard stays" 5 '[[ $(xdotool getactivewindow) == "$window" ]
 expect "so does the picture" filling
 key Escape
 expect_soon "Esc leaves the whole screen" 10 '! filling && in_window'
-quit_program # without a question about unsaved text
+quit_program  # without a question about unsaved text

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Files dragged from another program onto the player: the first one plays, a web address does nothing.
+# Drags files from another program onto the player: the first file plays, a web address is ignored.
 source "$(dirname "$0")/lib.sh"
 
-source= # the program dragged from; it has to answer the player even when the button is up
+source=  # the drag source; it must stay alive after the drop to answer the player
 told() { grep -q "^$1" "$scratch/drag.log"; }
 drag_onto_player() { # ADDRESS...
   [[ ! $source ]] || kill "$source"
@@ -14,7 +14,7 @@ drag_onto_player() { # ADDRESS...
   xdotool mousemove --window "$window" 100 50 mousedown 1
   expect_soon "the drag begins" 10 'xdotool mousemove --window $window $((x++)) 50; told drag'
   window=$player
-  # A player that wants nothing of it never answers.
+  # A player that refuses the drag never answers.
   wait_until 2 'xdotool mousemove --window $player 20 $((y = 330 - y)); told answer' || true
   xdotool mouseup 1
   expect_soon "the drag ends" 10 'told end'

@@ -1,21 +1,22 @@
 #!/usr/bin/env bash
-# Hands on the keys: the player worked from the text, the clipboard between programs, undo and redo.
+# Keyboard only: controlling the player from the text, the clipboard between programs, undo and redo.
 source "$(dirname "$0")/lib.sh"
 
-chord() { # LETTERS: each with Ctrl, which is the last to be released: the editor acts on the release of the letter
+# LETTERS: presses each with Ctrl and releases Ctrl last, because the editor acts on the release of the letter
+chord() {
   local letter
   for letter; do xdotool keydown ctrl key "$letter" keyup ctrl; done
 }
-bring() { xdotool windowactivate --sync "$1" 2>/dev/null; } # WINDOW; the eyes stay where they are
-held() { # what another program finds on the clipboard, as plain text or in this form
+bring() { xdotool windowactivate --sync "$1" 2>/dev/null; }  # WINDOW; screenshots still use $window
+held() {  # prints what another program finds on the clipboard, as plain text or in this format
   timeout 3 xclip -selection clipboard -o "$@" 2>/dev/null || true
 }
-cross_to() { # WINDOW: in front of it the program holds another form of what was copied, from its next tick on
+cross_to() {  # WINDOW: activates it and waits until the program has put the other format of its copy on the clipboard
   xclip -selection clipboard -i <<<elsewhere
   bring "$1"
   wait_until 2 '[[ $(held) != elsewhere ]]' || true
 }
-text() { # the whole text, as another program gets it after a focus change
+text() {  # prints the whole text, as another program gets it after a focus change
   bring "$editor"
   chord a c; key Right
   cross_to "$player"
@@ -26,10 +27,10 @@ expect_text() { # WHAT TEXT
   local wanted=$2
   expect_soon "$1" 10 '[[ $(text) == "$wanted" ]]'
 }
-expect_copied() { # WHAT PATTERN: in the source of all that is in the text
+expect_copied() {  # WHAT PATTERN: waits for PATTERN in the RTF source of the whole text
   expect_soon "$1" 10 'chord a c; key End; held | grep -q '"'$2'"
 }
-offer() { # FORM: the input, by a program that stays in the background
+offer() {  # FORM: offers the input on the clipboard from another process
   local form=$1
   cat >"$scratch/offer"
   as_companion xclip -quiet -selection clipboard -t "$form" -i "$scratch/offer" >>"$scratch/program.log" 2>&1 &
@@ -44,7 +45,7 @@ start_on_sample
 expect_soon "far enough for a step back" 10 '(( $(position) > 40 ))'
 use_editor "Untitled 1"
 editor=$window
-window=$player # keys go where the focus is; the eyes stay on the player
+window=$player  # keys go to the focused window; screenshots use the player
 
 type_text "one two"
 xdotool keydown F5
@@ -59,7 +60,7 @@ expect_soon "F6 steps back" 10 '(( $(position) <= at + 5 ))'
 before=$(rest_position)
 normal=$(speed)
 xdotool keydown F4
-settle 1000 speed >/dev/null # the keyboard waits before it repeats a key
+settle 1000 speed >/dev/null  # wait for the keyboard's repeat delay
 xdotool keyup F4
 began=$(now)
 key F5

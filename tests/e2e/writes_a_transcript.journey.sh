@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A transcript from its first word to the next day: typed, formatted, guarded at the exit, saved, opened again.
+# A transcript from its first word to the next day: type, format, cancel the exit, save, open again.
 source "$(dirname "$0")/lib.sh"
 
 words() { "$RTF_TEXT" "$HOME/interview.rtf"; }
@@ -18,9 +18,9 @@ key Return
 type_text 'How did it begin? Quietly.'
 key ctrl+Home shift+End
 click 207 37 # bold
-click 387 37 # to the right
-click 357 37 # to the middle
-click 417 37 # a size larger
+click 387 37  # align right
+click 357 37  # centre
+click 417 37  # one size larger
 screenshot formatted
 
 place=$(xdotool getwindowgeometry "$window")
@@ -50,7 +50,7 @@ expect "13 points" grep -q '\\fs26' "$HOME/interview.rtf"
 
 start_program
 use_editor 'Untitled 1'
-key alt+f Down Down Down Down # past open, save and save as to the recent document
+key alt+f Down Down Down Down  # past Open, Save and Save as to the recent document
 screenshot recent
 key Return
 use_editor interview.rtf
@@ -59,6 +59,6 @@ type_text ' Then loud.'
 screenshot opened
 key ctrl+s
 expect_soon "the text is saved over its file" 10 '[[ $(words) == *"Quietly. Then loud."* ]]'
-click 24 37 # a new document, without a question, since all is saved
+click 24 37  # a new document, without a question because everything is saved
 use_editor 'Untitled 2'
 quit_program
