@@ -1,4 +1,4 @@
-// What tests include again and again. It is the precompiled header of the rooms' tests.
+// Headers that many tests need; this is the precompiled header of the rooms' tests.
 #pragma once
 
 #include <algorithm>

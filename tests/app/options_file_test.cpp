@@ -20,9 +20,9 @@ struct Some {
 
 } // namespace
 
-TEST(OptionsFile, TakesWhatFits_AndKeepsWhatItDoesNotKnow) {
+TEST(OptionsFile, InvalidValues_AreIgnored_UnknownLines_AreKept) {
     const fakes::TemporaryFolder folder;
-    // What lies there, the options that it gives, and what is written after `days` has become 7.
+    // File contents, the options read from them, and the file saved after `days` has become 7.
     const struct {
         const char* file;
         bool on;

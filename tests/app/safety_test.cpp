@@ -5,7 +5,7 @@
 
 namespace {
 
-// One run of the program after another, in the same folder. A run that is dropped has been killed.
+// Successive runs of the program in the same folder. Destroying a run without an exit simulates a kill.
 class SafetyTest : public testing::Test {
 protected:
     SafetyTest() { start(); }
@@ -56,7 +56,7 @@ using Names = std::vector<std::string>;
 
 } // namespace
 
-TEST_F(SafetyTest, Killed_TheTextComesBack_WithItsCaretAndItsFlag) {
+TEST_F(SafetyTest, Kill_RestoresTextCaretAndModifiedFlag) {
     desktop->text.setText(u"");
     type(u"first\r\nsecond");
     desktop->text.setSelStart(3);
@@ -71,7 +71,7 @@ TEST_F(SafetyTest, Killed_TheTextComesBack_WithItsCaretAndItsFlag) {
     EXPECT_EQ(desktop->text.Text(), u"firXst\r\nsecond") << "killed again before anything was typed";
 }
 
-TEST_F(SafetyTest, SavedOrLeftByTheDoor_NothingComesBack) {
+TEST_F(SafetyTest, SaveOrNormalExit_RestoresNothing) {
     type(u"saved");
     desktop->dialogPort.choices = {desktop->folder.text("a.rtf")};
     document().save();
@@ -86,7 +86,7 @@ TEST_F(SafetyTest, SavedOrLeftByTheDoor_NothingComesBack) {
     EXPECT_EQ(desktop->text.Text(), u"");
 }
 
-TEST_F(SafetyTest, WhatARuleDrops_GoesIntoTheArchive) {
+TEST_F(SafetyTest, DiscardedText_IsArchived) {
     type(u"replaced by a new one");
     desktop->dialogPort.answers = {platform::Answer::No};
     document().newDocument();
@@ -105,7 +105,7 @@ TEST_F(SafetyTest, WhatARuleDrops_GoesIntoTheArchive) {
     EXPECT_EQ(archived().size(), 3U) << "the exit does not ask about a hidden editor";
 }
 
-TEST_F(SafetyTest, ASaveThatFails_IsKeptAndTold_ThoughTheFlagIsCleared) {
+TEST_F(SafetyTest, FailedSave_IsArchivedAndReported_AlthoughTheFlagIsCleared) {
     type(u"x");
     desktop->folder.write("gone/a.rtf", "");
     desktop->dialogPort.answers = {platform::Answer::Yes};
@@ -120,7 +120,7 @@ TEST_F(SafetyTest, ASaveThatFails_IsKeptAndTold_ThoughTheFlagIsCleared) {
     EXPECT_EQ(desktop->text.Text(), u"x");
 }
 
-TEST_F(SafetyTest, ATextThatEndsTheProgramTwice_IsNotBroughtBackAThirdTime) {
+TEST_F(SafetyTest, TextThatCrashesTheProgramTwice_IsNotRestoredAThirdTime) {
     type(u"deadly");
     for (int tries = 0; tries < 2; ++tries) {
         start();
@@ -131,7 +131,7 @@ TEST_F(SafetyTest, ATextThatEndsTheProgramTwice_IsNotBroughtBackAThirdTime) {
     EXPECT_EQ(archived(), (Names{"&En97 1: crash].rtf"}));
 }
 
-TEST_F(SafetyTest, AFileThatChangedMeanwhile_IsKeptToo) {
+TEST_F(SafetyTest, FileChangedByAnotherProgram_IsArchivedToo) {
     const fakes::TemporaryFolder papers;
     type(u"one");
     desktop->dialogPort.choices = {papers.text("a.rtf")};
@@ -145,7 +145,7 @@ TEST_F(SafetyTest, AFileThatChangedMeanwhile_IsKeptToo) {
     EXPECT_EQ(archived(), (Names{"a.rtf: changed elsewhere].rtf"}));
 }
 
-TEST_F(SafetyTest, ASessionThatEnds_AsksNothing_AndKeepsAll) {
+TEST_F(SafetyTest, EndOfSession_AsksNothing_AndSavesAll) {
     desktop->text.type(u"at the last moment");
     workstation().endSession();
     EXPECT_TRUE(desktop->systemPort.ended);

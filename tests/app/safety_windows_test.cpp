@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(SafetyWindowsTest, MenuAtTheRight_FollowsTheLanguage) {
+TEST_F(SafetyWindowsTest, TranscriptMenu_FollowsTheLanguage) {
     EXPECT_EQ(desktop.form2->menuBar.back()->caption.get(), u"T&ranscript");
     desktop.layLanguage("Deutsch.lng");
     desktop.folder.write("Files/Lang/Deutsch.words", "T&ranscript\t&Abschrift\r\n&What happened\tVerlauf");
@@ -30,7 +30,7 @@ TEST_F(SafetyWindowsTest, MenuAtTheRight_FollowsTheLanguage) {
     EXPECT_EQ(lang::filledIn(u"%1 and %2, %1%", {u"%2", u"b"}), u"%2 and b, %2%");
 }
 
-TEST_F(SafetyWindowsTest, QuietLine_StandsBelowItsWindow_GoesByItself_AndIsListed) {
+TEST_F(SafetyWindowsTest, QuietLine_AppearsBelowItsWindow_HidesByItself_AndIsListed) {
     safety::Notices& notices = program->workstation().notices();
     desktop.form2->visible = true;
     desktop.form2->top = 3000;
@@ -42,7 +42,7 @@ TEST_F(SafetyWindowsTest, QuietLine_StandsBelowItsWindow_GoesByItself_AndIsListe
     ASSERT_NE(desktop.quietLine, nullptr);
     EXPECT_EQ(desktop.quietLine->caption.get(), u"one\ntwo");
     EXPECT_GT(desktop.quietLine->top, 8000);
-    desktop.form2->height = 13200; // it reaches the end of the screen
+    desktop.form2->height = 13200; // reaches the bottom of the screen
     desktop.quietLine->height = 450;
     desktop.quietLine->Resize();
     EXPECT_LT(desktop.quietLine->top, 16200 - 450);
@@ -63,7 +63,7 @@ TEST_F(SafetyWindowsTest, QuietLine_StandsBelowItsWindow_GoesByItself_AndIsListe
     EXPECT_TRUE(desktop.notices->List1.items->front().ends_with(u"\t59"));
 }
 
-TEST_F(SafetyWindowsTest, EarlierVersions_OpenAsNew_CopyNothingOver_AndGoAfterAQuestion) {
+TEST_F(SafetyWindowsTest, EarlierVersions_OpenAsNew_NeverOverwrite_AndAreDeletedAfterAQuestion) {
     std::filesystem::create_directories(desktop.folder.path() / "Files/Safety");
     archive().keep(u"old.rtf", "{\\rtf1 first\\par second}", u"rtf", safety::Reason::Exit, 1'700'000'000);
     const safety::VersionsWindow& window = openVersions();

@@ -2,7 +2,7 @@
 
 namespace fs = std::filesystem;
 
-// Starts the program on settings files of all kinds.
+// Starts the program with various settings files.
 class SettingsFileTest : public fakes::WorkbenchTest {
 protected:
     void startWith(const std::map<int, std::string>& lines) {
@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(SettingsFileTest, Salva_WritesTwentyFiveLines_ThatReadBackTheSame) {
+TEST_F(SettingsFileTest, Salva_Writes25Lines_ThatReadBackUnchanged) {
     startWith({{7, "/home/anna/Interviews"}});
     for (int round = 0; round < 2; ++round) {
         EXPECT_EQ(saved(), "English.lng\r\n80\r\n561\r\n5\r\n2\r\n0\r\n/home/anna/Interviews\r\n0\r\n750\r\n"
@@ -30,8 +30,8 @@ TEST_F(SettingsFileTest, Salva_WritesTwentyFiveLines_ThatReadBackTheSame) {
     }
 }
 
-TEST_F(SettingsFileTest, Lines_HaveTheEffectsOfTheirPlace) {
-    // A line, what it says, and in which line what is saved.
+TEST_F(SettingsFileTest, Lines_AreReadByPosition_AndSavedCorrected) {
+    // A line number and its value; the line that is checked after saving and its expected value.
     const std::tuple<int, std::string, int, std::string> rows[] = {
         {21, "2", 21, "7"},       {21, "3", 21, "3"},      {21, "99999", 21, "7"}, {22, "40", 22, "40"},
         {23, "2", 23, "1"},       {24, "2", 24, "0"},      {25, "2", 25, "0"},     {15, "", 15, "0"},
@@ -45,7 +45,7 @@ TEST_F(SettingsFileTest, Lines_HaveTheEffectsOfTheirPlace) {
     }
 }
 
-TEST_F(SettingsFileTest, Positions_CountOnlyWhenTheEditorHadASize) {
+TEST_F(SettingsFileTest, Positions_AreUsedOnly_IfTheEditorHadASize) {
     for (const auto& [width, height, left] :
          {std::tuple{"0", "0", "0"}, {"300", "-300", "0"}, {"30000", "30000", "1234"}}) {
         startWith({{11, "1234"}, {13, width}, {14, height}});
@@ -53,8 +53,8 @@ TEST_F(SettingsFileTest, Positions_CountOnlyWhenTheEditorHadASize) {
     }
 }
 
-TEST_F(SettingsFileTest, Editor_IsCutAtTheEndOfTheScreen_UnlessItBeginsBeyond) {
-    // Left, top; width and height that are left.
+TEST_F(SettingsFileTest, Editor_IsCutOffAtTheScreenEdge_UnlessItBeginsBeyond) {
+    // Left and top; the remaining width and height.
     const std::tuple<std::string, std::string, double, double> rows[] = {
         {"26000", "0", 2800, 5205},
         {"0", "15000", 10920, 1200},
@@ -99,7 +99,7 @@ TEST_F(SettingsFileTest, ShortBrokenOrUnwritableFile_NeverStopsTheStart) {
     EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(SettingsFileTest, FolderInAnotherScript_IsNotLost) {
+TEST_F(SettingsFileTest, FolderName_InAnotherScript_IsPreserved) {
     startWith({{1, "\xEF\xBB\xBF"
                    "English.lng"},
                {7, "/дома/я"}});

@@ -2,10 +2,10 @@
 
 class StartTest : public fakes::WorkbenchTest {
 protected:
-    StartTest() { desktop.form1 = nullptr; } // of the start before the test
+    StartTest() { desktop.form1 = nullptr; } // left from the start before the test
 };
 
-TEST_F(StartTest, MissingSettingsOrLanguageFile_EndsInTheRegErrorBox) {
+TEST_F(StartTest, MissingSettingsOrLanguageFile_ShowsTheRegErrorBox) {
     for (const char* missing : {"Files/Lang/English.lng", "Files/Quillmere.ini"}) {
         std::filesystem::remove(desktop.folder.path() / missing);
         EXPECT_FALSE(start());
@@ -16,7 +16,7 @@ TEST_F(StartTest, MissingSettingsOrLanguageFile_EndsInTheRegErrorBox) {
     EXPECT_EQ(boxes.size(), 2U);
 }
 
-TEST_F(StartTest, SecondInstance_IsToldBeforeAnyWindow) {
+TEST_F(StartTest, SecondInstance_IsReported_BeforeAnyWindow) {
     desktop.systemPort.alreadyRunning = true;
     EXPECT_FALSE(start());
     ASSERT_EQ(boxes.size(), 1U);
@@ -24,7 +24,7 @@ TEST_F(StartTest, SecondInstance_IsToldBeforeAnyWindow) {
     EXPECT_EQ(desktop.form1, nullptr);
 }
 
-TEST_F(StartTest, NoLanguageInTheSettings_IsChosenByCountry_AndKept) {
+TEST_F(StartTest, NoLanguageInTheSettings_ChoosesByCountry_AndSavesIt) {
     desktop.laySettingsWith({{1, ""}});
     desktop.systemPort.country = u"Italy";
     desktop.layLanguage("Italiano.lng");
@@ -34,7 +34,7 @@ TEST_F(StartTest, NoLanguageInTheSettings_IsChosenByCountry_AndKept) {
     EXPECT_EQ(desktop.savedLine(1), "Italiano.lng");
 }
 
-TEST_F(StartTest, PathInQuotes_Opens_AndBareOnesAreRefused) {
+TEST_F(StartTest, QuotedPath_Opens_UnquotedPath_IsRefused) {
     const base::Text path = desktop.layMedia("a, b.mp3", 60);
     ASSERT_TRUE(start(u'"' + path + u'"'));
     EXPECT_TRUE(form().isPlaying());
@@ -43,8 +43,8 @@ TEST_F(StartTest, PathInQuotes_Opens_AndBareOnesAreRefused) {
         EXPECT_TRUE(start(nothing)) << base::toUtf8(nothing);
     EXPECT_TRUE(boxes.empty());
 
-    // Without quotes the path plays for a moment, is closed, and its name then lacks the first and the last
-    // letter.
+    // Without quotes, the path plays for a moment and is closed; then its name lacks the first and the last
+    // character.
     player.commands.clear();
     ASSERT_TRUE(start(path));
     EXPECT_EQ(player.commands.front(), "load");
@@ -53,7 +53,7 @@ TEST_F(StartTest, PathInQuotes_Opens_AndBareOnesAreRefused) {
     EXPECT_EQ(boxes[0].text, u"En98");
 }
 
-TEST_F(StartTest, UpdateItem_NeverTakesItsCaptionFromTheTable_ButGreysOnATruthValueThere) {
+TEST_F(StartTest, UpdateItem_IgnoresItsCaptionInTheTable_ButIsDisabledByABooleanThere) {
     const std::pair<std::string, bool> rows[] = {{"Check", true}, {"False", false}, {"0", false},
                                                  {"-1", true},    {"", true},       {"0x", true},
                                                  {"...", true},   {"1.2.3", true}};
@@ -66,12 +66,12 @@ TEST_F(StartTest, UpdateItem_NeverTakesItsCaptionFromTheTable_ButGreysOnATruthVa
     EXPECT_EQ(form().mnuLingua.caption.get(), u"&&En15") << "others get their mnemonic in front";
 }
 
-TEST_F(StartTest, EveryCommand_OfBothMenuBars_HasItsRoutineWhenItIsShown) {
-    // Spelling has none, and its menu is never shown.
+TEST_F(StartTest, EveryMenuCommand_HasItsRoutine_WhenFirstShown) {
+    // Spelling has no routine, and its menu is never shown.
     EXPECT_EQ(desktop.shownWithoutRoutine, std::vector<std::string_view>{"mnuOrtografia"});
 }
 
-TEST_F(StartTest, Closing_SavesStopsAndEnds) {
+TEST_F(StartTest, Close_SavesStopsAndEnds) {
     desktop.laySettingsWith({{8, "0"}, {23, "1"}});
     ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));
     desktop.laySettings({"rubbish"});
@@ -79,8 +79,8 @@ TEST_F(StartTest, Closing_SavesStopsAndEnds) {
     EXPECT_TRUE(desktop.systemPort.ended);
     EXPECT_EQ(player.commands.back(), "stop");
     EXPECT_EQ(desktop.savedLine(1), "English.lng");
-    // Nothing of the program runs any more: not the watch on the player, which would take the stop for the
-    // end of the recording, nor what stands for the windows that are gone.
+    // Nothing of the program runs any more: neither the player's timer, which would take the stop for the end
+    // of the recording, nor the views of the closed windows.
     desktop.loop.advance(1000);
     EXPECT_EQ(desktop.savedLine(8) + desktop.savedLine(23), "01");
 }

@@ -19,7 +19,7 @@ protected:
     fakes::TemporaryFolder folder;
 };
 
-TEST_F(FilesTest, Replace_KeepsPermissionsAndLinks_AndLeavesNothingBeside) {
+TEST_F(FilesTest, Replace_KeepsPermissionsAndLinks_AndLeavesNoTemporaryFile) {
     folder.write("real.ini", "old");
     fs::permissions(folder.path() / "real.ini", fs::perms(0640));
     fs::create_symlink("real.ini", folder.path() / "link.ini");
@@ -35,8 +35,8 @@ TEST_F(FilesTest, Replace_KeepsPermissionsAndLinks_AndLeavesNothingBeside) {
     EXPECT_EQ(fileCount(), 3);
 }
 
-TEST_F(FilesTest, Replace_OfTheLongestNames_LeavesNothingBeside) {
-    // 251 bytes leave room for the addition, 255 do not.
+TEST_F(FilesTest, Replace_WithTheLongestNames_LeavesNoTemporaryFile) {
+    // With 251 bytes the suffix of the temporary file still fits, with 255 it does not.
     for (const std::string& name : {std::string(251, 'a'), std::string(255, 'b')}) {
         base::replaceFile(folder.text(name), "old");
         base::replaceFile(folder.text(name), "new");
@@ -45,7 +45,7 @@ TEST_F(FilesTest, Replace_OfTheLongestNames_LeavesNothingBeside) {
     EXPECT_EQ(fileCount(), 2);
 }
 
-TEST_F(FilesTest, WhatAKilledProcessLeft_IsTakenAway_AndNobodyElsesFile) {
+TEST_F(FilesTest, RemoveUnfinished_RemovesFilesOfKilledProcesses_AndNoOthers) {
     const std::pair<std::string, bool> rows[] = {
         {"a.ini", true},
         {"a.ini.quillmere-new", false},
@@ -67,7 +67,7 @@ TEST_F(FilesTest, WhatAKilledProcessLeft_IsTakenAway_AndNobodyElsesFile) {
     for (const auto& [name, stays] : rows)
         EXPECT_EQ(fs::exists(folder.path() / name), stays) << name;
 
-    // A save takes away what the one before left, and goes round what is being written.
+    // A save removes the temporary file of an earlier one, and avoids one that is being written.
     folder.write("a.ini.quillmere-new", "half");
     base::replaceFile(folder.text("a.ini"), "new");
     base::replaceFile(folder.text("b.ini"), "new");
@@ -82,9 +82,9 @@ TEST_F(FilesTest, BinaryFile_RefusesASecondWriter) {
     EXPECT_THROW(base::BinaryFile second(folder.text("a.wav")), base::Failure);
 }
 
-TEST_F(FilesTest, Replace_OnAFullDisk_LeavesTheOldFile) {
+TEST_F(FilesTest, Replace_OnAFullDisk_KeepsTheOldFile) {
     folder.write("kept.ini", "what the user had");
-    // A limit on file sizes fails a write halfway, as a full disk does.
+    // A limit on the file size makes a write fail halfway, like a full disk.
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ::getrlimit(RLIMIT_FSIZE, &before);
@@ -96,13 +96,13 @@ TEST_F(FilesTest, Replace_OnAFullDisk_LeavesTheOldFile) {
     EXPECT_EQ(fileCount(), 1);
 }
 
-TEST_F(FilesTest, Failures_AreToldInTheSystemsWords) {
+TEST_F(FilesTest, Failures_HaveTheSystemsErrorMessage) {
     EXPECT_THROW(base::replaceFile(folder.text("no/such/folder"), ""), base::Failure);
     EXPECT_THAT([&] { base::readFile(folder.text("missing")); },
                 testing::ThrowsMessage<base::Failure>(testing::HasSubstr("No such file")));
 }
 
-TEST_F(FilesTest, Lines_EndInAnyOfTheWaysThatSystemsEndThem) {
+TEST_F(FilesTest, Lines_MayHaveAnyKindOfLineEnd) {
     const base::TextFiles files{base::CodePage(1252)};
     const std::pair<std::string, std::vector<base::Text>> rows[] = {
         {"", {}},

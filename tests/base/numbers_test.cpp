@@ -2,7 +2,7 @@
 #include "base/numbers.h"
 #include "testing.h"
 
-TEST(Numbers, Val_ReadsTheLeadingNumber) {
+TEST(Numbers, Val_ReadsALeadingNumber) {
     const std::pair<base::Text, double> rows[] = {
         {u"12abc", 12}, {u"", 0},     {u"  7.5", 7.5}, {u"-3", -3}, {u"+4", 4}, {u".5", 0.5}, {u"5.", 5},
         {u"1e2", 100},  {u"1e+x", 1}, {u"--1", 0},     {u"3,7", 3}, {u"٣", 0},  {u"0x10", 0}, {u"nan", 0},
@@ -16,7 +16,7 @@ TEST(Numbers, Val_ReadsTheLeadingNumber) {
         EXPECT_FALSE(base::isNumber(other)) << base::toUtf8(other);
 }
 
-TEST(Numbers, ToInt16_RoundsHalvesToEven_AndRefusesWhatDoesNotFit) {
+TEST(Numbers, ToInt16_RoundsHalfToEven_AndRejectsOverflow) {
     const std::pair<double, int> rows[] = {{2.5, 2}, {3.5, 4}, {32767.4, 32767}, {-32768.5, -32768}};
     for (const auto& [value, rounded] : rows)
         EXPECT_EQ(base::toInt16(value), rounded) << value;
@@ -27,7 +27,7 @@ TEST(Numbers, ToInt16_RoundsHalvesToEven_AndRefusesWhatDoesNotFit) {
     EXPECT_THROW(base::sumInt16(32767, 1), base::Failure);
 }
 
-TEST(Numbers, Texts_HaveFifteenDigitsAtMost_AndHoursFromOneOn) {
+TEST(Numbers, NumberText_HasAtMost15Digits_ClockText_ShowsHoursFromOneHourOn) {
     for (const auto& [value, text] :
          {std::pair{1.2000000000000002, u"1.2"}, {-3, u"-3"}, {100000, u"100000"}})
         EXPECT_EQ(base::numberText(value), text);

@@ -8,7 +8,7 @@
 
 using base::Text;
 
-TEST(Text, Utf8_AnyBytes_ComeBackAsTheyWere) {
+TEST(Text, Utf8_AnyBytes_RoundTrip) {
     for (const std::string bytes : {"caf\xC3\xA9", "\xF0\x9F\x8E\xA4", "broken \xC3", "\xFF\xFE",
                                     "\xED\xA0\x80", "\xC0\xAF over\xE0\x80\xAFlong", "\xF4\x90\x80\x80"})
         EXPECT_EQ(base::toUtf8(base::fromUtf8(bytes)), bytes);
@@ -16,7 +16,7 @@ TEST(Text, Utf8_AnyBytes_ComeBackAsTheyWere) {
     EXPECT_EQ(base::toUtf8(Text{0xD800, u'x'}), "\xEF\xBF\xBDx");
 }
 
-TEST(CodePage, EveryByte_OfEveryPage_ReadsAsALetterOfItsOwn) {
+TEST(CodePage, EveryByte_OfEveryPage_DecodesToADistinctCharacter) {
     std::string all;
     for (int byte = 1; byte < 256; ++byte)
         all += static_cast<char>(byte);
@@ -29,7 +29,7 @@ TEST(CodePage, EveryByte_OfEveryPage_ReadsAsALetterOfItsOwn) {
     EXPECT_EQ(base::CodePage(base::CodePage::numberForLanguage("it")).decode("\x80\xE9"), u"€é");
 }
 
-TEST(CodePage, File_IsUtf8ForUsersOfEveryLanguage_AndOlderOnesAreOfTheirPage) {
+TEST(CodePage, File_IsWrittenAsUtf8_AndReadInTheCodePageIfNotUtf8) {
     EXPECT_EQ(base::encodeFile(u"deja"), "deja");
     EXPECT_EQ(base::encodeFile(u"déjà"), "\xEF\xBB\xBF"
                                          "d\xC3\xA9j\xC3\xA0");
@@ -42,14 +42,14 @@ TEST(CodePage, File_IsUtf8ForUsersOfEveryLanguage_AndOlderOnesAreOfTheirPage) {
     }
 }
 
-TEST(FieldReader, Fields_EndAsACommaSeparatedInputEndsThem) {
+TEST(FieldReader, Fields_EndAtCommasLineEndsAndQuotes) {
     base::FieldReader fields(u"  a b ,\"c, d\" x,e\r\n\r\n\"f\"\ng,\r\n  \"open");
     for (const Text expected : {u"a b ", u"c, d", u"e", u"", u"f", u"g", u"", u"open"})
         EXPECT_EQ(fields.text(), expected);
     EXPECT_THROW(fields.text(), base::Failure);
 }
 
-TEST(FieldReader, Number_ThatDoesNotFit_FailsAndIsUsedUp) {
+TEST(FieldReader, Number_OutOfRange_FailsAndIsConsumed) {
     base::FieldReader fields(u"40000\r\n7\r\nrubbish");
     EXPECT_THROW(fields.int16(), base::Failure);
     EXPECT_EQ(fields.int16(), 7);

@@ -9,11 +9,11 @@ class BookmarksTest : public fakes::WorkbenchTest {
 protected:
     BookmarksTest() { speakPlainly(); }
 
-    // A line as the file has it.
+    // A line in the file's format.
     static std::string line(const std::string& time, const std::string& name) {
         return time + "  " + name + std::string(15, ' ') + time + "\r\n";
     }
-    // Opens "a.mp3" with these bytes as its file of bookmarks.
+    // Opens "a.mp3" with these bytes as its bookmark file.
     void openLaid(const std::string& bytes) {
         desktop.folder.write("Bookmarks/a.mp3.bm", bytes);
         openMedia("a.mp3");
@@ -23,12 +23,12 @@ protected:
         player.setCurrentPosition(0);
         desktop.loop.advance(100);
     }
-    // The file of bookmarks as it is left for another recording.
+    // The bookmark file after switching to another recording.
     std::string left() {
         openMedia("other.mp3");
         return desktop.folder.read("Bookmarks/a.mp3.bm");
     }
-    // Adds a bookmark at this second; the warning shown.
+    // Adds a bookmark at this second; returns the warning shown.
     base::Text add(double second, const base::Text& name) {
         player.setCurrentPosition(second);
         boxes.clear();
@@ -56,7 +56,7 @@ protected:
     bookmarks::Form3& window = *desktop.form3;
 };
 
-TEST_F(BookmarksTest, Files_AreReadMendedAndWritten_WhateverTheyHold) {
+TEST_F(BookmarksTest, Files_WithAnyContents_AreReadCorrectedAndWritten) {
     const std::string a = line("00:00:09", "Intro");
     const std::string old = "12:30  Old               12:30\r\n";
     const std::string utf8 = "\xEF\xBB\xBF" + line("00:00:01", "\xD0\x96");
@@ -64,8 +64,8 @@ TEST_F(BookmarksTest, Files_AreReadMendedAndWritten_WhateverTheyHold) {
     for (int i = 0; i < 502; ++i)
         many += line("00:00:0" + std::to_string(i % 10), "n");
     const std::tuple<std::string, std::size_t, std::string> rows[] = {
-        {a.substr(0, a.size() - 2), 1, a},                    // no end of line
-        {old + a, 2, "00:" + old + a},                        // an old line
+        {a.substr(0, a.size() - 2), 1, a},                    // no line end
+        {old + a, 2, "00:" + old + a},                        // the older format
         {many, 501, many.substr(0, many.size() / 502 * 501)}, // one too many
         {a + "\r\n" + a, 1, a + a},                           // the list ends at the empty line
         {"12:30  \r\n" + a, 1, "00:12:30  \r\n" + a},         // too short for a key
@@ -82,8 +82,8 @@ TEST_F(BookmarksTest, Files_AreReadMendedAndWritten_WhateverTheyHold) {
     EXPECT_THAT(shown(), ElementsAre());
 }
 
-TEST_F(BookmarksTest, FileThatCannotBeReadOrWritten_IsPassedOver) {
-    // A socket fails to be read for everybody, and could be replaced.
+TEST_F(BookmarksTest, UnreadableOrUnwritableFile_IsIgnored) {
+    // Reading a socket fails for every user, and the file could be replaced.
     const auto file = desktop.folder.path() / "Bookmarks/a.mp3.bm";
     ASSERT_EQ(::mknod(file.c_str(), S_IFSOCK | 0600, 0), 0);
     for (const bool comesBack : {false, true}) {
@@ -109,7 +109,7 @@ TEST_F(BookmarksTest, FileThatCannotBeReadOrWritten_IsPassedOver) {
     EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(BookmarksTest, Names_OfAnyKind_SurviveTheFile) {
+TEST_F(BookmarksTest, Names_OfAnyKind_RoundTripThroughTheFile) {
     const base::Text names[] = {u"",
                                 u"  two blanks",
                                 u"a\tb, \"quoted\"",
@@ -118,7 +118,7 @@ TEST_F(BookmarksTest, Names_OfAnyKind_SurviveTheFile) {
                                 u"cut\nhere",
                                 u"cut\r\nhere"};
     openMedia("a.mp3");
-    std::filesystem::remove_all(desktop.folder.path() / "Bookmarks"); // is made again
+    std::filesystem::remove_all(desktop.folder.path() / "Bookmarks"); // is created again
     std::vector<base::Text> expected;
     for (const base::Text& name : names) {
         const auto second = 10 + static_cast<int>(expected.size());
@@ -129,22 +129,23 @@ TEST_F(BookmarksTest, Names_OfAnyKind_SurviveTheFile) {
     EXPECT_EQ(add(13, names[3]), u"T89") << "there is one";
     left();
     openMedia("a.mp3");
-    expected[0] = u"00:00:10"; // blanks at an end do not come back
+    expected[0] = u"00:00:10"; // trailing blanks are lost
     EXPECT_EQ(shown(), expected);
     for (int row = 0; row < std::ssize(expected); ++row)
         EXPECT_EQ(jumpTo(row), 10 + row);
 }
 
-TEST_F(BookmarksTest, Deletion_LosesTheLastLine_AndPutsTheListsOutOfStep) {
+TEST_F(BookmarksTest, Deletion_DropsTheLastLine_AndDesynchronisesTheLists) {
     openLaid(line("00:00:30", "C") + line("00:00:10", "A") + line("00:00:20", "B"));
     EXPECT_THAT(shown(), ElementsAre(u"00:00:10  A", u"00:00:20  B", u"00:00:30  C"));
-    remove(-1); // none is chosen
+    remove(-1); // no selection
     remove(0);
     EXPECT_THAT(shown(), ElementsAre(u"00:00:20  B", u"00:00:30  C"));
     EXPECT_EQ(jumpTo(0), 10);
     EXPECT_EQ(left(), line("00:00:10", "A") + line("00:00:20", "B"));
 
-    // Deleting all of them leaves the file, so they come back, and nothing of them reaches another one's.
+    // Deleting all bookmarks leaves the file, so they come back; none of them gets into another recording's
+    // file.
     openMedia("a.mp3");
     remove(0);
     remove(0);
@@ -153,7 +154,7 @@ TEST_F(BookmarksTest, Deletion_LosesTheLastLine_AndPutsTheListsOutOfStep) {
     openMedia("a.mp3");
     EXPECT_EQ(desktop.folder.read("Bookmarks/other.mp3.bm"), line("00:00:05", "other"));
 
-    // One that is added after a deletion is kept, and goes by what the table holds.
+    // A bookmark added after a deletion is kept; duplicates are judged by the contents of the table.
     const std::tuple<int, double, base::TextView, std::string> rows[] = {
         {1, 30, u"C", line("00:00:10", "A") + line("00:00:30", "C")},
         {0, 10, u"A", line("00:00:10", "A")},
@@ -167,11 +168,11 @@ TEST_F(BookmarksTest, Deletion_LosesTheLastLine_AndPutsTheListsOutOfStep) {
     }
 }
 
-TEST_F(BookmarksTest, ExitThatIsCancelled_KeepsTheBookmarks) {
+TEST_F(BookmarksTest, CancelledExit_KeepsTheBookmarks) {
     openLaid(line("00:00:10", "A"));
     desktop.text.setText(u"unsaved");
     for (const auto answer : {platform::Answer::Cancel, platform::Answer::Yes}) {
-        // The second one breaks off the save.
+        // The second answer cancels the save dialog.
         desktop.dialogPort.answers = {answer};
         EXPECT_TRUE(form().Unload());
         EXPECT_THAT(shown(), Contains(u"00:00:10  A"));
@@ -180,14 +181,14 @@ TEST_F(BookmarksTest, ExitThatIsCancelled_KeepsTheBookmarks) {
     EXPECT_EQ(left(), line("00:00:10", "A") + line("00:00:20", "B"));
 }
 
-TEST_F(BookmarksTest, Jumps_BeginBehindTheFirstSecond_AndReadOldEndsByTheirPlaces) {
+TEST_F(BookmarksTest, Jumps_IgnoreTheFirstSecond_AndReadOldFormatsByPosition) {
     openLaid(line("00:00:01", "a") + line("00:00:02", "b") + line("01:02:03", "c") +
              "01:40  d               01:40\r\n");
     const double places[] = {-1, 2, 3600 + 40 * 60 + 40, 3723};
     for (int row = 0; row < 4; ++row)
         EXPECT_EQ(jumpTo(row), places[row]) << row;
 
-    // Next and previous stay within the list, and need no window.
+    // Next and previous stay within the list and do not need the window.
     window.Unload();
     player.setCurrentPosition(0);
     for (const int row : {0, 1, 2, 3, 3}) {
@@ -203,7 +204,7 @@ TEST_F(BookmarksTest, Jumps_BeginBehindTheFirstSecond_AndReadOldEndsByTheirPlace
     EXPECT_FALSE(window.visible);
 }
 
-TEST_F(BookmarksTest, Window_StandsBesideThePlayer_AndGivesItsRowsBackWhenItCloses) {
+TEST_F(BookmarksTest, Window_OpensBesideThePlayer_AndKeepsItsRowsWhenClosed) {
     openMedia("a.mp3");
     form().left = 900;
     form().mnuBookMark.Click();
@@ -222,14 +223,14 @@ TEST_F(BookmarksTest, Window_StandsBesideThePlayer_AndGivesItsRowsBackWhenItClos
     EXPECT_EQ(desktop.folder.read("Bookmarks/a.mp3.bm"), line("00:00:05", "kept"));
 }
 
-TEST_F(BookmarksTest, AddAtTheVeryEnd_StartsFromTheBeginning) {
+TEST_F(BookmarksTest, AddAtTheEnd_RestartsFromTheBeginning) {
     openMedia("a.mp3");
     form().cmdPlay.Click();
     add(length, u"end");
     EXPECT_TRUE(form().isPlaying());
     EXPECT_THAT(shown(), ElementsAre(u"00:00:00  end"));
 
-    // The chosen row stays chosen, wherever a new one comes.
+    // The selected row stays selected wherever a new one is inserted.
     window.List1.listIndex = 0;
     add(2, u"behind");
     EXPECT_EQ(window.List1.listIndex, 0);

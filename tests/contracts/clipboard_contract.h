@@ -8,7 +8,7 @@ namespace contracts {
 struct ClipboardBench {
     virtual ~ClipboardBench() = default;
     virtual platform::Clipboard& clipboard() = 0;
-    // What another part of the program, or another program, puts there.
+    // Sets what another part of the program, or another program, has copied.
     virtual void offer(base::TextView text, base::TextView rtf) = 0;
 };
 
@@ -22,7 +22,7 @@ protected:
     platform::Clipboard& clipboard = bench->clipboard();
 };
 
-TEST_P(ClipboardContract, WhatIsWritten_IsPlainTextAlone_AndClearedToNothing) {
+TEST_P(ClipboardContract, SetText_LeavesPlainTextOnly_AndClear_LeavesNothing) {
     for (const base::TextView text : {u"one\r\ntwo", u"Жук \U0001F600", u"{\\rtf1 a source as text}", u""}) {
         bench->offer(u"plain", u"{\\rtf1 rich}");
         expectHolds(u"plain", u"{\\rtf1 rich}");

@@ -1,5 +1,5 @@
-// A contract is what a port promises, as tests that run on the adapter of the desktop and on the fake of the
-// rooms: a fake that keeps it tells the rooms the truth.
+// A contract is what a port promises, written as tests that run on the real adapter and on the fake. A fake
+// that passes behaves like the real thing.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 
 namespace contracts {
 
-// Runs on each bench that it is instantiated with. A bench holds one port and what a test needs around it.
+// Runs on each bench it is instantiated with. A bench holds one port and everything its tests need.
 template <typename Bench>
 class Contract : public testing::TestWithParam<std::unique_ptr<Bench> (*)()> {
 protected:

@@ -8,12 +8,12 @@ namespace contracts {
 struct InternetBench {
     virtual ~InternetBench() = default;
     virtual platform::Internet& internet() = 0;
-    virtual std::string serve(const std::string& body) = 0; // the address of a page with these bytes
+    virtual std::string serve(const std::string& body) = 0; // returns the address of a page with this body
 };
 
 using InternetContract = Contract<InternetBench>;
 
-TEST_P(InternetContract, ARead_GivesTheBytes_NothingWhereNothingIs_AndBreaksOffBehind64KB) {
+TEST_P(InternetContract, Read_ReturnsTheBody_NothingOnErrors_AndStopsAfter64KB) {
     for (const std::string body : {"001015003\r\n", "\xFF\x80", ""})
         EXPECT_EQ(bench->internet().read(bench->serve(body), "Quillmere"), body);
     for (const char* address : {"https://localhost:1/", "https://nowhere.invalid/", "no address", ""})

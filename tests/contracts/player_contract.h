@@ -8,7 +8,7 @@
 
 namespace contracts {
 
-// A player without media, and the time that it lives in.
+// A player without a file, and its clock.
 struct PlayerBench {
     virtual ~PlayerBench() = default;
     virtual platform::MediaPlayer& player() = 0;
@@ -49,7 +49,7 @@ protected:
     platform::MediaPlayer& player = bench->player();
 };
 
-TEST_P(PlayerContract, AFile_StartsByItself_PlaysToItsEnd_AndFromThereFromTheStart) {
+TEST_P(PlayerContract, File_StartsByItself_PlaysToItsEnd_AndThenFromTheStart) {
     player.setURL(bench->recording());
     EXPECT_EQ(player.playState(), PlayState::Transitioning);
     EXPECT_EQ(player.URL(), bench->recording());
@@ -83,7 +83,7 @@ TEST_P(PlayerContract, WithoutMedia_NothingHappens) {
     }
 }
 
-TEST_P(PlayerContract, UnplayableFile_EndsInStopped_WheneverItIsPlayed_AndTheNextOnePlays) {
+TEST_P(PlayerContract, UnplayableFile_EndsInStopped_EachTime_AndTheNextFilePlays) {
     player.setURL(bench->unplayable());
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(player.playState(), PlayState::Transitioning);
@@ -96,7 +96,7 @@ TEST_P(PlayerContract, UnplayableFile_EndsInStopped_WheneverItIsPlayed_AndTheNex
     start();
 }
 
-TEST_P(PlayerContract, Position_IsClamped_NonsenseIsIgnored_AndAPauseHoldsIt) {
+TEST_P(PlayerContract, Position_IsClamped_NonFiniteValuesAreIgnored_AndAPauseHoldsIt) {
     start();
     player.setCurrentPosition(-1);
     expectPlaysOnFrom(0);
@@ -121,7 +121,7 @@ TEST_P(PlayerContract, Position_IsClamped_NonsenseIsIgnored_AndAPauseHoldsIt) {
     expectPlaysOnFrom(0);
 }
 
-TEST_P(PlayerContract, Stop_GoesBackToTheStart_AlsoDuringTheLoad_AndASeekFromThereRests) {
+TEST_P(PlayerContract, Stop_GoesToTheStart_EvenWhileLoading_AndASeekThenPauses) {
     for (const int delay : {0, 10, 500}) {
         player.setURL(bench->recording());
         bench->run(delay);
@@ -145,7 +145,7 @@ TEST_P(PlayerContract, Stop_GoesBackToTheStart_AlsoDuringTheLoad_AndASeekFromThe
     expectPlaysOnFrom(2);
 }
 
-TEST_P(PlayerContract, APlaceOrAPauseAskedForDuringTheLoad_IsKept) {
+TEST_P(PlayerContract, SeekOrPause_WhileLoading_IsKept) {
     player.setURL(bench->recording());
     player.setCurrentPosition(2);
     EXPECT_EQ(player.currentPosition(), 2);
@@ -159,7 +159,7 @@ TEST_P(PlayerContract, APlaceOrAPauseAskedForDuringTheLoad_IsKept) {
     EXPECT_TRUE(eventually([&] { return player.currentPosition() == player.duration(); }));
 }
 
-TEST_P(PlayerContract, Rate_IsHeldWithinItsBounds_OverFiles_AndMovesNoPlace) {
+TEST_P(PlayerContract, Rate_IsClamped_KeptForTheNextFile_AndKeepsThePosition) {
     EXPECT_EQ(player.rate(), 1);
     for (const auto& [given, held] :
          {std::pair{0.2, 0.5}, {9, 5}, {1.2000000000000002, 1.2000000000000002}, {3, 3}}) {

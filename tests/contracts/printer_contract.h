@@ -16,7 +16,7 @@ protected:
     platform::Printer& printer = bench->printer();
 };
 
-TEST_P(PrinterContract, TheCurrentPrinter_IsOneOfTheSystem_AndAnotherKeepsTheSettings) {
+TEST_P(PrinterContract, CurrentPrinter_MustBeInstalled_AndAChangeKeepsTheSettings) {
     platform::PrinterSettings settings;
     settings.Copies = 7;
     printer.set(platform::PrinterProperty::Copies, settings);
@@ -29,7 +29,7 @@ TEST_P(PrinterContract, TheCurrentPrinter_IsOneOfTheSystem_AndAnotherKeepsTheSet
     }
 }
 
-TEST_P(PrinterContract, ASetting_IsTakenOverAlone_AndOneThatIsRefusedStays) {
+TEST_P(PrinterContract, Set_CopiesOneProperty_AndAnInvalidOneKeepsItsValue) {
     const platform::PrinterSettings other{2,
                                           platform::Duplex::LongEdge,
                                           platform::PageOrientation::Landscape,

@@ -13,12 +13,13 @@ namespace contracts {
 struct RichTextBench {
     virtual ~RichTextBench() = default;
     virtual platform::RichText& text() = 0;
-    virtual bool foldsCaseOf(base::TextView text) = 0; // and knows its letters
+    // whether it can fold the case of all letters in `text`
+    virtual bool foldsCaseOf(base::TextView text) = 0;
 };
 
 class RichTextContract : public Contract<RichTextBench> {
 protected:
-    // The text with its selection after one edit of "ab/cd", which has to be one change and told as such.
+    // Expects this text and selection, reached by exactly one reported change.
     void expectOneChange(const char* after) {
         EXPECT_EQ(fakes::shown(text), after);
         EXPECT_EQ(watch.seen, after) << "what the program finds while it is told";
@@ -30,7 +31,7 @@ protected:
     fakes::WatchedText watch{text};
 };
 
-TEST_P(RichTextContract, SelStart_AtEveryPlace_IsTheNearestPlaceBefore) {
+TEST_P(RichTextContract, SelStart_AtAnyPosition_SnapsToTheNearestValidOneBefore) {
     const base::Text whole =
         u"\r\nfirst \U0001F600 line\r\n\r\n\r\nпривет\u000Bsoft \uFFFC\r\n\U0001F3B5\U0001F3B5\r\n";
     text.setText(whole);
@@ -46,14 +47,14 @@ TEST_P(RichTextContract, SelStart_AtEveryPlace_IsTheNearestPlaceBefore) {
         text.setSelStart(place);
         EXPECT_EQ(text.SelStart(), expected) << place;
         EXPECT_EQ(text.SelLength(), 0);
-        // The text in front of the place is what a user would count.
+        // The text before the position is what a user would count.
         fakes::select(text, 0, place);
         EXPECT_EQ(text.SelText(), whole.substr(0, static_cast<std::size_t>(expected))) << place;
         EXPECT_EQ(text.SelLength(), expected);
     }
 }
 
-TEST_P(RichTextContract, AnEdit_IsOneChange_AndLeavesTheCaretBehind) {
+TEST_P(RichTextContract, Edit_IsOneChange_AndLeavesTheCaretAfterIt) {
     const struct {
         int start, length;
         base::TextView text;
@@ -72,7 +73,7 @@ TEST_P(RichTextContract, AnEdit_IsOneChange_AndLeavesTheCaretBehind) {
             expectOneChange(row.after);
         }
     }
-    // A selection taken as RTF goes in again, unless there is nothing in it.
+    // A selection read as RTF can be inserted again; an empty one inserts nothing.
     fakes::select(text, 1, 3);
     const base::Text source = text.SelRTF();
     text.setSelStart(0);
@@ -82,7 +83,7 @@ TEST_P(RichTextContract, AnEdit_IsOneChange_AndLeavesTheCaretBehind) {
     EXPECT_EQ(watch.changes, 0);
 }
 
-TEST_P(RichTextContract, WhatLeavesTheText_IsNoChange) {
+TEST_P(RichTextContract, FormattingAndSearching_AreNoChange) {
     text.setText(u"ab\r\ncd\r\n");
     watch.changes = 0;
     for (const auto& [start, length] : {std::pair{0, 9}, {1, 0}, {6, 99}}) {
@@ -105,7 +106,7 @@ TEST_P(RichTextContract, WhatLeavesTheText_IsNoChange) {
     EXPECT_EQ(watch.changes, 2) << "no text in place of none is one all the same";
 }
 
-TEST_P(RichTextContract, EachStyle_IsOnOrOffForItself_AndGoesWithTheText) {
+TEST_P(RichTextContract, Styles_AreIndependent_AndGoWithTheText) {
     using Text = platform::RichText;
     const std::pair<platform::Setting (Text::*)() const, void (Text::*)(bool)> styles[] = {
         {&Text::SelBold, &Text::setSelBold},
@@ -129,7 +130,7 @@ TEST_P(RichTextContract, EachStyle_IsOnOrOffForItself_AndGoesWithTheText) {
     }
 }
 
-TEST_P(RichTextContract, SelFontSize_Written_IsKeptInHalvesWithinItsBounds) {
+TEST_P(RichTextContract, SelFontSize_IsRoundedToHalfPoints_WithinItsLimits) {
     text.setText(u"abc");
     fakes::select(text, 0, 2);
     for (const auto& [written, expected] :
@@ -142,7 +143,7 @@ TEST_P(RichTextContract, SelFontSize_Written_IsKeptInHalvesWithinItsBounds) {
     EXPECT_EQ(text.SelFontSize(), 13.5);
 }
 
-TEST_P(RichTextContract, Files_ComeInWithOneChange_AndOneThatCannotBeReadLeavesTheText) {
+TEST_P(RichTextContract, LoadFile_IsOneChange_AndAFailureKeepsTheText) {
     const fakes::TemporaryFolder folder;
     folder.write("text", "one\ntwo\r\n");
     text.LoadFile(folder.text("text"));
@@ -162,7 +163,7 @@ TEST_P(RichTextContract, Files_ComeInWithOneChange_AndOneThatCannotBeReadLeavesT
     }
 }
 
-TEST_P(RichTextContract, Find_ByItsOptions_TellsTheFirstPlace) {
+TEST_P(RichTextContract, Find_WithItsOptions_ReturnsTheFirstPosition) {
     constexpr int word = platform::findWholeWord;
     constexpr int exact = platform::findMatchCase;
     const struct {
@@ -188,7 +189,7 @@ TEST_P(RichTextContract, Find_ByItsOptions_TellsTheFirstPlace) {
         {u"a_cat cat9 cat", u"cat", 0, word, 11},
         {u"cat́ cat", u"cat", 0, word, 5},
         {u"the cat sat", u"cat sat", 0, word, 4},
-        // Over the ends of paragraphs
+        // Across paragraph ends
         {u"one\r\ntwo", u"e\r\nt", 0, 0, 2},
         {u"one\r\ntwo", u"e\r\nT", 0, exact, -1},
         {u"one\r\ntwo", u"one\r\ntwo", 0, word, 0},
@@ -209,7 +210,7 @@ TEST_P(RichTextContract, Find_ByItsOptions_TellsTheFirstPlace) {
     }
 }
 
-TEST_P(RichTextContract, Find_GoesFromTheCaret_AndSelectsNothingButAHitToHighlight) {
+TEST_P(RichTextContract, Find_StartsAtTheCaret_AndSelectsOnlyAHighlightedHit) {
     text.setText(u"one one one");
     fakes::select(text, 1, 2);
     EXPECT_EQ(text.Find(u"three", 0, 0), -1);

@@ -9,7 +9,7 @@ struct WaveInputBench {
     virtual ~WaveInputBench() = default;
     virtual platform::WaveInput& device() = 0;
     virtual void takeDeviceAway() = 0;
-    virtual void listen() = 0; // for a moment, in which sound may fill a buffer
+    virtual void listen() = 0; // runs for a moment in which sound may fill a buffer
 };
 
 using platform::WaveBuffer;
@@ -62,7 +62,7 @@ TEST_P(WaveInputContract, WithoutADevice_EveryCallFails) {
     expectEveryCallFails();
 }
 
-TEST_P(WaveInputContract, Buffers_GoThroughTheQueueInOrder_EachPreparedAndOnlyOnce) {
+TEST_P(WaveInputContract, Buffers_AreFilledInOrder_MustBePrepared_AndQueuedOnlyOnce) {
     ASSERT_EQ(open(), 0);
     EXPECT_NE(device.addBuffer(buffers[0]), 0) << "not prepared";
     for (WaveBuffer& buffer : buffers)
@@ -91,7 +91,7 @@ TEST_P(WaveInputContract, StopResetAndClose_ReportNoBuffer) {
         EXPECT_TRUE(done.empty());
     };
     EXPECT_EQ(device.addBuffer(buffers[0]), 0);
-    expectNoneReported(); // before the start
+    expectNoneReported(); // not started yet
     device.start();
     listenFor(1);
     EXPECT_EQ(device.stop(), 0);

@@ -31,10 +31,10 @@ protected:
     controls::RecentFiles list{items, line, files, folder.text("list.ini")};
 };
 
-TEST_F(RecentFilesTest, Updates_MoveDownAndShowWhatTheyAlwaysShowed) {
+TEST_F(RecentFilesTest, Remember_MovesEntriesDown_AndShowsThemAsBefore) {
     const std::pair<base::TextView, std::string> rows[] = {
-        {u"a", "a+ mnuRecent1 mnuRecent2 mnuRecent3 line"}, // free slots move down like all,
-        {u"b", "b+ a mnuRecent1 mnuRecent2 line"},          // the moved entry shows at the next update
+        {u"a", "a+ mnuRecent1 mnuRecent2 mnuRecent3 line"}, // free slots move down like all others;
+        {u"b", "b+ a mnuRecent1 mnuRecent2 line"}, // the moved entry becomes visible at the next update
         {u"b", "b+ a+ mnuRecent1 mnuRecent2 line"},
         {u"c", "c+ b+ a mnuRecent1 line"},
         {u"d", "d+ c+ b+ a line"},
@@ -48,7 +48,7 @@ TEST_F(RecentFilesTest, Updates_MoveDownAndShowWhatTheyAlwaysShowed) {
     EXPECT_EQ(folder.read("list.ini"), "e\r\nb\r\nd\r\nc\r\n");
 }
 
-TEST_F(RecentFilesTest, NameWithALineBreak_ComesBack) {
+TEST_F(RecentFilesTest, NameWithALineBreak_RoundTrips) {
     list.remember(u"/talks/a");
     list.remember(u"/talks/one\nname\r.mp3");
     reset();
@@ -57,7 +57,7 @@ TEST_F(RecentFilesTest, NameWithALineBreak_ComesBack) {
     EXPECT_EQ(two.caption.get(), u"/talks/a");
 }
 
-TEST_F(RecentFilesTest, Files_OfAllKinds_Load) {
+TEST_F(RecentFilesTest, Load_AcceptsAnyFile) {
     struct Row {
         std::string bytes;
         bool markBefore;
@@ -80,7 +80,7 @@ TEST_F(RecentFilesTest, Files_OfAllKinds_Load) {
     }
 }
 
-TEST_F(RecentFilesTest, FileThatCannotBeReadOrWritten_StopsNothing) {
+TEST_F(RecentFilesTest, UnreadableOrUnwritableFile_HasNoEffect) {
     std::filesystem::create_directory(folder.path() / "list.ini");
     list.load(false);
     list.remember(u"a");

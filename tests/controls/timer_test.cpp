@@ -2,7 +2,7 @@
 #include "fakes/virtual_loop.h"
 #include "testing.h"
 
-TEST(Timer, Fires_OnlyWhileEnabledAndWithAPeriod_AndCountsAnewFromEach) {
+TEST(Timer, Tick_OnlyWhileEnabledWithAnInterval_EachSetterRestartsIt) {
     fakes::VirtualLoop loop;
     controls::Timer timer(loop);
     int ticks = 0;

@@ -1,4 +1,4 @@
-// The adapters to the text, the clipboard and the printers keep what their ports promise.
+// The contracts of text, clipboard and printer on the real adapters.
 #include "contracts/clipboard_contract.h"
 #include "contracts/printer_contract.h"
 #include "contracts/rich_text_contract.h"

@@ -6,7 +6,7 @@
 
 namespace fakes {
 
-// Runs the event loop until the condition holds; false when it does not within the time.
+// Runs the event loop until the condition holds; returns false on a timeout.
 template <typename Condition>
 bool eventually(Condition condition, int milliseconds = 10'000) {
     QElapsedTimer clock;

@@ -33,7 +33,7 @@ protected:
     void show() {
         window.emplace(form);
         form.visible = true;
-        // A window waits for the loop before it shows itself.
+        // A window is shown by the event loop.
         QCoreApplication::sendPostedEvents();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&*window));
     }
@@ -41,21 +41,21 @@ protected:
         return *window->findChild<QWidget*>(qstring(control.name));
     }
 
-    // The colour on the screen at this pixel of the control.
+    // The displayed colour at this pixel of the control.
     QColor color(const controls::Control& control, int x = 4, int y = 4) {
         const QImage image = window->grab().toImage();
         const QPointF at = QPointF(view(control).mapTo(&*window, QPoint(x, y))) * image.devicePixelRatio();
         return image.pixelColor(at.toPoint());
     }
 
-    // Presses and releases through the window, as a person does, on whatever lies there on top.
+    // Presses and releases through the window, like a user, on whatever is on top at these points.
     void drag(const controls::Control& control, QPoint from, QPoint to, Qt::MouseButton button) {
         const auto inWindow = [&](QPoint place) { return view(control).mapTo(&*window, place); };
         QTest::mousePress(window->windowHandle(), button, {}, inWindow(from));
         QTest::mouseRelease(window->windowHandle(), button, {}, inWindow(to));
     }
 
-    // The box around what is drawn in dark.
+    // The bounding box of dark pixels.
     static QRect ink(const QImage& image) {
         QRect box;
         for (int y = 0; y < image.height(); ++y)
@@ -75,7 +75,7 @@ protected:
     std::optional<desktop::Form1Window> window;
 };
 
-TEST_F(Form1WindowTest, Fill_IsCutAtItsWidth_NotStretched) {
+TEST_F(Form1WindowTest, Fill_IsCutOffAtItsWidth_NotStretched) {
     paint("track.jpg", Qt::yellow);
     paint("seek.jpg", Qt::red, 50);
     show();
@@ -87,7 +87,7 @@ TEST_F(Form1WindowTest, Fill_IsCutAtItsWidth_NotStretched) {
     EXPECT_EQ(color(form.SeekTrack, 51, 8), Qt::yellow) << "the picture keeps its size";
 }
 
-TEST_F(Form1WindowTest, PictureThatCannotBeRead_LeavesTheOneBefore) {
+TEST_F(Form1WindowTest, UnreadablePicture_KeepsThePreviousOne) {
     form.cmdPlay.enabled = true;
     form.cmdPlay.Click = [] {};
     show();
@@ -123,7 +123,7 @@ TEST_F(Form1WindowTest, ScreenOfAnotherDensity_ShowsTheFinerPictures) {
     }
 }
 
-TEST_F(Form1WindowTest, Mouse_IsReportedInTwips_AndClicksWhereItIsReleasedInside) {
+TEST_F(Form1WindowTest, Mouse_IsReportedInTwips_AndClicksIfReleasedInside) {
     using Seen = std::vector<std::pair<int, QPointF>>;
     Seen seen;
     int clicks = 0;
@@ -136,13 +136,13 @@ TEST_F(Form1WindowTest, Mouse_IsReportedInTwips_AndClicksWhereItIsReleasedInside
     drag(form.Label2, {2, 3}, {20, 3}, Qt::RightButton);
     EXPECT_EQ(seen, (Seen{{2, {30, 45}}, {2, {300, 45}}}));
     drag(form.cmdPlay, {5, 5}, {5, -2}, Qt::LeftButton);
-    drag(form.cmdStop, {5, 5}, {5, 5}, Qt::LeftButton); // not enabled
+    drag(form.cmdStop, {5, 5}, {5, 5}, Qt::LeftButton); // disabled
     EXPECT_EQ(clicks, 0);
     drag(form.cmdPlay, {5, 5}, {40, 40}, Qt::LeftButton);
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(Form1WindowTest, LongPath_KeepsTheNameOfItsFile) {
+TEST_F(Form1WindowTest, LongPath_IsShortened_ButKeepsTheFileName) {
     form.Label4.visible = true;
     show();
     const auto shown = [&](const base::Text& folders, const base::Text& end) {
@@ -155,7 +155,7 @@ TEST_F(Form1WindowTest, LongPath_KeepsTheNameOfItsFile) {
     EXPECT_NE(shown(u"a", u".mp3"), shown(u"a", u".mp4")) << "nor the end of a long name";
 }
 
-TEST_F(Form1WindowTest, NothingArrives_OnceTheEventsAreStopped) {
+TEST_F(Form1WindowTest, EventStop_BlocksAllEvents) {
     int heard = 0;
     form.cmdPlay.enabled = true;
     form.cmdPlay.Click = [&] { ++heard; };
@@ -176,7 +176,7 @@ TEST_F(Form1WindowTest, NothingArrives_OnceTheEventsAreStopped) {
     EXPECT_TRUE(fakes::eventually([&] { return heard > 0; })) << "the alarm";
 }
 
-TEST_F(Form1WindowTest, LongCaption_IsWrapped_AndCutWithAnEllipsis) {
+TEST_F(Form1WindowTest, LongCaption_IsWrapped_AndEndsWithAnEllipsis) {
     form.Label4.showsPath = false;
     show();
     const QRect whole = view(form.Label4).rect();
@@ -209,7 +209,7 @@ TEST_F(Form1WindowTest, StayOnTop_GoesOnAndOff_WithoutHidingTheWindow) {
     EXPECT_EQ(window->windowHandle(), &handle);
 }
 
-TEST_F(Form1WindowTest, MenuBar_LeftByKeyboard_GivesTheKeyboardBack) {
+TEST_F(Form1WindowTest, MenuBar_LeftWithEscape_ReturnsTheFocus) {
     int quits = 0;
     form.KeyDown = [&](const platform::KeyEvent& key) { quits += key.keyCode == 27; };
     show();

@@ -16,7 +16,7 @@ using fakes::eventually;
 
 namespace {
 
-// The editor on a display that only exists in memory, with the routines of its window.
+// The editor window on the offscreen platform, with its routines.
 class Form2WindowTest : public testing::Test {
 protected:
     Form2WindowTest() {
@@ -47,7 +47,7 @@ protected:
 
 } // namespace
 
-TEST_F(Form2WindowTest, Size_FromEitherSide_IsFilledByTheText) {
+TEST_F(Form2WindowTest, Resize_ByUserOrProgram_ResizesTheText) {
     EXPECT_TRUE(eventually([&] { return window.frameGeometry().size() == QSize(728, 347); }))
         << "with its frame";
     const QSize frame = window.frameGeometry().size() - window.size();
@@ -58,7 +58,7 @@ TEST_F(Form2WindowTest, Size_FromEitherSide_IsFilledByTheText) {
     EXPECT_TRUE(eventually([&] { return text.width() == before + 100; }));
 }
 
-TEST_F(Form2WindowTest, HiddenAndShown_KeepsItsSize_WithTheKeyboardInTheText) {
+TEST_F(Form2WindowTest, HideAndShow_KeepsTheSize_AndFocusesTheText) {
     view(form.Combo1).setFocus();
     const QSize before = window.frameGeometry().size();
     window.close();
@@ -68,7 +68,7 @@ TEST_F(Form2WindowTest, HiddenAndShown_KeepsItsSize_WithTheKeyboardInTheText) {
     EXPECT_EQ(window.focusWidget(), &text);
 }
 
-TEST_F(Form2WindowTest, Escape_InATextOrABox_DoesNotReachTheWindow) {
+TEST_F(Form2WindowTest, Escape_InTheTextOrABox_DoesNotReachTheWindow) {
     int told = 0;
     form.KeyDown = [&](const platform::KeyEvent& key) { told += key.keyCode == platform::escapeKey; };
     window.activateWindow();

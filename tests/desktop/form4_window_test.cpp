@@ -1,7 +1,7 @@
 #include "desktop/windows/form4_window.h"
 #include "qt_testing.h"
 
-TEST(Form4Window, Keys_TypeOverTheSelection_AndPressTheButtons) {
+TEST(Form4Window, Keys_ReplaceTheSelection_AndPressTheButtons) {
     dictation::Form4 form;
     desktop::Form4Window window{form};
     int pressed = 0;

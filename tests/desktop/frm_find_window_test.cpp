@@ -30,7 +30,7 @@ protected:
 
 } // namespace
 
-TEST_F(FrmFindWindow, Keys_PressTheButtonsThatAreForThem) {
+TEST_F(FrmFindWindow, EnterEscapeAndMnemonics_PressTheirButtons) {
     QLineEdit* const line = box.lineEdit();
     QTest::keyClicks(line, QStringLiteral("one"));
     EXPECT_EQ(form.cboFind.text.get(), u"one");
@@ -46,7 +46,7 @@ TEST_F(FrmFindWindow, Keys_PressTheButtonsThatAreForThem) {
     EXPECT_TRUE(window.isVisible()) << "the data says when it goes";
 }
 
-TEST_F(FrmFindWindow, ABox_HoldsALineOfAnyLength_AndTellsWhatTheUserDoes_NotWhatTheProgramSets) {
+TEST_F(FrmFindWindow, Box_HoldsALineOfAnyLength_AndReportsOnlyUserInput) {
     form.cboFind.Change = [this] { pressed += "changed "; };
     const QString huge(100'000, u'x');
     QApplication::clipboard()->setText(huge + QStringLiteral("\ny"));
@@ -67,7 +67,7 @@ TEST_F(FrmFindWindow, ABox_HoldsALineOfAnyLength_AndTellsWhatTheUserDoes_NotWhat
     EXPECT_EQ(pressed, "changed changed chosen changed chosen ") << "an open list keeps its keys";
 }
 
-TEST_F(FrmFindWindow, ADrop_LeavesTheTextWhereItComesFrom_AndHasLinesOfOneKind) {
+TEST_F(FrmFindWindow, Drop_CopiesTheText_AndNormalisesLineEnds) {
     base::Text dropped;
     form.cboFind.Drop = [&](const base::Text& text) { dropped = text; };
     const std::pair<const char*, base::TextView> rows[] = {

@@ -1,7 +1,7 @@
 #include "desktop/qt/keyboard_order.h"
 #include "qt_testing.h"
 
-TEST(KeyboardOrder, AWindowThatGoesAway_GivesTheKeyboardBackToTheOneBefore_OrToTheOneThatAsks) {
+TEST(KeyboardOrder, ClosedWindow_ReturnsTheFocusToThePreviousOne_OrTheRequestedOne) {
     const desktop::KeyboardOrder order;
     QWidget player;
     QWidget editor;
@@ -16,14 +16,14 @@ TEST(KeyboardOrder, AWindowThatGoesAway_GivesTheKeyboardBackToTheOneBefore_OrToT
     activate(player);
     activate(editor);
     {
-        QDialog box(&player); // whose window it is does not matter
+        QDialog box(&player); // the owner window does not matter
         box.setModal(true);
         activate(box);
         QDialog question(&box);
         question.setModal(true);
         activate(question);
         question.hide();
-        player.activateWindow(); // as a window manager does
+        player.activateWindow(); // like a window manager
         EXPECT_TRUE(hasKeyboard(box));
         box.hide();
         player.activateWindow();

@@ -8,7 +8,7 @@
 using desktop::LazyPlayer;
 using platform::PlayState;
 
-TEST(LazyPlayer, WithoutItsModule_AnswersLikeAFileThatCannotBePlayed) {
+TEST(LazyPlayer, WithoutItsModule_BehavesLikeAnUnplayableFile) {
     for (const char* module : {"/nowhere/player.so", "libc.so.6"}) {
         LazyPlayer player(module);
         player.prepare();
@@ -26,13 +26,13 @@ TEST(LazyPlayer, WithoutItsModule_AnswersLikeAFileThatCannotBePlayed) {
     }
 }
 
-TEST(LazyPlayer, AsksItsModuleForTheVersions) {
+TEST(LazyPlayer, Versions_ComeFromItsModule) {
     EXPECT_EQ(LazyPlayer("/nowhere/player.so").versions(), "");
     LazyPlayer player(LAID_MODULES "/mpv_player.so");
     EXPECT_EQ(std::ranges::count(player.versions(), '\n'), 1);
 }
 
-TEST(LazyInternet, Read_GoesThroughItsModule_AndIsSilenceWithoutOne) {
+TEST(LazyInternet, Read_UsesItsModule_AndReturnsNothingWithoutIt) {
     EXPECT_EQ(desktop::LazyInternet(LAID_MODULES "/internet.so").read("data:,001015003", "Quillmere"),
               "001015003");
     for (const char* module : {"/nowhere/internet.so", "libc.so.6"}) {
@@ -42,7 +42,7 @@ TEST(LazyInternet, Read_GoesThroughItsModule_AndIsSilenceWithoutOne) {
     }
 }
 
-TEST(LazyWaveInput, WithoutItsModule_RefusesEveryDevice_AndSaysWhy) {
+TEST(LazyWaveInput, WithoutItsModule_RefusesEveryDevice_WithAReason) {
     for (const char* module : {"/nowhere/capture.so", "libc.so.6"}) {
         desktop::LazyWaveInput device(module);
         int answer = 0;

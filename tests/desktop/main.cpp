@@ -9,8 +9,8 @@
 
 namespace {
 
-// What the system looks like to another process of this program: one line a fact. The process stays, so that
-// it can be met or killed, until its input ends.
+// Reports the system as another process of this program sees it, one fact per line. The process stays, so
+// that it can be detected or killed, until its input ends.
 int tellSystem() {
     desktop::QtSystem system;
     const bool refused = system.previousInstance();
@@ -29,12 +29,11 @@ int main(int argc, char* argv[]) {
         const QCoreApplication application(argc, argv);
         return tellSystem();
     }
-    // Qt's dialogs keep what they were last shown: none of that comes from or goes to the home of the one who
-    // tests.
+    // Qt's dialogs save their state: the tests neither read nor write the tester's home.
     const QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     qputenv("XDG_DATA_HOME", home.path().toUtf8());
-    // Nor does a sheet of paper leave a printer.
+    // Nor does a test print on a real printer.
     qputenv("CUPS_SERVER", (home.path() + QStringLiteral("/no-printers")).toUtf8());
     testing::InitGoogleTest(&argc, argv);
     const desktop::Application application(argc, argv);

@@ -10,11 +10,11 @@ using platform::PrinterProperty;
 namespace {
 
 constexpr int dotsPerInch = 100;
-constexpr int margin = 78;   // dots: 20 mm
-constexpr int textEnd = 748; // dots: A4 less 20 mm
+constexpr int margin = 78;   // dots; 20 mm
+constexpr int textEnd = 748; // dots; A4 width minus 20 mm
 constexpr QRgb teal = 0x0E7C86;
 
-// What is printed on the printer that writes PDF files.
+// Prints on the printer that writes PDF files.
 class Printing : public testing::Test {
 protected:
     Printing() {
@@ -43,7 +43,7 @@ protected:
     platform::PrinterSettings settings;
 };
 
-// Where there is ink of this colour in an area, or of one that a lossy picture made of it.
+// The bounding box of a colour in an area, with a tolerance for lossy pictures.
 QRect extent(const QImage& image, QColor color, QRect area) {
     QRect found;
     for (int y = area.top(); y <= area.bottom(); ++y) {
@@ -60,7 +60,7 @@ QRect extent(const QImage& image, QColor color, QRect area) {
 
 } // namespace
 
-TEST_F(Printing, ThePageKeepsFormats_WithinItsMargins_InBlackWhateverTheTheme) {
+TEST_F(Printing, Page_KeepsFormatsAndMargins_InBlackWithAnyTheme) {
     QPalette red = rtb.palette();
     red.setColor(QPalette::Text, Qt::red);
     rtb.setPalette(red);
@@ -89,7 +89,7 @@ TEST_F(Printing, ThePageKeepsFormats_WithinItsMargins_InBlackWhateverTheTheme) {
     EXPECT_NEAR(image.height(), image.width() / 20.0, 2);
 }
 
-TEST_F(Printing, PaperAndOrientation_AreThoseThatWereSet_AndASelectionGoesAlone) {
+TEST_F(Printing, PaperAndOrientation_AreApplied_AndOnlyTheSelectionIsPrinted) {
     rtb.setText(u"one");
     settings.Orientation = platform::PageOrientation::Landscape;
     settings.PaperSize = {u"A5", 8390, 11906};
@@ -104,8 +104,8 @@ TEST_F(Printing, PaperAndOrientation_AreThoseThatWereSet_AndASelectionGoesAlone)
     EXPECT_TRUE(extent(paper(1), Qt::black, QRect(0, 0, 827, 584)).isValid()) << "the selection alone";
 }
 
-TEST_F(Printing, PageBreaks_BeginPages_AndHiddenLettersAreNotPrinted) {
-    // Five pages; the second line of the first holds hidden letters too.
+TEST_F(Printing, PageBreaks_BeginPages_AndHiddenTextIsNotPrinted) {
+    // Five pages; the second line of the first one also contains hidden text.
     folder.write("in.rtf",
                  R"({\rtf1{\fonttbl{\f0 Arial;}}\pagebb\f0\b\fs48 H\par\pard{\v HHHHH\page}H\page H\par)"
                  R"(\page\par H\par\pagebb H\par\pard\sect\sectd\sbknone H\sect\sectd H\par})");
@@ -123,13 +123,13 @@ TEST_F(Printing, PageBreaks_BeginPages_AndHiddenLettersAreNotPrinted) {
         99);
 }
 
-TEST_F(Printing, WhatCannotBePrintedOn_IsAFailure_AndNothingOfADocumentOfNothing) {
+TEST_F(Printing, UnusableTarget_Fails_AndAnEmptyDocumentPrintsNothing) {
     print();
     EXPECT_FALSE(std::filesystem::exists(path().toStdString()));
     rtb.setText(u"one");
     settings.file = folder.text("no such folder/out.pdf");
     EXPECT_THROW(print(), base::Failure);
-    // A disk, and a memory, that takes a hundred bytes.
+    // A disk, and a memory file, that accepts a hundred bytes only.
     settings.file = folder.text("out.pdf");
     folder.write("out.pdf", "what was printed before");
     {
@@ -149,7 +149,7 @@ TEST_F(Printing, WhatCannotBePrintedOn_IsAFailure_AndNothingOfADocumentOfNothing
     EXPECT_EQ(printer.DeviceName(), desktop::pdfPrinter);
 }
 
-TEST_F(Printing, TheDialog_WithoutPrinters_OffersAFile_AndTellsWhatWasChosen) {
+TEST_F(Printing, Dialog_WithoutPrinters_OffersAFile_AndReturnsTheChoice) {
     settings.Copies = 2;
     settings.PrintQuality = 300;
     for (const auto property :

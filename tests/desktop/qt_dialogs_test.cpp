@@ -14,7 +14,7 @@ using platform::BoxStyle;
 
 namespace {
 
-// Does something with the dialog that opens next, which has to be closed by it.
+// Runs `act` on the next dialog that opens; `act` must close it.
 template <typename Dialog>
 void whenOpen(std::function<void(Dialog&)> act) {
     QTimer::singleShot(0, qApp, [act = std::move(act)] {
@@ -28,7 +28,7 @@ void whenOpen(std::function<void(Dialog&)> act) {
     });
 }
 
-// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): as gtest's own
+// NOLINTNEXTLINE(cppcoreguidelines-virtual-class-destructor): like gtest's own
 class FileDlgTest : public testing::Test {
 protected:
     FileDlgTest() {
@@ -48,13 +48,13 @@ protected:
             shown.insert(model.index(row, 0, root).data().toString(), model.index(row, 0, root));
         return shown;
     }
-    // Picks this name from the list, once the list has it.
+    // Selects this name in the list, once it is there.
     static void pick(QFileDialog& dialog, const QString& name) {
         ASSERT_TRUE(eventually([&] { return files(dialog).contains(name); })) << name.toStdString();
         list(dialog).setCurrentIndex(files(dialog).value(name));
         QTest::keyClick(&list(dialog), Qt::Key_Return);
     }
-    // The answer of the dialog when this is done with it.
+    // The result of the dialog after `act` has operated it.
     base::Text ask(std::function<void(QFileDialog&)> act) {
         whenOpen<QFileDialog>(std::move(act));
         return dialogs.FileDlg(request);
@@ -68,7 +68,7 @@ protected:
 
 } // namespace
 
-TEST(MessageBox, EachStyle_HasItsButtons_AndEscapeAnswersTheLeast) {
+TEST(MessageBox, EachStyle_HasItsButtons_AndEscapeGivesTheSafeAnswer) {
     using Box = QMessageBox;
     const struct {
         BoxStyle style;
@@ -90,7 +90,7 @@ TEST(MessageBox, EachStyle_HasItsButtons_AndEscapeAnswersTheLeast) {
     }
 }
 
-TEST(MessageBox, Text_IsShownAsItIs_InItsLines) {
+TEST(MessageBox, Text_IsShownAsPlainText_WithItsLineBreaks) {
     whenOpen<QMessageBox>([](QMessageBox& box) {
         EXPECT_EQ(box.text(), QStringLiteral("<b>a & b</b>\none\ntwo\nthree"));
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
@@ -100,7 +100,7 @@ TEST(MessageBox, Text_IsShownAsItIs_InItsLines) {
     desktop::QtDialogs().messageBox(u"<b>a & b</b>\rone\r\ntwo\nthree", u"", BoxStyle::Exclamation);
 }
 
-TEST(MessageBox, OfOneShortWord_LeavesRoomForItsTitle) {
+TEST(MessageBox, ShortText_LeavesRoomForTheTitle) {
     whenOpen<QMessageBox>([](QMessageBox& box) {
         EXPECT_GE(box.width(), 240);
         box.accept();
@@ -108,7 +108,7 @@ TEST(MessageBox, OfOneShortWord_LeavesRoomForItsTitle) {
     desktop::QtDialogs().messageBox(u"No.", u"", BoxStyle::Plain);
 }
 
-TEST(Progress, BlocksNothing_AndTellsThatItWasCancelled) {
+TEST(Progress, IsNotModal_AndReportsCancel) {
     int cancelled = 0;
     std::unique_ptr<platform::Progress> progress;
     progress = desktop::QtDialogs().showProgress(u"one\rtwo", u"Title", [&] {
@@ -128,8 +128,8 @@ TEST(Progress, BlocksNothing_AndTellsThatItWasCancelled) {
     EXPECT_FALSE(progress);
 }
 
-TEST(ShowColor, BeginsWithoutColoursOfItsOwn) {
-    QColorDialog::setCustomColor(3, Qt::red); // as a dialog before it leaves one
+TEST(ShowColor, BeginsWithoutCustomColours) {
+    QColorDialog::setCustomColor(3, Qt::red); // as an earlier dialog would leave it
     whenOpen<QColorDialog>([](QColorDialog& dialog) {
         EXPECT_EQ(dialog.currentColor(), Qt::black);
         for (int i = 0; i < QColorDialog::customCount(); ++i)
@@ -141,7 +141,7 @@ TEST(ShowColor, BeginsWithoutColoursOfItsOwn) {
         << "and none is kept for another run";
 }
 
-TEST_F(FileDlgTest, Filters_LetThroughWhatTheyName) {
+TEST_F(FileDlgTest, Filters_ShowOnlyMatchingFiles) {
     for (const char* name : {"a.mp3", "B.MP3", "c.wav", "d.txt", "e.m4a", "noPoint"})
         folder.write(name, "");
     request.title = u"Open media file";
@@ -163,7 +163,7 @@ TEST_F(FileDlgTest, Filters_LetThroughWhatTheyName) {
     EXPECT_EQ(QDir::currentPath(), before) << "a cancel moves nothing";
 }
 
-TEST_F(FileDlgTest, Name_ComesThroughIntact) {
+TEST_F(FileDlgTest, UnusualNames_AreReturnedUnchanged) {
     for (const char* name :
          {"Grüße & Söhne.mp3", "\"quoted\" talk.mp3", "new\nline.mp3", " %1 a;b,c [1]*.mp3", "back\\slash"}) {
         folder.write(name, "");
@@ -173,7 +173,7 @@ TEST_F(FileDlgTest, Name_ComesThroughIntact) {
     }
 }
 
-TEST_F(FileDlgTest, NameToSaveTo_GetsItsExtension_WhateverPointsItHas) {
+TEST_F(FileDlgTest, NameToSave_GetsItsExtension_WhateverDotsItHas) {
     QWidget other, owner;
     owner.setObjectName(QStringLiteral("owner"));
     request.owner = "owner";
@@ -193,9 +193,9 @@ TEST_F(FileDlgTest, NameToSaveTo_GetsItsExtension_WhateverPointsItHas) {
     }
 }
 
-TEST_F(FileDlgTest, PathOfMoreThan255Units_CannotBeReturned) {
+TEST_F(FileDlgTest, PathOver255Units_ReturnsNothing) {
     const std::string deep(200, 'd');
-    std::string name(60, 'f'); // joined in one expression, g++ 12 warns of a copy out of bounds
+    std::string name(60, 'f'); // joined in one expression, g++ 12 gives a false out-of-bounds warning
     name += ".mp3";
     folder.write(deep + "/" + name, "");
     request.initialFolder = folder.text(deep);

@@ -3,7 +3,7 @@
 
 namespace {
 
-// Another process of this program, and what it tells.
+// Another process of this program, and the facts that it reports.
 class OtherProcess : public QProcess {
 public:
     explicit OtherProcess(const QString& locale = QStringLiteral("C.UTF-8")) {
@@ -35,7 +35,7 @@ TEST(QtSystem, SecondInstance_IsRefused_UntilTheFirstIsGone) {
     EXPECT_FALSE(here->previousInstance());
     EXPECT_FALSE(here->previousInstance()) << "asked again by the one who runs";
     EXPECT_EQ(OtherProcess().facts.value(0), QStringLiteral("refused"));
-    // What was started from here may live on: it is not this program.
+    // A program started from here may outlive this one and does not count as an instance.
     QProcess child;
     child.start(QStringLiteral("cat"), {});
     ASSERT_TRUE(child.waitForStarted());
@@ -45,11 +45,11 @@ TEST(QtSystem, SecondInstance_IsRefused_UntilTheFirstIsGone) {
     child.waitForFinished();
 }
 
-TEST(QtSystem, UsersLocale_GivesCountryAndCodePage) {
+TEST(QtSystem, UserLocale_GivesCountryAndCodePage) {
     const struct {
         const char* locale;
         const char* country;
-        const char* byteE5; // in the code page of the language
+        const char* byteE5; // decoded in the code page of the language
     } rows[] = {
         {"en_GB.UTF-8", "United Kingdom", "å"},
         {"ru_RU.UTF-8", "Russia", "е"},

@@ -1,4 +1,4 @@
-// What tests on real Qt include again and again. It is their precompiled header.
+// Headers that many tests on real Qt need; this is their precompiled header.
 #pragma once
 
 #include "base/failure.h"

@@ -6,7 +6,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-TEST(QuietLineView, TakesTheRoomOfItsText_IsAnAlert_AndLeavesTheKeyboardAlone) {
+TEST(QuietLineView, HasTheSizeOfItsText_IsAnAlert_AndTakesNoFocus) {
     safety::QuietLineWindow form;
     int clicks = 0;
     form.Click = [&] { ++clicks; };
@@ -16,7 +16,7 @@ TEST(QuietLineView, TakesTheRoomOfItsText_IsAnAlert_AndLeavesTheKeyboardAlone) {
     const double oneLine = form.height;
     form.caption = u"one\n" + base::replaced(base::Text(200, u'w'), u"ww", u"ww/");
 
-    // Without a screen no reader is told, but it finds the kind and the text of an alert.
+    // On the offscreen platform no screen reader is notified, but role and text of an alert can be queried.
     QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&view);
     ASSERT_TRUE(heard);
     EXPECT_EQ(heard->role(), QAccessible::AlertMessage);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// What stands on the buttons of a box, over the places of a file dialog and as the kind of a folder.
+// The texts of message box buttons, of a file dialog's label, and of a folder's kind.
 QString shownWords() {
     const QDialogButtonBox box(QDialogButtonBox::Yes | QDialogButtonBox::No);
     QFileDialog dialog;
@@ -20,8 +20,8 @@ QString shownWords() {
 
 } // namespace
 
-TEST(StandardWords, FollowTheLanguageOfTheProgram) {
-    // The folder as it is laid, and a language that somebody else added with two words of its own.
+TEST(StandardWords, FollowTheProgramsLanguage) {
+    // The program's language folder, and a language that a user has added with two translations of its own.
     const fakes::TemporaryFolder folder;
     const QDir laid(QStringLiteral(LAID_LANGUAGES));
     folder.write("Files/Lang/Deutsch.words", "&Yes\t&Ja\nno tab here\n\t\n&No\t&Nein");

@@ -1,6 +1,6 @@
 #include "fakes/workbench.h"
 
-// Phases are 5 s of play and 3 s of pause, with 2 s back; typing holds a phase.
+// Play phases last 5 s, pauses 3 s, steps back 2 s; typing extends a phase.
 class DictationTest : public fakes::WorkbenchTest {
 protected:
     void openTalk() {
@@ -8,7 +8,7 @@ protected:
         loop.advance(player.loadingTime);
         player.commands.clear();
     }
-    // Smart play with a phase of play that begins now.
+    // Turns smart play on; a play phase begins now.
     void startCycle() {
         if (form.isPlaying())
             form.cmdPlay.Click();
@@ -17,7 +17,7 @@ protected:
             form.mnuSmartPlay.Click();
         form.cmdPlay.Click();
     }
-    // Of the mode, the player and the timer.
+    // The state of the mode, the player and the timer.
     std::string state() {
         return std::string(form.mnuSmartPlay.checked ? "on " : "off ") +
                (form.isPlaying() ? "playing " : "paused ") +
@@ -28,7 +28,7 @@ protected:
     fakes::VirtualLoop& loop = desktop.loop;
 };
 
-TEST_F(DictationTest, Mode_GoesOnByItsTwoWays_WithTheirDifferences) {
+TEST_F(DictationTest, Mode_TurnedOnByMenuOrButton_ShowsTheirDifferences) {
     form.imgDetta.Click();
     EXPECT_TRUE(player.commands.empty()) << "without media the mode changes alone";
     form.imgDetta.Click();
@@ -62,9 +62,9 @@ TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
     EXPECT_NEAR(player.currentPosition(), 6, 0.01) << "a cycle gains its play less the step back";
 }
 
-// Every way from one state of the cycle to the next. A phase that begins has its whole length, a typing watch
-// that runs makes the end of a phase a delay.
-TEST_F(DictationTest, Cycle_GoesFromStateToState) {
+// All transitions of the cycle. A new phase has its full length; if the user is typing, the end of a phase is
+// delayed instead.
+TEST_F(DictationTest, Cycle_Transitions) {
     const auto tick = [&] { form.Timer5.Tick(); };
     const auto hand = [&] { form.cmdPlay.Click(); };
     const auto typed = [&] {
@@ -84,7 +84,7 @@ TEST_F(DictationTest, Cycle_GoesFromStateToState) {
     };
     const std::string playing = "on playing 5000";
     const std::string pausing = "on paused 3000";
-    // What happens, from which state, to which, and by how many seconds the position moves.
+    // The event, the state before, the state after, and by how many seconds the position moves.
     const std::tuple<const char*, std::string, std::function<void()>, std::string, double> rows[] = {
         {"end of play", playing, tick, pausing, -2},
         {"typing holds a play", playing, typed, "on playing 1300", 0},
@@ -117,7 +117,7 @@ TEST_F(DictationTest, Cycle_GoesFromStateToState) {
     }
 }
 
-TEST_F(DictationTest, Close_EndsTheCycle_WithTheKeyboardLeftWhereItIs) {
+TEST_F(DictationTest, Close_EndsTheCycle_WithoutMovingTheFocus) {
     openTalk();
     startCycle();
     form.mnuChiudi.Click();
@@ -126,7 +126,7 @@ TEST_F(DictationTest, Close_EndsTheCycle_WithTheKeyboardLeftWhereItIs) {
     EXPECT_EQ(state(), "on paused idle");
 }
 
-TEST_F(DictationTest, Typing_HoldsAPhase_AtMostOnePeriodLongerThanItsWatch) {
+TEST_F(DictationTest, Typing_ExtendsAPhase_ByAtMostOneTimerPeriod) {
     openTalk();
     startCycle();
     loop.advance(4900);
@@ -137,8 +137,8 @@ TEST_F(DictationTest, Typing_HoldsAPhase_AtMostOnePeriodLongerThanItsWatch) {
     EXPECT_FALSE(form.isPlaying());
 }
 
-// 40 s are 40000 ms: the statement that sets the period is skipped.
-TEST(DictationPeriods, OfMoreThanSixteenBits_LeaveTheOneBefore) {
+// 40 s are 40000 ms, an overflow of the 16-bit period: the statement that sets it is skipped.
+TEST(DictationPeriods, Over16Bits_KeepThePreviousPeriod) {
     fakes::Workbench longPause({{22, "40"}, {23, "1"}});
     longPause.open("a.mp3", 600);
     longPause.desktop.loop.advance(5000);

@@ -1,11 +1,11 @@
 #include "fakes/workbench.h"
 
-// Pauses go 2 s back, steps are 5 s, phases 5 s and 3 s.
+// Pauses step back 2 s, steps are 5 s, phases 5 s and 3 s.
 class InputDialogTest : public fakes::WorkbenchTest {
 protected:
     InputDialogTest() { speakPlainly(); }
 
-    // The command opens the dialog; the user types and presses OK.
+    // Runs the command, which opens the dialog; types the text and presses OK.
     void answer(controls::MenuItem& command, base::TextView typed) {
         boxes.clear();
         desktop.inForm4 = [&, typed] {
@@ -15,14 +15,14 @@ protected:
         };
         command.Click();
     }
-    // Opens the dialog, presses Cancel; what it showed.
+    // Opens the dialog and presses Cancel; returns what it showed.
     base::Text shown(controls::MenuItem& command) {
         base::Text seen;
         desktop.inForm4 = [&] {
             seen = dialog.caption.get() + u'|' + dialog.Label1.caption.get() + u'|' + dialog.Text1.text.get();
             EXPECT_EQ(dialog.Text1.selLength, static_cast<int>(dialog.Text1.text->size()));
             dialog.Text1.text = u"7";
-            command.Click(); // is open already
+            command.Click(); // the dialog is already open
             dialog.Command2.Click();
         };
         command.Click();
@@ -33,7 +33,7 @@ protected:
     dictation::Form4& dialog = *desktop.form4;
 };
 
-TEST_F(InputDialogTest, Commands_OpenItFilled_AndRaiseTooSmallAStep) {
+TEST_F(InputDialogTest, Commands_OpenItWithTheCurrentValue_AndRaiseATooSmallStep) {
     const std::pair<controls::MenuItem&, base::TextView> rows[] = {{form.mnuSecIndietro, u"T32|T31|2"},
                                                                    {form.mnuSalto, u"T35|T34|5"},
                                                                    {form.mnuTempoPlay, u"T124|T125 (5)|5"},
@@ -47,8 +47,8 @@ TEST_F(InputDialogTest, Commands_OpenItFilled_AndRaiseTooSmallAStep) {
     EXPECT_EQ(shown(form.mnuSalto), u"T35|T34|2");
 }
 
-TEST_F(InputDialogTest, Numbers_AreReadRoundedCorrectedAndSaved) {
-    // The line is that of the settings file.
+TEST_F(InputDialogTest, Numbers_AreParsedCorrectedAndSaved) {
+    // The number is a line of the settings file.
     const std::tuple<controls::MenuItem&, int, base::Text, std::string, base::Text> rows[] = {
         {form.mnuSecIndietro, 5, u"-1", "0", u"T40 0."},
         {form.mnuSecIndietro, 5, u"21", "20", u"T33 20."},
@@ -70,7 +70,7 @@ TEST_F(InputDialogTest, Numbers_AreReadRoundedCorrectedAndSaved) {
     }
 }
 
-TEST_F(InputDialogTest, GoTo_StepsBackAtRestOnly) {
+TEST_F(InputDialogTest, GoTo_StepsBack_OnlyWhilePaused) {
     open("a.mp3", 600);
     desktop.loop.advance(100);
     for (const auto& [playing, typed, place] :
@@ -83,7 +83,7 @@ TEST_F(InputDialogTest, GoTo_StepsBackAtRestOnly) {
     }
 }
 
-TEST_F(InputDialogTest, Cycle_RunsOnBehindIt_AndClosingItChangesNothing) {
+TEST_F(InputDialogTest, Cycle_ContinuesBehindIt_AndClosingChangesNothing) {
     form.mnuSmartPlay.Click();
     open("a.mp3", 600);
     desktop.inForm4 = [&] {
@@ -97,7 +97,7 @@ TEST_F(InputDialogTest, Cycle_RunsOnBehindIt_AndClosingItChangesNothing) {
     EXPECT_EQ(desktop.savedLine(22), "3");
 }
 
-TEST(InputDialogWithMnemonics, CaptionsThatLostTheirMark_AreTakenForTheStep) {
+TEST(InputDialogWithMnemonics, CaptionWithAMnemonic_IsMistakenForTheStepDialog) {
     fakes::Workbench bench;
     bench.desktop.inForm4 = [&] {
         bench.desktop.form4->Text1.text = u"44";

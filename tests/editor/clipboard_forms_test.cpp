@@ -20,7 +20,7 @@ protected:
     editor::ClipboardForms forms{form, clipboard};
 };
 
-TEST_F(ClipboardFormsTest, ACopy_IsRtfInFrontOfAll_AndPlainTextBehindAnother) {
+TEST_F(ClipboardFormsTest, Copy_IsRtfWhileTheEditorIsActive_AndPlainTextOtherwise) {
     form.mnuCopia.Click();
     EXPECT_EQ(afterTick(true), u"{\\rtf1 one}");
     EXPECT_EQ(afterTick(false), u"one");
@@ -33,12 +33,12 @@ TEST_F(ClipboardFormsTest, ACopy_IsRtfInFrontOfAll_AndPlainTextBehindAnother) {
     EXPECT_EQ(afterTick(false), u"{\\rtf1 one}") << "a clipboard held by another counts as changed";
 }
 
-TEST_F(ClipboardFormsTest, BeforeTheFirstCopy_AnotherWindowInFront_EmptiesTheClipboard) {
+TEST_F(ClipboardFormsTest, BeforeTheFirstCopy_DeactivatingTheEditor_ClearsTheClipboard) {
     clipboard.text = u"from before";
     EXPECT_EQ(afterTick(false), u"");
 }
 
-TEST_F(ClipboardFormsTest, ACutComesBack_AndAPasteTakesRtfBeforeText_AndOfNothingNothing) {
+TEST_F(ClipboardFormsTest, CutAndPaste_RoundTrip_PastePrefersRtf_AndIgnoresAnEmptyClipboard) {
     form.mnuTaglia.Click();
     EXPECT_EQ(text.Text(), u" two");
     form.mnuIncolla.Click();
@@ -55,7 +55,7 @@ TEST_F(ClipboardFormsTest, ACutComesBack_AndAPasteTakesRtfBeforeText_AndOfNothin
     EXPECT_EQ(undoRedo.ListaUndo().size(), records);
 }
 
-TEST_F(ClipboardFormsTest, TheKeyboardGoneElsewhere_LeavesTheSelectionAsText) {
+TEST_F(ClipboardFormsTest, FocusLoss_PutsTheSelectionOnTheClipboardAsText) {
     form.mnuCopia.Click();
     select(4, 3);
     text.LostFocus();

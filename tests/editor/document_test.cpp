@@ -4,7 +4,7 @@
 using editor::Document;
 using platform::Answer;
 
-// The editor fresh from its start.
+// The editor right after its start.
 class DocumentTest : public fakes::EditorBench {
 protected:
     DocumentTest() {
@@ -19,7 +19,7 @@ protected:
     }
 };
 
-TEST_F(DocumentTest, New_AsksOnlyAboutAText_AndCountsOn) {
+TEST_F(DocumentTest, New_AsksOnlyIfThereIsText_AndIncrementsTheNumber) {
     EXPECT_EQ(form.caption.get(), u"&En96 - &En97 1");
     text.type(u"x");
     text.setText(u"");
@@ -39,7 +39,7 @@ TEST_F(DocumentTest, New_AsksOnlyAboutAText_AndCountsOn) {
     EXPECT_EQ(text.Text(), u"") << "a save that is cancelled does not stop it";
 }
 
-TEST_F(DocumentTest, Save_AfterNew_WritesOverTheFormerFile_AndAMissingOneChangesNothing) {
+TEST_F(DocumentTest, Save_AfterNew_OverwritesTheFormerFile_AndAMissingFileChangesNothing) {
     desktop.folder.write("a.rtf", "first");
     document.ApriDocumento(path("a.rtf"));
     EXPECT_EQ(form.caption.get(), u"&En96 - a.rtf");
@@ -58,13 +58,13 @@ TEST_F(DocumentTest, Save_AfterNew_WritesOverTheFormerFile_AndAMissingOneChanges
     EXPECT_EQ(form.caption.get(), u"&En96 - &En97 2");
 }
 
-TEST_F(DocumentTest, Save_WithoutAPath_AsksForOneWhenChanged_AndBeforeItWritesOverAFile) {
+TEST_F(DocumentTest, Save_WithoutAPath_AsksForOneIfChanged_AndBeforeOverwriting) {
     document.save();
     EXPECT_TRUE(dialogs.requests.empty());
     desktop.folder.write("old.txt", "old");
     text.type(u"new");
     dialogs.answers = {Answer::No, Answer::Yes};
-    for (const char* expected : {"old", "{\\rtf1 new}"}) { // always RTF, whatever the name
+    for (const char* expected : {"old", "{\\rtf1 new}"}) { // always RTF, whatever the extension
         dialogs.choices = {path("old.txt")};
         document.save();
         EXPECT_EQ(file("old.txt"), expected);
@@ -75,7 +75,7 @@ TEST_F(DocumentTest, Save_WithoutAPath_AsksForOneWhenChanged_AndBeforeItWritesOv
     EXPECT_EQ(form.mnuRecent1.caption.get(), path("old.txt"));
 }
 
-TEST_F(DocumentTest, Dialogs_ProposeTheFormatUsedLast) {
+TEST_F(DocumentTest, Dialogs_SuggestTheLastFormat) {
     for (const auto& [newest, extension, entry] :
          {std::tuple{u"/a/b.TXT", u"txt", 122}, {u"/a/b.doc", u"rtf", 121}, {u"t", u"rtf", 121}}) {
         form.mnuRecent1.caption = newest;
@@ -85,7 +85,7 @@ TEST_F(DocumentTest, Dialogs_ProposeTheFormatUsedLast) {
     }
 }
 
-TEST_F(DocumentTest, Exit_AsksAboutAVisibleUnsavedText) {
+TEST_F(DocumentTest, Exit_AsksAboutVisibleUnsavedText) {
     using Exit = Document::ExitAnswer;
     const std::tuple<Answer, std::deque<base::Text>, Exit> rows[] = {
         {Answer::Cancel, {}, Exit::Cancelled},

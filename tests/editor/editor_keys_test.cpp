@@ -2,7 +2,7 @@
 #include "editor/time_stamp.h"
 #include "fakes/editor_bench.h"
 
-// Every command tells its name when it runs; a style tells what it did to the text.
+// Every command logs its name; a style logs what it did to the text.
 class EditorKeysTest : public fakes::EditorBench {
 protected:
     EditorKeysTest() {
@@ -15,14 +15,14 @@ protected:
         for (controls::PictureButton* button : {&form1.cmdPlay, &form1.cmdIndietro, &form1.cmdAvanz})
             button->Click = [this, button] { text.commands.emplace_back(button->name); };
     }
-    // The commands since the last look.
+    // The commands logged since the last call.
     std::string told() {
         std::string all;
         for (const std::string& command : std::exchange(text.commands, {}))
             all += command + ' ';
         return all;
     }
-    // The commands that a press runs, and what it leaves of the key.
+    // The commands that a key press runs, and what remains of the key event.
     std::string press(int keyCode, int shift) {
         platform::KeyEvent key{keyCode, shift};
         text.KeyDown(key);
@@ -43,7 +43,7 @@ protected:
     };
 };
 
-TEST_F(EditorKeysTest, APress_RunsItsCommand_AndLeavesOfTheKeyWhatTheControlMaySee) {
+TEST_F(EditorKeysTest, KeyPress_RunsItsCommand_AndPassesTheRestToTheControl) {
     const Row rows[] = {{'M', 2, "mnuAddBM 0/0"},  {'O', 2, "mnuApri 0/0"},  {'Q', 2, "mnuEsci 0/0"},
                         {'W', 2, "mnuLingua 0/0"}, {112, 2, "mnuInfo 0/0"},  {115, 2, "mnuChiudi 0/0"},
                         {117, 2, "slower 117/0"},  {118, 2, "faster 118/0"}, {114, 0, "slower 0/0"},
@@ -62,7 +62,7 @@ TEST_F(EditorKeysTest, APress_RunsItsCommand_AndLeavesOfTheKeyWhatTheControlMayS
     EXPECT_FALSE(text.TakesKey({'Z', 3}));
 }
 
-TEST_F(EditorKeysTest, ARelease_RunsItsCommand_LettersWithControlAloneAndFunctionKeysWithAny) {
+TEST_F(EditorKeysTest, KeyRelease_RunsItsCommand_LettersWithControlOnly_FunctionKeysWithAnyModifier) {
     const Row rows[] = {{'Z', 2, "mnuAnnulla "},       {'Y', 2, "mnuRipeti "},   {'C', 2, "mnuCopia "},
                         {'V', 2, "mnuIncolla "},       {'X', 2, "mnuTaglia "},   {'I', 2, "italic on focus "},
                         {112, 2, "mnuGuida "},         {116, 0, "cmdPlay "},     {117, 2, "cmdIndietro "},
@@ -74,7 +74,7 @@ TEST_F(EditorKeysTest, ARelease_RunsItsCommand_LettersWithControlAloneAndFunctio
         EXPECT_EQ(release(keyCode, shift), "") << keyCode << '/' << shift;
 }
 
-TEST_F(EditorKeysTest, AnEditKey_RunsTheCommandOfTheMenu) {
+TEST_F(EditorKeysTest, EditShortcut_RunsTheMenuCommand) {
     using platform::EditCommand;
     for (const auto& [command, expected] : {std::pair{EditCommand::Undo, "mnuAnnulla "},
                                             {EditCommand::Redo, "mnuRipeti "},
@@ -86,7 +86,7 @@ TEST_F(EditorKeysTest, AnEditKey_RunsTheCommandOfTheMenu) {
     }
 }
 
-TEST_F(EditorKeysTest, LettersOfBoldAndUnderline_GoByTheNameOfTheLanguageFile) {
+TEST_F(EditorKeysTest, BoldAndUnderlineKeys_DependOnTheLanguageFileName) {
     const std::string elsewhere = "B bold on focus U underline on focus G S ";
     for (const auto& [file, expected] :
          {std::pair{u"Italiano.LNG", std::string("B U G bold on focus S underline on focus ")},
@@ -100,7 +100,7 @@ TEST_F(EditorKeysTest, LettersOfBoldAndUnderline_GoByTheNameOfTheLanguageFile) {
     }
 }
 
-TEST_F(EditorKeysTest, TheRightButton_OpensTheEditMenu_AndEscapeInTheWindowQuits) {
+TEST_F(EditorKeysTest, RightButton_OpensTheEditMenu_AndEscapeInTheWindowQuits) {
     form.PopupMenu = [this](controls::MenuItem& menu) { text.commands.emplace_back(menu.name); };
     for (const int button : {1, 4})
         text.MouseDown(button);
@@ -113,7 +113,7 @@ TEST_F(EditorKeysTest, TheRightButton_OpensTheEditMenu_AndEscapeInTheWindowQuits
     EXPECT_EQ(told(), "mnuEsci ");
 }
 
-TEST_F(EditorKeysTest, TimeStamp_HasElevenCharacters_OrIsNone) {
+TEST_F(EditorKeysTest, TimeStamp_HasElevenCharacters_OrIsEmpty) {
     const editor::TimeStamp stamp(form, desktop.player);
     desktop.player.setURL(desktop.layMedia("talk.mp3", 500'000));
     for (const auto& [seconds, expected] :

@@ -5,7 +5,7 @@ using testing::ElementsAre;
 
 class FindReplaceTest : public fakes::EditorBench {
 protected:
-    // The text, the states in the captions, and the messages since the last look.
+    // The text with its selection, the state shown by the captions, and the messages since the last call.
     std::string seen() {
         std::string told = shown();
         told += find.cmdFind.caption.get() == u"&" + Lingua(56) ? " top" : " next";
@@ -15,8 +15,7 @@ protected:
         dialogs.boxes.clear();
         return told;
     }
-    // F find, R replace, A replace all, C an entry is chosen from the list, v the caret is moved, s a
-    // selection.
+    // F: find, R: replace, A: replace all, C: choose an entry from the list, v: move the caret, s: select.
     void press(const std::string& keys) {
         const std::map<char, std::function<void()>> actions{
             {'F', find.cmdFind.Click}, {'R', find.cmdReplace.Click},    {'A', find.cmdReplaceAll.Click},
@@ -29,7 +28,7 @@ protected:
     editor::FindReplace routines{find, form, dialogs};
 };
 
-TEST_F(FindReplaceTest, Presses_FollowTheStatesInTheCaptions) {
+TEST_F(FindReplaceTest, Buttons_FollowTheStateInTheirCaptions) {
     struct Row {
         base::TextView text, wanted, with;
         const char* ticks; // w: whole words, c: match case
@@ -49,11 +48,13 @@ TEST_F(FindReplaceTest, Presses_FollowTheStatesInTheCaptions) {
         // The first press of Replace only finds.
         {u"one two one", u"one", u"1", "", "R", "[one] two one top armed"},
         {u"one two one", u"one", u"1", "", "RRRR", "1 two 1| top armed <En65>"},
-        // Doubled, the options of the look ahead are others: case for whole words, no selection for the case.
+        // After a replacement the search options change: "whole words" becomes "match case", and "match case"
+        // becomes "no highlight".
         {u"one Ones ones one", u"one", u"1", "w", "RR", "1 Ones [one]s one top armed"},
         {u"one One one", u"one", u"1", "c", "RR", "1| One one top armed"},
         {u"one ones", u"one", u"1", "wc", "FRR", "1| ones next armed"},
-        // All: from the caret, by neither option; what is selected goes too when nothing is found.
+        // Replace All starts at the caret and ignores both options; it replaces the selection even if nothing
+        // is found.
         {u"one two One ones", u"one", u"1", "wc", "A", "1 two 1 1|s top <En67 /3 En68>"},
         {u"one two one", u"one", u"1", "", "vA", "one two 1| top <En67 /1 En68>"},
         {u"one two one", u" one ", u" one one ", "", "A", "one one two one one| top <En67 /2 En68>"},
@@ -74,7 +75,7 @@ TEST_F(FindReplaceTest, Presses_FollowTheStatesInTheCaptions) {
     }
 }
 
-TEST_F(FindReplaceTest, TheWindow_KeepsTheUseOfItsFirstOpening_UntilItIsCancelled) {
+TEST_F(FindReplaceTest, Window_KeepsItsModeUntilCancelled) {
     form.mnuTrova.Click();
     EXPECT_EQ(find.caption.get(), u"&En56...");
     form.mnuSostituisci.Click();
@@ -95,8 +96,8 @@ TEST_F(FindReplaceTest, TheWindow_KeepsTheUseOfItsFirstOpening_UntilItIsCancelle
     EXPECT_FALSE(find.chkMatchCase.value);
 }
 
-TEST_F(FindReplaceTest, TheSelection_IsWhatIsSought_CutAtItsLineBreak) {
-    // Two presses on Replace: the first replacement puts the break back.
+TEST_F(FindReplaceTest, Selection_BecomesTheSearchText_CutAtItsLineBreak) {
+    // Replace is pressed twice: the first replacement appends the removed line break.
     const std::tuple<base::TextView, const char*, const char*> rows[] = {
         {u" one \r\ntwo\r\n one ", "one ", " 1//two/ [one ] top armed"},
         {u" one ", "one", " 1|  top armed"},
@@ -113,7 +114,7 @@ TEST_F(FindReplaceTest, TheSelection_IsWhatIsSought_CutAtItsLineBreak) {
     }
 }
 
-TEST_F(FindReplaceTest, Histories_TakeEachTextOnce_AndEndWithTheWindow) {
+TEST_F(FindReplaceTest, Histories_HoldEachTextOnce_UntilTheWindowCloses) {
     form.mnuSostituisci.Click();
     for (const base::Text wanted : {u"one", u"One", u"one", u"  ", u""}) {
         find.cboFind.text = wanted;
@@ -130,7 +131,7 @@ TEST_F(FindReplaceTest, Histories_TakeEachTextOnce_AndEndWithTheWindow) {
     EXPECT_EQ(find.cboReplace.text.get(), u"");
 }
 
-TEST_F(FindReplaceTest, DroppedText_IsCutAndKept_AndOnlyTheUpperBoxOwesTheBreak) {
+TEST_F(FindReplaceTest, DroppedText_IsCutAndRemembered_AndOnlyTheFindBoxRestoresTheLineBreak) {
     text.setText(u"one two one");
     form.mnuSostituisci.Click();
     find.cboReplace.Drop(u" 1 \r\nmore");
@@ -142,7 +143,7 @@ TEST_F(FindReplaceTest, DroppedText_IsCutAndKept_AndOnlyTheUpperBoxOwesTheBreak)
     EXPECT_EQ(seen(), "one 1/| one top armed");
 }
 
-TEST_F(FindReplaceTest, ASearchThatBreaksOff_IsToldInTheSystemsWords) {
+TEST_F(FindReplaceTest, FailedSearch_ShowsTheErrorMessage) {
     text.setText(u"one");
     form.mnuSostituisci.Click();
     find.cboFind.text = u"one";

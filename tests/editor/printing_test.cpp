@@ -6,7 +6,7 @@ using testing::ElementsAre;
 
 class PrintingTest : public fakes::EditorBench {
 protected:
-    // Prints, with that printer chosen in the dialog; "" is cancel.
+    // Prints, with this printer chosen in the dialog; "" cancels the dialog.
     void print(const base::Text& name, int copies = 1) {
         printer.answer.reset();
         if (!name.empty()) {
@@ -22,21 +22,21 @@ protected:
     editor::Printing printing{form, [this]() -> platform::Printer& { return desktop.printer(); }};
 };
 
-TEST_F(PrintingTest, TheExchange_ChoosesAndRestoresThePrinter) {
+TEST_F(PrintingTest, Print_ChoosesAndRestoresThePrinter) {
     struct Row {
         std::vector<base::Text> installed;
         base::Text current;
         base::Text chosen;
-        const char* dialog; // the printer that it begins with
+        const char* dialog; // the dialog's initial printer
         base::Text after;
     };
     const Row rows[] = {
         {{u"Office", u"Hall", u"PDF"}, u"Office", u"Hall", "Office", u"Hall"},
         {{u"Office", u"Hall", u"PDF"}, u"Office", u"", "Office", u"Office"},
-        // The last printer that holds the name wins; a cancel brings the first one back.
+        // The last printer whose name contains the current name wins; a cancel restores the first one.
         {{u"Office", u"Back OFFICE", u"PDF"}, u"Office", u"", "Back OFFICE", u"Office"},
         {{u"Office", u"Back OFFICE", u"PDF"}, u"Office", u"Back OFFICE", "Back OFFICE", u"Back OFFICE"},
-        // One that nobody has installed changes nothing.
+        // A printer that is not installed changes nothing.
         {{u"Office", u"PDF"}, u"Office", u"office", "Office", u"Office"},
     };
     for (const Row& row : rows) {
@@ -50,7 +50,7 @@ TEST_F(PrintingTest, TheExchange_ChoosesAndRestoresThePrinter) {
     }
 }
 
-TEST_F(PrintingTest, AChoice_IsCopiedInItsOrder_WithoutWhatThePrinterRefuses_AndOutlivesTheCommand) {
+TEST_F(PrintingTest, Choice_IsAppliedInOrder_WithoutRefusedProperties_AndRemembered) {
     form.caption = u"&En96 - Interview.RTF";
     printer.refused = {platform::PrinterProperty::Duplex, platform::PrinterProperty::PaperBin};
     print(u"PDF file", 3);
@@ -61,7 +61,7 @@ TEST_F(PrintingTest, AChoice_IsCopiedInItsOrder_WithoutWhatThePrinterRefuses_And
     EXPECT_THAT(printer.commands, Contains("dialog PDF file x 3 for Interview"));
 }
 
-TEST_F(PrintingTest, APrinterThatHasGone_EndsTheCommandInSilence) {
+TEST_F(PrintingTest, RemovedPrinter_EndsTheCommandSilently) {
     printer.installed = {u"PDF file"};
     print(u"Office");
     EXPECT_TRUE(text.commands.empty());

@@ -19,7 +19,7 @@ std::size_t upTo(std::mt19937& random, std::size_t limit) {
 
 } // namespace
 
-TEST(SnapshotText, ManyStates_EachReadWhole_AreThoseOfWholeCopies_AndAreGivenBack) {
+TEST(SnapshotText, ManyStates_EqualWholeCopies_AndTheirMemoryIsReused) {
     SnapshotStore store;
     const auto edit = [&store] {
         std::mt19937 random(7);
@@ -28,7 +28,7 @@ TEST(SnapshotText, ManyStates_EachReadWhole_AreThoseOfWholeCopies_AndAreGivenBac
         std::vector<std::pair<SnapshotText, base::Text>> kept;
         for (int round = 0; round < 6000; ++round) {
             const std::size_t at = upTo(random, plain.size());
-            // Mostly letters; now and then a stretch, all of it, or a paste.
+            // Mostly single letters; sometimes a range, the whole text, or a paste.
             const std::size_t reach = round % 500 == 0 ? plain.size() : round % 7 == 0 ? 200 : 2;
             const std::size_t removed = upTo(random, std::min(reach, plain.size() - at));
             const base::Text inserted = letters(random, upTo(random, round % 90 == 0 ? 2000 : 2));
@@ -48,7 +48,7 @@ TEST(SnapshotText, ManyStates_EachReadWhole_AreThoseOfWholeCopies_AndAreGivenBac
     EXPECT_EQ(store.bytes(), full) << "what nobody holds is used again";
 }
 
-TEST(SnapshotText, AThousandLetters_InALongText_TakeNoCopyEach) {
+TEST(SnapshotText, ThousandCharacters_InALongText_AreNotCopiedEach) {
     SnapshotStore store;
     std::vector<SnapshotText> states{SnapshotText(store, base::Text(200'000, u'a'))};
     const std::size_t before = store.bytes();

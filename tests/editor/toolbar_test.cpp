@@ -10,9 +10,9 @@ protected:
     editor::Toolbar toolbar{form, document, desktop.systemPort, dialogs};
 };
 
-TEST_F(ToolbarTest, Buttons_ActOnTheSelection_AndGiveTheKeyboardBack) {
+TEST_F(ToolbarTest, Buttons_ActOnTheSelection_AndReturnTheFocus) {
     for (std::size_t index = 4; index < form.Label2.size(); ++index) {
-        text.setAllStyles(platform::Setting::Mixed); // is set as a whole first
+        text.setAllStyles(platform::Setting::Mixed); // a mixed style is first set for the whole selection
         form.Label2[index].Click();
     }
     EXPECT_THAT(text.commands,
@@ -24,14 +24,14 @@ TEST_F(ToolbarTest, Buttons_ActOnTheSelection_AndGiveTheKeyboardBack) {
     EXPECT_EQ(text.SelBold(), platform::Setting::Off);
 }
 
-TEST_F(ToolbarTest, Letters_StandOnTheirButtons) {
+TEST_F(ToolbarTest, Letters_LieOnTheirButtons) {
     std::string places;
     for (const controls::Label& letter : form.Label3)
         places += base::toUtf8(base::numberText(letter.left) + u"," + base::numberText(letter.top) + u" ");
     EXPECT_EQ(places, "2880,90 3300,80 3720,80 4140,80 ");
 }
 
-TEST_F(ToolbarTest, SizeStep_WithoutASizeOrBelowTheLeast_ChangesNothing) {
+TEST_F(ToolbarTest, SizeStep_WithMixedSizesOrBelowTheMinimum_ChangesNothing) {
     text.size.reset();
     toolbar.Label2_Click(11);
     text.size = 1;
@@ -39,7 +39,7 @@ TEST_F(ToolbarTest, SizeStep_WithoutASizeOrBelowTheLeast_ChangesNothing) {
     EXPECT_TRUE(text.commands.empty());
 }
 
-TEST_F(ToolbarTest, FontBoxes_TakeWhatTheirRulesTake) {
+TEST_F(ToolbarTest, FontBoxes_AcceptOnlyValidInput) {
     EXPECT_THAT(form.Combo1.items.get(), ElementsAre(u"Arial", u"Courier New"))
         << "the list begins with the second font";
     for (const base::Text typed :
@@ -56,7 +56,7 @@ TEST_F(ToolbarTest, FontBoxes_TakeWhatTheirRulesTake) {
     EXPECT_THAT(text.commands, ElementsAre("size 10.5", "size 9.5", "font Courier New"));
 }
 
-TEST_F(ToolbarTest, Colour_BeginsOnBlackEachTime_AndCancelLeavesIt) {
+TEST_F(ToolbarTest, ColourDialog_StartsWithBlack_AndCancelChangesNothing) {
     dialogs.colors = {std::nullopt, 0x00FF8000U};
     toolbar.Label2_Click(13);
     toolbar.Label2_Click(13);

@@ -1,7 +1,7 @@
 #include "editor/toolbar.h"
 #include "fakes/editor_bench.h"
 
-// What the text control really does under random edits is tested with the control.
+// The behaviour of the real text control under random edits is tested with the control.
 class UndoRedoTest : public fakes::EditorBench {
 protected:
     UndoRedoTest() {
@@ -14,7 +14,7 @@ protected:
     editor::Toolbar toolbar{form, document, desktop.systemPort, dialogs};
 };
 
-TEST_F(UndoRedoTest, Undo_OfNothing_OnlyMarksTheTextAsChanged) {
+TEST_F(UndoRedoTest, Undo_WithNothingToUndo_OnlyMarksTheTextAsChanged) {
     document.TestoModificato = 0;
     EXPECT_EQ(undo(), "|");
     EXPECT_EQ(redo(), "|");
@@ -22,20 +22,20 @@ TEST_F(UndoRedoTest, Undo_OfNothing_OnlyMarksTheTextAsChanged) {
     EXPECT_EQ(undoRedo.ListaUndo().size(), 1U) << "the record of the empty text";
 }
 
-TEST_F(UndoRedoTest, Letters_GoOneByOne_AndComeBackUntilOneIsTyped) {
+TEST_F(UndoRedoTest, TypedCharacters_AreUndoneOneByOne_AndRedoneUntilTheNextOne) {
     for (const base::TextView letter : {u"a", u"b", u"c"})
         text.type(letter);
     for (const std::string expected : {"ab|", "a|", "|", "|"})
         EXPECT_EQ(undo(), expected);
     for (const std::string expected : {"a|", "ab|"})
         EXPECT_EQ(redo(), expected);
-    text.setSelBold(true); // makes no record
+    text.setSelBold(true); // not recorded
     text.type(u"x");
     EXPECT_EQ(redo(), "abx|");
     EXPECT_EQ(undo(), "ab|");
 }
 
-TEST_F(UndoRedoTest, ARun_PutBack_IsSelected_ButASingleLetterOrLineEndIsNot) {
+TEST_F(UndoRedoTest, RestoredText_IsSelected_UnlessASingleCharacterOrLineEnd) {
     struct Row {
         std::int32_t start, length;
         base::TextView by;
@@ -45,7 +45,8 @@ TEST_F(UndoRedoTest, ARun_PutBack_IsSelected_ButASingleLetterOrLineEndIsNot) {
         {2, 3, u"", "on|wo/3", "on[e t]wo/3", "on|wo/3"},
         {1, 1, u"", "o|e two/3", "on|e two/3", "o|e two/3"},
         {3, 0, u"xyz", "onexyz| two/3", "one| two/3", "one[xyz] two/3"},
-        // The limits of the design: an equal length is no difference, another one only as long as it is.
+        // Known limits of the design: a replacement of equal length is no difference, otherwise only the
+        // difference in length is undone.
         {0, 3, u"ten", "ten| two/3", "ten| two/3", "ten| two/3"},
         {0, 3, u"eleven", "eleven| two/3", "ele| two/3", "ele[ven] two/3"},
         {0, 3, u"x", "x| two/3", "x[ne] two/3", "x| two/3"},
@@ -60,7 +61,7 @@ TEST_F(UndoRedoTest, ARun_PutBack_IsSelected_ButASingleLetterOrLineEndIsNot) {
     }
 }
 
-TEST_F(UndoRedoTest, Undo_AfterNew_BringsTheFormerTextBack_Selected) {
+TEST_F(UndoRedoTest, Undo_AfterNew_RestoresTheFormerText_Selected) {
     text.type(u"kept");
     dialogs.answers = {platform::Answer::No};
     document.newDocument();
@@ -68,7 +69,7 @@ TEST_F(UndoRedoTest, Undo_AfterNew_BringsTheFormerTextBack_Selected) {
     EXPECT_EQ(undo(), "|");
 }
 
-TEST_F(UndoRedoTest, AChange_HoldsTheTypingWatch_OnlyWhenItIsAskedFor) {
+TEST_F(UndoRedoTest, Change_StartsTheTypingTimer_OnlyIfTheOptionIsOn) {
     text.type(u"a");
     EXPECT_EQ(form1.Timer6.interval(), 0);
     form1.mnuNoPlayOnWrite.checked = true;

@@ -1,4 +1,4 @@
-// The fakes keep what the ports promise.
+// The contracts of all ports on the fakes.
 #include "contracts/clipboard_contract.h"
 #include "contracts/internet_contract.h"
 #include "contracts/player_contract.h"

@@ -7,7 +7,7 @@
 
 namespace fakes {
 
-// The editor's document on fakes, in a language of entries "&En0" to "&En135".
+// The editor's document on fakes, with language entries "&En0" to "&En135".
 class EditorBench : public testing::Test {
 protected:
     EditorBench() {

@@ -5,7 +5,7 @@
 
 namespace fakes {
 
-// A clipboard of one program; `held` says that another one keeps it from being written.
+// A clipboard; `held` simulates another program that prevents writing.
 class FakeClipboard : public platform::Clipboard {
 public:
     base::Text text;

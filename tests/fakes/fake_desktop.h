@@ -18,7 +18,7 @@
 
 namespace fakes {
 
-// Boxes and dialogs that note what they show and answer what the test laid ready.
+// Message boxes and dialogs that record what they show and give the answers that the test has prepared.
 class FakeDialogs : public platform::Dialogs {
 public:
     struct Box {
@@ -29,12 +29,12 @@ public:
 
     std::vector<Box> boxes;
     std::vector<platform::FileDialogRequest> requests;
-    std::deque<platform::Answer> answers;            // OK when none is left
-    std::deque<base::Text> choices;                  // cancel when none is left
-    std::deque<std::optional<std::uint32_t>> colors; // cancel when none is left
+    std::deque<platform::Answer> answers;            // OK if empty
+    std::deque<base::Text> choices;                  // cancels if empty
+    std::deque<std::optional<std::uint32_t>> colors; // cancels if empty
     std::vector<std::uint32_t> colorStarts;
     std::function<void()> whileOpen = [] {};
-    std::function<void()> cancelProgress; // of the window that was shown last
+    std::function<void()> cancelProgress; // of the last progress window
 
     platform::Answer messageBox(base::TextView text, base::TextView title,
                                 platform::BoxStyle style) override {
@@ -96,11 +96,11 @@ public:
     }
 };
 
-// An internet of the pages that the test laid; it notes what is asked.
+// Serves the pages that the test has prepared and records the requests.
 class FakeInternet : public platform::Internet {
 public:
     std::map<std::string, std::string> pages; // by address
-    std::vector<std::string> reads;           // "agent address"
+    std::vector<std::string> reads;           // as "agent address"
 
     std::string read(const std::string& address, const std::string& agent) override {
         reads.push_back(agent + ' ' + address);
@@ -108,23 +108,23 @@ public:
     }
 };
 
-// A shell that notes what it is to open.
+// A shell that records what it opens.
 class FakeShell : public platform::Shell {
 public:
-    std::vector<std::string> opened; // in UTF-8; "sound settings"
+    std::vector<std::string> opened; // UTF-8; or "sound settings"
 
     void open(base::TextView target) override { opened.push_back(base::toUtf8(target)); }
     void openSoundSettings() override { opened.emplace_back("sound settings"); }
 };
 
-// A thread without time of its own: work is done when it is posted.
+// A worker without a thread: work runs when posted.
 class FakeWorker : public platform::Worker {
 public:
     void post(std::function<void()> work) override { work(); }
     void drain() override {}
 };
 
-// A desktop without a screen: virtual time, a temporary program folder with the shipped kind of files in it.
+// A desktop without a screen: virtual time, and a temporary program folder with the usual files.
 class FakeDesktop : public app::Desktop {
 public:
     TemporaryFolder folder;
@@ -141,15 +141,15 @@ public:
     FakePrinter printerPort;
     FakeWaveInput device;
     player::Form1* form1 = nullptr;
-    recorder::FrmAudioRec* recorder = nullptr; // once it was opened
+    recorder::FrmAudioRec* recorder = nullptr; // null until opened
     editor::Form2* form2 = nullptr;
     editor::FrmFind* frmFind = nullptr;
     bookmarks::Form3* form3 = nullptr;
     dictation::Form4* form4 = nullptr;
-    safety::QuietLineWindow* quietLine = nullptr; // once something was told
+    safety::QuietLineWindow* quietLine = nullptr; // null until something was shown
     safety::VersionsWindow* versions = nullptr;   // likewise
-    safety::NoticesWindow* notices = nullptr;     // once it was opened
-    std::function<void()> inForm4 = [] {};        // what the user does while the dialog is open
+    safety::NoticesWindow* notices = nullptr;     // null until opened
+    std::function<void()> inForm4 = [] {};        // user input while the dialog is open
 
     FakeDesktop() {
         systemPort.whenEnded = [this] { loop.end(); };
@@ -159,8 +159,8 @@ public:
         layLanguage("English.lng");
     }
 
-    // A language file in which entry n reads "&<first letters of the file's name>n", or begins otherwise, but
-    // for these others.
+    // Creates a language file whose entry n reads "&<first two letters of its name>n", or `before` and n,
+    // except for the entries in `others`.
     void layLanguage(const std::string& name, int lines = 136, const std::map<int, std::string>& others = {},
                      std::string before = {}) const {
         std::string bytes;
@@ -176,7 +176,7 @@ public:
             bytes += line + "\r\n";
         folder.write("Files/Quillmere.ini", bytes);
     }
-    // Settings of 5 s a step, 2 s back, phases of 5 s and 3 s, but for these lines, counted from 1.
+    // Settings with steps of 5 s, 2 s back, phases of 5 s and 3 s, except for these lines (counted from 1).
     void laySettingsWith(std::map<int, std::string> lines) const {
         lines.insert({{1, "English.lng"}, {2, "80"}, {3, "561"}, {4, "5"}, {5, "2"}, {7, ""}});
         lines.insert({{21, "5"}, {22, "3"}, {25, "1"}});
@@ -192,7 +192,7 @@ public:
             std::getline(lines, found);
         return found.substr(0, found.find('\r'));
     }
-    // A media file that the player can play for so many seconds; the command line that opens it.
+    // Creates a media file that the player plays for this many seconds; returns its path.
     base::Text layMedia(const std::string& name, double seconds) {
         folder.write(name, "sound");
         player.lengths[folder.text(name)] = seconds;
@@ -239,7 +239,7 @@ public:
     void show(safety::NoticesWindow& form) override { notices = &form; }
     void show(safety::VersionsWindow& form) override { versions = &form; }
 
-    // Commands of menus that did nothing yet when they were shown: a real menu greys them for good.
+    // Menu commands without a routine when they were shown: a real menu would disable them for good.
     std::vector<std::string_view> shownWithoutRoutine;
 
 private:

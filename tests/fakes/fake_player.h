@@ -13,9 +13,9 @@
 
 namespace fakes {
 
-// A media player in virtual time: it takes `loadingTime` to load, runs at its rate, stops at the end. It
-// plays the files that the test gave a length. `commands` tells what it was asked for, before any rule of the
-// port.
+// A media player in virtual time: loading takes `loadingTime`, playback follows the rate and stops at the
+// end. Plays files whose length the test has set. `commands` logs the calls, before the rules of the port are
+// applied.
 class FakePlayer : public platform::MediaPlayer {
 public:
     static constexpr double unknownLength = std::numeric_limits<double>::infinity();
@@ -99,7 +99,7 @@ public:
     void showPicturesIn(std::uint64_t) override {}
     platform::PictureSize pictureSize() const override { return picture; }
 
-    platform::PictureSize picture; // the test tells a change by PictureChanged
+    platform::PictureSize picture; // after setting it, the test calls PictureChanged
 
 private:
     void load() {
@@ -125,7 +125,7 @@ private:
         const double ms = run_ == platform::PlayState::Playing ? double(loop_.now() - since_) : 0;
         return std::min(position_ + ms / 1000 * rate_, length());
     }
-    // Makes what time alone has brought about, the end of the media, the state.
+    // Applies the state change that the passage of time has caused: stopped at the end of the file.
     void settle() {
         if (playState() != platform::PlayState::Stopped)
             return;
@@ -140,9 +140,9 @@ private:
     VirtualLoop& loop_;
     base::Text url_;
     bool media_ = false;
-    platform::PlayState run_ = platform::PlayState::Stopped; // once the file is loaded
-    std::int64_t ready_ = 0;                                 // when the file is loaded
-    double position_ = 0;                                    // seconds, at `since_`
+    platform::PlayState run_ = platform::PlayState::Stopped; // state after loading
+    std::int64_t ready_ = 0;                                 // when loading ends
+    double position_ = 0;                                    // seconds, at time `since_`
     std::int64_t since_ = 0;
     double rate_ = 1;
 };

@@ -9,14 +9,15 @@
 
 namespace fakes {
 
-// Printers without paper. It notes what is done to them, and answers the dialog as the test laid ready.
+// Printers without paper. Records the calls and answers the dialog as the test has prepared.
 class FakePrinter : public platform::Printer, private platform::PrintDevice {
 public:
     std::vector<base::Text> installed{u"Office", u"PDF file"};
     base::Text current = u"Office";
     platform::PrinterSettings now;
     std::vector<platform::PrinterProperty> refused;
-    std::vector<std::string> commands; // "printer Office", "set 0", "dialog Office"
+    // such as "printer Office", "set 0", "dialog Office x 1 for Interview"
+    std::vector<std::string> commands;
     std::optional<platform::PrinterChoice> answer;
 
     std::vector<base::Text> Printers() const override { return installed; }

@@ -14,12 +14,13 @@
 
 namespace fakes {
 
-// A rich-text control without a screen: plain text with one set of formats for all of it; it folds the case
-// of ASCII alone. It notes what is asked of it.
+// A rich-text control without a screen: plain text with one set of formats for all of it; ignores case for
+// ASCII only. Records the calls.
 class FakeRichText : public platform::RichText {
 public:
     std::vector<std::string> commands; // in order: "bold on", "align 2", "size 13", "focus", "load", "save"
-    std::map<std::string, platform::Setting> styles; // by "bold", "italic", "underline", "strike", "bullet"
+    // keys: "bold", "italic", "underline", "strike", "bullet"
+    std::map<std::string, platform::Setting> styles;
     std::optional<double> size = 12;
     bool refusesSearch = false;
 
@@ -28,7 +29,7 @@ public:
             styles[style] = setting;
     }
 
-    // Types at the caret, as the user does.
+    // Types at the caret, like the user.
     void type(base::TextView typed) { setSelText(typed); }
 
     base::Text Text() const override { return text_; }
@@ -144,7 +145,8 @@ private:
         Change();
         Edited();
     }
-    // The place, or the nearest before it that lies inside the text and between two letters or line ends.
+    // The position, or the nearest one before it that is inside the text and does not split a character or CR
+    // LF.
     std::int32_t nearest(std::int32_t place) const {
         const std::int32_t inside = std::clamp(place, 0, textLength());
         if (inside == 0 || inside == textLength())
@@ -173,7 +175,7 @@ private:
     base::Text text_;
     std::int32_t start_ = 0;
     std::int32_t length_ = 0;
-    std::int32_t told_ = 0; // length of the text when its changes were last asked for
+    std::int32_t told_ = 0; // length of the text at the last takeChange()
     bool edited_ = false;
 };
 

@@ -8,18 +8,18 @@
 
 namespace fakes {
 
-// A sound card with the rules of the port, which fills a buffer when the test says so.
+// A sound card that follows the rules of the port and fills a buffer when the test says so.
 class FakeWaveInput : public platform::WaveInput {
 public:
     using Buffer = platform::WaveBuffer;
 
-    Result refusal = 0; // what open answers
-    base::Text words;   // for every failure
-    bool slow = false;  // open waits for answer
+    Result refusal = 0; // result of open
+    base::Text words;   // error text for every failure
+    bool slow = false;  // open waits for answer()
     platform::WaveFormat format;
 
-    // Fills the next buffer of the queue with bytes counted up from `first`, and reports it. False when the
-    // device does not run or has no buffer.
+    // Fills the next buffer in the queue with bytes counting up from `first` and reports it. Returns false if
+    // the device is not running or has no buffer.
     bool fill(int first = 1) {
         if (!running_ || queue_.empty())
             return false;
@@ -40,7 +40,7 @@ public:
         if (!slow)
             answer();
     }
-    // The answer of a slow device, if somebody waits for it.
+    // Completes the open of a slow device, if it is still wanted.
     void answer() {
         const auto opened = std::exchange(opened_, nullptr);
         open_ = opened && refusal == 0;
@@ -98,7 +98,7 @@ private:
         buffer.dwFlags = Buffer::WHDR_PREPARED | Buffer::WHDR_DONE;
     }
 
-    std::function<void(Result)> opened_; // who waits for the answer
+    std::function<void(Result)> opened_; // callback of the pending open
     std::deque<Buffer*> queue_;
     bool open_ = false;
     bool running_ = false;

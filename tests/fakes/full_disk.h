@@ -5,7 +5,7 @@
 
 namespace fakes {
 
-// While it lives, no file grows beyond so many bytes: a write fails halfway, as on a full disk.
+// While this object exists, no file can grow beyond `bytes`: a write fails halfway, as on a full disk.
 class FullDisk {
 public:
     explicit FullDisk(rlim_t bytes) {

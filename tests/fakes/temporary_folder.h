@@ -10,7 +10,7 @@
 
 namespace fakes {
 
-// A folder of its own for one test, gone with it.
+// A folder that exists as long as this object.
 class TemporaryFolder {
 public:
     TemporaryFolder() {

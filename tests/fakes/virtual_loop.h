@@ -8,8 +8,8 @@
 
 namespace fakes {
 
-// A loop without real time: advance(ms) calls what falls due, in order of due time, then of start. A call may
-// start or stop any alarm, destroy one, or advance the loop itself, as a modal box does.
+// An event loop in virtual time: advance(ms) makes all calls that become due, ordered by due time, then by
+// start. A call may start, stop or destroy any alarm, or advance the loop itself, as a modal dialog does.
 class VirtualLoop : public platform::EventLoop {
 public:
     std::unique_ptr<platform::Alarm> alarm(std::function<void()> call) override {
@@ -30,14 +30,14 @@ public:
                 break;
             now_ = std::max(now_, next->due);
             next->due = now_ + next->period;
-            const auto call = next->call; // the alarm may be gone before its own call returns
+            const auto call = next->call; // a copy: the alarm may be destroyed during its own call
             call();
         }
         now_ = std::max(now_, end);
     }
 
     std::int64_t now() const override { return now_; }
-    // From now on no alarm is called, until a program begins anew.
+    // From now on, no alarm is called until begin().
     void end() { ended_ = true; }
     void begin() { ended_ = false; }
 

@@ -12,7 +12,7 @@ inline void select(platform::RichText& text, int start, int length) {
     text.setSelLength(length);
 }
 
-// The text with its selection, "a[b]c" or "a|bc", each end of a paragraph as a stroke.
+// The text with its selection, as "a[b]c" or "a|bc"; "/" stands for a paragraph end.
 inline std::string shown(const platform::RichText& text) {
     base::Text all = text.Text();
     const auto start = static_cast<std::size_t>(text.SelStart());
@@ -21,7 +21,7 @@ inline std::string shown(const platform::RichText& text) {
     return base::toUtf8(base::replaced(all, u"\r\n", u"/"));
 }
 
-// Counts the changes of a text. `seen` is what the program found at the last of them.
+// Counts the changes of a text. `seen` is the text as the program finds it during the last change.
 struct WatchedText {
     explicit WatchedText(platform::RichText& text) {
         text.Change = [this, &text] {
@@ -35,7 +35,7 @@ struct WatchedText {
 
     int changes = 0;
     std::string seen;
-    base::Text told; // the text as its changes tell it
+    base::Text told; // the text rebuilt from the reported changes
 };
 
 } // namespace fakes

@@ -6,8 +6,8 @@
 
 namespace fakes {
 
-// The whole program wired to fakes, started without media, in a language of entries "&En0" to "&En135". Steps
-// are 5 s, every pause goes 2 s back.
+// The whole program on fakes, started without a recording, with language entries "&En0" to "&En135". Steps
+// are 5 s, every pause steps back 2 s.
 class Workbench {
 public:
     explicit Workbench(const std::map<int, std::string>& settings = {}) {
@@ -16,7 +16,7 @@ public:
         desktop.player.commands.clear();
     }
 
-    // Starts the program once more, on what lies in its folder now.
+    // Starts the program again with the current contents of its folder.
     bool start(base::TextView commandLine = u"") {
         desktop.loop.begin();
         program.emplace(desktop);
@@ -29,8 +29,8 @@ public:
         opener().ApriMedia(desktop.layMedia(name, seconds));
     }
 
-    // Switches to a language of entries "T0" to "T135" without a mnemonic, as the dialogs need it that know
-    // their job by an entry. Entry 128 is "(nnn)".
+    // Switches to a language with entries "T0" to "T135" without mnemonics: the input dialog recognises its
+    // task by comparing such an entry. Entry 128 is "(nnn)".
     void speakPlainly() {
         desktop.layLanguage("Plain.lng", 136, {{128, "(nnn)"}}, "T");
         desktop.dialogPort.choices.push_back(desktop.folder.text("Files/Lang/Plain.lng"));

@@ -1,5 +1,5 @@
-// Reads every language file as it is shipped and checks what a translator can break without noticing:
-// the shape of the file, mnemonics that fight within one menu, and texts that the program compares or joins.
+// Checks every shipped language file for errors that a translator would not notice: the file format,
+// conflicting mnemonics in one menu, and texts that the program compares or joins.
 #include "base/files.h"
 #include "lang/words.h"
 #include "testing.h"
@@ -18,17 +18,17 @@ static const std::string languages[] = {"Brazilian",  "English", "Fran\303\247ai
                                         "Nederlands", "Polish",  "Russian",         "Spanish",   "Svenska"};
 static const char* const folder = LANGUAGE_FILES_DIR;
 constexpr size_t entryCount = 136;
-// Nothing in the program asks for these; they may stay empty.
+// The program does not use these; they may be empty.
 static const std::set<size_t> unused = {24, 28, 29, 58, 69, 73, 83, 108, 109, 117, 119};
-// Menu entries that also serve as tool tip, window title or state word.
+// Menu entries that are also used as tool tip, window title or state.
 static const std::set<int> plain = {3, 7, 8, 21, 84, 85, 86, 93, 104, 116, 124, 125, 126};
-// The captions that take turns in one place of a menu, negative if the program itself puts the "&" in front.
+// The captions that alternate in one place of a menu; negative if the program itself prepends the "&".
 struct Place : std::vector<int> {
     Place(int only) : vector{only} {}
     Place(std::initializer_list<int> turns) : vector(turns) {}
 };
 static const std::vector<Place> menus[] = {
-    {2, 6, 87, 13, 74}, // the player: menu bar (its "&?" holds no letter), file, playback, view, options, ...
+    {2, 6, 87, 13, 74}, // the player: menu bar ("&?" has no letter), file, playback, view, options, ...
     {3, 4, 104, 5},
     {{7, 8}, 9, 11, 10, 129, 130, 12, 93, 94, 95},
     {{86, 116}, {84, 85}},
@@ -43,7 +43,7 @@ static const std::vector<Place> menus[] = {
     {{-56, 57}, 59, 60, 61, 63, 64, 21}, // find and replace
 };
 
-// In lower case, if a keyboard gives it without a dead key (ASCII, Cyrillic); 0 for everything else.
+// The lower-case letter if a keyboard types it without a dead key (ASCII, Cyrillic); otherwise 0.
 static char16_t plainLetter(char16_t c) {
     const char16_t low = (c >= u'A' && c <= u'Z') || (c >= 0x410 && c <= 0x42F) ? c + 0x20 : c;
     return (low >= u'a' && low <= u'z') || (low >= 0x430 && low <= 0x44F) ? low : 0;
@@ -71,7 +71,7 @@ protected:
     std::vector<Text> entries;
 };
 
-TEST(LanguageFolder, FilesListed_AreTheTenShippedLanguages) {
+TEST(LanguageFolder, Folder_HoldsTheTenShippedLanguages) {
     std::set<std::string> found;
     for (const auto& file : fs::directory_iterator(folder))
         if (file.path().extension() == ".lng")
@@ -79,7 +79,7 @@ TEST(LanguageFolder, FilesListed_AreTheTenShippedLanguages) {
     EXPECT_EQ(found, std::set<std::string>(std::begin(languages), std::end(languages)));
 }
 
-TEST_P(LanguageFile, Bytes_AreUtf8WithAMarkOnlyWhereNeeded_InLinesThatCarryTheirIndex) {
+TEST_P(LanguageFile, Bytes_AreUtf8WithAByteOrderMarkIfNeeded_InNumberedLines) {
     const Text text = base::fromUtf8(bytes.substr(marked ? 3 : 0));
     EXPECT_EQ(marked, std::ranges::any_of(text, [](char16_t c) { return c >= 0x80; }));
     EXPECT_TRUE(std::ranges::none_of(text, [](char16_t c) { return c >= 0xD800 && c <= 0xDFFF; }));
@@ -90,7 +90,7 @@ TEST_P(LanguageFile, Bytes_AreUtf8WithAMarkOnlyWhereNeeded_InLinesThatCarryTheir
     }
 }
 
-TEST_P(LanguageFile, Entries_AreFilledWithoutOuterBlanks_AndHaveOneAmpersandBeforeALetterWhereAMenuTakesIt) {
+TEST_P(LanguageFile, Entries_AreTrimmedAndNotEmpty_WithOneMnemonicWhereAllowed) {
     std::set<int> allowed;
     for (const auto& menu : menus)
         for (const auto& place : menu)
@@ -104,7 +104,7 @@ TEST_P(LanguageFile, Entries_AreFilledWithoutOuterBlanks_AndHaveOneAmpersandBefo
     }
 }
 
-TEST_P(LanguageFile, Mnemonics_InEveryTurnOfCaptions_AreUniqueWithinTheirMenu) {
+TEST_P(LanguageFile, Mnemonics_AreUniqueWithinTheirMenu_ForAllAlternatingCaptions) {
     for (const auto& menu : menus) {
         std::set<char16_t> taken;
         for (const auto& place : menu) {
@@ -117,7 +117,7 @@ TEST_P(LanguageFile, Mnemonics_InEveryTurnOfCaptions_AreUniqueWithinTheirMenu) {
     }
 }
 
-TEST_P(LanguageFile, Texts_ComparedAsState_DifferFromEachOther) {
+TEST_P(LanguageFile, Texts_ComparedAsState_AreDistinct) {
     for (auto [one, other] : Pairs{{7, 8}, {84, 85}, {86, 116}, {113, 114}})
         EXPECT_NE(entries[one], entries[other]) << one;
     EXPECT_EQ(std::set({entries[32], entries[35], entries[39], entries[93], entries[124]}).size(), 5u);
@@ -125,33 +125,35 @@ TEST_P(LanguageFile, Texts_ComparedAsState_DifferFromEachOther) {
         EXPECT_FALSE(entries[prompt].starts_with(entries[start])) << prompt << " begins like " << start;
 }
 
-TEST_P(LanguageFile, Texts_JoinedWithOthers_FitWhatIsPutBehindThem) {
-    EXPECT_TRUE(entries[15].size() > 3 && entries[15].ends_with(u"...")); // cut off for a title
-    for (int i : {33, 40, 56, 59, 75, 97, 104, 118, 125, 126})            // a number, a name, "...", ":", "?"
+TEST_P(LanguageFile, Texts_JoinedWithOthers_FitTheirContinuation) {
+    EXPECT_TRUE(entries[15].size() > 3 && entries[15].ends_with(u"...")); // the dots are cut off for a title
+    // followed by a number, a name, "...", ":", "?"
+    for (int i : {33, 40, 56, 59, 75, 97, 104, 118, 125, 126})
         EXPECT_TRUE(entries[i].find_last_of(u".?!\u2026") != entries[i].size() - 1) << i;
     EXPECT_FALSE(entries[118].ends_with(u':'));
-    EXPECT_EQ(entries[97].find_first_of(u"\\/:*?\"<>|"), Text::npos); // becomes a file name
+    EXPECT_EQ(entries[97].find_first_of(u"\\/:*?\"<>|"), Text::npos); // used in a file name
     for (size_t i = 0; i < entryCount; ++i) {
         EXPECT_EQ(entries[i].find(u"nnn") != Text::npos, i == 128) << i;
         EXPECT_EQ(entries[i].find(u"<BR>") != Text::npos, i == 131) << i;
     }
-    Text word; // a boolean or a number here would switch a menu item
+    Text word; // a boolean or number here would disable a menu item
     std::ranges::transform(entries[133], std::back_inserter(word), plainLetter);
     EXPECT_TRUE(word != u"true" && word != u"false" && entries[133].find_first_of(u"0123456789+-.&#") != 0);
 }
 
-TEST_P(LanguageFile, Captions_OfNarrowPlaces_AreShortEnough) {
+TEST_P(LanguageFile, Captions_InNarrowPlaces_AreShortEnough) {
     std::set<Text> letters;
     for (int button : {90, 91, 92, 115})
         EXPECT_TRUE(entries[button].size() == 1 && letters.insert(entries[button]).second) << button;
-    int pixels = 0; // roughly: six captions and their margins have to fit in 348
+    int pixels = 0; // approximation: six captions and their margins must fit into 348
     for (int i : {2, 6, 87, 13, 74})
         for (char16_t c : entries[i])
             pixels += c == u'&' ? 0 : c < 0x400 ? 7 : 8;
     EXPECT_LE(pixels, 38 * 7);
 }
 
-// The texts of the sources that stand beside the language table: u"Close"_en, perhaps in several literals.
+// All texts of the sources that are translated in .words files: u"Close"_en, possibly split into several
+// literals.
 static std::set<Text> textsOfSources() {
     std::set<Text> texts;
     const std::regex mark(R"re(((?:u"(?:[^"\\]|\\.)*"\s*)+)_en\b)re");
@@ -178,7 +180,7 @@ static std::multiset<Text> placesForParts(const Text& text) {
     return places;
 }
 
-TEST_P(LanguageFile, WordsBesideIt_HoldEveryTextOfTheSources_WithItsPlacesAndAFreeMnemonic) {
+TEST_P(LanguageFile, WordsFile_HasEveryTextOfTheSources_WithItsPlaceholdersAndAFreeMnemonic) {
     static const std::set<Text> texts = textsOfSources();
     ASSERT_GT(texts.size(), 20U);
     const auto path = base::fromUtf8((fs::path(folder) / (GetParam() + ".words")).string());
@@ -195,7 +197,7 @@ TEST_P(LanguageFile, WordsBesideIt_HoldEveryTextOfTheSources_WithItsPlacesAndAFr
     }
     const Text menu = shown(u"T&ranscript");
     const char16_t letter = plainLetter(menu[menu.find(u'&') + 1]);
-    for (int entry : {2, 47, 71, 134}) // its neighbours on the menu bar
+    for (int entry : {2, 47, 71, 134}) // its neighbours in the menu bar
         EXPECT_NE(letter, mnemonic(entry)) << entry;
 }
 

@@ -23,7 +23,7 @@ protected:
     lang::LanguageTable Lingua{files, programFolder};
 };
 
-TEST_F(LanguageTableTest, Lines_LoseTheirFirstThreeCharacters_AndAShorterFileLeavesTheLaterEntries) {
+TEST_F(LanguageTableTest, Lines_LoseTheirFirst3Characters_AndAShorterFileKeepsTheLaterEntries) {
     load(lines(136));
     load("\xEF\xBB\xBF"
          "000\xD0\xAF\r\n001\r\n00\r\n\r\n004 x");
@@ -33,7 +33,7 @@ TEST_F(LanguageTableTest, Lines_LoseTheirFirstThreeCharacters_AndAShorterFileLea
     EXPECT_EQ(Lingua(136), u"");
 }
 
-TEST_F(LanguageTableTest, LineBeyondTheTable_Fails_WithTheTableFull) {
+TEST_F(LanguageTableTest, LineBeyondTheTable_Fails_AfterFillingTheTable) {
     load(lines(151));
     EXPECT_EQ(Lingua(150), u"150");
     EXPECT_THROW(load("xyzNew\r\n" + lines(151)), base::Failure);
@@ -41,7 +41,7 @@ TEST_F(LanguageTableTest, LineBeyondTheTable_Fails_WithTheTableFull) {
     EXPECT_EQ(Lingua(150), u"149");
 }
 
-TEST(LanguageChoice, Country_GoesByTheFirstTwoLettersOfItsEnglishName) {
+TEST(LanguageChoice, Country_IsMatchedByTheFirstTwoLettersOfItsEnglishName) {
     const std::pair<base::Text, base::Text> rows[] = {
         {u"Italy", u"Italiano.lng"},  {u"RUSSIA", u"Russian.lng"},   {u"France", u"Français.lng"},
         {u"Estonia", u"Spanish.lng"}, {u"Portugal", u"English.lng"}, {u"Sweden", u"English.lng"},

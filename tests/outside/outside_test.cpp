@@ -10,7 +10,7 @@ protected:
 
 const std::string versionPage = "https://sites.brackenloft.example/site/brackenloftfreeware/ver_qmr.txt";
 
-// Starts the program once more, with the update check switched on.
+// Starts the program again with the update check turned on.
 class UpdateCheckTest : public OutsideTest {
 protected:
     UpdateCheckTest() {
@@ -24,7 +24,7 @@ protected:
     }
 };
 
-TEST_F(UpdateCheckTest, NothingButNineCharactersAboveTheOwnVersion_AsksTheUser) {
+TEST_F(UpdateCheckTest, OnlyNineCharactersAboveTheOwnVersion_AskTheUser) {
     EXPECT_THAT(desktop.internetPort.reads, ElementsAre()) << "with the check off";
     const std::pair<std::string, bool> rows[] = {
         {"001015002", false},   {"001015003", true}, {"00101500\xFF", true}, {"00a000000", true},
@@ -41,7 +41,7 @@ TEST_F(UpdateCheckTest, NothingButNineCharactersAboveTheOwnVersion_AsksTheUser) 
     EXPECT_THAT(opened, ElementsAre());
 }
 
-TEST_F(UpdateCheckTest, Yes_OpensThePage_AndEndsWithoutSaving) {
+TEST_F(UpdateCheckTest, AnswerYes_OpensThePage_AndEndsWithoutSaving) {
     const std::string settings = desktop.folder.read("Files/Quillmere.ini");
     startReading("001015003", platform::Answer::Yes);
     EXPECT_THAT(opened, ElementsAre("https://www.brackenloft.example/quillmere.html"));
@@ -51,12 +51,12 @@ TEST_F(UpdateCheckTest, Yes_OpensThePage_AndEndsWithoutSaving) {
     EXPECT_EQ(desktop.folder.read("Files/Quillmere.ini"), settings);
 }
 
-TEST(Version, Digits_HaveThreePlacesEach_AndNoneFromAHundredOn) {
+TEST(Version, Digits_HaveThreePlacesEach_AndNumbersFrom100OnAreOmitted) {
     EXPECT_EQ(outside::Version({9, 10, 99}).digits(), "009010099");
     EXPECT_EQ(outside::Version({1, 100, 2}).digits(), "001002");
 }
 
-TEST(Links, Guide_GoesByTheLanguageFile_InAnyCase) {
+TEST(Links, Guide_DependsOnTheLanguageFile_IgnoringCase) {
     const std::pair<base::TextView, base::TextView> rows[] = {
         {u"ITALIANO.LNG", u"it"},
         {u"Russian.lng", u"ru"},
@@ -68,7 +68,7 @@ TEST(Links, Guide_GoesByTheLanguageFile_InAnyCase) {
         EXPECT_EQ(outside::guideLanguage(file), code);
 }
 
-TEST_F(OutsideTest, Commands_OpenTheirPages_AndThePlayerStandsAside) {
+TEST_F(OutsideTest, Commands_OpenTheirPages_AndMinimiseThePlayer) {
     const std::string site = "https://www.brackenloft.example";
     const std::string folder = desktop.folder.path().string();
     const std::pair<controls::MenuItem&, std::string> rows[] = {
@@ -93,7 +93,7 @@ protected:
     }
 };
 
-TEST_F(AboutBoxTest, Panel_ScrollsHaltsLeavesAndBeginsAnew) {
+TEST_F(AboutBoxTest, Panel_ScrollsInPausesScrollsOutAndRepeats) {
     const controls::Picture& panel = open().Picture2;
     const std::pair<int, int> road[] = {{0, 2200},  {1, 2190},    {411, -1920}, {120, -1920},
                                         {1, -1930}, {222, -4150}, {1, 2200},    {532, -1920}};
@@ -104,7 +104,7 @@ TEST_F(AboutBoxTest, Panel_ScrollsHaltsLeavesAndBeginsAnew) {
     EXPECT_EQ(open().Picture2.top, 2200);
 }
 
-TEST_F(AboutBoxTest, Windows_MakeRoom_AndThoseThatTheMenusNameComeBack) {
+TEST_F(AboutBoxTest, Windows_AreHidden_AndRestoredAsTheMenusSay) {
     for (const bool editor : {true, false}) {
         if (desktop.form2->visible != editor)
             form().mnuMostraNascondi.Click();
@@ -118,7 +118,7 @@ TEST_F(AboutBoxTest, Windows_MakeRoom_AndThoseThatTheMenusNameComeBack) {
     }
 }
 
-TEST_F(AboutBoxTest, Caption_KeepsTheDotsAtItsEnd) {
+TEST_F(AboutBoxTest, Caption_KeepsItsTrailingDots) {
     EXPECT_EQ(open().lblVersion.caption.get(), outside::programVersion.shown());
     for (const auto& [entry, caption] : {std::pair{"&About...", u"About..."}, {"...About us", u"...About"}}) {
         desktop.layLanguage("English.lng", 136, {{19, entry}});

@@ -4,7 +4,7 @@ using testing::ElementsAre;
 
 class VolumeBarTest : public fakes::WorkbenchTest {
 protected:
-    // A drag of the thumb to `y` that lasts for one tick of its timer.
+    // Drags the thumb to `y` for one tick of its timer.
     void drag(double y, int button = 1) {
         thumb.MouseMove({0, 180, 100});
         thumb.MouseDown({button, 180, 100});
@@ -15,7 +15,7 @@ protected:
     controls::Picture& thumb = form().Image1;
 };
 
-TEST_F(VolumeBarTest, Click_PutsTheThumbThere_WithinTheBar) {
+TEST_F(VolumeBarTest, Click_MovesTheThumb_WithinTheBar) {
     for (const auto& [y, top, percent] :
          {std::tuple{-50., 360., 100}, {0., 360., 100}, {600., 862.5, 50}, {1200., 1365., 0}}) {
         form().Image2.MouseUp({1, 45, y});
@@ -25,12 +25,12 @@ TEST_F(VolumeBarTest, Click_PutsTheThumbThere_WithinTheBar) {
     }
 }
 
-TEST_F(VolumeBarTest, Drag_FollowsAtThePaceOfTheTimer_AndIsHeardOnRelease) {
+TEST_F(VolumeBarTest, Drag_MovesTheThumbWithTheTimer_AndSetsTheVolumeOnRelease) {
     drag(700, 2);
     EXPECT_EQ(thumb.top, 561) << "another button";
     thumb.MouseUp({2, 180, 700});
     drag(500);
-    EXPECT_EQ(thumb.top, 974); // 561 + 500 - 350 - 97.5 + 360, half to even
+    EXPECT_EQ(thumb.top, 974); // 561 + 500 - 350 - 97.5 + 360, rounded half to even
     EXPECT_EQ(player.volume, 80) << "that of the settings";
     thumb.MouseUp({1, 180, 87});
     EXPECT_EQ(player.volume, 39);
@@ -38,8 +38,8 @@ TEST_F(VolumeBarTest, Drag_FollowsAtThePaceOfTheTimer_AndIsHeardOnRelease) {
     EXPECT_EQ(thumb.top, 974);
 }
 
-TEST_F(VolumeBarTest, Drag_BeyondTheEnds_StaysOnTheBar) {
-    // No 16-bit number holds the last target; it is left out of that tick.
+TEST_F(VolumeBarTest, Drag_BeyondTheEnds_IsLimitedToTheBar) {
+    // The last target overflows a 16-bit number and is ignored.
     for (const auto& [y, top] : {std::pair{-5000., 360.}, {5000., 1365.}, {90000., 360.}}) {
         drag(y);
         thumb.MouseMove({1, 180, y});
@@ -48,7 +48,7 @@ TEST_F(VolumeBarTest, Drag_BeyondTheEnds_StaysOnTheBar) {
     }
 }
 
-TEST_F(VolumeBarTest, Fade_EndsInWhite_ButStaysRedOnceAfterAChangeOfSpeed) {
+TEST_F(VolumeBarTest, Fade_EndsInWhite_ButOnceInRedAfterASpeedChange) {
     const auto colorAfterFade = [&] {
         form().Image2.MouseUp({1, 45, 600});
         desktop.loop.advance(1800);
@@ -60,7 +60,7 @@ TEST_F(VolumeBarTest, Fade_EndsInWhite_ButStaysRedOnceAfterAChangeOfSpeed) {
     EXPECT_EQ(colorAfterFade(), controls::rgb(255, 255, 255));
 }
 
-TEST(SeekBar, Release_GoesToTheWholeSecondBelow_AndAtRestTwoFurtherBack) {
+TEST(SeekBar, Release_SeeksToTheWholeSecond_AndTwoSecondsBackIfPaused) {
     fakes::Workbench bench;
     const auto commandsOfRelease = [&](double x) {
         bench.player.commands.clear();
@@ -79,7 +79,7 @@ TEST(SeekBar, Release_GoesToTheWholeSecondBelow_AndAtRestTwoFurtherBack) {
     EXPECT_THAT(commandsOfRelease(2000), ElementsAre()) << "nor after the close";
 }
 
-TEST(Speed, Steps_StayWithinTheirTwoLimits) {
+TEST(Speed, Steps_StayWithinBothLimits) {
     fakes::Workbench bench;
     player::Form1& form = bench.form();
     const std::tuple<double, controls::MenuItem&, base::TextView> rows[] = {

@@ -4,7 +4,7 @@ using testing::ElementsAre;
 
 using SessionTest = fakes::WorkbenchTest;
 
-TEST_F(SessionTest, Open_AndClose_OfferTheCommandsAndTakeThemBack) {
+TEST_F(SessionTest, OpenAndClose_EnableAndDisableTheCommands) {
     const auto expectOffered = [&](bool offered) {
         for (const controls::MenuItem* item :
              {&form().mnuChiudi, &form().mnuPlay, &form().mnuStop, &form().mnuVai, &form().mnuBookMark})
@@ -24,17 +24,17 @@ TEST_F(SessionTest, Open_AndClose_OfferTheCommandsAndTakeThemBack) {
     EXPECT_EQ(form().HoverPlay, 0);
     EXPECT_EQ(form().Label2.caption.get(), u"0:00 / 0:00");
     session().vai(desktop.folder.text("gone.mp3"));
-    expectOffered(true); // all the same
+    expectOffered(true); // although the file does not exist
     EXPECT_EQ(std::ranges::count(player.commands, "load"), 1);
 }
 
-TEST_F(SessionTest, Open_WhileAnotherPlays_PausesThatWithItsStepBackFirst) {
+TEST_F(SessionTest, Open_WhilePlaying_FirstPausesWithAStepBack) {
     open("a.mp3", 180);
     desktop.loop.advance(10050);
     player.commands.clear();
     open("b.mp3", 180);
     EXPECT_THAT(player.commands, ElementsAre("seek 8", "pause", "load", "seek 0", "pause", "play"));
-    form().mnuApri.Click(); // and is cancelled
+    form().mnuApri.Click(); // cancelled
     EXPECT_FALSE(form().isPlaying());
     player.commands.clear();
     desktop.form2->top = 0;
@@ -52,7 +52,7 @@ TEST_F(SessionTest, Open_WhileAnotherPlays_PausesThatWithItsStepBackFirst) {
     EXPECT_EQ(form().Label4.tag.get(), desktop.folder.text("b.mp3"));
 }
 
-TEST_F(SessionTest, Title_SizeFollowsItsLength_InWhichADoubledAmpersandCountsTwice) {
+TEST_F(SessionTest, TitleSize_DependsOnTheLength_WithAmpersandsCountedTwice) {
     for (const auto& [name, points] : {std::pair{std::string(20, 'n'), 14},
                                        {std::string(19, 'n') + '&', 11},
                                        {std::string(44, 'n'), 11},
@@ -65,7 +65,7 @@ TEST_F(SessionTest, Title_SizeFollowsItsLength_InWhichADoubledAmpersandCountsTwi
     EXPECT_EQ(form().Label4.caption.get(), desktop.folder.text("0123456789012345678&&"));
 }
 
-TEST_F(SessionTest, Bar_GrowsInWholeTwips) {
+TEST_F(SessionTest, SeekBar_GrowsInWholeTwips) {
     open("talk.mp3", 180);
     desktop.loop.advance(player.loadingTime);
     form().cmdPlay.Click();

@@ -1,6 +1,6 @@
 #include "fakes/workbench.h"
 
-// Walks the mouse over the skin and looks at what each handler lit, reset and left alone.
+// Moves the mouse over the skin and checks what each handler highlights, resets and leaves alone.
 class SkinTest : public fakes::WorkbenchTest {
 protected:
     struct Button {
@@ -9,7 +9,7 @@ protected:
         base::Text rest, hover;
     };
 
-    static constexpr double dettaTop = 1425; // of the button at rest
+    static constexpr double dettaTop = 1425; // at rest
     const Button buttons[6] = {
         {&form().Image3, &form().HoverApri, u"Apri.bmp", u"Apri2.bmp"},
         {&form().cmdPlay, &form().FlagHoverSkin, u"play.jpg", u"play2.jpg"},
@@ -20,7 +20,7 @@ protected:
     };
 };
 
-TEST_F(SkinTest, EachHandler_LightsItsOwnAndResetsTheOthersOfItsRow) {
+TEST_F(SkinTest, EachHandler_HighlightsItsButton_AndResetsTheOthersInItsRow) {
     controls::Control* const handlers[] = {&form().Image3,   &form().cmdPlay, &form().cmdIndietro,
                                            &form().cmdAvanz, &form().cmdStop, &form().cmdRec,
                                            &form().imgDetta, &form()};

@@ -8,7 +8,7 @@ protected:
         open("talk.mp3", 180);
         desktop.loop.advance(player.loadingTime + static_cast<int>(seconds * 1000));
     }
-    // What a click on this makes of the player.
+    // The player commands caused by a click on this button.
     std::vector<std::string> commandsOf(controls::PictureButton& button) {
         player.commands.clear();
         button.Click();
@@ -16,7 +16,7 @@ protected:
     }
 };
 
-TEST_F(TransportTest, PauseAndStep_MoveWithoutALimit_AndAStepKeepsTheState) {
+TEST_F(TransportTest, PauseAndStep_AreNotClamped_AndAStepKeepsTheState) {
     openAt(1);
     EXPECT_THAT(commandsOf(form().cmdPlay), ElementsAre("seek -1", "pause"));
     EXPECT_EQ(form().mnuPlay.caption.get(), form().Lingua(7));
@@ -26,7 +26,7 @@ TEST_F(TransportTest, PauseAndStep_MoveWithoutALimit_AndAStepKeepsTheState) {
     EXPECT_THAT(commandsOf(form().cmdIndietro), ElementsAre("seek 0"));
 }
 
-TEST_F(TransportTest, StepWithoutALength_TakesTwoSecondsForGood) {
+TEST_F(TransportTest, StepOfZero_BecomesTwoSecondsPermanently) {
     desktop.laySettingsWith({{4, "0"}});
     ASSERT_TRUE(start());
     openAt(10);
@@ -35,7 +35,7 @@ TEST_F(TransportTest, StepWithoutALength_TakesTwoSecondsForGood) {
     EXPECT_EQ(desktop.savedLine(4), "2");
 }
 
-TEST_F(TransportTest, Stop_GoesToTheStart_LeavesTheMenusWord_AndThePlayBehindItHoldsFirst) {
+TEST_F(TransportTest, Stop_GoesToTheStart_KeepsTheMenuCaption_AndTheNextPlayPausesFirst) {
     openAt(30);
     EXPECT_THAT(commandsOf(form().cmdStop), ElementsAre("stop"));
     EXPECT_FALSE(form().isPlaying());

@@ -13,7 +13,7 @@ TEST_F(PlayerWindowTest, Restore_LeavesAHiddenEditorHidden) {
     }
 }
 
-TEST_F(PlayerWindowTest, FrameOfAnotherSize_MovesWhatStandsBesideIt) {
+TEST_F(PlayerWindowTest, FrameOfAnotherSize_MovesTheWindowsBesideIt) {
     desktop.folder.write("Bookmarks/a.mp3.bm", "00:00:09  A               00:00:09\r\n");
     for (const std::string name : {"a.mp3", "b.mp3"}) {
         open(name, 60);
@@ -30,7 +30,7 @@ TEST_F(PlayerWindowTest, FrameOfAnotherSize_MovesWhatStandsBesideIt) {
     EXPECT_EQ(desktop.form2->top, moved) << "the user has moved it";
 }
 
-TEST_F(PlayerWindowTest, StayOnTop_JumpsToItsPlaceInBothDirections_AndIsSaved) {
+TEST_F(PlayerWindowTest, StayOnTop_MovesThePlayerToItsDefaultPosition_AndIsSaved) {
     for (const auto& [on, line] : {std::pair{false, "1"}, {true, "0"}}) {
         form().left = 3000;
         form().top = 4500;
@@ -42,7 +42,7 @@ TEST_F(PlayerWindowTest, StayOnTop_JumpsToItsPlaceInBothDirections_AndIsSaved) {
     }
 }
 
-TEST_F(PlayerWindowTest, Drop_OfWhatIsNoFile_OffersTheCommandsAlone_AndOfNothingNothing) {
+TEST_F(PlayerWindowTest, Drop_OfANonFile_OnlyEnablesTheCommands_AndOfNothingDoesNothing) {
     form().Drop({u"\0\0"s});
     form().Drop({});
     EXPECT_FALSE(form().cmdPlay.enabled);
@@ -56,14 +56,14 @@ TEST_F(PlayerWindowTest, Drop_OfWhatIsNoFile_OffersTheCommandsAlone_AndOfNothing
     EXPECT_TRUE(boxes.empty());
 }
 
-TEST_F(PlayerWindowTest, Language_FollowsTheLastLangFolderOfTheChosenPath) {
+TEST_F(PlayerWindowTest, Language_IsTheNameAfterTheLastLangFolder) {
     desktop.layLanguage("Italiano.lng");
     desktop.layLanguage("Polish.lng", 3);
     const std::tuple<base::Text, base::Text, std::string> rows[] = {
         {u"/Lang/x/Lang/Italiano.lng", u"&It0", "Italiano.lng"},
         {u"/elsewhere/English.lng", u"&It0", "Italiano.lng"},
         {u"", u"&It0", "Italiano.lng"},
-        {u"/Lang/Polish.lng", u"&Po0", "Polish.lng"}, // a short file leaves the later entries
+        {u"/Lang/Polish.lng", u"&Po0", "Polish.lng"}, // a short file keeps the later entries
         {u"/Lang/none.lng", u"&Po0", "none.lng"},
     };
     for (const auto& [chosen, entry0, saved] : rows) {
@@ -86,7 +86,7 @@ protected:
     controls::Window& window = form().VideoWindow;
 };
 
-TEST_F(VideoPictureTest, Picture_GoesFromItsBoxToItsWindowAndBack) {
+TEST_F(VideoPictureTest, Video_MovesFromItsBoxToItsWindowAndBack) {
     platform::KeyEvent escapeKey{27};
     const std::function<void()> toWindow = [&] { form().VideoBox.DblClick(); };
     const std::function<void()> doubleClick = [&] { window.DblClick(); };
@@ -108,13 +108,13 @@ TEST_F(VideoPictureTest, Picture_GoesFromItsBoxToItsWindowAndBack) {
     EXPECT_FALSE(desktop.systemPort.ended) << "Esc in the picture does not leave the program";
 }
 
-TEST_F(VideoPictureTest, Window_OpensInThePicturesProportions_CoveringNoOther) {
+TEST_F(VideoPictureTest, Window_OpensInTheVideosAspectRatio_WithoutCoveringOthers) {
     for (const bool marks : {false, true}) {
         for (const auto& [width, height] : {std::pair{640, 480}, {3840, 2160}, {720, 1280}}) {
             SCOPED_TRACE(height);
             ASSERT_TRUE(start());
             desktop.form3->visible = marks;
-            form().mnuPrimoPiano.Click(); // to a place of its own
+            form().mnuPrimoPiano.Click(); // moves the windows to distinct places
             show({width, height});
             form().VideoBox.DblClick();
             const controls::Window& opened = form().VideoWindow;
@@ -133,7 +133,7 @@ TEST_F(VideoPictureTest, Window_OpensInThePicturesProportions_CoveringNoOther) {
     }
 }
 
-TEST_F(VideoPictureTest, Window_ComesBackWhereItWasLeft_AndGoesWithThePlayer) {
+TEST_F(VideoPictureTest, Window_ReopensAtItsPosition_AndMinimisesWithThePlayer) {
     open("talk.mp4", 60);
     form().Drop({desktop.layMedia("dropped.mp4", 60)});
     show({640, 360});
@@ -142,7 +142,7 @@ TEST_F(VideoPictureTest, Window_ComesBackWhereItWasLeft_AndGoesWithThePlayer) {
     EXPECT_EQ(window.icon.get(), form().icon.get());
     window.left = 1500;
     window.width = 6000;
-    window.height = 3000; // by hand
+    window.height = 3000; // as if resized by the user
     window.Unload();
     form().VideoBox.DblClick();
     EXPECT_EQ(window.left, 1500);
@@ -158,7 +158,7 @@ TEST_F(VideoPictureTest, Window_ComesBackWhereItWasLeft_AndGoesWithThePlayer) {
     EXPECT_EQ(window.height, 6000) << "the width stays, the proportions follow the picture";
 }
 
-TEST_F(VideoPictureTest, PictureThatFillsTheScreen_KeepsTheKeyboard_ButNotFromWhoTypes) {
+TEST_F(VideoPictureTest, FullScreen_KeepsTheFocus_UnlessTheEditorIsActive) {
     open("talk.mp4", 60);
     show({640, 360});
     int focused = 0;
@@ -177,7 +177,7 @@ TEST_F(VideoPictureTest, PictureThatFillsTheScreen_KeepsTheKeyboard_ButNotFromWh
     }
 }
 
-TEST_F(PlayerWindowTest, Language_IsWrittenToEveryItemOfBothWindows) {
+TEST_F(PlayerWindowTest, Language_SetsEveryItemOfBothWindows) {
     const auto captions = [](const std::vector<controls::MenuItem*>& bar) {
         std::string all;
         for (const controls::MenuItem* menu : bar) {

@@ -10,7 +10,7 @@ class CaptureTest : public testing::Test {
 protected:
     CaptureTest() { engine.AggancioCattura(true); }
 
-    // A recording of so many full buffers into "a.wav"; its bytes.
+    // Records this many full buffers into "a.wav"; returns its bytes.
     std::string record(std::int16_t channels, std::int16_t bits, std::int32_t frequency, int buffers) {
         engine.AvviaCattura(channels, bits, frequency, folder.text("a.wav"));
         for (int i = 0; i < buffers; ++i)
@@ -23,8 +23,8 @@ protected:
         engine.FermaCattura();
         engine.AggancioCattura(true);
     }
-    // What so many full buffers bring, in the file: the header is a byte longer than its place, the last
-    // block by a byte longer than its sound.
+    // The file's data after this many full buffers. The header is one byte longer than its space; the last
+    // block is one byte longer than its sound.
     static std::string sound(std::size_t buffers) {
         std::string bytes(buffers * 8192 + 1, '\0');
         for (std::size_t i = 1; i < buffers * 8192; ++i)
@@ -40,9 +40,9 @@ protected:
     recorder::WaveIn engine{device, dialogs, journal};
 };
 
-TEST_F(CaptureTest, File_IsWholeToTheByte) {
+TEST_F(CaptureTest, File_IsExactToTheByte) {
     using std::string_view;
-    // The sizes are those of the RIFF chunk and of the data, the format is what stands between them.
+    // `sizes` holds the RIFF chunk size and the data size, `format` the bytes between them.
     const std::tuple<std::int16_t, std::int16_t, std::int32_t, int, string_view, string_view> rows[] = {
         {2, 16, 44100, 1, "\x25\x20\0\0\x01\x20\0\0"sv, "\1\0\2\0\x44\xAC\0\0\x10\xB1\2\0\4\0\x10\0"sv},
         {1, 8, 8000, 3, "\x25\x60\0\0\x01\x60\0\0"sv, "\1\0\1\0\x40\x1F\0\0\x40\x1F\0\0\1\0\x08\0"sv},
@@ -59,11 +59,11 @@ TEST_F(CaptureTest, File_IsWholeToTheByte) {
     EXPECT_FALSE(base::fileExists(folder.text("Recordings.ini"))) << "nothing runs, so nothing is noted";
 }
 
-TEST_F(CaptureTest, Pause_DropsWhatArrives_AndLeavesNoGap) {
+TEST_F(CaptureTest, Pause_DropsArrivingSound_AndLeavesNoGap) {
     engine.AvviaCattura(2, 16, 44100, folder.text("a.wav"));
     device.fill(10);
     engine.PausaCattura();
-    device.start(); // a buffer that was on its way already
+    device.start(); // simulates a buffer that was already on its way
     device.fill(30);
     engine.PausaCattura();
     EXPECT_EQ(device.queued(), 5U);
@@ -74,11 +74,11 @@ TEST_F(CaptureTest, Pause_DropsWhatArrives_AndLeavesNoGap) {
     EXPECT_EQ(folder.read("a.wav").size(), 44U + 2 * 8192 + 1);
     EXPECT_EQ(folder.read("a.wav")[44 + 8192], 40);
 
-    // A recording that ended in a pause does not make the next one deaf.
+    // A recording stopped in a pause does not silence the next one.
     EXPECT_EQ(record(1, 8, 8000, 2).size(), 44U + 2 * 8192 + 1);
 }
 
-TEST_F(CaptureTest, Hook_TwiceIsRefused_AndWithoutItNothingIsHeard) {
+TEST_F(CaptureTest, SecondHook_IsRefused_AndWithoutAHookNothingIsRecorded) {
     engine.AggancioCattura(true);
     ASSERT_EQ(dialogs.boxes.size(), 1U);
     EXPECT_EQ(dialogs.boxes[0].text, u"Double-hooking not permited!");
@@ -89,7 +89,7 @@ TEST_F(CaptureTest, Hook_TwiceIsRefused_AndWithoutItNothingIsHeard) {
     EXPECT_EQ(engine.SecondiRegistrati(), 1) << "without a file the counter runs by whole buffers";
 }
 
-TEST_F(CaptureTest, RefusedDevice_IsToldInItsWords_AndTheRestGoesOnInSilence) {
+TEST_F(CaptureTest, RefusedDevice_ShowsItsError_AndTheRestContinuesSilently) {
     device.refusal = 4;
     device.words = u" Device unavailable ";
     engine.AvviaCattura(2, 16, 44100, folder.text("a.wav"));
@@ -105,7 +105,7 @@ TEST_F(CaptureTest, RefusedDevice_IsToldInItsWords_AndTheRestGoesOnInSilence) {
     EXPECT_EQ(record(2, 16, 44100, 1).size(), 44U + 8192 + 1) << "the device is back";
 }
 
-TEST_F(CaptureTest, SlowDevice_StartsWhenItAnswers_ButNotInAPause_AndNotAfterAStop) {
+TEST_F(CaptureTest, SlowDevice_StartsWhenReady_ExceptInAPauseOrAfterAStop) {
     device.slow = true;
     engine.AvviaCattura(2, 16, 44100, folder.text("a.wav"));
     engine.PausaCattura();
@@ -122,7 +122,7 @@ TEST_F(CaptureTest, SlowDevice_StartsWhenItAnswers_ButNotInAPause_AndNotAfterASt
     EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
-TEST_F(CaptureTest, Target_ThatTakesNothing_IsSkippedInSilence) {
+TEST_F(CaptureTest, UnwritableTarget_IsIgnoredSilently) {
     folder.write("full/x", "");
     for (const base::Text& target : {folder.text("gone/a.wav"), folder.text("full")}) {
         engine.AvviaCattura(2, 16, 44100, target);
@@ -134,8 +134,8 @@ TEST_F(CaptureTest, Target_ThatTakesNothing_IsSkippedInSilence) {
     EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
-TEST_F(CaptureTest, FullDisk_StaysSilent_AndKeepsWhatWasCapturedWhole) {
-    // A disk that holds three buffers and a piece of the fourth.
+TEST_F(CaptureTest, FullDisk_ReportsNothing_AndKeepsWhatWasRecorded) {
+    // A disk with room for three buffers and part of the fourth.
     const fakes::FullDisk disk(44 + 3 * 8192 + 1000);
     const std::string file = record(2, 16, 44100, 6);
     EXPECT_EQ(file.substr(40, 3), "\xE8\x63\0"s) << "the length of what is there";
@@ -144,8 +144,8 @@ TEST_F(CaptureTest, FullDisk_StaysSilent_AndKeepsWhatWasCapturedWhole) {
     EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 
-TEST_F(CaptureTest, Peaks_AreThoseOfOneMillisecondOfTheBufferBeforeTheLast) {
-    // Channels, bits, and the peaks of a buffer that begins 101, 102, 103, ...
+TEST_F(CaptureTest, Peaks_AreMeasuredInOneMillisecondOfThePreviousBuffer) {
+    // Channels, bits, and the left and right peaks of a buffer that begins 101, 102, 103, ...
     const std::tuple<std::int16_t, std::int16_t, int, int> rows[] = {
         {2, 16, 126 * 256 + 125, 0x10000 - (128 * 256 + 127)}, {1, 8, 128 - 101, 128 - 101}};
     int left = -1, right = -1;

@@ -14,14 +14,14 @@ protected:
         form().mnuRegistra.Click();
         return *desktop.recorder;
     }
-    // Opens the recorder and starts into this file of the program's folder.
+    // Opens the recorder and starts recording to this file in the program folder.
     recorder::FrmAudioRec& record(const std::string& name) {
         recorder::FrmAudioRec& window = open();
         desktop.dialogPort.choices = {desktop.folder.text(name)};
         window.btnStart.Click();
         return window;
     }
-    // The file has its header and so many full buffers.
+    // True if the file has its header and this many full buffers.
     bool isWhole(const std::string& name, std::size_t buffers) {
         const std::string bytes = desktop.folder.read(name);
         return bytes.starts_with("RIFF") && bytes.size() == 44 + buffers * 8192 + 1;
@@ -35,7 +35,7 @@ protected:
     }
 };
 
-TEST_F(RecorderTest, Journey_RecordPauseResumeStop_ThenCloseWhileRecordingInAnotherFormat) {
+TEST_F(RecorderTest, RecordPauseResumeStop_ThenCloseWhileRecordingInAnotherFormat) {
     form().left = 1000;
     form().top = 500;
     recorder::FrmAudioRec& window = open();
@@ -55,7 +55,7 @@ TEST_F(RecorderTest, Journey_RecordPauseResumeStop_ThenCloseWhileRecordingInAnot
         desktop.loop.advance(500);
         EXPECT_EQ(state(), std::string("Start|&En8|") + word + " lamp stop") << "the word blinks";
     }
-    // 255 bytes on: 16 bits that reach 126 * 256 + 125 and more.
+    // The bytes count up to 255: 16-bit samples of at least 126 * 256 + 125.
     EXPECT_NEAR(window.picPeakLeft.width, 32500. / 32767 * 4800 - 110, 40);
     window.btnStart.Click();
     desktop.loop.advance(2000);
@@ -77,8 +77,9 @@ TEST_F(RecorderTest, Journey_RecordPauseResumeStop_ThenCloseWhileRecordingInAnot
     EXPECT_EQ(recorder::FormatTime(3725, false) + recorder::FormatTime(3600000, true), u"01:02:0501:00:00");
 }
 
-TEST_F(RecorderTest, Closing_EndsEveryStateCleanly_AndTheNextRecordingIsWhole) {
-    // What the user does before the window is closed; "x" in the dialog cancels it.
+TEST_F(RecorderTest, Close_InEveryState_EndsCleanly_AndTheNextRecordingIsComplete) {
+    // Clicks before the window is closed: s is Start with a file chosen, x is Start with the dialog
+    // cancelled, t is Stop.
     for (const std::string_view clicks : {"x", "xs", "xss", "s", "ss", "sss", "sst", ""}) {
         recorder::FrmAudioRec& window = open();
         for (const char click : clicks) {
@@ -99,7 +100,7 @@ TEST_F(RecorderTest, Closing_EndsEveryStateCleanly_AndTheNextRecordingIsWhole) {
     }
 }
 
-TEST_F(RecorderTest, FileQuestion_NoKeepsTheFile_YesReplacesIt_EvenTheOneThatPlays) {
+TEST_F(RecorderTest, OverwriteQuestion_NoKeepsTheFile_YesReplacesIt_EvenWhilePlaying) {
     recorder::FrmAudioRec& window = open();
     Workbench::open("talk.wav", 60);
     desktop.loop.advance(1000);
@@ -122,7 +123,7 @@ TEST_F(RecorderTest, FileQuestion_NoKeepsTheFile_YesReplacesIt_EvenTheOneThatPla
     window.Unload();
     desktop.dialogPort.answers = {platform::Answer::Yes};
     record("talk.wav");
-    // The player may be asked for the file at any time.
+    // The user may try to play the file at any time.
     form().cmdPlay.Click();
     const std::size_t before = player.commands.size();
     opener().ApriMedia(desktop.folder.text("talk.wav"));
@@ -136,7 +137,7 @@ TEST_F(RecorderTest, FileQuestion_NoKeepsTheFile_YesReplacesIt_EvenTheOneThatPla
 
 class CutOffTest : public RecorderTest {
 protected:
-    // What a crash leaves behind: `bytes` of sound after the hole.
+    // Creates what a crash leaves behind: an empty header, then `bytes` of sound.
     void leave(const std::string& name, std::size_t bytes, const std::string& note = {}) {
         desktop.folder.write(name, std::string(44, '\0') + std::string(bytes, 'a'));
         if (!note.empty())
@@ -148,12 +149,12 @@ protected:
         desktop.loop.advance(2000);
         finish();
     }
-    // Waits for copies: a busy machine may take long for them.
+    // Waits for the copies; on a busy machine this may take long.
     void finish() { program->workstation().recorder().cutOff().finish(); }
     std::string notes;
 };
 
-TEST_F(CutOffTest, AtTheStart_ARepairedCopyIsMade_AndTheUserIsToldOnce) {
+TEST_F(CutOffTest, Start_CreatesARepairedCopy_AndReportsItOnce) {
     leave("talk.wav", 50001, "1,8,11025,");
     leave("Interview 12.3", 5000, "1,16,48000,");
     leave("Rec 07.WAV", 1000);
@@ -194,7 +195,7 @@ TEST_F(CutOffTest, AtTheStart_ARepairedCopyIsMade_AndTheUserIsToldOnce) {
         << "another recording, just as long";
 }
 
-TEST_F(CutOffTest, OneOnADiskThatIsAway_KeepsItsFormat) {
+TEST_F(CutOffTest, RecordingOnAMissingDisk_KeepsItsFormat) {
     leave("away.wav", 3000, "1,8,8000,");
     const auto elsewhere = desktop.folder.path() / "elsewhere";
     std::filesystem::rename(desktop.folder.path() / "away.wav", elsewhere);
@@ -205,7 +206,7 @@ TEST_F(CutOffTest, OneOnADiskThatIsAway_KeepsItsFormat) {
     EXPECT_THAT(base::toUtf8(boxes[0].text), HasSubstr("(8000 Hz, 8 bits, mono)"));
 }
 
-TEST_F(CutOffTest, CopyThatIsGivenUp_LeavesNothing) {
+TEST_F(CutOffTest, CancelledCopy_LeavesNoFile) {
     leave("talk.wav", 3000);
     EXPECT_THROW(recorder::repairCutOff(desktop.folder.text("talk.wav"), {}, [](double) { return false; }),
                  base::Failure);
@@ -213,7 +214,7 @@ TEST_F(CutOffTest, CopyThatIsGivenUp_LeavesNothing) {
     EXPECT_FALSE(base::fileExists(desktop.folder.text("talk repaired.wav.new")));
 }
 
-TEST_F(CutOffTest, Opened_ItsRepairedCopyPlays_AndTheSearchGoesOn) {
+TEST_F(CutOffTest, OpenedDamagedFile_PlaysItsRepairedCopy_AndTheScanContinues) {
     leave("found.wav", 3000);
     leave("dropped.wav", 3000);
     leave("opened", 3000, "2,16,48000,");
@@ -242,7 +243,7 @@ TEST_F(CutOffTest, Opened_ItsRepairedCopyPlays_AndTheSearchGoesOn) {
     EXPECT_EQ(boxes.size(), before) << "it was told already";
 }
 
-TEST_F(CutOffTest, OneThatIsBeingRecorded_IsLeftAlone) {
+TEST_F(CutOffTest, RunningRecording_IsLeftAlone) {
     record("talk.wav");
     desktop.device.fill();
     form().Drop({desktop.folder.text("talk.wav")});

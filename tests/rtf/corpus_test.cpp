@@ -1,4 +1,4 @@
-// The reader before files of other programs.
+// Reads files of other programs.
 #include "base/files.h"
 #include "rtf/reading.h"
 
@@ -8,14 +8,14 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The files that may score low, with the reason.
+// Files that may score lower, with the reason.
 const std::map<std::string, double> forgiven = {
-    {"lo__tdf115242", 0.88},      // the label in the file says "a."; the expected text counts anew: "2."
-    {"striprtf__issue_63", 0.88}, // the number "10." is in the file, the expected text leaves it out
+    {"lo__tdf115242", 0.88},      // the file's label is "a."; the expected text renumbers it as "2."
+    {"striprtf__issue_63", 0.88}, // the file contains the number "10.", the expected text omits it
 };
 
-// The words of a text; quotes, bullets, ties and invisible signs make no difference, and each sign of
-// Chinese, Japanese and Korean is a word.
+// The words of a text. Ignores kinds of quotes, bullets, no-break spaces and invisible characters; each
+// Chinese, Japanese or Korean character counts as a word.
 std::vector<base::Text> words(const base::Text& text) {
     const auto isIn = [](char16_t unit, base::TextView all) {
         return all.find(unit) != base::TextView::npos;
@@ -41,7 +41,8 @@ std::vector<base::Text> words(const base::Text& text) {
     return all;
 }
 
-// From 0 to 1: twice the longest common sequence of words over the number of words.
+// From 0 to 1: twice the length of the longest common subsequence of words, divided by the total number of
+// words.
 double similarity(const base::Text& a, const base::Text& b) {
     const std::vector<base::Text> left = words(a);
     const std::vector<base::Text> right = words(b);
@@ -67,7 +68,7 @@ std::string bytesOf(const fs::path& file) {
 
 } // namespace
 
-TEST(RtfCorpus, Words_AreThoseThatOtherProgramsRead) {
+TEST(RtfCorpus, Words_MatchThoseReadByOtherPrograms) {
     double sum = 0;
     int files = 0;
     for (const auto& entry : fs::directory_iterator(folder / "expected")) {
@@ -82,7 +83,7 @@ TEST(RtfCorpus, Words_AreThoseThatOtherProgramsRead) {
     EXPECT_GE(sum / files, 0.985);
 }
 
-TEST(RtfCorpus, EveryFile_ReadsInASecond_AndIsWrittenAsItself) {
+TEST(RtfCorpus, EveryFile_IsReadWithinASecond_AndRoundTrips) {
     for (const auto& entry : fs::directory_iterator(folder)) {
         if (entry.path().extension() != ".rtf")
             continue;

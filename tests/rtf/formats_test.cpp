@@ -4,7 +4,7 @@ using reading::document;
 using reading::rewritten;
 using reading::usual;
 
-TEST(RtfFormats, LetterWords_SetWhatTheyName_AndAreWrittenSo) {
+TEST(RtfFormats, CharacterControlWords_SetTheirFormat_AndAreWritten) {
     const std::pair<std::string, std::string> rows[] = {
         {"\\b", "\\fs24\\b"},           {"\\i", "\\fs24\\i"},
         {"\\ul", "\\fs24\\ul"},         {"\\uldb", "\\fs24\\ul"},
@@ -24,7 +24,7 @@ TEST(RtfFormats, LetterWords_SetWhatTheyName_AndAreWrittenSo) {
         {"a{\\sub b{\\pict 0}}",
          "\\plain\\f0\\fs24 a{\\plain\\f0\\fs24\\sub b}{\\plain\\f0\\fs24\\sub {\\pict 0}}"},
         {"{\\super\\par}a", "{\\plain\\f0\\fs24\\super \\par}\\plain\\f0\\fs24 a"},
-        {"a\\sect\\super", // without an end that the group could hold
+        {"a\\sect\\super", // without a paragraph end that the group could enclose
          "\\plain\\f0\\fs24 a\\sect\\sectd\\pard\\ql \\plain\\f0\\fs24\\super "}};
     for (const auto& [body, written] : raised)
         EXPECT_EQ(rewritten(body), "\\pard\\ql " + written) << "in a group";
@@ -33,7 +33,7 @@ TEST(RtfFormats, LetterWords_SetWhatTheyName_AndAreWrittenSo) {
         << "what is typed there";
 }
 
-TEST(RtfFormats, ParagraphWords_SetWhatTheyName_AndAreWrittenSo) {
+TEST(RtfFormats, ParagraphControlWords_SetTheirFormat_AndAreWritten) {
     const std::pair<std::string, std::string> rows[] = {
         {"\\qc x", "\\qc"},
         {"\\qr x", "\\qr"},
@@ -56,12 +56,12 @@ TEST(RtfFormats, ParagraphWords_SetWhatTheyName_AndAreWrittenSo) {
         EXPECT_EQ(rewritten(body), usual + body) << "the last paragraph ends or not";
 }
 
-TEST(RtfFormats, Fonts_AreThoseInUse_InTheOrderOfTheirUse) {
+TEST(RtfFormats, Fonts_AreThoseInUse_InOrderOfUse) {
     EXPECT_EQ(document(R"(\f2 a\f0 b\f2 c\f9 d)").fonts,
               (std::vector<rtf::Font>{{u"Courier", 204}, {u"Arial", 0}, {u"Times New Roman", 0}}));
 }
 
-TEST(RtfFormats, FontTable_TakesEveryFormOfEntry) {
+TEST(RtfFormats, FontTable_AcceptsEveryFormOfEntry) {
     const std::pair<std::string, base::Text> rows[] = {
         {R"({\fonttbl\f0\fswiss Arial;\f1 Courier;})", u"Arial"},
         {R"({\fonttbl{\f0{\*\panose 020b}Arial{\*\falt Other};}})", u"Arial"},
@@ -74,7 +74,7 @@ TEST(RtfFormats, FontTable_TakesEveryFormOfEntry) {
         EXPECT_EQ(rtf::read("{\\rtf1" + table + " x}").fonts.at(0).name, name) << table;
 }
 
-TEST(RtfFormats, FontWithoutACharset_HasThatOfItsName) {
+TEST(RtfFormats, FontWithoutACharset_GetsItFromItsName) {
     const std::tuple<std::string, int, base::Text> rows[] = {
         {"Arial CE", 238, u"Ć"},         {"Arial Cyr", 204, u"Ж"},
         {"Arial Greek", 161, u"Ζ"},      {"Arial Tur", 162, u"Æ"},

@@ -20,7 +20,7 @@ std::size_t memoryInUse() {
     return told.uordblks + told.hblkhd;
 }
 
-// Reads, writes and reads again, at a cost in proportion to the bytes.
+// Reads, writes and reads again; time and memory must be proportional to the size.
 rtf::Document readInProportion(const std::string& bytes) {
     const std::size_t before = memoryInUse();
     const std::clock_t start = std::clock();
@@ -33,7 +33,7 @@ rtf::Document readInProportion(const std::string& bytes) {
 
 } // namespace
 
-TEST(RtfHostile, Megabytes_OfOneThing_CostTimeAndMemoryInProportion) {
+TEST(RtfHostile, MegabytesOfOneElement_CostProportionalTimeAndMemory) {
     const auto readMany = [](const std::string& before, const std::string& piece) {
         SCOPED_TRACE(before + piece);
         readInProportion("{\\rtf1" + before + repeated(piece, (2U << 20U) / piece.size()));
@@ -50,8 +50,8 @@ TEST(RtfHostile, Megabytes_OfOneThing_CostTimeAndMemoryInProportion) {
     readMany("{\\stylesheet", "{\\f1");
 }
 
-TEST(RtfHostile, NumberedThings_EachANewOne_CostTimeAndMemoryInProportion) {
-    // The number goes into the place of the #.
+TEST(RtfHostile, ManyDistinctNumbers_CostProportionalTimeAndMemory) {
+    // "#" is replaced by the number.
     for (const std::string piece : {"\\f# a", "\\fs# a", "\\cpg# ", "\\ansicpg#\\'e9", "\\tx#\\par", "\\s# ",
                                     "\\li#\\par", "\\uc#\\u1071?", "{\\fonttbl{\\f#\\cpg50000 \\'e9;}}",
                                     R"({\field{\*\fldinst HYPERLINK #}{\fldrslt a}})", "{\\footnote\\f#}"}) {
@@ -63,7 +63,7 @@ TEST(RtfHostile, NumberedThings_EachANewOne_CostTimeAndMemoryInProportion) {
     }
 }
 
-TEST(RtfHostile, LongLink_OverManyParagraphs_IsNotWrittenForEachOfThem) {
+TEST(RtfHostile, LongLink_OverManyParagraphs_IsNotWrittenForEach) {
     const std::string field = R"({\field{\*\fldinst HYPERLINK )" + std::string(2000, 'u') + "}{\\fldrslt ";
     const rtf::Document read = document(field + repeated("a\\par ", 100000));
     EXPECT_EQ(read.paragraphs.size(), 100000U);
@@ -71,7 +71,7 @@ TEST(RtfHostile, LongLink_OverManyParagraphs_IsNotWrittenForEachOfThem) {
     EXPECT_EQ(document(field + repeated("\\fldrslt ", 100000) + "a").links.size(), 1U);
 }
 
-TEST(RtfHostile, FontTable_Of32768Fonts_TellsThemAll) {
+TEST(RtfHostile, FontTable_With32768Fonts_IsReadCompletely) {
     std::string table = "{\\rtf1{\\fonttbl";
     std::string text = "}";
     for (int number = 0; number < 32768; ++number) {
@@ -81,7 +81,7 @@ TEST(RtfHostile, FontTable_Of32768Fonts_TellsThemAll) {
     EXPECT_EQ(readInProportion(table + text).fonts.size(), 32768U);
 }
 
-TEST(RtfHostile, ParagraphWords_EachOfTheirOwn_AreKeptUpToABound) {
+TEST(RtfHostile, DistinctParagraphFormats_AreKeptUpToALimit) {
     std::string body;
     for (int number = 0; number < 6000; ++number)
         body += "\\pard\\s" + std::to_string(number) + repeated("\\tx12345", 30) + " a\\par ";
@@ -90,12 +90,12 @@ TEST(RtfHostile, ParagraphWords_EachOfTheirOwn_AreKeptUpToABound) {
     EXPECT_NEAR(static_cast<double>(read.paragraphFormats.size()), (1U << 20U) / 245.0, 20);
 }
 
-TEST(RtfHostile, DeepGroups_KeepTheirText) {
+TEST(RtfHostile, DeeplyNestedGroups_KeepTheirText) {
     reading::expectTexts(
         {{repeated("{\\b0", 10000) + "a{\\pict 00}{\\fonttbl b}c" + repeated("}", 10000) + "d", "acd"}});
 }
 
-TEST(RtfHostile, File_CutAtAnyByte_ReadsAndIsWritten) {
+TEST(RtfHostile, File_TruncatedAtAnyByte_IsReadAndWritten) {
     const std::string whole =
         std::string(reading::head) + R"({\stylesheet{\s1 Head;}}{\*\generator x;}{\info{\title t}}
         \pard\qc\tx720{\b bold}\u1071?\'e9{\field{\*\fldinst{HYPERLINK "http://a.b"}}{\fldrslt{\ul link}}}

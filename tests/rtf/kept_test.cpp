@@ -3,7 +3,7 @@
 
 using reading::document;
 
-TEST(RtfKept, Ranges_HaveAnAnchorInTheText) {
+TEST(RtfKept, KeptRanges_HaveAnAnchorInTheText) {
     const std::pair<std::string, std::string> rows[] = {
         {R"({\*\shppict{\pict 00}}{\nonshppict{\pict 01}})",
          R"({\*\shppict{\pict 00}}{\nonshppict{\pict 01}})"},
@@ -13,7 +13,8 @@ TEST(RtfKept, Ranges_HaveAnAnchorInTheText) {
         {"{\\b\\pict 00}", "{\\pict 00}"},
         {"{\\uc2\\footnote a}", "{\\footnote \\uc2 a}"},
         {"{\\footnote\r\na\xE9\\bin2 \xFF}}", "{\\footnote\na\\'e9ff7d}"},
-        {"{\\pict 0{\\*\\x {\\bin2 \xFF}}}1}", "{\\pict 0{\\*\\x {}}ff7d1}"}, // into the picture's own group
+        // moved into the picture's own group
+        {"{\\pict 0{\\*\\x {\\bin2 \xFF}}}1}", "{\\pict 0{\\*\\x {}}ff7d1}"},
         {"{\\footnote \\b\r\n1\\'4\r\n1}", "{\\footnote \\b\n1\\'4\n1}"},
     };
     for (const auto& [body, range] : rows) {
@@ -25,7 +26,7 @@ TEST(RtfKept, Ranges_HaveAnAnchorInTheText) {
     }
 }
 
-TEST(RtfKept, HeadAndHeaders_AreOnTheDocument) {
+TEST(RtfKept, HeadAndHeaders_AreStoredInTheDocument) {
     const rtf::Document read =
         document(R"({\stylesheet{\s1 Head;}}{\info{\title t}}{\*\listtable{\list}}\paperw100 )"
                  R"({\header top}a\sect\sectd\cols2{\footer end}b)");
@@ -37,7 +38,7 @@ TEST(RtfKept, HeadAndHeaders_AreOnTheDocument) {
     EXPECT_EQ(rtf::plainText(read), u"a\nb");
 }
 
-TEST(RtfKept, Tables_HoldWhatTheRangesReferTo) {
+TEST(RtfKept, Tables_HoldTheFontsAndColoursOfKeptRanges) {
     const rtf::Document read = document(R"(\f2\cf2 a{\footnote\f3\cf1 b}{\*\atnid \f4 dropped}c)");
     ASSERT_EQ(read.keptTables.fonts.size(), 2U);
     EXPECT_EQ(read.keptTables.fonts[1], (rtf::NumberedFont{3, {u"Gothic", 128}}));
@@ -45,7 +46,7 @@ TEST(RtfKept, Tables_HoldWhatTheRangesReferTo) {
     EXPECT_EQ(document("{\\f3\\cf1 a}").keptTables, rtf::KeptTables());
 }
 
-TEST(RtfPicture, Bytes_ComeFromDigitsAndFromBinary) {
+TEST(RtfPicture, Bytes_AreDecodedFromHexAndBinary) {
     const std::string binary = std::string(R"({\pict\jpegblip\bin3 )") + '\xFF' + "}\\}";
     const std::tuple<std::string, rtf::PictureKind, std::string, int> rows[] = {
         {"{\\pict\\picwgoal100\\pichgoal50\\picscalex50\\pngblip{\\*\\blipuid 00ff}\n89 50\n4E47}",

@@ -12,7 +12,7 @@ const std::string bullet =
 
 } // namespace
 
-TEST(RtfTables, Cells_BecomeTextPartedByTabs) {
+TEST(RtfTables, Cells_BecomeTextSeparatedByTabs) {
     expectTexts({
         {R"(\trowd\cellx1\intbl a\cell{\b b}\cell\row c)", "a\tb\nc"},
         {R"(a\cell\cell\row c)", "a\t\nc"},
@@ -23,13 +23,13 @@ TEST(RtfTables, Cells_BecomeTextPartedByTabs) {
     });
 }
 
-TEST(RtfLists, Labels_AreBulletsInBothWays_OrText) {
+TEST(RtfLists, Labels_InBothSyntaxes_AreBulletsOrText) {
     for (const std::string label :
          {R"({\pntext\f1\'B7\tab}{\*\pn\pnlvlblt\pnf1{\pntxtb\'B7}})", R"({\pntext\'95\tab})",
           R"({\listtext o\tab})", "{\\listtext - }", R"({\*\pn\pnlvlblt\pnf1{\pntxtb\'B7}})"})
         EXPECT_EQ(rewritten(label + 'a'), "\\pard\\ql " + bullet + 'a');
     const std::pair<std::string, std::string> rows[] = {
-        {R"({\listtext 1.\tab}\ls1\ilvl0 a)", "1.\\tab a"}, // it leaves the list
+        {R"({\listtext 1.\tab}\ls1\ilvl0 a)", "1.\\tab a"}, // is no longer in the list
         {R"({\pntext 7\tab}{\*\pn\pnlvlbody\pndec{\pntxta.}}a)", "7\\tab a"},
         {R"({\*\pn\pnlvlblt}{\pntext (a)\tab}a)", "(a)\\tab a"},
         {R"({\listtext\tab}a)", "a"},
@@ -39,14 +39,14 @@ TEST(RtfLists, Labels_AreBulletsInBothWays_OrText) {
         EXPECT_EQ(rewritten(body), usual + written);
 }
 
-TEST(RtfLists, Label_HoldsForItsParagraph_OldListUntilTheNextDefaults) {
+TEST(RtfLists, Label_AppliesToItsParagraph_OldListsUntilTheNextReset) {
     EXPECT_EQ(rewritten(R"({\pntext\'95}a\par b)"), "\\pard\\ql " + bullet + "a\\par\\pard\\ql b");
     EXPECT_EQ(rewritten(R"({\*\pn\pnlvlblt}a\par b\par\pard c)"),
               "\\pard\\ql " + bullet +
                   R"(a\par{\pntext\f1\'b7\tab}{\*\pn\pnlvlblt\pnf1\pnindent0{\pntxtb\'b7}}b\par\pard\ql c)");
 }
 
-TEST(RtfLists, ItemOfTheListTable_StaysOne_AndIsWrittenInTheNewWayOnly) {
+TEST(RtfLists, ListTableItem_IsPreserved_AndWrittenInTheNewSyntaxOnly) {
     const std::string item = R"(\ls1\ilvl0 {\listtext\'95\tab}a)";
     EXPECT_EQ(rewritten(item), R"(\pard\ls1\ilvl0\ql )" + bullet + 'a');
     EXPECT_EQ(
@@ -54,7 +54,7 @@ TEST(RtfLists, ItemOfTheListTable_StaysOne_AndIsWrittenInTheNewWayOnly) {
         R"(\pard\ls1\ilvl0\ql {\listtext\f1\'b7\tab}\plain\f0\fs24 a)");
 }
 
-TEST(RtfFields, Instruction_TellsWhereALinkLeads) {
+TEST(RtfFields, Instruction_GivesTheLinkTarget) {
     const std::pair<std::string, std::string> rows[] = {
         {"HYPERLINK \"http://a.b/c?d=e&f\"", "http://a.b/c?d=e&f"},
         {R"( hyperlink http://a.b \\o "tip")", "http://a.b"},

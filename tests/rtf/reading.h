@@ -1,4 +1,4 @@
-// What the tests of the RTF room say again and again.
+// Shared helpers of the RTF tests.
 #pragma once
 
 #include "rtf/read/reader.h"
@@ -7,14 +7,14 @@
 
 namespace reading {
 
-// The fonts that the samples use: 0 western, 1 symbols, 2 Cyrillic, 3 Japanese, 4 Thai.
+// Fonts of the samples: 0 Western, 1 symbols, 2 Cyrillic, 3 Japanese, 4 Thai.
 inline constexpr std::string_view head =
     "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss\\fcharset0 Arial;}{\\f1\\fnil\\fcharset2 "
     "Symbol;}"
     "{\\f2\\fcharset204 Courier;}{\\f3\\fcharset128 Gothic;}{\\f4\\fcharset222 Thai;}}"
     "{\\colortbl;\\red255\\green0\\blue0;\\red0\\green0\\blue255;}";
 
-// The body as it is read. What the writer makes of it has to read as the same, in plain ASCII.
+// Reads a body. Also expects that writing and reading it again gives the same document, in plain ASCII.
 inline rtf::Document document(std::string_view body) {
     const rtf::Document read = rtf::read(std::string(head).append(body).append("}"));
     const std::string written = rtf::write(read);
@@ -23,20 +23,20 @@ inline rtf::Document document(std::string_view body) {
     return read;
 }
 
-// Each body reads as the text behind it.
+// Expects each body to read as the text beside it.
 inline void expectTexts(std::initializer_list<std::pair<std::string_view, std::string_view>> rows) {
     for (const auto& [body, text] : rows)
         EXPECT_EQ(base::toUtf8(rtf::plainText(document(body))), text) << body;
 }
 
-// What the writer makes of a body, from its first paragraph on, without the ends of lines.
+// The body as the writer writes it, from its first paragraph on, without line ends.
 inline std::string rewritten(std::string_view body) {
     std::string written = rtf::write(document(body));
     std::erase_if(written, [](char byte) { return byte == '\r' || byte == '\n'; });
     return written.substr(written.find("\\pard"), written.rfind('}') - written.find("\\pard"));
 }
 
-// How the writer begins a paragraph and its letters where nothing is set.
+// What the writer writes at the beginning of a paragraph with default formats.
 inline const std::string usual = "\\pard\\ql \\plain\\f0\\fs24 ";
 
 } // namespace reading

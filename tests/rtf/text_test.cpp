@@ -3,7 +3,7 @@
 
 using reading::expectTexts;
 
-TEST(RtfText, Bytes_AreLettersOfTheFontsCodePage) {
+TEST(RtfText, Bytes_AreDecodedInTheFontsCodePage) {
     expectTexts({
         {R"(caf\'e9 \'80\f2 \'cf\'f0\f4 \'a1\f1 \'b7 a\f9 \'E9)", "café €Прก\uF0B7 \uF061é"},
         {"caf\xE9", "café"},
@@ -13,7 +13,7 @@ TEST(RtfText, Bytes_AreLettersOfTheFontsCodePage) {
     });
 }
 
-TEST(RtfText, DocumentCodePage_HoldsWhereTheFontTellsNone) {
+TEST(RtfText, DocumentCodePage_AppliesIfTheFontHasNone) {
     const std::pair<std::string, std::string> rows[] = {{R"(\ansi\ansicpg1251 \'c6)", "Ж"},
                                                         {R"(\ansi\mac \'8e)", "é"},
                                                         {R"(\ansi\pc \'82)", "é"},
@@ -36,7 +36,7 @@ TEST(RtfText, CharacterSets_HaveTheirCodePages) {
         EXPECT_EQ(rtf::codePageOfCharset(charset), page) << charset;
 }
 
-TEST(RtfText, UnicodeNumbers_ReplaceTheLettersThatStandIn) {
+TEST(RtfText, UnicodeEscapes_ReplaceTheirFallbackCharacters) {
     expectTexts({
         {R"({\uc2\u1071??b\u1071\'c3\'c4b}{\uc0\u1071?b}\u1071?b\u1071 ?b)", "ЯbЯbЯ?bЯbЯb"},
         {R"(\u1071{?}b\u8212\emdash b\u1071\b ?b\u1071\tab b\u1071\{b\u1071\~b)", "Я?b—bЯ?bЯ\tbЯbЯb"},
@@ -47,7 +47,7 @@ TEST(RtfText, UnicodeNumbers_ReplaceTheLettersThatStandIn) {
     });
 }
 
-TEST(RtfText, WordsAndSymbols_StandForLetters) {
+TEST(RtfText, ControlWordsAndSymbols_BecomeCharacters) {
     expectTexts({
         {R"(a\tab b\line c\page d\~e\_f\-g)", "a\tb\nc\nd\u00A0e\u2011f\u00ADg"},
         {R"(\lquote a\rquote\ldblquote b\rdblquote\endash\emdash\bullet\{\}\\)", "‘a’“b”–—•{}\\"},
@@ -57,7 +57,7 @@ TEST(RtfText, WordsAndSymbols_StandForLetters) {
     });
 }
 
-TEST(RtfText, BrokenWords_TakeNoTextWithThem) {
+TEST(RtfText, InvalidControlWords_LoseNoText) {
     expectTexts({{"\\fs24  x", " x"},
                  {"\\b-x", "-x"},
                  {"\\b\r\n1", "1"},
@@ -70,14 +70,14 @@ TEST(RtfText, BrokenWords_TakeNoTextWithThem) {
                  {"a\\bin", "a"}});
 }
 
-TEST(RtfText, File_IsWhatItsOutermostBracesHold) {
+TEST(RtfText, Text_IsOnlyWhatTheOutermostBracesHold) {
     for (const std::string bytes :
          {"{\\rtf1 a}b{c}", "}}{\\rtf1 a", "\r\n{\r\n\\rtf1 a", "\xEF\xBB\xBF{\n \\rtf1 a}b"})
         EXPECT_EQ(rtf::plainText(rtf::read(bytes)), u"a") << bytes;
     EXPECT_EQ(rtf::plainText(rtf::read("")), u"");
 }
 
-TEST(RtfText, Beginning_TellsRtfFromOtherText) {
+TEST(RtfText, IsRtf_DependsOnTheBeginning) {
     for (const std::string bytes : {"{\\rtf", "\xEF\xBB\xBF{\\rtf1}", "\r\n {\n \\rtf1}"})
         EXPECT_TRUE(rtf::isRtf(bytes)) << bytes;
     for (const std::string bytes : {"", "{", "plain", "{\\rt", "\\rtf1", "x{\\rtf1}"})

@@ -4,7 +4,7 @@ using reading::document;
 using reading::rewritten;
 using reading::usual;
 
-TEST(RtfWriting, Samples_ReadTheSameAgain) {
+TEST(RtfWriting, Samples_RoundTrip) {
     for (const char* sample :
          {R"(\qc a\par\pard\li720\fi-360\sa120 b\par\qr\par)",
           R"({\field{\*\fldinst HYPERLINK "u"}{\fldrslt a{\b b}\par c}}d)",
@@ -16,7 +16,7 @@ TEST(RtfWriting, Samples_ReadTheSameAgain) {
         document(sample);
 }
 
-TEST(RtfWriting, Document_IsWrittenInPlainWords) {
+TEST(RtfWriting, Document_IsWrittenInItsSimplestForm) {
     EXPECT_EQ(rtf::write(document(R"({\pntext\'95\tab}\f2\fs28\b\cf2 \'cf\par\pard\qr b)")),
               "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0\r\n"
               "{\\fonttbl{\\f0\\fnil\\fcharset204 Courier;}{\\f1\\fnil\\fcharset2 Symbol;}}\r\n"
@@ -27,12 +27,12 @@ TEST(RtfWriting, Document_IsWrittenInPlainWords) {
               "\\pard\\qr b}\r\n");
 }
 
-TEST(RtfWriting, Sections_BeginWithTheirDefaults) {
+TEST(RtfWriting, Sections_BeginWithSectd) {
     EXPECT_EQ(rewritten(R"(a\sect\cols2 b)"), usual + R"(a\sect\sectd\cols2\pard\ql b)");
     EXPECT_TRUE(rtf::write(document(R"(\cols2 a)")).ends_with("}\r\n\\sectd\\cols2" + usual + "a}\r\n"));
 }
 
-TEST(RtfWriting, DocumentMadeByHand_ReadsAsItself) {
+TEST(RtfWriting, DocumentBuiltInCode_RoundTrips) {
     rtf::Document made;
     EXPECT_EQ(rtf::plainText(rtf::read(rtf::write(made))), u"");
     made.text = u"Speaker: да";

@@ -31,7 +31,7 @@ protected:
 
 } // namespace
 
-TEST_F(ArchiveTest, AVersion_IsAPlainFile_ThatItsOwnerAloneReads) {
+TEST_F(ArchiveTest, Version_IsAPlainFile_ReadableOnlyByItsOwner) {
     archive.keep(u"Interview [1]. Dr/A", "text", u"rtf", Reason::SaveFailed, now);
     const std::vector<Version> versions = archive.versions();
     ASSERT_EQ(versions.size(), 1U);
@@ -47,13 +47,13 @@ TEST_F(ArchiveTest, AVersion_IsAPlainFile_ThatItsOwnerAloneReads) {
     EXPECT_EQ(about.st_mode & 0777U, 0600U);
 }
 
-TEST_F(ArchiveTest, EqualVersions_AreKeptOnce_OthersOfTheSameSecondBeside) {
+TEST_F(ArchiveTest, EqualVersions_AreKeptOnce_DifferentOnesOfTheSameSecondBoth) {
     for (const char* bytes : {"one", "two", "one", "two"})
         archive.keep(u"a", bytes, u"rtf", Reason::Exit, now);
     EXPECT_EQ(archive.versions().size(), 2U);
 }
 
-TEST_F(ArchiveTest, BeyondItsLimits_TheOldestGo_TheNewestOfEachDocumentStays) {
+TEST_F(ArchiveTest, BeyondItsLimits_TheOldestAreDeleted_ButNotTheNewestOfADocument) {
     archive.keep(u"a", "a1", u"rtf", Reason::Exit, now);
     archive.keep(u"b", "b1", u"rtf", Reason::Exit, now + 1);
     archive.keep(u"a", "a2", u"rtf", Reason::Exit, now + 2);
@@ -67,12 +67,12 @@ TEST_F(ArchiveTest, BeyondItsLimits_TheOldestGo_TheNewestOfEachDocumentStays) {
     EXPECT_EQ(folder.read("Archive/notes.txt"), "not a version");
 }
 
-TEST_F(ArchiveTest, AFolderThatCannotBeMade_IsAFailure) {
+TEST_F(ArchiveTest, UncreatableFolder_Fails) {
     folder.write("Archive", "a file");
     EXPECT_FALSE(base::carryOn([&] { archive.keep(u"a", "x", u"rtf", Reason::Exit, now); }));
 }
 
-TEST(Notices, AreToldOnceAMinute_AndTheLastFiftyAreKept) {
+TEST(Notices, AreShownOnceAMinute_AndTheLast50AreKept) {
     std::int64_t time = now;
     safety::Notices notices([&] { return time; });
     int told = 0;

@@ -12,7 +12,7 @@ using safety::RecordType;
 
 namespace {
 
-// Work is done at once, or held back as a slow disk does.
+// A worker that runs its work immediately.
 class InlineWorker : public platform::Worker {
 public:
     void post(std::function<void()> work) override { work(); }
@@ -26,12 +26,12 @@ std::string source(const std::vector<std::string>& paragraphs) {
     return rtf + "}";
 }
 
-// One form for all sources of one text, readable where a test fails.
+// A canonical form, the same for all sources of one text, and readable when a test fails.
 std::string asWritten(const std::string& rtf) {
     return rtf::write(rtf::read(rtf));
 }
 
-// An editor as the journal sees it: paragraphs of RTF that change by whole paragraphs.
+// An editor from the journal's point of view: RTF paragraphs that change as whole paragraphs.
 class Editor : public safety::JournalSource {
 public:
     std::optional<platform::ParagraphChange> takeChange() override {
@@ -79,7 +79,7 @@ protected:
 
 } // namespace
 
-TEST_F(JournalTest, EveryChange_IsOnTheDiskWithinASecond) {
+TEST_F(JournalTest, EveryChange_IsWrittenWithinASecond) {
     change(0, 1, {"first, typed"});
     loop.advance(900);
     expectRestored();
@@ -94,12 +94,12 @@ TEST_F(JournalTest, EveryChange_IsOnTheDiskWithinASecond) {
     EXPECT_FALSE(base::fileExists(path()));
 }
 
-TEST_F(JournalTest, RandomChanges_AreBroughtBack_WhereverTheFileIsCutOff) {
+TEST_F(JournalTest, RandomChanges_AreRestored_WhereverTheFileIsTruncated) {
     std::mt19937 random(7);
     const auto below = [&](std::size_t limit) { return random() % (limit + 1); };
     const std::vector<std::string> words = {"plain",        "{\\b bold}",      "{\\f1 other}",
                                             "{\\fs40 big}", "{\\i x}{\\ul y}", ""};
-    std::vector<std::pair<std::size_t, std::string>> states; // bytes of the file, text then
+    std::vector<std::pair<std::size_t, std::string>> states; // file size in bytes, and the text at that time
     for (int step = 0; step < 300; ++step) {
         const std::size_t first = below(editor.paragraphs.size());
         const std::size_t removed = std::min(below(3), editor.paragraphs.size() - first);
@@ -114,14 +114,14 @@ TEST_F(JournalTest, RandomChanges_AreBroughtBack_WhereverTheFileIsCutOff) {
     }
     const std::string whole = folder.read("Journal");
     for (std::size_t i = 1; i < states.size(); i += 7) {
-        // A torn record is dropped, all before it is used.
+        // A torn record is dropped, everything before it is used.
         const std::size_t cut = states[i - 1].first + (states[i].first - states[i - 1].first) / 2;
         const safety::Work work = safety::replay(safety::intactRecords(whole.substr(0, cut)));
         EXPECT_EQ(asWritten(work.source), asWritten(states[i - 1].second)) << i;
     }
 }
 
-TEST_F(JournalTest, ADamagedRecord_EndsWhatIsRead) {
+TEST_F(JournalTest, DamagedRecord_EndsTheReplay) {
     change(0, 1, {"one"});
     loop.advance(400);
     const std::size_t intact = folder.read("Journal").size();
@@ -132,7 +132,7 @@ TEST_F(JournalTest, ADamagedRecord_EndsWhatIsRead) {
     EXPECT_EQ(rtf::plainText(rtf::read(safety::replay(safety::intactRecords(bytes)).source)), u"one");
 }
 
-TEST_F(JournalTest, AChangeThatDoesNotFit_LeavesWhatStoodBefore) {
+TEST_F(JournalTest, InvalidChange_KeepsTheTextBeforeIt) {
     const std::vector<Record> records = {
         {RecordType::Source, source({"kept"})},
         {RecordType::Change, safety::packed(ParagraphChange{5, 1, source({"lost"}), false})},
@@ -143,7 +143,7 @@ TEST_F(JournalTest, AChangeThatDoesNotFit_LeavesWhatStoodBefore) {
     EXPECT_EQ(rtf::plainText(rtf::read(work.source)), u"kept");
 }
 
-TEST_F(JournalTest, GrownBeyondTheText_ItIsWrittenAnewInAPause) {
+TEST_F(JournalTest, JournalLargerThanTheText_IsRewrittenInAPause) {
     editor.paragraphs = {std::string(200'000, 'x')};
     for (int step = 0; step < 6; ++step) {
         change(0, 1, {std::string(200'000, 'x') + std::to_string(step)});
@@ -155,7 +155,7 @@ TEST_F(JournalTest, GrownBeyondTheText_ItIsWrittenAnewInAPause) {
     expectRestored();
 }
 
-TEST_F(JournalTest, ADiskThatRefuses_IsToldOnce_AndGetsTheWholeTextLater) {
+TEST_F(JournalTest, FailingDisk_IsReportedOnce_AndGetsTheWholeTextLater) {
     std::vector<base::Text> reasons;
     journal.Failed = [&](const base::Text& reason) { reasons.push_back(reason); };
     std::filesystem::create_directory(folder.path() / "Journal");

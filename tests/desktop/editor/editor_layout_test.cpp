@@ -13,13 +13,13 @@ protected:
         rtb.resize(300, 200);
         rtb.show();
     }
-    // Until all heights are measured.
+    // Measures all heights.
     void settle() {
         auto& layout = static_cast<desktop::EditorLayout&>(*rtb.document()->documentLayout());
         layout.measureFor(std::chrono::seconds(10));
         ASSERT_FALSE(layout.isEstimated());
     }
-    // Paragraphs of one line to six.
+    // Paragraphs of one to six lines.
     static base::Text lines(int count) {
         base::Text text;
         for (int i = 0; i < count; ++i)
@@ -30,7 +30,7 @@ protected:
 
 } // namespace
 
-TEST(BlockHeights, AThousandChanges_LeaveWhatAPlainListHas) {
+TEST(BlockHeights, ThousandChanges_EqualThoseOfAPlainList) {
     std::mt19937 random(3);
     const auto upTo = [&](int limit) {
         return static_cast<int>(random() % static_cast<unsigned>(limit + 1));
@@ -76,7 +76,7 @@ TEST(BlockHeights, AThousandChanges_LeaveWhatAPlainListHas) {
     EXPECT_EQ(heights.width(), width);
 }
 
-TEST_F(EditorLayout, ALongText_AfterManyEdits_IsAsHighAsTheSameTextLoadedAnew) {
+TEST_F(EditorLayout, LongText_AfterManyEdits_HasTheHeightOfAFreshLayout) {
     rtb.setText(lines(3000));
     std::mt19937 random(5);
     for (int i = 0; i < 200; ++i) {
@@ -105,7 +105,7 @@ TEST_F(EditorLayout, ALongText_AfterManyEdits_IsAsHighAsTheSameTextLoadedAnew) {
     EXPECT_NEAR(last.bottom(), edited.height() - 4, 1);
 }
 
-TEST_F(EditorLayout, WhatIsSeen_StaysInItsPlace_WhileTheRestIsMeasured) {
+TEST_F(EditorLayout, VisibleText_DoesNotMove_WhileTheRestIsMeasured) {
     rtb.setText(lines(3000));
     rtb.setSelStart(rtb.textLength() / 2);
     rtb.setSelText(u"|");
@@ -122,7 +122,7 @@ TEST_F(EditorLayout, WhatIsSeen_StaysInItsPlace_WhileTheRestIsMeasured) {
     EXPECT_EQ(rtb.verticalScrollBar()->maximum(), layout.documentSize().height() - rtb.viewport()->height());
 }
 
-TEST_F(EditorLayout, APlaceOnTheScreen_IsTheLetterThatIsSeenThere) {
+TEST_F(EditorLayout, HitTest_FindsTheCharacterAtItsPosition) {
     rtb.setText(lines(200) + u"\u05E9\u05DC\u05D5\u05DD\r\nend");
     for (int position = 0; position < rtb.document()->characterCount(); position += 7) {
         QTextCursor cursor(rtb.document());
@@ -130,7 +130,7 @@ TEST_F(EditorLayout, APlaceOnTheScreen_IsTheLetterThatIsSeenThere) {
         rtb.setTextCursor(cursor);
         const QRect place = rtb.cursorRect();
         ASSERT_TRUE(rtb.viewport()->rect().contains(place.center())) << position;
-        // A place where a line ends is also that where the next one begins.
+        // The end of a line is also the beginning of the next one.
         const int found = rtb.cursorForPosition(place.center()).position();
         ASSERT_NEAR(found, position, 1);
     }

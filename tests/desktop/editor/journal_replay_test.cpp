@@ -1,4 +1,4 @@
-// What the control tells of its changes is enough to build the document again.
+// The reported changes are sufficient to rebuild the document.
 #include "rich_text_fixture.h"
 #include "rtf/read/reader.h"
 #include "rtf/write/writer.h"
@@ -6,14 +6,14 @@
 
 using tests::RichText;
 
-TEST_F(RichText, ChangesOfParagraphs_ReplayedOneByOne_GiveTheDocument) {
+TEST_F(RichText, ParagraphChanges_Replayed_RebuildTheDocument) {
     constexpr int steps = 400;
     tests::RandomEdits edits(3);
     rtb.setText(u"one\r\ntwo\r\nthree");
     std::vector<safety::Record> records = {{safety::RecordType::Source, rtb.takeParagraphs()->source}};
     for (int step = 0; step < steps; ++step) {
         edits.edit(rtb);
-        // Several changes may be told as one.
+        // Several changes may be reported as one.
         if (edits.upTo(2) == 0 && step != steps - 1)
             continue;
         if (const auto change = rtb.takeParagraphs()) {

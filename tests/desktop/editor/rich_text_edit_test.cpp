@@ -3,18 +3,18 @@
 using platform::Setting;
 using tests::RichText;
 
-TEST_F(RichText, SelRTF_OfTextThatQtCouldNotLayOut_IsRefusedAndChangesNothing) {
+TEST_F(RichText, SelRTF_WithTextTooLongToLayOut_IsRefusedWithoutAChange) {
     rtb.setText(u"kept");
     const base::Text word(10'000'001, u'x');
     EXPECT_THROW(rtb.setSelRTF(word), base::Failure);
     EXPECT_THROW(rtb.setSelRTF(u"{\\rtf1 " + word + u"}"), base::Failure);
     EXPECT_EQ(rtb.Text(), u"kept");
     changes = 0;
-    rtb.setSelRTF(base::Text(150'000, u'x')); // a word without an end
+    rtb.setSelRTF(base::Text(150'000, u'x')); // a word without a line-break opportunity
     EXPECT_EQ(changes, 1) << "a refusal leaves no edit open";
 }
 
-TEST_F(RichText, Style_OfSelections_IsOnOffOrMixed) {
+TEST_F(RichText, Style_OfASelection_IsOnOffOrMixed) {
     using Edit = desktop::RichTextEdit;
     const std::pair<Setting (Edit::*)() const, void (Edit::*)(bool)> styles[] = {
         {&Edit::SelBold, &Edit::setSelBold},
@@ -27,7 +27,7 @@ TEST_F(RichText, Style_OfSelections_IsOnOffOrMixed) {
     } rows[] = {{1, 2, Setting::On},  {0, 2, Setting::Mixed}, {0, 9, Setting::Mixed}, {7, 5, Setting::On},
                 {4, 3, Setting::Off}, {2, 0, Setting::On},    {1, 0, Setting::Off}};
     for (const auto& [read, write] : styles) {
-        // Of "abcd", "ef" and an empty paragraph "bc" and "f" have the style.
+        // In "abcd", "ef" and an empty paragraph, "bc" and "f" have the style.
         rtb.setText(u"abcd\r\nef\r\n");
         select(0, 9);
         (rtb.*write)(true);
@@ -46,7 +46,7 @@ TEST_F(RichText, Style_OfSelections_IsOnOffOrMixed) {
     EXPECT_EQ(rtb.SelFontSize(), std::nullopt);
 }
 
-TEST_F(RichText, SelBullet_OfParagraphs_IsOnOffOrMixedAndLeavesNoIndentBehind) {
+TEST_F(RichText, SelBullet_OfParagraphs_IsOnOffOrMixed_AndLeavesNoIndent) {
     rtb.setText(u"a\r\nb\r\n\r\nc");
     const auto expectBullets = [&](int start, int length, Setting expected) {
         select(start, length);
@@ -66,10 +66,10 @@ TEST_F(RichText, SelBullet_OfParagraphs_IsOnOffOrMixedAndLeavesNoIndentBehind) {
         EXPECT_EQ(block.blockFormat().leftMargin(), 0);
 }
 
-TEST_F(RichText, EditsTogether_EachTellOfItself_AndShowOnce) {
+TEST_F(RichText, Together_ReportsEachEdit_AndUpdatesTheScreenOnce) {
     base::Text words;
     for (int i = 0; i < 1500; ++i)
-        words += u"one\r\n"; // farther than the first piece that a search looks into
+        words += u"one\r\n"; // longer than the first piece that a search examines
     rtb.setText(words);
     std::vector<std::int32_t> lengths;
     rtb.Change = [&] { lengths.push_back(rtb.textLength()); };
@@ -78,7 +78,7 @@ TEST_F(RichText, EditsTogether_EachTellOfItself_AndShowOnce) {
         rtb.setSelRTF(u"three");
         EXPECT_EQ(rtb.SelStart(), 7495);
         rtb.setSelStart(0);
-        rtb.setSelRTF(u""); // changes nothing
+        rtb.setSelRTF(u""); // no change
         EXPECT_EQ(rtb.Find(u"three", std::nullopt, 0), 7490);
         rtb.setSelText(u"two");
         EXPECT_EQ(rtb.textCursor().position(), 0) << "was shown while the edits ran";

@@ -8,7 +8,7 @@ using tests::RichText;
 
 namespace {
 
-// Tells what reaches the program: "down 70/2", "up 116/0".
+// Logs what reaches the program: "down 70/2", "up 116/0".
 class RichTextEvents : public RichText {
 protected:
     RichTextEvents() {
@@ -44,7 +44,7 @@ protected:
         event.setCommitString(committed);
         QApplication::sendEvent(&rtb, &event);
     }
-    // Behind the last letter.
+    // Drops after the last character.
     void drop(const QMimeData& data) {
         QTextCursor end(rtb.document());
         end.movePosition(QTextCursor::End);
@@ -56,7 +56,7 @@ protected:
         QDropEvent event(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(rtb.viewport(), &event);
     }
-    // What was told since the last look.
+    // The log since the last call.
     std::vector<std::string> heard() { return std::exchange(told, {}); }
 
     using Told = std::vector<std::string>;
@@ -65,7 +65,7 @@ protected:
 
 } // namespace
 
-TEST_F(RichTextEvents, Keys_PressedAndReleased_AreToldByTheirNumbers) {
+TEST_F(RichTextEvents, KeyPressAndRelease_AreReportedWithTheirCodes) {
     const struct {
         int key;
         Qt::KeyboardModifiers held;
@@ -83,30 +83,30 @@ TEST_F(RichTextEvents, Keys_PressedAndReleased_AreToldByTheirNumbers) {
     }
 }
 
-TEST_F(RichTextEvents, ARelease_IsToldOnce_WhereItsPressCameIn) {
-    // A key that is held repeats its press, and the X server its release as well.
+TEST_F(RichTextEvents, KeyRelease_IsReportedOnce_AndOnlyAfterItsPress) {
+    // A held key repeats its press; the X server also repeats its release.
     send(QEvent::KeyPress, Qt::Key_F3);
     send(QEvent::KeyRelease, Qt::Key_F3, {}, true);
     send(QEvent::KeyPress, Qt::Key_F3, {}, true);
     send(QEvent::KeyRelease, Qt::Key_F3);
     EXPECT_EQ(heard(), (Told{"down 114/0", "down 114/0", "up 114/0"}));
-    // A key of the player, which gave the keyboard back before it was up.
+    // A player key that returned the focus before it was released.
     send(QEvent::KeyRelease, Qt::Key_F5);
     send(QEvent::KeyPress, Qt::Key_F5, {}, true);
     send(QEvent::KeyRelease, Qt::Key_F5);
     EXPECT_EQ(heard(), Told{"down 116/0"});
-    // One that went down here, and a menu took the press.
+    // A key pressed here, whose press went to a menu.
     send(QEvent::ShortcutOverride, Qt::Key_S, Qt::ControlModifier);
     send(QEvent::KeyRelease, Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(heard(), Told{"up 83/2"});
-    // One that went down here, and another control has the keyboard since.
+    // A key pressed here, after which another control got the focus.
     send(QEvent::KeyPress, Qt::Key_F6);
     loseKeyboard(Qt::MouseFocusReason);
     send(QEvent::KeyRelease, Qt::Key_F6);
     EXPECT_EQ(heard(), (Told{"down 117/0", "lost"}));
 }
 
-TEST_F(RichTextEvents, AHeldKey_GoesOnInTheText_WhereItWentDownOnly) {
+TEST_F(RichTextEvents, HeldKey_RepeatsInTheText_OnlyIfPressedThere) {
     const auto press = [&](const QString& letter, bool repeated) {
         QKeyEvent event(QEvent::KeyPress, Qt::Key_X, {}, 24, 0, 0, letter, repeated);
         QApplication::sendEvent(&rtb, &event);
@@ -125,7 +125,7 @@ TEST_F(RichTextEvents, AHeldKey_GoesOnInTheText_WhereItWentDownOnly) {
     EXPECT_EQ(shown(), "bcef|") << "an input method had the press";
 }
 
-TEST_F(RichTextEvents, EditKeys_OfTheDesktop_AreTold_AndDoNothingThemselves) {
+TEST_F(RichTextEvents, PlatformEditShortcuts_AreReported_AndChangeNothingThemselves) {
     const struct {
         int key;
         Qt::KeyboardModifiers held;
@@ -147,7 +147,7 @@ TEST_F(RichTextEvents, EditKeys_OfTheDesktop_AreTold_AndDoNothingThemselves) {
     }
 }
 
-TEST_F(RichTextEvents, ALetterOfAnotherScript_WithControl_IsTheLatinOneOfItsPlace) {
+TEST_F(RichTextEvents, NonLatinLetter_WithControl_IsTheLatinLetterOfItsKey) {
     QAction selectAll(&rtb);
     selectAll.setShortcut(Qt::CTRL | Qt::Key_A);
     QObject::connect(&selectAll, &QAction::triggered, &rtb, [this] { told.emplace_back("menu"); });
@@ -160,8 +160,8 @@ TEST_F(RichTextEvents, ALetterOfAnotherScript_WithControl_IsTheLatinOneOfItsPlac
         {0x421, 54, true, {"down 67/2"}}, // Cyrillic
         {0x424, 38, false, {"down 65/2", "menu"}},
         {0x3A9, 55, true, {"down 86/2"}}, // Greek
-        {0x416, 47, false, {}},           // no letter is there
-        {Qt::Key_Comma, 25, false, {}},   // in a Latin layout
+        {0x416, 47, false, {}},           // not a letter key
+        {Qt::Key_Comma, 25, false, {}},   // Latin layout
         {Qt::Key_Odiaeresis, 38, false, {}},
         {Qt::Key_Q, 38, true, {"down 81/2"}},
     };
@@ -176,14 +176,14 @@ TEST_F(RichTextEvents, ALetterOfAnotherScript_WithControl_IsTheLatinOneOfItsPlac
     }
 }
 
-TEST_F(RichTextEvents, Shortcuts_OfMenus_AreTakenAwayForTheKeysOfTheTextOnly) {
+TEST_F(RichTextEvents, MenuShortcuts_AreOverridden_OnlyByKeysOfTheText) {
     EXPECT_TRUE(send(QEvent::ShortcutOverride, Qt::Key_O, Qt::ControlModifier));
     EXPECT_TRUE(send(QEvent::ShortcutOverride, Qt::Key_F12));
     EXPECT_FALSE(send(QEvent::ShortcutOverride, Qt::Key_S, Qt::ControlModifier));
     EXPECT_FALSE(send(QEvent::ShortcutOverride, Qt::Key_F, Qt::AltModifier));
 }
 
-TEST_F(RichTextEvents, Change_AfterEachKey_ComesOnceWhenTheTextChanged) {
+TEST_F(RichTextEvents, Change_IsReportedOncePerKey_IfTheTextChanged) {
     const struct {
         int key;
         Qt::KeyboardModifiers held;
@@ -202,7 +202,7 @@ TEST_F(RichTextEvents, Change_AfterEachKey_ComesOnceWhenTheTextChanged) {
         {Qt::Key_Tab, {}, QStringLiteral("\t"), 1, 0, 1, "a\t|b/c"},
         {Qt::Key_End, Qt::ControlModifier, {}, 1, 0, 0, "ab/c|"},
         {Qt::Key_Backspace, Qt::ControlModifier, {}, 2, 0, 1, "|/c"},
-        // Keys that Qt would bring along
+        // Keys that Qt would handle
         {Qt::Key_K, Qt::ControlModifier, QStringLiteral("\v"), 1, 0, 0, "a|b/c"},
         {Qt::Key_D, Qt::ControlModifier, QStringLiteral("\4"), 1, 0, 0, "a|b/c"},
         {Qt::Key_I, Qt::ControlModifier | Qt::AltModifier, QStringLiteral("\t"), 1, 0, 0, "a|b/c"},
@@ -223,7 +223,7 @@ TEST_F(RichTextEvents, Change_AfterEachKey_ComesOnceWhenTheTextChanged) {
     }
 }
 
-TEST_F(RichTextEvents, Backspace_InFrontOfABullet_TakesItAwayWithoutAChange) {
+TEST_F(RichTextEvents, Backspace_BeforeABullet_RemovesIt_WithoutATextChange) {
     rtb.setText(u"a");
     rtb.setSelBullet(true);
     changes = 0;
@@ -232,7 +232,7 @@ TEST_F(RichTextEvents, Backspace_InFrontOfABullet_TakesItAwayWithoutAChange) {
     EXPECT_EQ(changes, 0);
 }
 
-TEST_F(RichTextEvents, Composing_OfALetter_ChangesTheTextWhenItIsDone) {
+TEST_F(RichTextEvents, ComposedInput_ChangesTheText_WhenCommitted) {
     rtb.setText(u"ab");
     rtb.setSelStart(1);
     changes = 0;
@@ -251,7 +251,7 @@ TEST_F(RichTextEvents, Composing_OfALetter_ChangesTheTextWhenItIsDone) {
     EXPECT_EQ(changes, 2) << "given up";
 }
 
-TEST_F(RichTextEvents, ADrop_GoesInWithTheFormatsOfRtfOnly_AndOneChange) {
+TEST_F(RichTextEvents, Drop_IsOneChange_WithFormatsFromRtfOnly) {
     rtb.resize(300, 100);
     rtb.setSelRTF(u"{\\rtf1 {\\b x}y}");
     select(0, 1);
@@ -282,12 +282,12 @@ TEST_F(RichTextEvents, ADrop_GoesInWithTheFormatsOfRtfOnly_AndOneChange) {
     }
 }
 
-TEST_F(RichTextEvents, ADrag_InsideOfTheText_IsARemovalAndAnInsertion) {
+TEST_F(RichTextEvents, DragWithinTheText_IsARemovalAndAnInsertion) {
     const struct {
         int start, length;
         Told changes;
     } rows[] = {
-        {0, 1, {"|b/cd", "b/cda|"}}, {1, 4, {"a|d", "adb/c|"}}, {4, 2, {}}, // on itself
+        {0, 1, {"|b/cd", "b/cda|"}}, {1, 4, {"a|d", "adb/c|"}}, {4, 2, {}}, // onto itself
     };
     for (const auto& row : rows) {
         rtb.setText(u"ab\r\ncd");
@@ -302,11 +302,11 @@ TEST_F(RichTextEvents, ADrag_InsideOfTheText_IsARemovalAndAnInsertion) {
     }
 }
 
-TEST_F(RichTextEvents, TheMouse_Pressed_IsToldWithItsButton_AndTheKeyboardWhenItIsGone) {
+TEST_F(RichTextEvents, MousePress_IsReportedWithItsButton_AndFocusLossOnce) {
     for (const auto button : {Qt::LeftButton, Qt::RightButton})
         QTest::mouseClick(rtb.viewport(), button);
     EXPECT_EQ(heard(), (Told{"mouse 1", "mouse 2"}));
-    // An open menu borrows it only, and so does another program.
+    // A menu or another program only borrows the focus.
     for (const auto reason :
          {Qt::TabFocusReason, Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason})
         loseKeyboard(reason);

@@ -3,12 +3,12 @@
 
 using tests::RichText;
 
-TEST_F(RichText, LoadFile_ReadsTextByItsMarkOrInThePage_WithItsLineEndsAsCrLf) {
+TEST_F(RichText, LoadFile_DetectsTheEncoding_AndConvertsLineEndsToCrLf) {
     using namespace std::string_literals;
     const std::pair<std::string, base::TextView> rows[] = {
         {"", u""},
         {"one\ntwo\rthree\r\r\nfour", u"one\r\ntwo\r\nthree\r\n\r\nfour"},
-        // A separator of paragraphs, and a mark of Qt's own that would be one.
+        // A Unicode paragraph separator, and a character reserved by Qt that would act as one.
         {"\xEF\xBB\xBFone\xE2\x80\xA9two\xEF\xB7\x90", u"one\r\ntwo\uFFFD"},
         {"caf\xE9 \x80", u"caf\u00E9 \u20AC"},
         {"\xEF\xBB\xBF\xD0\x96\xF0\x9F\x98\x80", u"\u0416\U0001F600"},
@@ -36,7 +36,7 @@ TEST_F(RichText, LoadFile_ReadsTextByItsMarkOrInThePage_WithItsLineEndsAsCrLf) {
     }
 }
 
-TEST_F(RichText, LoadFile_LeavesTheFormatOfTheOldTextBehind) {
+TEST_F(RichText, LoadFile_DropsTheFormatOfTheOldText) {
     const fakes::TemporaryFolder folder;
     folder.write("file", R"({\rtf1{\fonttbl{\f0 Courier New;}}\f0\fs40 x})");
     rtb.setSelBold(true);
@@ -53,7 +53,7 @@ TEST_F(RichText, LoadFile_LeavesTheFormatOfTheOldTextBehind) {
     EXPECT_EQ(rtb.SelFontSize(), 12.0);
 }
 
-TEST_F(RichText, LoadFile_OfWhatIsTooLong_LeavesTheOldText) {
+TEST_F(RichText, LoadFile_WithATooLongFile_KeepsTheOldText) {
     const fakes::TemporaryFolder folder;
     std::string line;
     line.resize(10'000'001, 'x');

@@ -9,7 +9,7 @@
 
 namespace tests {
 
-// The control with its side of drag and drop open.
+// Makes the control's drag and drop functions public.
 class Control : public desktop::RichTextEdit {
 public:
     using RichTextEdit::createMimeDataFromSelection;
@@ -17,7 +17,7 @@ public:
     using RichTextEdit::RichTextEdit;
 };
 
-// The digits of a picture of this size in one colour, as RTF carries it.
+// The hex digits of a one-colour picture of this size, as stored in RTF.
 inline std::string pngDigits(QSize size, QColor color) {
     QImage image(size, QImage::Format_RGB32);
     image.fill(color);
@@ -27,7 +27,7 @@ inline std::string pngDigits(QSize size, QColor color) {
     return png.toHex().toStdString();
 }
 
-// What a user and the program do to a text, one edit after the other; the same ones from the same seed.
+// Random edits as by user and program, one after the other; the same seed gives the same edits.
 class RandomEdits {
 public:
     explicit RandomEdits(unsigned seed) : random_(seed) {}
@@ -60,7 +60,7 @@ public:
                 if (upTo(30) == 0)
                     control.setText(u"a new text\r\n\U0001F600\r\nof three lines");
             },
-            [&] { // as Replace All does
+            [&] { // like Replace All
                 control.together([&] {
                     for (int i = 0; i < 3; ++i) {
                         fakes::select(control, upTo(control.textLength()), upTo(8));
@@ -77,7 +77,7 @@ private:
     std::mt19937 random_;
 };
 
-// A text window with its changes counted.
+// A text control whose changes are counted.
 class RichText : public testing::Test {
 protected:
     void select(int start, int length) { fakes::select(rtb, start, length); }

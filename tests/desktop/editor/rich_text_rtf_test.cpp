@@ -9,7 +9,7 @@ using tests::RichText;
 
 namespace {
 
-// More fonts than are shown.
+// More fonts than the program shows.
 std::string manyFonts() {
     std::string table;
     std::string letters;
@@ -21,7 +21,7 @@ std::string manyFonts() {
     return "{\\rtf1{\\fonttbl" + table + '}' + letters + '}';
 }
 
-// Documents with each of the things that the control shows or keeps.
+// Documents that cover everything the control shows or keeps.
 const std::string documents[] = {
     R"({\rtf1 })",
     R"({\rtf1\ansi one\par two\par\par})",
@@ -46,7 +46,7 @@ const std::string documents[] = {
 
 } // namespace
 
-TEST_F(RichText, Documents_SavedAndTakenAsRTF_AreEqual) {
+TEST_F(RichText, Documents_SavedAndCopiedAsRtf_RoundTrip) {
     const fakes::TemporaryFolder folder;
     for (const std::string& source : documents) {
         folder.write("in.rtf", source);
@@ -66,8 +66,8 @@ TEST_F(RichText, Documents_SavedAndTakenAsRTF_AreEqual) {
     }
 }
 
-// In the lines of a narrow page, with a selection and the caret.
-TEST_F(RichText, Documents_LookAsQtLaysThemOut) {
+// Compares pictures of both layouts on a narrow page, with a selection and the caret.
+TEST_F(RichText, Documents_LookAsInQtsOwnLayout) {
     for (const std::string& source : documents) {
         QImage pictures[] = {QImage(200, 700, QImage::Format_RGB32), QImage(200, 700, QImage::Format_RGB32)};
         for (QImage& picture : pictures) {
@@ -91,7 +91,7 @@ TEST_F(RichText, Documents_LookAsQtLaysThemOut) {
     }
 }
 
-TEST_F(RichText, Bullets_OfALongText_AreItemsOfSeveralLists) {
+TEST_F(RichText, Bullets_InALongText_AreSplitIntoSeveralLists) {
     const auto expectShortLists = [&] {
         select(0, rtb.textLength());
         EXPECT_EQ(rtb.SelBullet(), platform::Setting::On);
@@ -111,7 +111,7 @@ TEST_F(RichText, Bullets_OfALongText_AreItemsOfSeveralLists) {
     EXPECT_EQ(rtb.SelRTF(), source);
 }
 
-TEST_F(RichText, HiddenLetters_TakeNoRoom_AndHideNothingThatIsTypedBehindThem) {
+TEST_F(RichText, HiddenText_HasNoWidth_AndDoesNotHideTextTypedAfterIt) {
     const auto width = [&](base::TextView source) {
         rtb.setText(u"");
         rtb.setSelRTF(source);
@@ -128,11 +128,11 @@ TEST_F(RichText, HiddenLetters_TakeNoRoom_AndHideNothingThatIsTypedBehindThem) {
     EXPECT_EQ(rtf::plainText(rtf::read(base::toUtf8(rtb.SelRTF()))), u"abd");
 }
 
-TEST_F(RichText, PageBreaks_AreWrittenOnce_WhateverIsDoneToTheirParagraphs) {
+TEST_F(RichText, PageBreaks_AreWrittenOnce_AfterAnyEditOfTheirParagraphs) {
     const struct {
         int start, length;
         base::TextView typed;
-        std::string saved; // a bar for a break within a paragraph, a caret for one in front of it
+        std::string saved; // "|" is a page break within a paragraph, "^" one in front of it
     } rows[] = {
         {4, 0, u"\r\n", "a|b\n\n^c\n"}, {3, 0, u"\r\n", "a|\nb\n^c\n"}, {1, 2, u"", "ab\n^c\n"},
         {7, 0, u"\r\n", "a|b\n^c\n\n"}, {0, 3, u"", "b\n^c\n"},
@@ -157,7 +157,7 @@ TEST_F(RichText, PageBreaks_AreWrittenOnce_WhateverIsDoneToTheirParagraphs) {
     }
 }
 
-TEST_F(RichText, SelRTF_Written_GoesInWithItsParagraphEnds_AndOneChange) {
+TEST_F(RichText, SetSelRTF_InsertsTheParagraphEnds_AsOneChange) {
     const base::Text nothing = rtb.SelRTF();
     const base::Text nul(u"\0x\0", 3);
     const struct {
@@ -169,7 +169,7 @@ TEST_F(RichText, SelRTF_Written_GoesInWithItsParagraphEnds_AndOneChange) {
         {u"ab", 1, 0, u"{\\rtf1 x}", "ax|b"},
         {u"ab", 1, 0, u"{\\rtf1 x\\par}", "ax/|b"},
         {u"ab", 1, 0, u"{\\rtf1 x\\par y}", "ax/y|b"},
-        {u"ab", 0, 2, u"{\\rtf1 \\b xy}", "xy|"}, // as many as before
+        {u"ab", 0, 2, u"{\\rtf1 \\b xy}", "xy|"}, // the same length as before
         {u"", 0, 0, nothing, "|"},
         {u"ab", 1, 1, nothing, "a|"},
         {u"ab", 1, 0, nul, "ax|b"},
@@ -188,7 +188,7 @@ TEST_F(RichText, SelRTF_Written_GoesInWithItsParagraphEnds_AndOneChange) {
     }
 }
 
-TEST_F(RichText, SelRTF_OfPartOfAText_CarriesFormatsAndParagraphEnds) {
+TEST_F(RichText, SelRTF_OfASelection_HasFormatsAndParagraphEnds) {
     rtb.setSelRTF(u"{\\rtf1 a{\\b bc}d\\par\\qc e\\par f}");
     for (const auto& [start, length] : {std::pair{0, 2}, {1, 2}, {3, 3}, {4, 2}, {2, 6}, {9, 1}}) {
         select(start, length);
@@ -206,7 +206,7 @@ TEST_F(RichText, Paste_InsideAParagraph_KeepsTheAlignmentOfTheRest) {
         return rtb.document()->findBlockByNumber(paragraph).blockFormat().alignment();
     };
     rtb.setText(u"ab\r\nc\r\nd");
-    select(0, 5); // and nothing of the third paragraph
+    select(0, 5); // nothing of the third paragraph
     rtb.setSelAlignment(platform::ParagraphAlignment::Right);
     rtb.setSelStart(1);
     rtb.setSelRTF(u"{\\rtf1\\qc x\\par y}");
@@ -216,7 +216,7 @@ TEST_F(RichText, Paste_InsideAParagraph_KeepsTheAlignmentOfTheRest) {
     EXPECT_EQ(alignment(3), QTextBlockFormat().alignment());
 }
 
-TEST_F(RichText, SaveFile_AfterASectionsParagraphWasCut_WritesTheSectionOnce) {
+TEST_F(RichText, SaveFile_AfterSplittingASectionsParagraph_WritesTheSectionOnce) {
     const fakes::TemporaryFolder folder;
     folder.write("in.rtf", R"({\rtf1 a\par\sect\sectd\sbknone bc\par})");
     rtb.LoadFile(folder.text("in.rtf"));

@@ -3,8 +3,8 @@
 
 namespace {
 
-// Undo and redo as they are told, a whole copy of the text a record and nothing shared: what the program's
-// own have to equal.
+// A reference implementation of undo and redo: each record is a full copy of the text, and nothing is shared.
+// The program's own must behave identically.
 class WholeCopyUndo {
 public:
     struct Record {
@@ -45,7 +45,7 @@ public:
         else if (next.SelStart >= more)
             putIn(next.SelStart - more, next.Text, more);
         else
-            putIn(next.SelStart, next.Text, 0); // the difference would begin before the text
+            putIn(next.SelStart, next.Text, 0); // otherwise the difference would begin before the text
     }
 
     platform::RichText& RTB;
@@ -65,7 +65,7 @@ private:
         RTB.setSelText(text);
         recording = true;
     }
-    // A stretch of the text, which is selected then, unless it is a letter or the end of a line.
+    // Inserts a range of the text and selects it, unless it is a single character or a line end.
     void putIn(std::int32_t at, const base::Text& whole, std::int32_t count) {
         const base::Text text = whole.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(count));
         write(at, 0, text);
@@ -79,7 +79,7 @@ private:
     bool recording = true;
 };
 
-// Two controls go through the same edits, one with the program's undo, one with whole copies.
+// Two controls receive the same edits, one with the program's undo, one with the reference implementation.
 class UndoEquality : public testing::TestWithParam<unsigned> {
 protected:
     UndoEquality() {
@@ -115,12 +115,12 @@ protected:
 
 } // namespace
 
-TEST_P(UndoEquality, ThousandsOfEditsUndosAndRedos_GoAsWithWholeCopies) {
+TEST_P(UndoEquality, ThousandsOfEditsUndosAndRedos_EqualTheReference) {
     std::mt19937 random(GetParam());
     tests::RandomEdits edits(GetParam());
-    edits.pieces.insert(edits.pieces.end(), {u"\xD83D", u"\xDE00"}); // halves of a letter
+    edits.pieces.insert(edits.pieces.end(), {u"\xD83D", u"\xDE00"}); // halves of a surrogate pair
     for (int step = 0; step < 2500; ++step) {
-        // Rounds of edits, of undos, of redos, and of all of them.
+        // Rounds of edits, of undos, of redos, and of all mixed.
         const unsigned round = static_cast<unsigned>(step) / 40 % 4;
         const unsigned what = random() % 30 == 0 || round == 3 ? random() % 3 : round;
         if (what == 1) {

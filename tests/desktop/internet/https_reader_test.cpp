@@ -16,13 +16,13 @@
 
 namespace {
 
-// A web server on this machine, on a thread of its own: it reads the head of each request and answers by a
-// function.
+// A web server on this machine, in its own thread: it reads the head of each request and calls a function to
+// answer it.
 class LocalServer : public QThread {
 public:
     using Answer = std::function<void(QSslSocket& client, const QByteArray& request)>;
 
-    // With a configuration it speaks TLS.
+    // Uses TLS if there is a configuration.
     explicit LocalServer(Answer answer, std::optional<QSslConfiguration> tls = std::nullopt)
         : answer_(std::move(answer)), tls_(std::move(tls)) {
         start();
@@ -107,7 +107,7 @@ LocalServer::Answer sends(const std::string& bytes) {
     return [bytes](QSslSocket& client, const QByteArray&) { send(client, bytes); };
 }
 
-// Sends so much and then holds the line without a word until the other side hangs up.
+// Sends these bytes, then keeps the connection open and silent until the client disconnects.
 LocalServer::Answer hangsBehind(const std::string& bytes) {
     return [bytes](QSslSocket& client, const QByteArray&) {
         send(client, bytes);
@@ -121,10 +121,10 @@ void sendsForEver(QSslSocket& client, const QByteArray&) {
         send(client, std::string(10'000, '9'));
 }
 
-// A page that has moved so many times, each time to the next number.
+// A page that is redirected this many times, each time to the next number.
 LocalServer::Answer moved(int times) {
     return [times](QSslSocket& client, const QByteArray& request) {
-        const int at = request.mid(5, 1).toInt(); // 0 for the first address, which is no number
+        const int at = request.mid(5, 1).toInt(); // 0 for the first address, which is not a number
         send(client, at < times ? redirection("/" + std::to_string(at + 1)) : page("001015003"));
     };
 }
@@ -152,8 +152,8 @@ INSTANTIATE_TEST_SUITE_P(Https, InternetContract, testing::Values(make<InternetB
 
 } // namespace contracts
 
-// What a server can answer, and what arrives of it; what that means is decided by the update check.
-TEST(HttpsReader, Answers_ArriveAsTheyAre_AndWhatIsUnsafeNotAtAll) {
+// What servers can answer, and what the reader returns; the update check decides what it means.
+TEST(HttpsReader, Responses_AreReturnedUnchanged_UnsafeOnesNotAtAll) {
     QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
     trusting.addCaCertificate(QSslCertificate(certificateFile("authority.pem")));
     QSslConfiguration::setDefaultConfiguration(trusting);
@@ -187,7 +187,7 @@ TEST(HttpsReader, Answers_ArriveAsTheyAre_AndWhatIsUnsafeNotAtAll) {
     }
 }
 
-TEST(HttpsReader, Request_NamesTheAgent_AndWantsNoCache) {
+TEST(HttpsReader, Request_HasTheUserAgent_AndBypassesCaches) {
     const LocalServer server([](QSslSocket& client, const QByteArray& request) {
         const QByteArray seen = request.toLower();
         send(client,

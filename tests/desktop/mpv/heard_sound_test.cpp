@@ -1,4 +1,4 @@
-// The media player by ear: what reaches a sound server is compared with the file.
+// Compares what the media player plays on a sound server with the file.
 #include "desktop/mpv/sound_server.h"
 #include "mpv_player.h"
 
@@ -38,13 +38,13 @@ protected:
     static std::unique_ptr<desktop::MpvPlayer> makePlayer() {
         return std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse"});
     }
-    // Fails unless the first sound heard is that of the place, to a few samples.
+    // Expects the first sound heard to be the one at this position (seconds), exact to a few samples.
     void expectHeardFrom(double place) {
         runLoop(200);
         const Samples heard = server_.heard();
         EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003);
     }
-    // The place behind the last sound heard.
+    // The position after the last sound heard, in seconds.
     double lastHeard(double expected) {
         const Samples heard = server_.heard();
         return listening::placeBehind(source_, heard, soundsIn(heard).back().end, expected);
@@ -59,7 +59,7 @@ private:
     static inline std::unique_ptr<listening::SoundServer> shared_;
 };
 
-TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {
+TEST_F(HeardSoundTest, Pause_IsSilentAtOnce_AndReportsTheAudiblePosition) {
     for (int round = 0; round < 2; ++round) {
         const double asked = player_->currentPosition();
         player_->pause();
@@ -71,8 +71,8 @@ TEST_F(HeardSoundTest, Pause_FallsSilentAtOnce_AndTellsThePlaceOfTheSilence) {
     }
 }
 
-TEST_F(HeardSoundTest, StepBackAndPause_ReadsBackExactly_AndIsHeardFromTheSampleAskedFor) {
-    // Steps of a tenth up to normal speed, where they arrive a hair below it.
+TEST_F(HeardSoundTest, StepBackAndPause_ReportsTheExactPosition_AndResumesAtThatSample) {
+    // Steps of 0.1 up to normal speed end slightly below it, because of rounding.
     for (double rate = 0.5; rate < 0.95; player_->setRate(rate))
         rate += 0.1;
     player_->setCurrentPosition(8);
@@ -89,7 +89,7 @@ TEST_F(HeardSoundTest, StepBackAndPause_ReadsBackExactly_AndIsHeardFromTheSample
     }
 }
 
-TEST_F(HeardSoundTest, Load_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) {
+TEST_F(HeardSoundTest, Load_WithASeek_PlaysNothingBeforeThePosition) {
     for (const bool first : {true, false}) {
         player_->setCurrentPosition(15);
         player_->pause();
@@ -99,12 +99,12 @@ TEST_F(HeardSoundTest, Load_IsHeardFromThePlaceAskedFor_AndNothingBeforeIt) {
         const double place = first ? 5 : 0;
         player_->setURL(media);
         player_->setCurrentPosition(place);
-        QThread::msleep(50); // the program is busy, so the engine hears no more of it for a while
+        QThread::msleep(50); // simulates a busy program, from which the engine hears nothing for a while
         expectHeardFrom(place);
     }
 }
 
-TEST_F(HeardSoundTest, EndOfMedia_IsHeardToTheLastSample_AndPlayBeginsWithTheFirst_AsAfterAStop) {
+TEST_F(HeardSoundTest, EndOfFile_PlaysToTheLastSample_AndPlayOrStopRestartsAtTheFirst) {
     const double length = static_cast<double>(source_.size()) / listening::sampleRate;
     player_->setCurrentPosition(length - 0.6);
     ASSERT_TRUE(eventually([&] { return player_->playState() == PlayState::Stopped; }));
@@ -120,7 +120,7 @@ TEST_F(HeardSoundTest, EndOfMedia_IsHeardToTheLastSample_AndPlayBeginsWithTheFir
     }
 }
 
-TEST_F(HeardSoundTest, FourAndAHalfTimesTheSpeed_IsHeardWithoutGaps) {
+TEST_F(HeardSoundTest, SpeedOf4Point5_PlaysWithoutGaps) {
     player_->setRate(4.5);
     runLoop(300);
     server_.heard();

@@ -1,4 +1,4 @@
-// Which files the player takes, and how it comes and goes with them.
+// Which files the player accepts, and how it loads and leaves them.
 #include "mpv_player_test.h"
 
 #include <memory>
@@ -7,7 +7,7 @@
 
 namespace listening {
 
-TEST_F(MpvPlayerTest, Load_StartsByItself_ForEachKindOfFile) {
+TEST_F(MpvPlayerTest, Load_StartsByItself_ForEveryFileType) {
     const base::Text media = u"" MEDIA_FOLDER;
     for (const auto& [path, length] : {std::pair{folder_.text("a.wav"), wavLength},
                                        {media + u"/noise.mp3", 20},
@@ -51,7 +51,7 @@ TEST_F(MpvPlayerTest, UnplayableFile_EndsInStopped_AndTheNextOnePlays) {
     start();
 }
 
-TEST_F(MpvPlayerTest, AnyFileName_IsAFileName) {
+TEST_F(MpvPlayerTest, AnyFileName_IsTakenLiterally) {
     std::filesystem::current_path(folder_.path());
     for (const std::string name :
          {"-x.wav", "--volume=0", "a%20b.wav", "%d.wav", R"(it's "x", \y;.wav)", "two\nlines.wav",
@@ -68,7 +68,7 @@ TEST_F(MpvPlayerTest, AnyFileName_IsAFileName) {
     std::filesystem::current_path("/");
 }
 
-TEST_F(MpvPlayerTest, AnotherFileOrNone_AtAnyMoment_IsNotDisturbedByTheFirst) {
+TEST_F(MpvPlayerTest, NewFileOrNone_AtAnyMoment_IsUnaffectedByThePreviousFile) {
     for (const int delay : {0, 1, 3, 8, 20, 60}) {
         SCOPED_TRACE(delay);
         player_.setURL(folder_.text("a.wav"));
@@ -94,7 +94,7 @@ TEST_F(MpvPlayerTest, AnotherFileOrNone_AtAnyMoment_IsNotDisturbedByTheFirst) {
     }
 }
 
-TEST_F(MpvPlayerTest, Destruction_IsQuickAtAnyMoment) {
+TEST_F(MpvPlayerTest, Destruction_AtAnyMoment_IsFast) {
     ASSERT_EQ(::mkfifo((folder_.path() / "pipe.wav").c_str(), 0600), 0);
     for (const char* name : {"a.wav", "pipe.wav"}) {
         for (const int delay : {0, 2, 5, 10, 20, 100}) {
@@ -106,7 +106,7 @@ TEST_F(MpvPlayerTest, Destruction_IsQuickAtAnyMoment) {
             clock.start();
             player.reset();
             EXPECT_LT(clock.elapsed(), 200) << name << delay;
-            runLoop(1); // whatever was posted must not arrive
+            runLoop(1); // posted calls must not arrive
         }
     }
 }

@@ -1,4 +1,4 @@
-// What the tests of the media player on libmpv's null output share; it runs in real time.
+// Fixture for tests of the media player on libmpv's null output, in real time.
 #pragma once
 
 #include "base/files.h"
@@ -17,7 +17,7 @@ using platform::PlayState;
 
 constexpr double wavLength = 4.0;
 
-// A player, and a folder with a.wav in it.
+// A player, and a folder that contains a.wav.
 class MpvPlayerTest : public testing::Test {
 protected:
     MpvPlayerTest() { folder_.write("a.wav", wav_); }
@@ -29,7 +29,7 @@ protected:
         player_.setURL(folder_.text("a.wav"));
         ASSERT_TRUE(reaches(PlayState::Playing));
     }
-    // Fails unless sound is running from that place on, in time with the clock; a busy machine may be late.
+    // Expects playback from that position on, in step with the clock; a busy machine may be late.
     void expectPlaysOnFrom(double place) {
         QElapsedTimer clock;
         clock.start();

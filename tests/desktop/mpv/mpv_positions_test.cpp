@@ -1,4 +1,4 @@
-// Positions, play states and speeds of the player.
+// The player's positions, states and speeds.
 #include "contracts/player_contract.h"
 #include "mpv_player_test.h"
 
@@ -23,7 +23,7 @@ INSTANTIATE_TEST_SUITE_P(Mpv, PlayerContract, testing::Values(make<PlayerBench, 
 
 namespace listening {
 
-TEST_F(MpvPlayerTest, PausedSteps_DoNotDrift_NorHoldTheProgramUp) {
+TEST_F(MpvPlayerTest, PausedSteps_DoNotDrift_AndDoNotBlock) {
     start();
     player_.setCurrentPosition(2);
     player_.pause();
@@ -31,7 +31,7 @@ TEST_F(MpvPlayerTest, PausedSteps_DoNotDrift_NorHoldTheProgramUp) {
     clock.start();
     for (int i = 0; i < 4000; ++i) {
         player_.setCurrentPosition(player_.currentPosition() + (i % 2 == 0 ? 0.25 : -0.25));
-        // At last more at once than mpv's queue takes.
+        // In the second half, more requests at once than mpv's queue holds.
         if (i < 2000 && i % 3 == 0)
             QCoreApplication::processEvents();
     }
@@ -44,8 +44,8 @@ TEST_F(MpvPlayerTest, PausedSteps_DoNotDrift_NorHoldTheProgramUp) {
     expectPlaysOnFrom(3);
 }
 
-// A recording without a table of its own, 60 s long, of which the engine takes the first second for the rest.
-TEST_F(MpvPlayerTest, GuessedLength_IsNoLimit_AndIsMeasured) {
+// A 60 s recording without an index: mpv estimates its length from the first second.
+TEST_F(MpvPlayerTest, EstimatedLength_IsNoLimit_AndIsMeasured) {
     for (const auto& [file, guessesLess] : {std::pair{u"" MEDIA_FOLDER "/dense_first.mp3", true},
                                             {u"" MEDIA_FOLDER "/thin_first.mp3", false}}) {
         player_.setURL(file);
@@ -62,7 +62,7 @@ TEST_F(MpvPlayerTest, GuessedLength_IsNoLimit_AndIsMeasured) {
     }
 }
 
-TEST_F(MpvPlayerTest, PauseShortlyBeforeTheEnd_LeavesTheRestToBePlayed) {
+TEST_F(MpvPlayerTest, PauseShortlyBeforeTheEnd_ResumesAndPlaysTheRest) {
     start();
     player_.setCurrentPosition(wavLength - 0.4);
     ASSERT_TRUE(eventually([&] { return player_.currentPosition() > wavLength - 0.25; }));
@@ -75,13 +75,14 @@ TEST_F(MpvPlayerTest, PauseShortlyBeforeTheEnd_LeavesTheRestToBePlayed) {
     EXPECT_TRUE(reaches(PlayState::Stopped));
 }
 
-TEST_F(MpvPlayerTest, EndWhileTheProgramIsBusy_HoldsNeitherASeekNorAPlayBack) {
+TEST_F(MpvPlayerTest, EndOfFile_WhileTheProgramIsBusy_BlocksNeitherSeekNorPlay) {
     for (const bool seeks : {true, false}) {
         player_.setURL(u"" MEDIA_FOLDER "/noise.mp3");
         ASSERT_TRUE(reaches(PlayState::Playing) && eventually([&] { return player_.duration() > 0; }));
         player_.setCurrentPosition(player_.duration() - 0.2);
         runLoop(50);
-        QThread::msleep(500); // the engine has come to the end and paused, which the program has not heard of
+        // the engine has reached the end and paused, of which the program does not know yet
+        QThread::msleep(500);
         if (seeks) {
             player_.setCurrentPosition(1);
         } else {

@@ -1,4 +1,4 @@
-// A PulseAudio daemon of the test's own, and other programs beside it.
+// Starts a private PulseAudio daemon, and other programs.
 #pragma once
 
 #include <QProcess>
@@ -17,15 +17,14 @@ inline void run(QProcess& process, const char* program, const std::vector<std::s
     process.waitForStarted();
 }
 
-// From now on, programs know no sound server but the one of the folder.
+// From now on, the only sound server that programs find is the one in this folder.
 inline void liveIn(const std::string& folder) {
     for (const char* name : {"HOME", "XDG_CONFIG_HOME", "PULSE_RUNTIME_PATH", "PULSE_STATE_PATH"})
         qputenv(name, folder.c_str());
     qputenv("PULSE_SERVER", ("unix:" + folder + "/socket").c_str());
 }
 
-// Starts the sound server of the folder, with sinks that go nowhere; each is a name, with its format if need
-// be.
+// Starts the sound server of this folder with null sinks; each entry is a name, optionally with a format.
 inline void runPulse(QProcess& daemon, const std::string& folder, const std::vector<std::string>& sinks) {
     std::vector<std::string> arguments{"-n",
                                        "--daemonize=no",

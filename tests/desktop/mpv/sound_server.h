@@ -1,4 +1,4 @@
-// A sound server of the test's own, and what was heard on it.
+// A private sound server, and analysis of what was played on it.
 #pragma once
 
 #include "desktop/eventually.h"
@@ -26,13 +26,13 @@ inline Samples samplesOf(const QByteArray& bytes) {
     return samples;
 }
 
-// One stretch of sound between two silences: its first sample, and the one behind its last.
+// One sound between two silences: its first sample, and the one after its last.
 struct Sound {
     std::size_t begin;
     std::size_t end;
 };
 
-// The sounds in a recording. Less than `gap` seconds without a sound belong to the sound around them.
+// The sounds in a recording. Silences shorter than `gap` seconds count as part of a sound.
 inline std::vector<Sound> soundsIn(const Samples& heard, double gap = 0.05) {
     std::vector<Sound> sounds;
     for (std::size_t i = 0; i < heard.size(); ++i) {
@@ -45,10 +45,10 @@ inline std::vector<Sound> soundsIn(const Samples& heard, double gap = 0.05) {
     return sounds;
 }
 
-constexpr std::size_t alikeLength = 700; // samples that tell a place
+constexpr std::size_t alikeLength = 700; // samples, enough to identify a position
 
-// The place in seconds at which `source` is most like what was `heard` from `from` on, looked for up to 0.8 s
-// around `expected`; NaN where nothing there is alike.
+// The position in seconds at which `source` best matches what was `heard` from sample `from` on, within 0.8 s
+// of `expected`; NaN if nothing matches.
 inline double placeIn(const Samples& source, const Samples& heard, std::size_t from, double expected) {
     const auto product = [](const std::int16_t* a, const std::int16_t* b) {
         return std::inner_product(a, a + alikeLength, b, 0.0);
@@ -71,19 +71,19 @@ inline double placeIn(const Samples& source, const Samples& heard, std::size_t f
     return place;
 }
 
-// The same for the last sound before `end`: the place behind it.
+// The same for the sound that ends before sample `end`: the position after it.
 inline double placeBehind(const Samples& source, const Samples& heard, std::size_t end, double expected) {
     return placeIn(source, heard, end - alikeLength, expected) +
            static_cast<double>(alikeLength) / sampleRate;
 }
 
-// A sound server with one sink that goes nowhere; whatever reaches it is recorded.
+// A sound server with one null sink, whose input is recorded.
 class SoundServer {
 public:
     SoundServer() {
         liveIn(folder_.path().string());
         runPulse(daemon_, folder_.path().string(), {"out"});
-        // The server answers when the recorder gets its first sample.
+        // The server is ready when the recorder gets its first sample.
         eventually([&] {
             if (recorder_.state() == QProcess::NotRunning)
                 run(recorder_, PAREC,
@@ -100,12 +100,12 @@ public:
         }
     }
 
-    // False when the server could not be started.
+    // False if the server could not be started.
     bool running() const {
         return recorder_.state() == QProcess::Running && daemon_.state() == QProcess::Running;
     }
 
-    // What was heard since the last call, and a little silence behind it.
+    // The sound since the last call, followed by a little silence.
     Samples heard() {
         runLoop(200);
         return samplesOf(recorder_.readAllStandardOutput());

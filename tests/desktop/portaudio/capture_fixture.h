@@ -1,4 +1,4 @@
-// Recordings in processes of their own, from a sound server of the test's own or from none.
+// Recordings in separate processes, with or without a private sound server.
 #pragma once
 
 #include "base/text.h"
@@ -62,19 +62,19 @@ inline std::string outputOf(QProcess& process) {
     return process.readAllStandardOutput().toStdString();
 }
 
-// What a program prints, without the line ends.
+// The output of a program, without line ends.
 inline std::string said(const char* program, const std::vector<std::string>& arguments) {
     const auto process = run(program, arguments);
     return QString::fromStdString(outputOf(*process)).simplified().toStdString();
 }
 
-// From now on ALSA knows what this configuration tells, and nothing else.
+// From now on, this is ALSA's whole configuration.
 inline void useAlsa(const fakes::TemporaryFolder& folder, const std::string& configuration) {
     folder.write("asound.conf", configuration);
     qputenv("ALSA_CONFIG_PATH", (folder.path() / "asound.conf").c_str());
 }
 
-// A device that gives the bytes of a file as fast as it is read.
+// An ALSA device that returns the bytes of a file as fast as it is read.
 inline std::string fileDevice(const std::string& file) {
     return R"(pcm.!default { type file slave.pcm "null" file "/dev/null" infile ")" + file +
            R"(" format "raw" } pcm.null { type null })";
@@ -96,7 +96,7 @@ protected:
 
     std::string path(const std::string& name) const { return (folder.path() / name).string(); }
     void useAlsa(const std::string& configuration) const { capture::useAlsa(folder, configuration); }
-    // A sound server with one sink a format, whose monitors are recorded.
+    // Starts a sound server with one sink per format, whose monitors are recorded.
     void startServer(const std::vector<Format>& formats) {
         std::vector<std::string> sinks;
         sinks.reserve(formats.size());
@@ -124,9 +124,9 @@ protected:
     }
     static std::string sampleFormat(const Format& format) { return format.bits == 8 ? "u8" : "s16le"; }
 
-    // How many samples of the recording are those of `played`, from its first noise to the end of its last
-    // whole buffer; negative: those that are not. The end effects: one byte of 0 over the first sample, one
-    // behind the last.
+    // The number of samples that match `played`, from its first noise to the end of the last whole buffer;
+    // negative: the number of wrong samples. Ignores the known end effects: one zero byte over the first
+    // sample and one after the last.
     static long alike(const std::string& file, const std::string& played, const Format& format) {
         if (file.size() < 44 + 8192 + 1 || file.back() != '\0')
             return 0;

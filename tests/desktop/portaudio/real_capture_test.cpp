@@ -30,7 +30,7 @@ INSTANTIATE_TEST_SUITE_P(PortAudio, WaveInputContract, testing::Values(make<Wave
 
 } // namespace contracts
 
-TEST_F(RealCapture, FromASoundServer_EveryFormat_IsWhatWasPlayed) {
+TEST_F(RealCapture, SoundServer_EveryFormat_RecordsWhatWasPlayed) {
     const auto formats = capture::allFormats();
     startServer(formats);
     std::vector<std::unique_ptr<QProcess>> recordings;
@@ -52,7 +52,7 @@ TEST_F(RealCapture, FromASoundServer_EveryFormat_IsWhatWasPlayed) {
         end(player);
 }
 
-TEST_F(RealCapture, ServerThatHangsAtTheStart_IsToldWhileTheLoopRunsOn) {
+TEST_F(RealCapture, HangingServer_IsReported_WithoutBlockingTheLoop) {
     const Format format{44100, 16, 2};
     startServer({format});
     ::kill(static_cast<pid_t>(server->processId()), SIGSTOP);
@@ -61,7 +61,7 @@ TEST_F(RealCapture, ServerThatHangsAtTheStart_IsToldWhileTheLoopRunsOn) {
     EXPECT_EQ(capture::outputOf(*recording), "started\n0 buffers, 0 losses\nDevice unavailable\n");
 }
 
-TEST_F(RealCapture, DeviceThatVanishesOrHangs_StaysSilent_AndWhatWasCapturedIsWhole) {
+TEST_F(RealCapture, VanishedOrHangingDevice_ReportsNothing_AndKeepsTheRecording) {
     const Format format{44100, 16, 2};
     folder.write("noise", capture::noise(format.bytesPerSecond() * 6));
     for (const std::string end : {"killed", "suspended", "stopped"}) {
@@ -82,7 +82,7 @@ TEST_F(RealCapture, DeviceThatVanishesOrHangs_StaysSilent_AndWhatWasCapturedIsWh
     }
 }
 
-TEST_F(RealCapture, KilledRecording_IsRepaired_ButForItsLastMoments) {
+TEST_F(RealCapture, KilledRecording_IsRepaired_ExceptItsLastSecond) {
     const Format format{22050, 16, 1};
     startServer({format});
     folder.write("noise", capture::noise(format.bytesPerSecond() * 6));

@@ -1,7 +1,7 @@
-// A recording in a process of its own, which can be killed:
+// Records in a separate process, which a test can kill:
 //   recording_process FOLDER BUFFERS CHANNELS BITS RATE FILE
-// FOLDER takes the journal. It ends after so many buffers, or some seconds after they were due. At the end
-// one line: buffers recorded, times that the device lost sound.
+// FOLDER holds the journal. Ends after BUFFERS buffers, or some seconds after they were due. At the end,
+// prints one line: the recorded buffers, and how often the device lost sound.
 #include "fakes/fake_desktop.h"
 #include "portaudio_input.h"
 #include "recorder/wave_in.h"
