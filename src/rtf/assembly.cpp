@@ -8,8 +8,8 @@ namespace rtf {
 
 namespace {
 
-// The index of an equal value, which is added where there is none. Documents hold few formats, fonts and
-// links.
+// The index of an equal value; appends the value if there is none. A linear search suffices, because
+// documents have few formats, fonts and links.
 template <typename Value>
 std::uint32_t indexOf(std::vector<Value>& values, const Value& value) {
     const auto hit = std::find(values.begin(), values.end(), value);
@@ -82,8 +82,8 @@ std::uint32_t Assembly::paragraphFormatOf(std::uint32_t index) {
     return entry->second;
 }
 
-// Every source begins a section, a piece of a text too: behind other paragraphs that means one only where it
-// has something to say.
+// Every document starts with a section, even a fragment. Appended to other paragraphs, that start only counts
+// as a new section if the section has contents.
 std::uint32_t Assembly::sectionOf(std::size_t index) {
     const std::uint32_t section = source_->paragraphs[index].section;
     if (section == none ||

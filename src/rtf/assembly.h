@@ -1,4 +1,4 @@
-// One document from paragraphs of others.
+// Assembles one document from paragraphs of others.
 #pragma once
 
 #include "rtf/document.h"
@@ -8,24 +8,22 @@
 namespace rtf {
 
 // Builds a document by appending paragraphs of other documents. Formats, fonts and links are merged by value;
-// ranges that are kept as RTF come along with the paragraph. Appending costs time in proportion to the
-// paragraph alone.
+// kept ranges are copied with their paragraph. The cost of appending is proportional to the paragraph.
 class Assembly {
 public:
-    // `frame` gives what stands beside the text: paper, head and the tables of its kept ranges.
+    // `frame` supplies everything except the text: page settings, head, and the tables of the kept ranges.
     explicit Assembly(const Document& frame);
 
-    // Names the document from which the paragraphs to come are taken; it has to outlive their appending.
+    // Sets the document from which the next paragraphs are taken; it must outlive their appending.
     void take(const Document& source);
-    // Appends paragraph number `index` of that document, counted from 0. Paragraphs are reached fastest in
-    // their order.
+    // Appends paragraph number `index`, from 0, of that document. Fastest in ascending order.
     void append(std::size_t index);
 
-    // The document so far; the assembly is empty afterwards.
+    // Returns the document and leaves the assembly empty.
     Document finish();
 
 private:
-    // A place in the source, and in the arrays that its paragraphs cut.
+    // A paragraph of the source, and its offsets in the source's runs and text.
     struct Place {
         std::size_t paragraph = 0;
         std::size_t run = 0;
@@ -40,7 +38,7 @@ private:
     Document result_;
     const Document* source_ = nullptr;
     Place place_;
-    // Indexes in the source, and what they became in the result.
+    // Map indices in the source to indices in the result.
     std::unordered_map<std::uint32_t, std::uint32_t> formats_;
     std::unordered_map<std::uint32_t, std::uint32_t> paragraphFormats_;
 };

@@ -4,11 +4,11 @@ namespace rtf {
 
 namespace {
 
-// A file can grow words on each of its paragraphs so that every one becomes a format of its own. No writer
-// does, and what exceeds this many bytes over all formats is rubbish.
+// Limits memory on malicious files, which can make every paragraph a new format by adding words to each. More
+// than this many bytes over all formats is rubbish; no writer produces that.
 constexpr std::size_t mostKeptWords = 1U << 20U;
 
-// The index of a part in its table, where it is put when it is new.
+// The index of a part in its table; appends the part if it is new.
 template <class Part>
 std::uint32_t indexOf(const Part& part, auto& known, std::vector<Part>& table) {
     const auto [place, isNew] = known.try_emplace(part, static_cast<std::uint32_t>(table.size()));

@@ -1,4 +1,4 @@
-// Puts a document together from first letter to last.
+// Builds a document sequentially.
 #pragma once
 
 #include "rtf/document.h"
@@ -13,40 +13,40 @@
 
 namespace rtf {
 
-// Collects text, formats and kept ranges; each table entry is made when first used.
+// Collects text, formats and kept ranges; creates each table entry on first use.
 class DocumentBuilder {
 public:
     DocumentBuilder();
 
-    // Indices in the tables of the document.
+    // Return indices in the tables of the document.
     std::uint32_t font(const Font& font);
     std::uint32_t link(const Text& target);
 
-    // How the text that follows looks.
+    // Sets the format of the text that follows.
     void useFormat(const CharFormat& format);
 
-    // Adds text; `ascii` holds bytes from 0x20 to 0x7E alone.
+    // Appends text; `ascii` must consist of bytes from 0x20 to 0x7E.
     void addAscii(std::string_view ascii);
     void addText(TextView text);
 
-    // Adds the anchor of a kept range.
+    // Appends the anchor of a kept range.
     void addKept(std::string range);
 
-    // Joins a range to the one in front of the place reached. False when there is none directly in front.
+    // Appends to the kept range directly before the current position. Returns false if there is none.
     bool extendKept(std::string_view range);
 
     void endParagraph(ParagraphFormat format);
     void endSection(ParagraphFormat format);
     bool paragraphIsEmpty() const { return document_.text.size() == paragraphText_; }
 
-    // The section in which the place reached lies, and what belongs to no place.
+    // The current section, and the document for everything that has no position in the text.
     Section& section() { return document_.sections.back(); }
     Document& document() { return document_; }
 
-    // False for an empty paragraph behind the end of another: it is not there, unless more comes.
+    // False for an empty paragraph after the last paragraph end: it exists only if more text follows.
     bool lastParagraphCounts() const;
 
-    // Gives the document out.
+    // Returns the document; the builder must not be used afterwards.
     Document finish(bool lastParagraphEnds);
 
 private:
@@ -59,9 +59,9 @@ private:
     std::unordered_map<Text, std::uint32_t> links_;
     std::size_t keptWords_ = 0;
     std::uint32_t format_ = 0;
-    std::size_t paragraphText_ = 0; // where the paragraph begins
+    std::size_t paragraphText_ = 0; // offset at which the current paragraph starts
     std::size_t paragraphRuns_ = 0;
-    std::uint32_t nextSection_ = 0; // the section that the paragraph begins
+    std::uint32_t nextSection_ = 0; // the section that starts with the current paragraph
 };
 
 } // namespace rtf

@@ -1,4 +1,4 @@
-// A formatted text as plain data, between RTF and whoever shows it. Positions and lengths are in UTF-16
+// A formatted text as plain data, independent of RTF and of any display. Positions and lengths are UTF-16
 // units.
 #pragma once
 
@@ -13,16 +13,16 @@ namespace rtf {
 using base::Text;
 using base::TextView;
 
-// Units of the text that are no letters.
-inline constexpr char16_t lineBreak = u'\u2028'; // a new line inside of a paragraph
+// Units of the text with a special meaning.
+inline constexpr char16_t lineBreak = u'\u2028'; // a line break inside a paragraph
 inline constexpr char16_t pageBreak = u'\u000C';
-inline constexpr char16_t anchorUnit = u'\uFFFC'; // stands for a kept range, see Run::kept
+inline constexpr char16_t anchorUnit = u'\uFFFC'; // represents a kept range, see Run::kept
 
 inline constexpr std::uint32_t none = 0xFFFFFFFF;
 
 inline constexpr int symbolCharset = 2;
 
-// A type face by name.
+// A font by name.
 struct Font {
     Text name;
     int charset = 0; // number of the Windows character set, 0 to 255
@@ -30,7 +30,7 @@ struct Font {
     bool operator==(const Font&) const = default;
 };
 
-// A colour, or the one that the reader's system takes by itself.
+// A colour, or the reader's default colour.
 struct Colour {
     bool automatic = true;
     std::uint8_t red = 0;
@@ -43,7 +43,7 @@ struct Colour {
 enum class Raised : std::uint8_t { No, Super, Sub };
 enum class Alignment : std::uint8_t { Left, Right, Centre, Justified };
 
-// How letters look.
+// Character formats.
 struct CharFormat {
     std::uint32_t font = 0;    // index in Document::fonts
     std::uint32_t link = none; // index in Document::links
@@ -62,51 +62,52 @@ struct CharFormat {
     bool operator==(const CharFormat&) const = default;
 };
 
-// How a paragraph stands. Measures are twips.
+// Paragraph formats. Measures are twips.
 struct ParagraphFormat {
     Alignment alignment = Alignment::Left;
     bool bullet = false;
-    bool pageBreakBefore = false; // it begins on a new page
+    bool pageBreakBefore = false; // starts on a new page
     std::int32_t leftIndent = 0;
     std::int32_t rightIndent = 0;
     std::int32_t firstIndent = 0; // of the first line, relative to leftIndent
     std::int32_t spaceBefore = 0;
     std::int32_t spaceAfter = 0;
-    std::string list; // words of RTF that make the paragraph an item of a list; dropped with the bullet
-    std::string kept; // words of RTF that the editor does not show: tab stops, style, line spacing
+    std::string list; // control words of the list that the paragraph belongs to; dropped with the bullet
+    std::string kept; // control words that the editor does not show: tab stops, style, line spacing
 
     bool operator==(const ParagraphFormat&) const = default;
 };
 
-// A stretch of one format within a paragraph.
+// A part of a paragraph with uniform format.
 struct Run {
-    std::uint32_t length = 0;  // UTF-16 units
-    std::uint32_t format = 0;  // index in Document::formats
-    std::uint32_t kept = none; // index in Document::kept, when the run is the anchor of it: length 1 then
+    std::uint32_t length = 0; // UTF-16 units
+    std::uint32_t format = 0; // index in Document::formats
+    std::uint32_t kept =
+        none; // index in Document::kept if the run is a kept range's anchor; its length is 1 then
 
     bool operator==(const Run&) const = default;
 };
 
-// The runs follow each other in Document::runs. A paragraph without text has one run of no length, whose
-// format is that of what is typed there.
+// The runs of all paragraphs are stored consecutively in Document::runs. An empty paragraph has one run of
+// length 0, whose format applies to text typed there.
 struct Paragraph {
-    std::uint32_t length = 0;     // UTF-16 units, without the paragraph's end
-    std::uint32_t runs = 0;       // how many, at least 1
+    std::uint32_t length = 0;     // UTF-16 units, without the paragraph end
+    std::uint32_t runs = 0;       // number of runs, at least 1
     std::uint32_t format = 0;     // index in Document::paragraphFormats
-    std::uint32_t section = none; // index in Document::sections, when the paragraph begins one
+    std::uint32_t section = none; // index in Document::sections if the paragraph starts a section
 
     bool operator==(const Paragraph&) const = default;
 };
 
-// A part of the document with a page layout of its own, kept as RTF.
+// A part of the document with its own page layout, kept as RTF.
 struct Section {
     std::string words;
-    std::string headers; // groups of headers and footers
+    std::string headers; // RTF groups of headers and footers
 
     bool operator==(const Section&) const = default;
 };
 
-// A font under the number by which kept ranges call it.
+// A font with the number by which kept ranges refer to it.
 struct NumberedFont {
     std::int32_t number = 0;
     Font font;
@@ -114,7 +115,7 @@ struct NumberedFont {
     bool operator==(const NumberedFont&) const = default;
 };
 
-// What kept ranges take from the tables of the file that they came from.
+// The entries of the original file's tables that kept ranges refer to.
 struct KeptTables {
     int codePage = 1252;
     std::int32_t defaultFont = 0; // number, not index
@@ -124,33 +125,34 @@ struct KeptTables {
     bool operator==(const KeptTables&) const = default;
 };
 
-// The text is in one piece, without paragraph ends; paragraphs and runs cut it by their lengths. Fonts,
-// formats and links stand in the order of their first use, so that two documents are equal when they look
-// alike.
+// A document. The text is contiguous, without paragraph ends; the lengths of paragraphs and runs divide it.
+// Fonts, formats and links are ordered by first use, so two documents with the same contents compare equal.
 struct Document {
     Text text;
     std::vector<Run> runs;
-    std::vector<Paragraph> paragraphs; // at least one, once read
-    // A piece of text may stop within its last paragraph or take the end with it, which matters when it is
-    // pasted. A whole document ends its last paragraph; an empty one behind that end is not there.
+    std::vector<Paragraph> paragraphs; // at least one after reading
+    // False if the text stops inside its last paragraph, true if it includes that paragraph's end; this
+    // matters when pasting. A whole document ends its last paragraph; there is no empty paragraph after that
+    // end.
     bool lastParagraphEnds = false;
 
     std::vector<CharFormat> formats;
     std::vector<ParagraphFormat> paragraphFormats;
     std::vector<Font> fonts;
-    std::vector<Text> links; // "#name" for a place in the document itself
+    std::vector<Text> links; // "#name" for a bookmark in the document itself
 
-    std::vector<std::string> kept; // RTF of pictures, objects, footnotes: complete groups, 7-bit ASCII
-    std::vector<Section> sections; // the first begins with the first paragraph
-    std::string pageWords;         // RTF words for the paper
+    std::vector<std::string>
+        kept; // kept ranges: RTF of pictures, objects, footnotes; complete groups, 7-bit ASCII
+    std::vector<Section> sections; // the first one starts with the first paragraph
+    std::string pageWords;         // control words of the page settings
     std::string head;              // RTF groups: style sheet, list tables, information
     KeptTables keptTables;
 
     bool operator==(const Document&) const = default;
 };
 
-// What can be read: paragraphs parted by "\n", as are lines within one; page breaks too. Anchors and hidden
-// text are left out.
+// The readable text, with "\n" for paragraph ends, line breaks and page breaks. Omits anchors and hidden
+// text.
 Text plainText(const Document& document);
 
 } // namespace rtf

@@ -11,7 +11,7 @@ namespace rtf {
 
 namespace {
 
-// A word of an instruction; in quotes it is never an option.
+// A word of a field instruction. A quoted word is never an option.
 struct InstructionWord {
     Text text;
     bool quoted = false;
@@ -22,7 +22,8 @@ struct InstructionWord {
     }
 };
 
-// Cuts an instruction into its words; a word in quotes may hold blanks, and a backslash doubles as an escape.
+// Splits an instruction into words. Quoted words may contain blanks; a backslash escapes quotes and
+// backslashes.
 class InstructionWords {
 public:
     explicit InstructionWords(TextView instruction) : rest_(instruction) {}
@@ -85,7 +86,7 @@ char16_t symbolOf(TextView instruction) {
     if (!command || base::lowered(command->text) != u"symbol")
         return 0;
     const double value = base::val(words.next().value_or(InstructionWord()).text);
-    // A number of one byte counts in the symbol font that the instruction names.
+    // A one-byte number is a position in the symbol font that the instruction names.
     if (value >= 0x20 && value < 0x100)
         return static_cast<char16_t>(0xF000 + value);
     return value >= 0x100 && value < 0xD800 ? static_cast<char16_t>(value) : u'\0';

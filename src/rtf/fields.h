@@ -1,4 +1,4 @@
-// What the instruction of a field asks for, as far as an editor can show it.
+// Field instructions, as far as the editor can show their results.
 #pragma once
 
 #include "rtf/document.h"
@@ -7,14 +7,14 @@
 
 namespace rtf {
 
-// Where a HYPERLINK instruction leads: an address, "#name" for a place in the document, empty for any other
-// instruction.
+// The target of a HYPERLINK instruction: an address, or "#name" for a bookmark in the document; empty for any
+// other instruction.
 Text linkTarget(TextView instruction);
 
-// The letter that a SYMBOL instruction stands for; 0 for any other instruction.
+// The character of a SYMBOL instruction; 0 for any other instruction.
 char16_t symbolOf(TextView instruction);
 
-// The instruction that leads to `target`, the reverse of linkTarget.
+// The instruction for this target; the inverse of linkTarget.
 Text linkInstruction(TextView target);
 
 } // namespace rtf

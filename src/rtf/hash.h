@@ -1,4 +1,4 @@
-// Hashes of the parts of a document.
+// Hash functions for the parts of a document.
 #pragma once
 
 #include "rtf/document.h"
@@ -7,7 +7,7 @@
 
 namespace rtf {
 
-// Hashes for the tables in which each font, format and link stands once.
+// Hashes for the tables that hold each font, format and link once.
 struct PartHash {
     std::size_t operator()(const CharFormat& format) const;
     std::size_t operator()(const ParagraphFormat& format) const;

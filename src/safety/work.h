@@ -42,7 +42,7 @@ struct Work {
     bool whole = true; // false if a change did not fit the text; later changes are ignored then
 };
 
-// Reconstructs the work from a journal's records. Each record is parsed once.
+// Reconstructs the work from a journal's records. The time grows linearly with the length of the records.
 Work replay(const std::vector<Record>& records);
 
 } // namespace safety

@@ -44,7 +44,7 @@ int codePageOfCharset(int charset) {
     return row == std::end(pages) ? 0 : row->second;
 }
 
-// One page: a table when each byte is a letter, a converter when letters have several.
+// One code page: a table if every letter is a single byte, otherwise a converter.
 class CodePages::Page {
 public:
     explicit Page(int number) : number_(number) {
@@ -91,14 +91,14 @@ private:
             table_[byte] = page.decode(std::string(1, static_cast<char>(byte)))[0];
     }
 
-    // The pages of mainframes put the letters elsewhere: no text of RTF is written in those.
+    // Rejects mainframe code pages, which are not based on ASCII: RTF is never written in them.
     bool beginsWithAscii() {
         base::Text letters;
         convert("AZaz09 ", letters);
         return letters == u"AZaz09 ";
     }
 
-    // A page in which no byte waits for another becomes a table.
+    // Fills the table if every byte is a letter of its own. Returns false for a multi-byte page.
     bool everyByteIsALetter() {
         for (unsigned byte = 0; byte < table_.size(); ++byte) {
             char in = static_cast<char>(byte);
@@ -162,7 +162,7 @@ CodePages::Page& CodePages::page(int number) {
     auto place = std::find_if(pages_.begin(), pages_.end(),
                               [&](const auto& known) { return known->number() == number; });
     if (place == pages_.end()) {
-        // More than there are in the world: rubbish, which shall cost neither time nor memory.
+        // More code pages than exist: a malicious file must cost neither time nor memory.
         constexpr std::size_t mostPages = 64;
         if (pages_.size() == mostPages)
             return *pages_.front();

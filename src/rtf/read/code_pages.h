@@ -1,4 +1,4 @@
-// The code pages of RTF: single-byte and double-byte, Windows, DOS and Macintosh.
+// The code pages used in RTF: single-byte and double-byte, Windows, DOS and Macintosh.
 #pragma once
 
 #include "base/text.h"
@@ -10,10 +10,10 @@
 
 namespace rtf {
 
-// The code page that goes with a font's character set (0 to 255); 0 when the set leaves it to the document.
+// The code page of a font's character set (0 to 255); 0 if the set means the document's code page.
 int codePageOfCharset(int charset);
 
-// Decodes bytes of any code page, whose tables are made when first asked for.
+// Decodes bytes of any code page. Tables and converters are created on first use.
 class CodePages {
 public:
     CodePages();
@@ -21,9 +21,9 @@ public:
     CodePages(CodePages&&) noexcept;
     CodePages& operator=(CodePages&&) noexcept;
 
-    // Appends the text of the bytes, which hold whole letters. A page that the system does not know is taken
-    // as 1252. What does not decode in a double-byte page becomes U+FFFD, a byte at a time; in a single-byte
-    // page it stands for the unit of the same value.
+    // Appends the decoded bytes, which must be complete letters. An unknown page counts as 1252. An
+    // undecodable byte becomes U+FFFD in a double-byte page, and the unit of the same value in a single-byte
+    // page.
     void append(int codePage, std::string_view bytes, base::Text& out);
 
 private:

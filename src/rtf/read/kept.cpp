@@ -23,10 +23,10 @@ void appendHex(std::string_view bytes, std::string_view before, std::string& out
     }
 }
 
-// Copies tokens as 7-bit ASCII. What it writes comes out the same when it is copied again.
+// Copies tokens as 7-bit ASCII. Copying its output again yields the same output.
 class Copier {
 public:
-    // The copy begins behind `word`, the first of a group that is open.
+    // Starts after `word`, the first control word of an open group.
     Copier(std::string_view word, std::string& out) : out_(out), open_(out.empty() || out.back() != ' ') {
         noteWord(word);
     }
@@ -45,7 +45,7 @@ public:
                 appendHex(token.text, "", deeperData_);
             break;
         case TokenKind::Symbol:
-            // A backslash whose other byte cannot be written would take hold of what comes next.
+            // Without its second byte, a backslash would combine with the next byte.
             if (!token.text.empty() && isPlainByte(token.text[0]))
                 copy(token);
             break;
@@ -73,7 +73,8 @@ public:
     }
 
 private:
-    // Digits count as data in the group of the picture or object itself, where binary data may lie deeper.
+    // Hexadecimal digits count as data directly in the picture's or object's group; binary data may be nested
+    // deeper.
     void noteWord(std::string_view word) {
         const bool holdsData = word == "pict" || word == "objdata";
         if (holdsData && (data_.empty() || data_.back() != depth_))
@@ -99,7 +100,7 @@ private:
                (token.kind == TokenKind::Hex && token.raw.size() < wholeHex);
     }
 
-    // True for a byte that would become part of a word in front of it.
+    // True for a byte that would extend a preceding control word.
     static bool goesOn(char byte) {
         return byte == ' ' || byte == '-' || (byte >= '0' && byte <= '9') || (byte >= 'a' && byte <= 'z') ||
                (byte >= 'A' && byte <= 'Z');
@@ -121,7 +122,7 @@ private:
             if (!isPlainByte(byte)) {
                 appendHex(std::string_view(&byte, 1), "\\'", out_);
             } else {
-                // The tokenizer leaves line ends out, but one may have been what ended the word.
+                // The tokenizer skips line ends, but one may have separated the control word from this byte.
                 if (open_ && goesOn(byte))
                     out_ += '\n';
                 out_ += byte;
@@ -131,10 +132,10 @@ private:
     }
 
     std::string& out_;
-    bool open_; // the last token would take more bytes
+    bool open_; // the last token would absorb following bytes
     std::size_t depth_ = 1;
-    std::vector<std::size_t> data_; // depths of the open groups of pictures and objects
-    std::string deeperData_;        // digits of the data in groups within the innermost of them
+    std::vector<std::size_t> data_; // depths of the open picture and object groups
+    std::string deeperData_;        // digits of binary data nested in the innermost of these groups
 };
 
 } // namespace

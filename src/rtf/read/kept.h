@@ -1,4 +1,4 @@
-// Ranges of RTF that are kept as they are, because the editor has no place for what they tell.
+// Kept ranges: RTF that is preserved unchanged, because the editor cannot represent it.
 #pragma once
 
 #include "rtf/read/tokens.h"
@@ -10,21 +10,21 @@
 
 namespace rtf {
 
-// The numbers of the file's own tables that kept ranges refer to.
+// The entries of the file's font and colour tables that kept ranges refer to.
 struct KeptReferences {
     std::set<std::int32_t> fonts;
     std::int32_t highestColour = -1; // index
 
-    // Adds what the range refers to.
+    // Adds the references of this range.
     void note(std::string_view range);
 };
 
-// Appends the rest of the group in which the tokenizer stands, behind the word that began it and with the
-// brace that closes it, to `out` as 7-bit ASCII: other bytes and binary data as hexadecimal digits. Where the
-// file ends first, the group is closed.
+// Appends the rest of the current group to `out`, from after its first control word `word` to its closing
+// brace, as 7-bit ASCII: other bytes and binary data become hexadecimal digits. Closes the group if the file
+// ends first.
 void copyGroup(Tokenizer& tokens, std::string_view word, std::string& out);
 
-// Passes over the rest of the group in which the tokenizer stands, with the brace that closes it.
+// Skips the rest of the current group including its closing brace.
 void skipGroup(Tokenizer& tokens);
 
 } // namespace rtf

@@ -11,10 +11,10 @@ namespace rtf {
 
 namespace {
 
-// Deeper than any document; what lies deeper still is read in the state of the last level.
+// Deeper than in any real document; groups nested deeper share the state of the last level.
 constexpr std::size_t deepestGroup = 4096;
 
-// A byte that RTF would take for its own is text behind a backslash: it may even be half of a letter.
+// An escaped backslash or brace is text; in a double-byte page it may even be half of a letter.
 bool isEscapedLetter(const Token& token) {
     return token.kind == TokenKind::Symbol && (token.text == "\\" || token.text == "{" || token.text == "}");
 }
@@ -82,8 +82,7 @@ void Parser::closeGroup() {
         --deeperGroups_;
         return;
     }
-    // Behind the brace that closes the file there is nothing more; without one that opened it, the brace is
-    // extra.
+    // The brace that closes the file ends the reading. A closing brace without an opening one is ignored.
     if (stack_.size() <= 2) {
         ended_ = stack_.size() == 2;
         return;
@@ -110,7 +109,7 @@ void Parser::leaveGroup(const GroupState& inner) {
 }
 
 void Parser::enter(Destination destination, const Token& word) {
-    // The outermost group goes nowhere, or all of the file would be gone with it.
+    // The outermost group keeps its destination; otherwise the whole file would be lost.
     const bool outermost = stack_.size() <= 2 && deeperGroups_ == 0;
     if (outermost)
         return;
@@ -189,7 +188,7 @@ void Parser::keep(Destination destination, const Token& word) {
     }
     std::string range = optional_ ? "{\\*" : "{";
     range += word.raw;
-    // Written again, the range stands where one letter stands in for a \u.
+    // When the range is written again, the surrounding fallback length is 1 (\uc1).
     if (state().fallback != 1)
         range += "\\uc" + std::to_string(state().fallback) + ' ';
     copyGroup(tokens_, word.text, range);

@@ -1,4 +1,4 @@
-// The reader's machine: a stack of groups, driven by tokens.
+// The RTF parser: a stack of group states, driven by tokens.
 #pragma once
 
 #include "rtf/builder.h"
@@ -14,10 +14,10 @@
 
 namespace rtf {
 
-// Reads one file, once.
+// Parses one file; used once.
 class Parser {
 public:
-    // `opened`: the brace that opens the file is no part of the bytes.
+    // `opened`: the brace that opens the file precedes these bytes.
     Parser(std::string_view bytes, bool opened);
 
     Document run();
@@ -82,17 +82,17 @@ private:
     Encoding encoding_;
     Text label_;
     std::string keptBefore_;
-    std::size_t deeperGroups_ = 0; // open groups beyond the deepest that has a state
-    std::size_t linkUnits_ = 0;    // of the targets of all linked stretches
-    std::size_t emptyCells_ = 0;   // cell ends that wait for text behind them
+    std::size_t deeperGroups_ = 0; // open groups beyond the maximum depth
+    std::size_t linkUnits_ = 0;    // total length of the targets of all linked runs, in units
+    std::size_t emptyCells_ = 0;   // cell ends that become tabs if text follows
     std::int32_t defaultFont_ = 0;
     int codePage_ = 1252;
     bool ended_ = false;
-    bool optional_ = false; // behind "{\*": a word that is not known takes its group with it
+    bool optional_ = false; // after "{\*": an unknown control word skips its group
     bool formatIsOld_ = true;
     bool encodingIsOld_ = true;
     bool bulletLabel_ = false;
-    bool typedLabel_ = false; // the label of the paragraph stands in the text
+    bool typedLabel_ = false; // the paragraph's label has become text
 };
 
 } // namespace rtf

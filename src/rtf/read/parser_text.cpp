@@ -1,4 +1,4 @@
-// The part of the reader that turns bytes and words into text.
+// The part of the parser that turns bytes and control words into text.
 #include "rtf/fields.h"
 #include "rtf/read/parser.h"
 
@@ -18,7 +18,8 @@ void Parser::plain(std::string_view bytes) {
         return;
     }
     flushHalf();
-    // Behind the first half of a letter a plain byte may be the other one; elsewhere ASCII is what it says.
+    // After the first half of a double-byte letter a plain byte may be the second half; otherwise ASCII is
+    // unambiguous.
     if (input_.hasBytes() || !isPrintableAscii(bytes) || encoding().symbols) {
         input_.addBytes(bytes);
     } else if (destination == Destination::Body) {
@@ -119,8 +120,8 @@ void Parser::refreshFormat(std::uint32_t link) {
     });
 }
 
-// Each linked stretch of a paragraph is written with its target, so a long target over many paragraphs would
-// make a file many times the size of the one that was read. Beyond what any real document has, links become
+// Each linked run is written with its target, so a long target repeated over many paragraphs would make the
+// written file many times larger than the one read. Beyond a size that no real document has, links become
 // plain text.
 std::uint32_t Parser::documentLink(std::uint32_t link) {
     constexpr std::size_t mostUnits = 1U << 26U;
@@ -150,7 +151,7 @@ void Parser::endParagraph(bool endsSection) {
     flushHalf();
     if (emptyCells_ > 0)
         prepareBody();
-    // The format of an empty paragraph is that of what is typed there, which is no part of a link.
+    // The format of an empty paragraph applies to text typed there, which does not belong to a link.
     if (builder_.paragraphIsEmpty()) {
         refreshFormat(none);
         formatIsOld_ = true;
@@ -172,7 +173,7 @@ void Parser::endCell() {
     ++emptyCells_;
 }
 
-// The end of the last cell parts nothing.
+// Drops the pending tab of the row's last cell, which separates nothing.
 void Parser::endRow() {
     if (!inBody())
         return;
@@ -211,7 +212,7 @@ ParagraphFormat Parser::paragraphFormat() const {
     };
 }
 
-// A bullet belongs to the paragraph; a number becomes text, since there is no counting here.
+// A bullet becomes a paragraph format; a number becomes text, since the editor does not number lists.
 void Parser::finishLabel() {
     const Text label = std::exchange(label_, {});
     if (!inBody())
@@ -223,7 +224,7 @@ void Parser::finishLabel() {
     const auto isLetterOrDigit = [](char16_t unit) {
         return (unit >= u'0' && unit <= u'9') || ((unit | 0x20) >= u'a' && (unit | 0x20) <= u'z');
     };
-    // The small o is the bullet that word processors take for the second level.
+    // Word processors write the letter "o" as the bullet of the second level.
     if (core.size() == 1 && (core == u"o" || !isLetterOrDigit(core[0]))) {
         bulletLabel_ = true;
         return;

@@ -1,4 +1,4 @@
-// The part of the reader that acts on words and symbols.
+// The part of the parser that handles control words and symbols.
 #include "rtf/read/parser.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::int32_t mostFallbackUnits = 255;
 
-// A word that turns something on, or off when its number is 0.
+// A toggle is switched off only by the number 0.
 bool isOn(const Token& token) {
     return !token.hasNumber || token.number != 0;
 }
@@ -18,14 +18,14 @@ std::string_view withoutBlank(std::string_view raw) {
     return raw.substr(0, raw.size() - (raw.ends_with(' ') ? 1 : 0));
 }
 
-// No writer needs more, and the sum of all sections shall not outgrow the file.
+// No real file needs more; the limit keeps the words of all sections from outgrowing the file.
 void appendWord(const Token& token, std::string& words) {
     constexpr std::size_t mostBytes = 512;
     if (const std::string_view word = withoutBlank(token.raw); words.size() + word.size() <= mostBytes)
         words += word;
 }
 
-// White space is never what stands in for a letter of Unicode, so it ends the letters that do.
+// White space never serves as the fallback of a \u letter, so it ends the fallback.
 bool standsInForALetter(const KnownWord& known) {
     return known.action == Action(TextWord::Unit) && known.argument != u'\t' && known.argument != lineBreak &&
            known.argument != pageBreak;

@@ -15,7 +15,7 @@ int digitOf(char byte) {
     return letter >= 'a' && letter <= 'f' ? letter - 'a' + 10 : -1;
 }
 
-// Puts bytes together from their hexadecimal digits.
+// Collects bytes from hexadecimal digits.
 class HexBytes {
 public:
     void add(std::string_view digits) {
@@ -38,7 +38,7 @@ private:
     int half_ = -1;
 };
 
-// What a picture group tells of the size, in twips and per cent.
+// The size in a picture group, in twips and per cent.
 struct Size {
     std::int64_t goal = 0;
     std::int64_t scale = 100;
@@ -50,7 +50,7 @@ struct Size {
     }
 };
 
-// Reads the group of one picture, behind its first word.
+// Reads one picture group, from after its first control word.
 std::optional<Picture> readPicture(Tokenizer& tokens) {
     Picture picture;
     HexBytes bytes;
@@ -68,7 +68,7 @@ std::optional<Picture> readPicture(Tokenizer& tokens) {
         else if (token.kind == TokenKind::Binary)
             bytes.addBinary(token.text);
         else if (depth > 1)
-            continue; // properties, and the number that tells one picture from another
+            continue; // properties, and the picture's unique id
         else if (token.kind == TokenKind::Plain)
             bytes.add(token.text);
         else if (token.text == "pngblip" || token.text == "jpegblip") {

@@ -1,4 +1,4 @@
-// Pictures in kept ranges, for an editor that draws them.
+// Extracts pictures from kept ranges, so that an editor can draw them.
 #pragma once
 
 #include <optional>
@@ -9,15 +9,15 @@ namespace rtf {
 
 enum class PictureKind { Png, Jpeg };
 
-// A picture as the bytes of its file.
+// A picture as the bytes of its image file.
 struct Picture {
     PictureKind kind = PictureKind::Png;
     std::string bytes;
-    int width = 0; // twips, 0 where the range does not tell
+    int width = 0; // twips, 0 if unknown
     int height = 0;
 };
 
-// The first picture of the range in a format that can be drawn; empty when there is none.
+// The first picture of the range in a drawable format; none if there is none.
 std::optional<Picture> pictureOf(std::string_view range);
 
 } // namespace rtf

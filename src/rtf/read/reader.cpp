@@ -8,8 +8,8 @@ namespace rtf {
 
 namespace {
 
-// How many bytes stand in front of the word that begins RTF: a mark, white space, the first brace; none when
-// other bytes begin so.
+// Length of the prefix before "\rtf": byte-order mark, white space and the first brace; 0 if the bytes are
+// not RTF.
 std::size_t openingOf(std::string_view bytes) {
     const std::size_t whole = bytes.size();
     constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";

@@ -1,4 +1,4 @@
-// From RTF to a document.
+// Reads RTF into a document.
 #pragma once
 
 #include "rtf/document.h"
@@ -7,11 +7,11 @@
 
 namespace rtf {
 
-// True for bytes that begin as RTF does, be it behind a byte-order mark or white space.
+// True for bytes that start like RTF, possibly after a byte-order mark and white space.
 bool isRtf(std::string_view bytes);
 
-// Reads bytes of RTF, however damaged: what can be understood is taken, nothing throws but std::bad_alloc.
-// Time and memory grow with the number of bytes alone.
+// Parses RTF, however damaged: unintelligible parts are skipped, and nothing but std::bad_alloc is thrown.
+// Time and memory grow linearly with the number of bytes.
 Document read(std::string_view bytes);
 
 } // namespace rtf

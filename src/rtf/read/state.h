@@ -1,4 +1,4 @@
-// What the reader knows at each depth of groups.
+// The parser's state within a group.
 #pragma once
 
 #include "rtf/document.h"
@@ -13,7 +13,7 @@
 
 namespace rtf {
 
-// The look of letters in the file's own numbers.
+// Character formats with the numbers of the file's own tables.
 struct CharState {
     std::int32_t font = 0;
     std::int32_t colour = -1;     // index, -1 for automatic
@@ -27,10 +27,10 @@ struct CharState {
 
 inline constexpr std::int32_t noList = std::numeric_limits<std::int32_t>::min();
 
-// The stand of a paragraph; lists of words are nodes in a WordChain.
+// Paragraph formats; lists of control words are nodes of a WordChain.
 struct ParagraphState {
     std::int32_t measures[5] = {}; // twips, by Measure
-    std::int32_t list = noList;    // number in the table of lists
+    std::int32_t list = noList;    // number in the file's list table
     std::int32_t listLevel = noList;
     std::uint32_t keptWords = none;
     Alignment alignment = Alignment::Left;
@@ -38,36 +38,37 @@ struct ParagraphState {
     bool pageBreakBefore = false;
 };
 
-// All that a closing brace brings back.
+// The state that a closing brace restores.
 struct GroupState {
     CharState letters;
     ParagraphState paragraph;
     std::uint32_t link = none;        // index in the parser's links
-    std::uint32_t field = none;       // the field in which the group lies
-    std::uint32_t instruction = none; // the field whose instruction the text belongs to
-    std::int32_t fallback = 1;        // how many letters stand in for one \u
+    std::uint32_t field = none;       // the innermost field around the group
+    std::uint32_t instruction = none; // the field whose instruction this text is part of
+    std::int32_t fallback = 1;        // number of fallback letters after a \u (set by \uc)
     Destination destination = Destination::Body;
-    Destination outer = Destination::Body; // of the group that holds two alternatives
+    Destination outer = Destination::Body; // destination around a group with two alternatives
 };
 
-// A field while it is read.
+// A field being read.
 struct FieldState {
     Text instruction;
     Destination outer = Destination::Body;
     bool hasResult = false;
 };
 
-// A link of the file; it enters the document with its first letter.
+// A link of the file; added to the document with its first letter.
 struct LinkState {
     Text target;
     std::uint32_t index = none; // in the document's links
 };
 
-// Lists of words that share their beginnings, as the groups of a file do: each list is known by its last
-// word.
+// Lists of control words that share common prefixes, as the nested groups of a file do. A list is identified
+// by its last node.
 class WordChain {
 public:
-    // The list `last` with a word more. Lists stay under 256 bytes; what is more is left out.
+    // Returns the list `last` extended by one word. A word that would make the list longer than 256 bytes is
+    // dropped.
     std::uint32_t append(std::uint32_t last, std::string_view word) {
         constexpr std::size_t longestList = 256;
         const std::size_t length = word.size() + (last == none ? 0 : nodes_[last].length);
@@ -91,7 +92,7 @@ private:
     struct Node {
         std::string_view word;
         std::uint32_t previous;
-        std::uint32_t length; // of the list up to here, in bytes
+        std::uint32_t length; // of the list up to this word, in bytes
     };
     std::vector<Node> nodes_;
 };

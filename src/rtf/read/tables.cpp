@@ -11,11 +11,12 @@ namespace rtf {
 namespace {
 
 constexpr TextView usualFont = u"Times New Roman";
-constexpr int defaultCharset = 1; // of the system that the file is read on
+constexpr int defaultCharset = 1; // the character set of the system that reads the file
 constexpr std::size_t longestName = 64;
 constexpr std::size_t mostColours = 1U << 16U;
 
-// Systems of one code page had a font for each script, which the end of its name told. 0 for any other font.
+// Old systems with a single code page had one font per script, marked by a suffix of the name. 0 for other
+// names.
 int charsetOfName(TextView name) {
     static constexpr std::pair<TextView, int> ends[] = {
         {u" CE", 238},       {u" Cyr", 204},    {u" Greek", 161},

@@ -1,4 +1,4 @@
-// The tables at the head of a file: fonts and colours by number.
+// The tables at the start of a file: fonts and colours by number.
 #pragma once
 
 #include "rtf/document.h"
@@ -9,29 +9,29 @@
 
 namespace rtf {
 
-// A font of the file.
+// An entry of the font table.
 struct FontEntry {
     Font font;
-    int codePage = 0;           // 0: that of the document
-    std::uint32_t index = none; // in the document, once it is used
+    int codePage = 0;           // 0: the document's code page
+    std::uint32_t index = none; // index in the document's fonts once it is used
 };
 
-// Collects the font table while it is read, then tells fonts by number.
+// The font table: filled while the file's table is read, then looked up by number.
 class FontTable {
 public:
     FontTable();
 
-    // While the table is read: a new entry, what is told of it, a part of its name.
+    // While reading: starts an entry, sets its properties, appends to its name, ends it.
     void begin(std::int32_t number);
     void charset(std::int32_t number);
     void codePage(std::int32_t number);
     void name(TextView part);
     void end();
 
-    // The code page of the entry in hand; 0: that of the document.
+    // The code page of the current entry; 0: the document's code page.
     int entryPage() const;
 
-    // A number that the table does not hold, or holds without a name, gives the usual font.
+    // The entry of this number; the default font if it does not exist or has no name.
     FontEntry& find(std::int32_t number);
 
 private:
@@ -41,17 +41,17 @@ private:
     bool named_ = false;
 };
 
-// Collects the colour table while it is read, then tells colours by index.
+// The colour table: filled while the file's table is read, then looked up by index.
 class ColourTable {
 public:
-    // While the table is read. `part` is 0 red, 1 green, 2 blue; `value` is clamped to 0..255.
+    // While reading. `part` is 0 red, 1 green, 2 blue; `value` is clamped to 0..255.
     void part(int part, std::int32_t value);
     void endEntry();
 
-    // Automatic for an index that the table does not hold.
+    // The colour with this index; automatic if it does not exist.
     Colour find(std::int32_t index) const;
 
-    // The first `count` entries, automatic ones where the table is shorter.
+    // The first `count` entries, padded with automatic colours.
     std::vector<Colour> first(std::size_t count) const;
 
 private:

@@ -6,7 +6,7 @@ namespace rtf {
 
 namespace {
 
-// Control characters are no text; a separator of Unicode's own is taken as the line break it looks like.
+// Control characters are not text. Unicode's own line and paragraph separators become line breaks.
 char16_t cleaned(char16_t unit) {
     if (unit == u'\u2029' || unit == u'\u0085')
         return lineBreak;

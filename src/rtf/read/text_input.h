@@ -1,5 +1,4 @@
-// The letters of a file on their way into UTF-16: bytes of code pages, \u numbers and what stands in for
-// them.
+// Converts a file's letters to UTF-16: bytes of code pages, \u numbers and their fallbacks.
 #pragma once
 
 #include "rtf/document.h"
@@ -11,41 +10,40 @@
 
 namespace rtf {
 
-// How bytes above ASCII are to be taken.
+// The encoding of bytes above ASCII.
 struct Encoding {
     int codePage = 1252;
-    bool symbols = false; // a font of symbols: bytes above the blank become U+F021 to U+F0FF
+    bool symbols = false; // a symbol font: bytes above the blank become U+F021 to U+F0FF
 };
 
-// True when all bytes are printable ASCII, so that they are letters of every page.
+// True if all bytes are printable ASCII, which is the same in every code page.
 bool isPrintableAscii(std::string_view bytes);
 
-// Collects bytes until a letter is whole, and pairs of surrogates until both halves are there.
+// Buffers bytes until a letter is complete, and surrogates until the pair is complete.
 class TextInput {
 public:
-    // Collects bytes that are decoded together.
+    // Adds bytes that are decoded together.
     void addBytes(std::string_view bytes) { bytes_ += bytes; }
     void addByte(std::int32_t byte) { bytes_ += static_cast<char>(byte); }
     bool hasBytes() const { return !bytes_.empty(); }
 
-    // The text of the bytes collected, without control characters; the view holds until the next call.
+    // Decodes the buffered bytes, without control characters; the view is valid until the next call.
     TextView takeBytes(const Encoding& encoding);
 
-    // The text of a \u number, signed or not: a view of none, one or two units that holds until the next
-    // call.
+    // The text of a \u number, signed or unsigned: zero to two units. The view is valid until the next call.
     TextView unicode(std::int32_t number);
 
-    // A first half of a pair that waits in vain becomes U+FFFD: the view holds until the next call.
+    // Replaces a high surrogate without a low one by U+FFFD; the view is valid until the next call.
     TextView takeHalf();
     bool hasHalf() const { return half_ != 0; }
 
-    // After a \u, `units` letters are passed over.
+    // After a \u: the next `units` letters are its fallback and are skipped.
     void passOver(std::int32_t units) { passOver_ = units; }
     bool passesOver() const { return passOver_ > 0; }
     void passedOne() { --passOver_; }
     void stopPassing() { passOver_ = 0; }
 
-    // What is left of plain bytes when those to be passed over are gone.
+    // The plain bytes without those that are part of a fallback.
     std::string_view rest(std::string_view bytes);
 
 private:

@@ -24,7 +24,7 @@ int hexDigit(char byte) {
     return byte >= 'A' && byte <= 'F' ? byte - 'A' + 10 : -1;
 }
 
-// What ends a stretch of plain text, asked for every byte of the file.
+// Bytes that end plain text; a table, because every byte of the file is tested.
 constexpr auto endsText = [] {
     std::array<bool, 256> table{};
     for (const char byte : {'\\', '{', '}', '\r', '\n'})

@@ -1,4 +1,4 @@
-// The lexical form of RTF: groups, words, symbols and text, cut out of the bytes without copies.
+// The lexical structure of RTF: groups, control words, symbols and text, as views of the bytes.
 #pragma once
 
 #include <cstddef>
@@ -12,27 +12,27 @@ enum class TokenKind : std::uint8_t {
     GroupOpen,
     GroupClose,
     Word,   // "\par", "\fs24 "
-    Symbol, // "\~": a backslash and one other byte, none when the file ends there
+    Symbol, // "\~": a backslash and one other byte; no byte at the end of the file
     Hex,    // "\'e9"
-    Plain,  // plain bytes, with no CR or LF among them
+    Plain,  // plain bytes without CR and LF
     Binary, // "\bin5 ....."
 };
 
-// One piece of the file; its views point into the bytes that the tokenizer was given.
+// One token; its views point into the tokenizer's input.
 struct Token {
     TokenKind kind = TokenKind::End;
     bool hasNumber = false;
-    std::int32_t number = 0; // of a word, clamped to 32 bits; the byte of a Hex token, -1 without digits
-    std::string_view text;   // name of the word, byte of the symbol, plain or binary bytes
-    std::string_view raw;    // all of the token, with the blank that ends a word
+    std::int32_t number = 0; // of a control word, clamped to 32 bits; byte of a Hex token, -1 without digits
+    std::string_view text;   // name of the control word, byte of the symbol, plain or binary bytes
+    std::string_view raw;    // the whole token, including the blank that ends a control word
 };
 
-// Cuts bytes into tokens, from first to last. Every byte string is accepted; nothing throws.
+// Splits bytes into tokens. Accepts any bytes and never throws.
 class Tokenizer {
 public:
     explicit Tokenizer(std::string_view bytes) : bytes_(bytes) {}
 
-    // The next token; End, again and again, behind the last.
+    // The next token. At the end it returns End, repeatedly.
     Token next();
 
 private:

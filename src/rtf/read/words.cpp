@@ -242,7 +242,7 @@ constexpr KnownWord words[] = {
     {"generator", Destination::Skipped},
 };
 
-// An open hash table of places in the list above, since most of a file's tokens are words.
+// An open-addressing hash table of indices into the list above, because most tokens are control words.
 constexpr std::size_t slots = 1024;
 static_assert(std::size(words) * 2 < slots);
 

@@ -1,4 +1,4 @@
-// The words of RTF that the reader acts on, and what each asks for.
+// The control words that the parser handles, and their effects.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace rtf {
 
-// The look of letters.
+// Character formats.
 enum class LetterWord : std::uint8_t {
     Mark, // sets or clears the Marks bit of the argument
     NoUnderline,
@@ -19,7 +19,7 @@ enum class LetterWord : std::uint8_t {
     Raise, // argument: Raised
 };
 
-// The stand of a paragraph.
+// Paragraph formats.
 enum class ParagraphWord : std::uint8_t {
     Defaults,
     Align,  // argument: Alignment
@@ -31,21 +31,21 @@ enum class ParagraphWord : std::uint8_t {
 };
 
 enum class TextWord : std::uint8_t {
-    Unit, // argument: the unit that the word stands for
+    Unit, // argument: the unit that the control word represents
     Unicode,
     FallbackLength,
     ParagraphEnd,
     SectionEnd,
     CellEnd,
     RowEnd,
-    NoteMark, // in front of a footnote
+    NoteMark, // before a footnote
 };
 
 enum class DocumentWord : std::uint8_t {
     SectionDefaults,
     Section,
     Page,
-    CodePage, // argument: the page, 0 when the number of the word tells it
+    CodePage, // argument: the code page, or 0 if the control word's number is the code page
     DefaultFont,
     // Tables of fonts and colours
     FontCharset,
@@ -78,26 +78,26 @@ enum class Destination : std::uint8_t {
     FieldResult,
     ListLabel,
     OldList,
-    Alternatives, // the same twice: for readers without and with Unicode
+    Alternatives, // the same text twice, without and with Unicode
     UnicodeAlternative,
-    KeptHere,   // kept range with a place in the text
-    KeptBefore, // goes with the kept range that follows
-    KeptBehind, // goes with the kept range in front of it, if there is one
+    KeptHere,   // kept range with a position in the text
+    KeptBefore, // belongs to the following kept range
+    KeptBehind, // belongs to the preceding kept range, if there is one
     KeptHeader, // of the section
     KeptHead,   // of the document
 };
 
-// Nothing, or one of the words above, or where the rest of the group goes.
+// The effect of a control word: none, one of the above, or the destination of the rest of the group.
 using Action = std::variant<std::monostate, LetterWord, ParagraphWord, TextWord, DocumentWord, Destination>;
 
-// A word with what it asks for.
+// A control word with its effect.
 struct KnownWord {
     std::string_view name;
     Action action;
     std::uint16_t argument = 0;
 };
 
-// Without an action for a word that the reader ignores.
+// Looks up a control word; the result has no action if the parser ignores that word.
 const KnownWord& findWord(std::string_view name);
 
 } // namespace rtf

@@ -11,7 +11,7 @@ std::uint32_t keyOf(const Colour& colour) {
            colour.blue;
 }
 
-// The word of a unit that has one of its own; null for others.
+// The escape or control word for this unit; null if it has none.
 const char* wordOf(char16_t unit) {
     switch (unit) {
     case u'\t':
@@ -90,7 +90,7 @@ void FontNumbers::appendTable(std::string& out) const {
 ColourIndices::ColourIndices(const Document& document) : colours_(document.keptTables.colours) {
     if (colours_.empty())
         colours_.emplace_back();
-    // The first entry is the automatic colour to many readers, whatever it says.
+    // Many readers treat the first entry as the automatic colour, whatever its value.
     for (std::size_t index = 1; index < colours_.size(); ++index)
         if (!colours_[index].automatic)
             indices_.try_emplace(keyOf(colours_[index]), index);

@@ -1,4 +1,4 @@
-// The numbers under which a written file calls its fonts and colours.
+// The font and colour tables of a written file.
 #pragma once
 
 #include "rtf/document.h"
@@ -12,17 +12,17 @@
 
 namespace rtf {
 
-// Appends text as RTF, letters beyond ASCII as numbers with a question mark for readers without Unicode.
+// Appends text as RTF. Letters beyond ASCII become \u numbers, with "?" for readers without Unicode.
 void appendText(TextView text, std::string& out);
 
-// Gives each font a number; fonts of kept ranges keep theirs.
+// Assigns a number to each font; fonts of kept ranges keep theirs.
 class FontNumbers {
 public:
     explicit FontNumbers(const Document& document);
 
     std::int32_t number(std::uint32_t font) const { return numbers_[font]; }
 
-    // The font of the sign in front of a bullet paragraph.
+    // The font of bullet characters.
     std::int32_t bulletNumber() const { return bullet_; }
 
     void appendTable(std::string& out) const;
@@ -38,12 +38,12 @@ private:
     std::int32_t bullet_ = -1;
 };
 
-// Gives each colour in use an index; colours of kept ranges keep theirs.
+// Assigns an index to each colour in use; colours of kept ranges keep theirs.
 class ColourIndices {
 public:
     explicit ColourIndices(const Document& document);
 
-    // Not for the automatic colour.
+    // The colour's index; `colour` must not be automatic.
     std::size_t index(const Colour& colour) const;
 
     void appendTable(std::string& out) const;

@@ -10,7 +10,7 @@ namespace rtf {
 
 namespace {
 
-// Writes one document, once.
+// Writes one document; used once.
 class Writer {
 public:
     explicit Writer(const Document& document)
@@ -50,8 +50,8 @@ private:
     ColourIndices colours_;
     bool hasListTable_;
     std::string out_;
-    std::size_t at_ = 0;  // in the text
-    std::size_t run_ = 0; // in the runs
+    std::size_t at_ = 0;  // offset in the text
+    std::size_t run_ = 0; // index of the next run
     std::uint32_t format_ = none;
     std::uint32_t paragraphFormat_ = none;
 };
@@ -122,9 +122,9 @@ void Writer::paragraphFormat(const ParagraphFormat& format) {
     out_ += ' ';
 }
 
-// Said twice: for readers that know lists of the old kind, and for those that take the sign as it stands.
-// Where the paragraph belongs to a list of the table, one of the old kind beside it makes some readers count
-// it instead.
+// Written twice: as a list in the old format, and as plain text for readers that know no lists. If the
+// paragraph belongs to a list of the list table, the old format is left out, because with both some readers
+// number the paragraph instead.
 void Writer::bullet(const ParagraphFormat& format) {
     const std::string font = std::to_string(fonts_.bulletNumber());
     if (!format.list.empty() && hasListTable_)
@@ -163,8 +163,8 @@ void Writer::runs(std::size_t count) {
     closeLink();
 }
 
-// In a group of its own: some office suites hold back all that follows \super or \sub until the group closes,
-// and put it into the wrong order otherwise.
+// Written as a group of its own: some office suites buffer all text after \super or \sub until the group
+// closes, and would otherwise reorder it.
 template <typename Content>
 void Writer::raised(const Run& run, Content&& content) {
     out_ += '{';
@@ -209,7 +209,7 @@ void Writer::run(const Run& run) {
         appendText(text, out_);
 }
 
-// In a font of symbols a plain byte would be read as the sign at its place.
+// In a symbol font a plain byte would be read as the symbol at that position.
 void Writer::symbols(TextView text) {
     static constexpr std::string_view digits = "0123456789abcdef";
     for (const char16_t unit : text) {

@@ -1,4 +1,4 @@
-// From a document to RTF.
+// Writes a document as RTF.
 #pragma once
 
 #include "rtf/document.h"
@@ -7,7 +7,7 @@
 
 namespace rtf {
 
-// The document as 7-bit ASCII; read again it gives an equal document. Every index of the document has to be
+// The document as 7-bit ASCII. Reading it back yields an equal document. All indices in the document must be
 // valid.
 std::string write(const Document& document);
 
