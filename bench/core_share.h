@@ -6,7 +6,8 @@
 
 namespace bench {
 
-// The share of a core that this process takes in the next `watched` ms, in per cent. The event loop runs.
+// Runs the event loop for `watched` ms; returns this process's CPU use during that time, in per cent of one
+// core.
 inline double coreShare(int watched) {
     QEventLoop loop;
     QTimer::singleShot(watched, &loop, &QEventLoop::quit);

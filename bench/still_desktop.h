@@ -8,7 +8,7 @@
 
 namespace bench {
 
-// Stands at one position until it is moved.
+// Stays at one position until it is set.
 class StillPlayer : public fakes::FakePlayer {
 public:
     using FakePlayer::FakePlayer;
@@ -18,7 +18,7 @@ public:
     base::Text currentPositionString() const override { return base::clockText(position); }
 };
 
-// The program on a real window, with its time standing still: nothing happens but what is asked for.
+// The program with a real window but in virtual time: nothing happens unless requested.
 class StillDesktop : public fakes::FakeDesktop {
 public:
     StillDesktop() {

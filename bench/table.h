@@ -1,4 +1,4 @@
-// The table that bench/run prints: every program of this folder adds its rows.
+// The table of bench/run; each bench program adds its rows.
 #pragma once
 
 #include <algorithm>
@@ -8,14 +8,14 @@
 
 namespace bench {
 
-// One row: what was measured, of the program and of the bare yardstick in the same run, and how the two
-// compare.
+// One row: what was measured, the values of the program and of the baseline in the same run, and their
+// comparison.
 struct Row {
     std::string what;
     std::string program;
     std::string bare;
     std::string compared;
-    std::string goal; // empty: a number without one
+    std::string goal; // empty: no goal
     bool reached = true;
 };
 
@@ -26,9 +26,9 @@ inline void print(const Row& row) {
     std::fflush(stdout);
 }
 
-// A number with its unit.
+// Formats a number with its unit.
 inline std::string measure(const char* format, double value) {
-    char text[64]; // NOLINT(modernize-avoid-c-arrays): a buffer for the formatter
+    char text[64]; // NOLINT(modernize-avoid-c-arrays): a buffer for snprintf
     std::snprintf(text, sizeof text, format, value);
     return text;
 }
@@ -39,7 +39,7 @@ inline double median(std::vector<double> values) {
     return *middle;
 }
 
-// A row of memory, in MB: how much more the program may take than the baseline.
+// A row of memory, in MB: `goal` is how much more than the baseline the program may use.
 inline Row memoryRow(const std::string& what, const std::vector<double>& program,
                      const std::vector<double>& bare, double goal) {
     const double more = median(program) - median(bare);

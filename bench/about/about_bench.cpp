@@ -1,4 +1,4 @@
-// What the credits of the about box cost while they scroll, on a real display in real time.
+// CPU use of the scrolling credits in the about box, on a real display in real time.
 #include "core_share.h"
 #include "desktop/application.h"
 #include "desktop/services/qt_event_loop.h"
@@ -32,10 +32,10 @@ int main(int argc, char* argv[]) {
         const desktop::FrmInformazioniWindow window(about);
         outside::AboutBox box(about, form1, none, none, still.shellPort);
         box.mnuInfo_Click();
-        bench::coreShare(watched); // the window comes up, the panel is drawn
+        bench::coreShare(watched); // warm-up: the window appears, the panel is drawn
         const double scrolling = bench::coreShare(watched);
         about.Timer1.setInterval(0);
-        // What its timer alone costs.
+        // Baseline: the timer alone.
         QTimer bare;
         bare.callOnTimeout([] {});
         bare.start(std::chrono::milliseconds(10));

@@ -1,6 +1,6 @@
-// How exact the timed cycle is, by ear: the program plays 3 s, steps 2 s back and waits 1 s, again and again
-// through ten minutes of an mp3 of varying rate, while another thread keeps a core busy. What reaches a sound
-// server is compared with the file as a decoder gives it from its start on.
+// Measures the precision of timed dictation by its sound. The program repeatedly plays 3 s, steps 2 s back
+// and pauses 1 s, through ten minutes of a variable-bit-rate mp3, while another thread keeps a core busy. The
+// output of a sound server is compared with the decoded file.
 //
 //   dictation_bench [PAUSES]
 #include "app/program.h"
@@ -23,20 +23,20 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int playPhase = 3000; // ms, the shortest phases that the program takes
+constexpr int playPhase = 3000; // ms; the shortest phases that the program accepts
 constexpr int pausePhase = 1000;
 constexpr double stepBack = 2;  // s
-constexpr double stepAhead = 9; // s, in every second pause, to get through the whole file
-constexpr double silence = 0.4; // s, less than a pause
+constexpr double stepAhead = 9; // s, in every second pause, to cover the whole file
+constexpr double silence = 0.4; // s; shorter than a pause
 constexpr double inMs = 1000;
 
-// The program with real time, a real player and a real sound server, but no windows.
+// The program in real time with a real player and a real sound server, but without windows.
 class ListeningDesktop : public fakes::FakeDesktop {
 public:
     ListeningDesktop() {
         laySettings({"English.lng", "100", "0", "9", "2", "0", "",  "1", "0", "0", "0", "0", "0",
                      "0",           "0",   "0", "0", "0", "0", "0", "3", "3", "1", "0", "1"});
-        // The dialog for the seconds knows its job by entries without a mnemonic.
+        // The dialog for seconds recognises its task by entries without a mnemonic.
         std::string bytes;
         for (int n = 0; n < 136; ++n)
             bytes += "123T" + std::to_string(n) + "\r\n";
@@ -51,7 +51,7 @@ private:
         std::make_unique<desktop::MpvPlayer>(desktop::MpvOptions{"pulse"});
 };
 
-// Keeps one core busy as long as it lives.
+// Keeps one core busy as long as it exists.
 class BusyCore {
 public:
     ~BusyCore() {
@@ -67,13 +67,13 @@ private:
     }};
 };
 
-// What the program meant at one automatic pause and the resume behind it.
+// The program's positions at one automatic pause and the following resume.
 struct Pause {
-    double told;  // place at which the pause came, s
-    double asked; // place of the resume, s
+    double told;  // position at the pause, s
+    double asked; // position of the resume, s
 };
 
-// Runs the program through so many pauses; `late` gets the error of each phase's length in ms.
+// Runs the program through this many pauses; `late` receives the error of each phase's length, in ms.
 std::vector<Pause> dictate(int pauses, std::vector<double>& late) {
     ListeningDesktop desktop;
     app::Program program(desktop);
@@ -102,7 +102,7 @@ std::vector<Pause> dictate(int pauses, std::vector<double>& late) {
             met.back().asked = place;
         tick();
         if (!wasPlaying && static_cast<int>(met.size()) == pauses) {
-            fakes::runLoop(500); // the last resume has to be heard
+            fakes::runLoop(500); // the last resume must be heard
             over = true;
         } else if (wasPlaying) {
             met.push_back({place, 0});
@@ -122,8 +122,8 @@ double worst(const std::vector<double>& errors) {
     return most;
 }
 
-// How much the values have moved from the first quarter to the last. Medians, for a busy machine is late now
-// and then.
+// The change of the values from the first quarter to the last. Uses medians, because a busy machine is
+// sometimes late.
 double drift(const std::vector<double>& values) {
     const auto quarter = static_cast<std::ptrdiff_t>((values.size() + 3) / 4);
     return bench::median({values.end() - quarter, values.end()}) -
@@ -144,7 +144,7 @@ bench::Row row(const std::string& what, const std::vector<double>& errors, doubl
 
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
-    std::setlocale(LC_NUMERIC, "C"); // as the engine wants it
+    std::setlocale(LC_NUMERIC, "C"); // required by the engine
     const int pauses = argc > 1 ? std::atoi(argv[1]) : 100;
     listening::SoundServer server;
     QFile decoded(QStringLiteral(DECODED));
@@ -167,8 +167,8 @@ int main(int argc, char** argv) {
         return 1;
     }
 
-    std::vector<double> begins; // ms by which the first sound of a resume is behind the one asked for
-    std::vector<double> ends;   // ms by which the last sound before a pause is behind the place told
+    std::vector<double> begins; // ms from the requested position to the first sound after a resume
+    std::vector<double> ends;   // ms from the reported position to the last sound before a pause
     for (std::size_t i = 0; i < met.size(); ++i) {
         const double begin = listening::placeIn(source, heard, sounds[i + 1].begin, met[i].asked);
         const double end = listening::placeBehind(source, heard, sounds[i].end, met[i].told);

@@ -1,5 +1,5 @@
-// What it takes to print a transcript of two hundred pages to a file, and for how long the program's timers
-// stand still meanwhile: the player's displays, the timed cycle. Best of three rounds.
+// Time to print a transcript of two hundred pages to a file, and how long the program's timers (displays,
+// timed dictation) are blocked meanwhile. Best of three rounds.
 #include "desktop/application.h"
 #include "desktop/text/rich_text_edit.h"
 #include "fakes/temporary_folder.h"
@@ -16,7 +16,7 @@
 namespace {
 
 constexpr double printingGoal = 5000; // ms
-constexpr int turns = 200 * 18;       // of three lines, on two hundred pages and a few
+constexpr int turns = 200 * 18;       // of three lines each: slightly more than two hundred pages
 
 using Clock = std::chrono::steady_clock;
 

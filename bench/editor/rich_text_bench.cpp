@@ -1,5 +1,5 @@
-// What the rich-text control costs with a transcript of five million letters, beside Qt's own with the same
-// text, on a display that only exists in memory. Best of several rounds.
+// Compares the rich-text control with Qt's own for a transcript of five million characters, on the offscreen
+// platform. Best of several rounds.
 #include "base/files.h"
 #include "desktop/application.h"
 #include "desktop/qt/conversions.h"
@@ -20,12 +20,12 @@ constexpr std::size_t letters = 5'000'000;
 constexpr double openingGoal = 400;    // ms
 constexpr double searchGoal = 15;      // ms
 constexpr double replacingGoal = 1000; // ms
-constexpr double placeGoal = 5;        // microseconds
-constexpr double typingGoal = 1.2;     // times the bare control
-constexpr double memoryGoal = 1.3;     // times the bare control
+constexpr double placeGoal = 5;        // us
+constexpr double typingGoal = 1.2;     // ratio to the bare control
+constexpr double memoryGoal = 1.3;     // ratio to the bare control
 constexpr int places = 100'000;
 
-// Turns of speakers, an end of paragraph after each.
+// Plain turns of speakers, each a paragraph.
 base::Text transcript() {
     base::Text text;
     for (int turn = 0; text.size() < letters; ++turn)
@@ -34,7 +34,7 @@ base::Text transcript() {
     return text;
 }
 
-// The same with a change of format every few words.
+// The same with format changes every few words.
 std::string formatted() {
     std::string rtf = "{\\rtf1\\ansi\\uc1{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red0\\green0\\blue160;}\r\n";
     for (int turn = 0; rtf.size() < letters; ++turn)
@@ -68,7 +68,7 @@ double typing(QTextEdit& control, QTextCursor::MoveOperation where) {
     return best(15, [&] { type(control); });
 }
 
-// A row with a goal in the unit of its format.
+// Prints a row; the goal is in the unit of `format`.
 void printRow(const std::string& what, const char* format, double value, double goal,
               const std::string& bare = {}) {
     bench::print(
@@ -98,7 +98,7 @@ void measureOpening(desktop::RichTextEdit& rtb, QTextEdit& bare, const base::Tex
     }
 }
 
-// Bytes in use on the heap.
+// Heap bytes in use.
 double heap() {
     const auto info = mallinfo2();
     return static_cast<double>(info.uordblks + info.hblkhd);
@@ -183,7 +183,7 @@ void measurePlaces(const desktop::RichTextEdit& rtb) {
     printRow("A place in 5 MB, there and back", "%.2f us", time * 1000 / places, placeGoal);
 }
 
-// Counts how often a widget is painted.
+// Counts the paint events of a widget.
 class Paintings : public QObject {
 public:
     explicit Paintings(QWidget& widget) { widget.installEventFilter(this); }
@@ -197,7 +197,7 @@ public:
 void measureReplacing(desktop::RichTextEdit& rtb) {
     bench::print(
         {"5 MB copied out as text", bench::measure("%.1f ms", best(5, [&] { rtb.Text(); })), "", "", ""});
-    // Turns of 92 letters with one hit each.
+    // Turns of 92 characters with one hit each.
     rtb.setText(base::TextView(transcript()).substr(0, 10'220 * 92));
     rtb.viewport()->repaint();
     int hits = 0;
@@ -229,7 +229,7 @@ int main(int argc, char** argv) {
     const base::Text text = transcript();
     measureMemory(text);
     measureOpening(rtb, bare, text);
-    // Qt lays a long text out in idle moments, which would be measured too.
+    // Qt lays out long text in idle time; finish that before measuring.
     for (QTextEdit* const control : {static_cast<QTextEdit*>(&rtb), &bare})
         control->document()->documentLayout()->documentSize();
     measurePlaces(rtb);

@@ -1,5 +1,5 @@
-// What a key press costs in the editor with all that it sets off, beside a bare text control with the same
-// text, and what the records of undo take. On a display that only exists in memory.
+// Cost of a key press in the editor with everything it triggers, compared with a bare text control with the
+// same text, and the memory of the undo records. On the offscreen platform.
 #include "desktop/application.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/services/qt_event_loop.h"
@@ -21,9 +21,9 @@
 namespace {
 
 constexpr int keyPresses = 60;
-constexpr double ratioGoal = 1.1;       // times the bare control
-constexpr double medianGoal = 10;       // microseconds
-constexpr double tailGoal = 50;         // microseconds
+constexpr double ratioGoal = 1.1;       // ratio to the bare control
+constexpr double medianGoal = 10;       // us
+constexpr double tailGoal = 50;         // us
 constexpr double replaceAllGoal = 1000; // ms
 constexpr double megabyte = 1'000'000;
 
@@ -55,7 +55,7 @@ void press(QTextEdit& control) {
     QApplication::processEvents();
 }
 
-// The editor as the program wires it, with the typing watch on.
+// The editor wired as in the program, with the typing timer on.
 struct Editor {
     explicit Editor(desktop::RichTextEdit& rtb)
         : form(loop, rtb, Lingua, folder),
@@ -104,7 +104,7 @@ void measureKeys(const std::string& size, QTextEdit& own, QTextEdit& bare) {
     }
 }
 
-// The goals are those of a text of 1 MB; a longer one is only told.
+// The goals are for a text of 1 MB; longer texts are reported without one.
 void printTimes(const std::string& what, const std::vector<double>& times, bool withGoal) {
     const auto print = [&](const char* name, double value, double goal) {
         bench::print({what + ", " + name, bench::measure("%.1f us", value), "", "",
@@ -114,8 +114,8 @@ void printTimes(const std::string& what, const std::vector<double>& times, bool 
     print("p99", percentile99(times), tailGoal);
 }
 
-// A letter typed somewhere in the text, Qt's own work left out; Qt leaves no memory of the records in the
-// caches.
+// Time to record a typed character, without Qt's own work, which evicts the records from the CPU caches
+// between two measurements.
 void measureRecord(const std::string& size, desktop::RichTextEdit& rtb, editor::UndoRedo& undoRedo) {
     std::vector<double> times;
     const auto handler = rtb.Change;
@@ -162,7 +162,7 @@ void measureTyping(const std::string& size, std::size_t letters) {
     for (QTextEdit* const control : {static_cast<QTextEdit*>(&rtb), &bare}) {
         control->resize(645, 229);
         control->show();
-        // Qt lays a long text out in idle moments, which would be measured too.
+        // Qt lays out long text in idle time; finish that before measuring.
         control->document()->documentLayout()->documentSize();
         QApplication::processEvents();
     }
@@ -180,7 +180,7 @@ void measureTyping(const std::string& size, std::size_t letters) {
     measureUndo(size, editor, bare);
 }
 
-// A text that only counts: what is left is the records.
+// A text that only reports changes, so that just the undo records use memory.
 class CountedText : public fakes::FakeRichText {
 public:
     platform::TextChange change;
@@ -215,7 +215,7 @@ void measureMemory(int changes, double goal) {
                   taken / megabyte <= goal});
 }
 
-// The editor on the screen with a text in it.
+// The editor, shown with a text.
 struct ShownEditor {
     explicit ShownEditor(const base::Text& text) : editor(rtb) {
         rtb.resize(645, 229);
@@ -228,7 +228,7 @@ struct ShownEditor {
     Editor editor;
 };
 
-// Until what was pasted is seen, with its record of undo.
+// Time until pasted text is painted, including its undo record.
 void measurePaste(const std::string& what, const base::Text& pasted, double goal) {
     std::vector<double> times;
     for (int i = 0; i < 3; ++i) {
@@ -244,7 +244,7 @@ void measurePaste(const std::string& what, const base::Text& pasted, double goal
                   bench::measure("<= %.0f ms", goal), time <= goal});
 }
 
-// Replace All as the program runs it, with a record of undo for each of its hits.
+// Replace All as in the program, with an undo record for each hit.
 void measureReplaceAll(const std::string& size, std::size_t letters) {
     ShownEditor shown(transcript(letters));
     Editor& editor = shown.editor;

@@ -6,10 +6,10 @@
 #include <QTextEdit>
 #include <clocale>
 
-// The yardstick of the memory with a file open: a bare window, and libmpv playing the file to nowhere.
+// The memory baseline with an open file: a bare window, and libmpv playing the file to a null output.
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
-    std::setlocale(LC_NUMERIC, "C"); // libmpv starts in no other
+    std::setlocale(LC_NUMERIC, "C"); // libmpv refuses to start otherwise
     QMainWindow window;
     window.setWindowTitle(QStringLiteral("Bare"));
     window.menuBar()->addMenu(QStringLiteral("&File"))->addAction(QStringLiteral("&Quit"));

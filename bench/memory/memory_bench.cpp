@@ -1,4 +1,4 @@
-// Memory in use while a recording of three hours plays: the program beside a bare window with a bare libmpv.
+// Memory use while playing a recording of three hours, compared with a bare window plus bare libmpv.
 #include "fakes/temporary_folder.h"
 #include "table.h"
 #include "watch/process.h"
@@ -13,7 +13,7 @@ namespace {
 
 constexpr int rounds = 3;
 constexpr std::chrono::seconds playTime{3};
-constexpr double goal = 30; // MB more than the bare one
+constexpr double goal = 30; // MB more than the baseline
 
 struct Subject {
     std::string command;

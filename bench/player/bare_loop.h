@@ -1,10 +1,10 @@
-// The yardstick: libmpv with nothing around it.
+// The baseline: libmpv without anything around it.
 #pragma once
 
 struct mpv_handle;
 
-// The shortest program that plays a file with libmpv: blocking commands, its own event loop, no state kept.
-// It has the options of the program's player that decide what is played and how.
+// The shortest program that plays a file with libmpv: blocking commands, its own event loop, no state. It
+// uses those options of the program's player that affect playback.
 class BareLoop {
 public:
     BareLoop();
@@ -17,7 +17,7 @@ public:
     void unload();
     void pause(bool paused);
     void seek(double seconds);
-    // In seconds; below 0 while there is none.
+    // In seconds; negative while there is none.
     double position();
 
 private:

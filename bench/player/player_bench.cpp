@@ -1,6 +1,6 @@
-// What the program's player adds to libmpv: each step of a dictation, by the player and by a bare loop in
-// turn, on the same file and on the null output, in milliseconds until its effect can be read. One number in
-// another run says little; the two of one run can be compared on any machine.
+// What the program's player adds to libmpv: each step of dictation with the player and with a bare loop,
+// interleaved, on the same file and the null output. Times are in ms until the effect can be read. Numbers of
+// different runs are hard to compare, but the ratio of the two in one run holds on any machine.
 #include "bare_loop.h"
 #include "mpv_player.h"
 #include "table.h"
@@ -25,7 +25,7 @@ double millisecondsSince(Clock::time_point start) {
     return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
 }
 
-// The player as the program uses it, each call returning when its effect is seen on the Qt loop.
+// The player as the program uses it; each call returns when its effect is visible in the Qt event loop.
 class ProgramsPlayer {
 public:
     void load(const char* path) {
@@ -82,7 +82,7 @@ void playFor(Player& player, int milliseconds) {
         player.position();
 }
 
-// One round of a dictation; the times go to `times` by the name of the step.
+// Runs one round of dictation steps; appends the times to `times` by step name.
 template <typename Player>
 void dictate(Player& player, std::map<std::string, std::vector<double>>& times) {
     const auto measure = [&](const char* name, auto step) {
@@ -116,7 +116,7 @@ void dictate(Player& player, std::map<std::string, std::vector<double>>& times) 
     player.unload();
 }
 
-// The player has to be as near to the bare loop as this.
+// Compares with the goals.
 bench::Row row(const std::string& step, double player, double bare) {
     constexpr double loadGoal = 1.3;
     constexpr double stepGoal = 5; // ms
@@ -125,7 +125,7 @@ bench::Row row(const std::string& step, double player, double bare) {
         return {"Player, load to sound ready",         bench::measure("%.2f ms", player),
                 bench::measure("%.2f ms", bare),       bench::measure("x %.2f", ratio),
                 bench::measure("<= x %.1f", loadGoal), ratio <= loadGoal};
-    if (step == "read position") // a thousand reads in ms are one in microseconds
+    if (step == "read position") // ms for a thousand reads are us for one
         return {"Player, " + step, bench::measure("%.2f us", player), bench::measure("%.2f us", bare),
                 bench::measure("x %.2f", ratio), ""};
     return {"Player, " + step,

@@ -1,4 +1,4 @@
-// What the recorder's meters, clock and counter cost while it records, on a real display in real time.
+// CPU use of the recorder's meters, clock and counter while recording, on a real display in real time.
 #include "core_share.h"
 #include "desktop/application.h"
 #include "desktop/services/qt_event_loop.h"
@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int watched = 6000; // ms
-constexpr int period = 46;    // ms that a buffer of 44,100 samples a second on two channels lasts
+constexpr int period = 46;    // ms: the length of a buffer at 44,100 samples a second and two channels
 
 } // namespace
 
@@ -29,7 +29,7 @@ int main(int argc, char* argv[]) {
 
     desktop::QtEventLoop loop;
     fakes::FakeWaveInput device;
-    // Louder and softer, so that the meters move.
+    // Varies the volume, so that the meters move.
     QTimer sound;
     int loudness = 0;
     sound.callOnTimeout([&] { device.fill(loudness = (loudness + 37) % 200); });
@@ -44,7 +44,7 @@ int main(int argc, char* argv[]) {
     recorder.mnuRegistra_Click();
     still.dialogPort.choices = {still.folder.text("a.wav")};
     form.btnStart.Click();
-    bench::coreShare(watched); // the window comes up
+    bench::coreShare(watched); // warm-up: the window appears
     const double shown = bench::coreShare(watched);
     form.Timer.setEnabled(false);
     const double bare = bench::coreShare(watched);

@@ -1,6 +1,5 @@
-// Reads and writes a made-up transcript of 13.9 MB and of half and a quarter of it. Prints the best of five
-// runs of each, and the time of each size relative to the one before: 2 where the cost grows with the size
-// alone.
+// Reads and writes a generated transcript of 13.9 MB, and of a half and a quarter of it. Prints the best of
+// five runs each, and the ratio to the quarter, which shows how the cost grows with the size.
 #include "rtf/read/reader.h"
 #include "rtf/write/writer.h"
 #include "table.h"
@@ -14,8 +13,8 @@ namespace {
 
 constexpr std::size_t largest = 13'900'000; // bytes
 
-// Turns of speakers with a time stamp each: bold and coloured names, plain and accented text, Cyrillic as \u
-// and as bytes, and the words that word processors put around every change of format.
+// Turns of speakers with time stamps: bold and coloured names, plain and accented text, Cyrillic both as \u
+// and as bytes, and the control words that word processors write around format changes.
 std::string transcript(std::size_t bytes) {
     std::string rtf = "{\\rtf1\\ansi\\ansicpg1252\\uc1\\deff0{\\fonttbl{\\f0\\fswiss\\fcharset0 "
                       "Arial;}{\\f1\\froman\\fcharset204 "

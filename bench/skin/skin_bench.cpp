@@ -1,5 +1,5 @@
-// What the mouse, the volume thumb and a change of language cost on the real player window, on a display that
-// only exists in memory.
+// Cost of mouse moves, the volume thumb and a language change in the real player window, on the offscreen
+// platform.
 #include "app/program.h"
 #include "desktop/application.h"
 #include "still_desktop.h"
@@ -29,8 +29,7 @@ void moveMouse(QWidget& window, QPoint place) {
     QApplication::processEvents();
 }
 
-// CPU seconds for one move of the mouse, over all buttons from left to right and back, with what is painted
-// for it.
+// CPU seconds per mouse move across all buttons, from left to right and back, including painting.
 double crossing(QWidget& window, int y) {
     const double before = cpuSeconds();
     int moves = 0;
@@ -41,7 +40,7 @@ double crossing(QWidget& window, int y) {
     return (cpuSeconds() - before) / moves;
 }
 
-// The median time in ms from the call of `act` until all that it changed is painted.
+// The median time in ms from calling `act` until all changes are painted.
 template <typename Act>
 double untilPainted(Act act) {
     std::vector<double> times;

@@ -3,7 +3,7 @@
 #include <QMenuBar>
 #include <QTextEdit>
 
-// The yardstick of the start: the least that a Qt program with a menu and a text does.
+// The baseline of the start: a minimal Qt program with a menu and a text.
 int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QMainWindow window;

@@ -1,5 +1,5 @@
-// From the start of the process to the visible window, and the memory in use at that moment: the player
-// without media beside a bare window with a menu and a text.
+// Time from process start to the visible window, and the memory use at that moment: the player without a
+// file, compared with a bare window with a menu and a text.
 #include "fakes/temporary_folder.h"
 #include "table.h"
 #include "watch/process.h"
@@ -17,7 +17,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int rounds = 41;
 constexpr std::chrono::milliseconds untilAtRest{800};
 constexpr double startGoal = 1.6;
-constexpr double memoryGoal = 20; // MB more than the bare one
+constexpr double memoryGoal = 20; // MB more than the baseline
 
 struct Subject {
     std::string command;
@@ -28,7 +28,7 @@ struct Subject {
     std::vector<double> pss = {};   // MB
 };
 
-// The first start fills the caches of the system, and shows how the window looks when all is done.
+// The first start fills the system's caches and shows the window's final look.
 void warmUp(bench::WindowWatch& watch, Subject& subject) {
     bench::Process process({subject.command});
     const auto window = watch.waitMapped(process, subject.title);
@@ -48,7 +48,7 @@ void measureOnce(bench::WindowWatch& watch, Subject& subject) {
         subject.rss.push_back(static_cast<double>(memory.rss) / 1024);
         subject.pss.push_back(static_cast<double>(memory.pss) / 1024);
     }
-    watch.waitGone(window); // or the next start would share the display with the end of this one
+    watch.waitGone(window); // otherwise the next start would compete with the end of this one
 }
 
 void run() {

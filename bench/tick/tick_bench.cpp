@@ -1,5 +1,5 @@
-// What one refresh of the position display costs while a file is open, with the real window, on a display
-// that only exists in memory. The yardstick is a bare label that is given the same text.
+// Cost of one refresh of the position display while a file is open, with the real window on the offscreen
+// platform. The baseline is a bare label that gets the same text.
 #include "app/program.h"
 #include "desktop/application.h"
 #include "still_desktop.h"
@@ -13,11 +13,11 @@
 namespace {
 
 constexpr double length = 3 * 3600; // seconds
-constexpr double tickGoal = 20;     // microseconds
+constexpr double tickGoal = 20;     // us
 constexpr int repetitions = 9;
 constexpr double repetitionTime = 0.1; // seconds
 
-// Counts what is painted anywhere.
+// Counts all paint events of the program.
 class PaintCounter : public QObject {
 public:
     PaintCounter() { qApp->installEventFilter(this); }
@@ -34,10 +34,10 @@ private:
     int count_ = 0;
 };
 
-// What was measured under one name, a value for each repetition.
+// The results of one benchmark, one value per repetition.
 struct Measured {
-    std::vector<double> time = {};   // microseconds of CPU for one round
-    std::vector<double> paints = {}; // for one round
+    std::vector<double> time = {};   // CPU us per round
+    std::vector<double> paints = {}; // per round
 };
 
 class Collector : public benchmark::BenchmarkReporter {
@@ -56,7 +56,7 @@ public:
     std::map<std::string, Measured> byName;
 };
 
-// Measures `round` with all that it sets off on the screen.
+// Measures `round` with all the painting that it causes.
 template <typename Round>
 void measure(const char* name, Round round) {
     benchmark::RegisterBenchmark(name,

@@ -1,4 +1,4 @@
-// How many frames of a 720p video are lost when it is drawn without a graphics card, in its own size.
+// How many frames of a 720p video are lost when drawn without a graphics card, at original size.
 #include "mpv_player.h"
 #include "table.h"
 
@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr double seconds = 20; // of the video
+constexpr double seconds = 20; // length of the video
 constexpr int framesPerSecond = 30;
 
 } // namespace

@@ -17,7 +17,7 @@ namespace bench {
 namespace {
 
 constexpr std::chrono::seconds patience{20};
-// Fine enough for a start of tens of milliseconds, and coarse enough to leave the machine to the program.
+// Fine enough to measure starts of tens of milliseconds, coarse enough to leave the CPU to the program.
 constexpr std::chrono::microseconds pollPeriod{200};
 
 } // namespace

@@ -7,17 +7,17 @@
 
 namespace bench {
 
-// Memory of a process, in kB. RSS counts all of its pages; PSS counts of a page that several processes use
-// its share only.
+// Memory of a process, in kB. RSS counts all its pages; PSS divides shared pages by the number of processes
+// that share them.
 struct Memory {
     long rss = 0;
     long pss = 0;
 };
 
-// A program that was started. It is ended with the object.
+// A started program. It is killed with this object.
 class Process {
 public:
-    // Path of the program, then its arguments. Throws std::runtime_error when it cannot be started.
+    // Program path and arguments. Throws std::runtime_error if it cannot be started.
     explicit Process(const std::vector<std::string>& command);
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
@@ -26,7 +26,8 @@ public:
     pid_t id() const { return id_; }
     bool running();
     Memory memory() const;
-    // Calls `done` until it answers true. Throws when the program ends before that, or it takes too long.
+    // Calls `done` until it returns true. Throws std::runtime_error if the program ends first or after a
+    // timeout.
     void waitUntil(const char* what, const std::function<bool()>& done);
     // Waits until the program has this file open.
     void waitOpen(const std::string& path);

@@ -52,7 +52,7 @@ xcb_window_t WindowWatch::waitMapped(Process& program, const std::string& title)
 xcb_window_t WindowWatch::find(xcb_window_t within, const Process& program, const std::string& title) const {
     if (isWindow(within, program, title))
         return within;
-    // The window manager has put it into a frame.
+    // The window manager has reparented it into a frame.
     const auto tree = owned(xcb_query_tree_reply(display_, xcb_query_tree(display_, within), nullptr));
     for (int i = 0; tree && i < xcb_query_tree_children_length(tree.get()); ++i) {
         if (const auto found = find(xcb_query_tree_children(tree.get())[i], program, title))

@@ -9,8 +9,8 @@
 
 namespace bench {
 
-// Sees from outside, as another client of the same display, when a program's window is there. All programs
-// are watched in this one way, whatever they are built with.
+// Observes from outside, as another X client, when a program's window appears. All programs are measured the
+// same way, whatever toolkit they use.
 class WindowWatch {
 public:
     WindowWatch();
@@ -18,18 +18,17 @@ public:
     WindowWatch& operator=(const WindowWatch&) = delete;
     ~WindowWatch();
 
-    // How a window looks: the pixels of its middle column, through the menu bar and what lies below it.
+    // The look of a window: the pixels of its middle column, which crosses the menu bar and the contents.
     using Look = std::vector<std::uint8_t>;
 
-    // Waits for the program's window of this title to be mapped. Nothing is missed that happened before the
-    // call.
+    // Waits until the program's window with this title is mapped, even if that happened before the call.
     xcb_window_t waitMapped(Process& program, const std::string& title);
     // Waits until the window has this look.
     void waitLook(Process& program, xcb_window_t window, const Look& wanted) const;
-    // Waits until the display has forgotten the window.
+    // Waits until the window is destroyed.
     void waitGone(xcb_window_t window);
 
-    // Empty while the window is not on the screen.
+    // Empty while the window is not visible.
     Look look(xcb_window_t window) const;
 
 private:
