@@ -1,18 +1,18 @@
 #!/usr/bin/env bash
 # shellcheck disable=SC2016,SC2154
-# Proves that the checkout needs nothing but Debian 12: lays a bare one in a
-# folder, clones what is committed into it, and there runs ./run and ./test.
+# Proves that the checkout needs nothing but Debian 12: installs a minimal Debian in a folder, clones the committed
+# state into it, and runs ./run and ./test there.
 #
-#   tools/dev/clean_room.sh [FOLDER]    as root; FOLDER is cleanroom in the temporary folder if not given
+#   tools/dev/clean_room.sh [FOLDER]    as root; FOLDER defaults to cleanroom in the temporary folder
 #
-# The bare Debian is kept as FOLDER/base.tar for the next time; the logs and the
-# picture of the program lie beside it afterwards, the room itself stays too.
+# The minimal Debian is cached as FOLDER/base.tar. The logs and the program's picture are saved beside it; the
+# installation itself is kept too.
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 
 ((EUID == 0)) || die "only root can change into another root folder"
 command -v debootstrap >/dev/null || die "install first: debootstrap"
-# Namespaces of its own: mounts and stray processes go when the trial is over.
+# In its own namespaces: mounts and stray processes disappear with it.
 if [[ ! ${IN_CLEAN_ROOM-} ]]; then
   IN_CLEAN_ROOM=yes exec unshare --mount --pid --fork --kill-child "$0" "$@"
 fi
@@ -23,7 +23,7 @@ room=$where/room
 
 if [[ ! -f $where/base.tar ]]; then
   echo "Fetching a bare Debian 12; log: $where/base.log"
-  # Whatever mirror this machine uses.
+  # The same mirror as this machine.
   mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Release: bookworm' | sed -n 1p)
   [[ $mirror ]] || die "this machine's apt knows no mirror for bookworm"
   rm -rf "$where/base"
@@ -37,14 +37,14 @@ rm -rf "$room"
 mkdir -p "$room"
 tar -C "$room" -xf "$where/base.tar"
 
-# The way to the mirror as this machine goes it: sources, keys, proxy, names.
+# Apt set up as on this machine: sources, keys, proxy, host names.
 rm -f "$room"/etc/apt/sources.list
 for path in /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources} /etc/apt/{keyrings,trusted.gpg,trusted.gpg.d} \
   /usr/share/keyrings /etc/resolv.conf /etc/hosts; do
   [[ ! -e $path ]] || cp -rL --parents "$path" "$room"
 done
 apt-config dump Acquire >"$room/etc/apt/apt.conf.d/90machine"
-# No services start in a folder.
+# Prevents services from starting.
 printf '#!/bin/sh\nexit 101\n' >"$room/usr/sbin/policy-rc.d"
 chmod +x "$room/usr/sbin/policy-rc.d"
 

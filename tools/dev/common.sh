@@ -1,6 +1,6 @@
 # shellcheck shell=bash disable=SC2016,SC2034,SC2154
-# Shared by ./run, ./test and the journeys: packages, the build, a display of
-# our own and the program on it. Sourcing it starts nothing.
+# Shared by ./run, ./test and the journeys: packages, the build, a private display and the program on it. Sourcing this
+# file starts nothing.
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 dev=$root/tools/dev
@@ -18,8 +18,8 @@ wait_until() {  # SECONDS COMMAND: evaluates COMMAND every 50 ms until it succee
   done
 }
 
-# One question to the package database tells what is missing; only then is apt
-# started, so that a warm start costs milliseconds and no network.
+# A single query of the package database finds missing packages. Apt runs only if there are some, so that a warm start
+# costs milliseconds and needs no network.
 require_packages() {  # LIST...
   local wanted missing as_root=()
   wanted=$(cd "$dev" && sed 's/ *#.*//; /^$/d' "$@")
@@ -33,7 +33,7 @@ require_packages() {  # LIST...
     as_root=(sudo)
   fi
   echo "Installing: $missing"
-  # A stale list is better than none: whether it will do, the installation tells.
+  # A stale package list is better than none; if it does not suffice, the installation reports it.
   "${as_root[@]}" apt-get update -q || true
   # shellcheck disable=SC2086
   "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
@@ -43,12 +43,12 @@ require_packages() {  # LIST...
 
 build() {  # PRESET
   local dir=$root/build/$1
-  # Ninja notices by itself when a CMakeLists.txt changes, but not the presets.
+  # Ninja detects changes of CMakeLists.txt files, but not of the presets.
   [[ $dir/build.ninja -nt $root/CMakePresets.json ]] || cmake -S "$root" --preset "$1"
   cmake --build "$dir"
 }
 
-# Dies with this shell, even when the shell is killed outright.
+# Runs a command that is terminated with this shell, even if the shell is killed.
 as_companion() {
   exec setpriv --pdeathsig TERM "$@"
 }
@@ -69,15 +69,15 @@ start_display() {
   read -r -t 20 -u "$display_fd" number || die "Xvfb did not start"
   unset WAYLAND_DISPLAY
   export DISPLAY=:$number QT_QPA_PLATFORM=xcb
-  # A keyboard with most letters of Europe on it: xdotool would have to bend the
-  # map for a letter that is missing, and the program might see it too late.
+  # A layout with most European letters: for a missing one, xdotool has to change the key map, which the program may
+  # notice too late.
   setxkbmap us altgr-intl
   as_companion openbox --sm-disable --config-file "$dev/openbox.xml" 2>/dev/null &
   companions+=($!)
   wait_until 20 'xdotool get_num_desktops >/dev/null 2>&1' || die "openbox did not start"
 }
 
-# Waits for a window of that title, activates it, and leaves its number in $window.
+# Waits for a window with this title, activates it and stores its id in $window.
 use_window() {  # TITLE [SECONDS]
   wait_until "${2:-10}" 'window=$(xdotool search --onlyvisible --limit 1 --name "^'"$1"'$" 2>/dev/null)' || return 1
   timeout 5 xdotool windowactivate --sync "$window" 2>/dev/null
@@ -87,20 +87,19 @@ running() {
   kill -0 "$program" 2>/dev/null
 }
 
-# A program that has ended will never show its window: no need to wait for it.
+# Waits for the player window; stops waiting if the program has ended.
 find_player() {  # SECONDS
   wait_until "$1" 'use_window Quillmere 0 || ! running' && running
 }
 
-launch() {  # PROGRAM [ARGUMENTS]: starts it and waits for the player
+launch() {  # PROGRAM [ARGUMENTS]: starts it and waits for the player window
   as_companion "$@" &
   program=$!
   companions+=("$program")
   find_player 30
 }
 
-# Closes the program the way its user would, and answers with its exit code, or
-# with 124 when it stays.
+# Closes the program like a user. Returns its exit code, or 124 if it does not end.
 close_program() {
   find_player 10 && xdotool key --clearmodifiers ctrl+q
   wait_until 10 '! running' || return 124

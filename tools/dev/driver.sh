@@ -1,7 +1,6 @@
 # shellcheck shell=bash disable=SC2016,SC2034,SC2154
-# One person's way through the whole program, on a display and a sound server
-# of its own, for journeys and pictures. A script sources this first; what it
-# starts is gone when it ends, however it ends.
+# Operates the program like a user, on a private display and sound server, for journeys and pictures. A script sources
+# this first; everything it starts ends with it, in any case.
 set -Eeuo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/common.sh"
 
@@ -26,10 +25,10 @@ trap leave EXIT
 trap 'exit 130' INT TERM HUP
 trap 'echo "$journey, line $LINENO: code $? from: $BASH_COMMAND" >&2' ERR
 
-# Nothing of the person who runs the journey may show through, or be touched.
+# The user's own settings must neither influence the journey nor be changed.
 mkdir -m 700 "$scratch/home" "$scratch/run"
 export HOME=$scratch/home XDG_RUNTIME_DIR=$scratch/run LC_ALL=C.UTF-8
-export PULSE_SERVER=unix:$scratch/run/sound  # answers after start_sound only
+export PULSE_SERVER=unix:$scratch/run/sound  # valid after start_sound
 : >"$scratch/program.log"
 unset DISPLAY WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS "${!XDG_@}"
 export XDG_RUNTIME_DIR=$scratch/run
@@ -41,13 +40,13 @@ fail() {
   exit 1
 }
 
-expect_soon() {  # WHAT SECONDS COMMAND: COMMAND is evaluated until it succeeds
+expect_soon() {  # WHAT SECONDS COMMAND: evaluates COMMAND until it succeeds
   wait_until "$2" "$3" || fail "$1: not within $2 s: $3"
 }
 
 # ---- Surroundings ----------------------------------------------------------
 
-# A sink nobody hears; what is played can be recorded from quill.monitor.
+# A null sink; quill.monitor records what is played.
 start_sound() {
   as_companion pulseaudio -n --daemonize=no --use-pid-file=no --exit-idle-time=-1 \
     --realtime=no --high-priority=no --disable-shm=yes \
@@ -57,7 +56,7 @@ start_sound() {
   wait_until 10 'pactl get-default-sink 2>/dev/null | grep -q quill' || fail "no sound: $(<"$scratch/sound.log")"
 }
 
-# What is played on the sink comes in at the recorder's device.
+# The recorder's device records what is played on the sink.
 use_sound_card() {
   printf 'pcm.!default { type pulse }\nctl.!default { type pulse }\n' >"$scratch/asound.conf"
   export ALSA_CONFIG_PATH=$scratch/asound.conf
@@ -69,17 +68,17 @@ play_noise() {  # SECONDS
   companions+=($!)
 }
 
-lay_folder() {  # a fresh copy of the portable folder, in $folder
+lay_folder() {  # copies the portable folder to a new $folder
   folder=$(mktemp -d "$scratch/folder.XXXX")
   cp -a "$PORTABLE_DIR/." "$folder/"
-  # What somebody's own trial left there stays out of the way.
+  # without recent files and settings of trial runs
   rm -f "$folder"/Files/LastFiles*.ini
   cp "$root/data/Files/Quillmere.ini" "$folder/Files/Quillmere.ini"
 }
 
 # ---- The program -----------------------------------------------------------
 
-start_program() {  # [ARGUMENTS]: the program of $folder; leaves the player's number in $window
+start_program() {  # [ARGUMENTS]: starts the program in $folder and stores the player's window id in $window
   launch "$folder/quillmere" "$@" >>"$scratch/program.log" 2>&1 || fail "the player's window did not appear"
 }
 
@@ -93,29 +92,29 @@ settings_line() {  # N
   sed -n "$1{s/\r\$//;p;q}" "$folder/Files/Quillmere.ini"
 }
 
-set_line() {  # N TEXT [N TEXT]...: before the start
+set_line() {  # N TEXT [N TEXT]...: call it before the start
   while (($#)); do
     sed -i "$1s/.*/$2\r/" "$folder/Files/Quillmere.ini"
     shift 2
   done
 }
 
-box() {  # a box of the program waits for an answer
+box() {  # succeeds if a message box waits for an answer
   xprop -id "$(xdotool getactivewindow 2>/dev/null)" _NET_WM_WINDOW_TYPE 2>/dev/null | grep -q _DIALOG
 }
 
-answer() {  # KEYS...: to the box that comes up
+answer() {  # KEYS...: presses them in the next message box
   expect_soon "a box asks" 10 box
   key "$@"
 }
 
-switch_to() {  # TITLE: a pattern
+switch_to() {  # TITLE: a regular expression
   use_window "$1" || fail "no window: $1"
 }
 
 use_editor() { switch_to "Text Editor - ${1-.*}"; }  # [NAME]
 
-# ---- Hands and eyes: on $window, the player unless use_window chose another --
+# ---- Input and screenshots of $window: the player, unless use_window chose another --
 
 key() {  # KEYS..., as in: key ctrl+s Return
   xdotool key --clearmodifiers "$@"
@@ -123,8 +122,7 @@ key() {  # KEYS..., as in: key ctrl+s Return
 
 type_text() {  # TEXT
   local delay=15
-  # A letter that is on no key is put on one for the moment: the program has to
-  # notice in time.
+  # A character without a key is mapped temporarily; the program needs time to notice.
   [[ $1 != *[^[:ascii:]]* ]] || delay=60
   xdotool type --clearmodifiers --delay $delay -- "$1"
 }
@@ -138,7 +136,7 @@ screenshot() {  # NAME: the whole display
   import -window root "$shots/$1.png"
 }
 
-# ---- The player's skin: places in pixels of the skin, which lies below the menu bar ------
+# ---- The player's skin: coordinates in pixels of the skin, which lies below the menu bar ------
 
 skin_top() {  # height of the menu bar
   eval "$(xdotool getwindowgeometry --shell "$window")"
@@ -154,31 +152,31 @@ press() {  # NAME: clicks a button of the skin
 
 hover() {  # X Y
   local y=$(($2 + $(skin_top)))
-  # A pointer that stands there already tells nobody.
+  # A mouse that does not move sends no event.
   xdotool mousemove --window "$window" "$1" $((y + 1)) mousemove --window "$window" "$1" "$y"
 }
 
-shows() {  # PICTURE X Y: the skin shows this picture of Files at that place
+shows() {  # PICTURE X Y: succeeds if the skin shows this picture of Files there
   local file=$folder/Files/$1 size
   size=$(identify -format '%wx%h' "$file")
   import -window "$window" -crop "$size+$2+$(($3 + $(skin_top)))" +repage "$scratch/shown.png"
-  # Letters, pointers and JPEG's own noise apart, the two agree or they do not.
+  # Tolerates text, pointers and JPEG noise.
   (($(compare -metric AE -fuzz 4% "$file" "$scratch/shown.png" null: 2>&1 || true) < 20))
 }
 
-# What a part of $window looks like: two of these tell whether it has changed.
+# A checksum of a part of $window, to detect changes.
 glance() {  # X Y WIDTH HEIGHT
   import -window "$window" -crop "$3x$4+$1+$2" +repage -depth 8 rgb:- | md5sum
 }
 
-rest_mouse() { hover 330 150; }  # after a click or an open a button keeps its picture until the mouse was elsewhere
+rest_mouse() { hover 330 150; }  # after a click or an open, a button keeps its picture until the mouse moves elsewhere
 
 playing() { shows pause.jpg 70 84 || shows pause2.jpg 70 84; }
 resting() { shows play.jpg 70 84 || shows play2.jpg 70 84; }
 
 now() { echo $((${EPOCHREALTIME/[.,]/} / 1000)); }  # ms
 
-settle() {  # MS COMMAND...: its output, once that has been the same for so long
+settle() {  # MS COMMAND...: prints its output once it has been unchanged for MS
   local ms=$1 look=("${@:2}") last='' since seen
   since=$(now)
   wait_until 20 'seen=$("${look[@]}"); [[ $seen == "$last" ]] || since=$(now); last=$seen; (($(now) - since > ms))' ||
@@ -186,12 +184,14 @@ settle() {  # MS COMMAND...: its output, once that has been the same for so long
   echo "$last"
 }
 
-# As position, once the bar stands still: what a key moves is drawn with the player's next tick.
+# Like position, after the bar has stopped: the effect of a key is drawn at the player's next tick.
 rest_position() { settle 300 position; }
 
-position() {  # [SECONDS]: the filled part of the position bar, in tenths of a second of the sample or a recording so long
+# [SECONDS]: the filled part of the position bar, in tenths of a second; SECONDS is the length of the recording
+# (default: the sample)
+position() {
   local filled
-  # A row of pixels through the bar, counted where it is light teal: the letters over it are dark.
+  # Counts light teal pixels in one row of the bar; the text on it is dark.
   filled=$(import -window "$window" -crop "309x1+20+$((148 + $(skin_top)))" +repage -depth 8 rgb:- |
     od -An -v -tu1 -w3 | awk '$1 > 90 && $3 - $1 > 30 { n++ } END { print n + 0 }')
   echo $((filled * ${1-66} * 10 / 309))

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the pictures inside of the guides data/Files/Help-*.html anew, in the language of each, from the program as it was
-# built last by ./run.
+# Regenerates the pictures in the guides data/Files/Help-*.html, each in its language, from the program last built by
+# ./run.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/driver.sh"
 
@@ -16,7 +16,7 @@ declare -A marks=(
   [ru]="Первый вопрос|Об отце|Шторм" [pl]="Pierwsze pytanie|O ojcu|Sztorm"
 )
 
-transcript() { # CODE: the text as RTF
+transcript() {  # CODE: prints the text as RTF
   local title question asked answer told next
   IFS='|' read -r title question asked answer told next <<<"${words[$1]}"
   printf '{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}\\f0\\fs32\\b %s\\b0\\fs24\\par\\par [00:00:04] \\b %s:\\b0  %s\\par [00:00:11] \\b %s:\\b0  %s\\par [00:00:19] \\b %s:\\b0  %s\\par}' \
@@ -24,7 +24,7 @@ transcript() { # CODE: the text as RTF
     perl -CSD -pe 's/([^\x00-\x7f])/"\\u" . ord($1) . "?"/ge'
 }
 
-together() { # NAME WINDOW...: the part of the display that these windows cover, with their frames
+together() {  # NAME WINDOW...: takes a picture of the area that these windows cover, with their frames
   local name=$1 left=9999 top=9999 right=0 bottom=0 x y width height west east north south
   shift
   for window; do
@@ -37,7 +37,7 @@ together() { # NAME WINDOW...: the part of the display that these windows cover,
   done
   ((width = right - left, height = bottom - top))
   import -window root -crop "${width}x$height+$left+$top" +repage "$scratch/raw.png"
-  # The bare display that shows through beside and between the windows is black.
+  # The empty display beside and between the windows is black.
   local fill=() place
   for place in "$((width - 1)),0" "0,$((height - 1))" "$((width / 2)),$((height - 1))" "$((x - west - left - 4)),$((height / 2))"; do
     [[ $(convert "$scratch/raw.png" -format "%[pixel:p{$place}]" info: 2>/dev/null) != *"(0,0,0)"* ]] ||
@@ -47,14 +47,14 @@ together() { # NAME WINDOW...: the part of the display that these windows cover,
   rm "$scratch/raw.png"
 }
 
-other_window() { # the newest window beside the player and the editor
+other_window() {  # finds the newest window other than player and editor
   wait_until 5 'xdotool search --onlyvisible --class quillmere | grep -vxE "$player|$editor" | grep -q .' || return 1
   window=$(xdotool search --onlyvisible --class quillmere | grep -vxE "$player|$editor" | tail -n1)
 }
 
 pictures() { # CODE
   local code=$1 time=4 mark editor player
-  # A place that reads well: the recorder shows it.
+  # A readable path, because the recorder shows it.
   rm -rf /tmp/Quillmere
   lay_folder
   mv "$folder" /tmp/Quillmere
@@ -123,7 +123,7 @@ pictures() { # CODE
 
 press_pen() { click 287 $((109 + $(skin_top))); }
 
-embed() { # CODE: what was photographed goes into the guide; a picture that could not be made stays as it was
+embed() {  # CODE: puts the new pictures into the guide; one that could not be taken stays unchanged
   PICTURES=$scratch perl -MMIME::Base64 -i -pe '
     s{(<img data-picture="([a-z]+)" src=")[^"]*"([^>]*?)( width="\d+" height="\d+")?>}{
       my ($head, $name, $rest, $size) = ($1, $2, $3, $4 // "");

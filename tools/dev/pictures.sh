@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# Makes the pictures of docs/ anew from the program as it was built last by ./run: the player in its states at once and
-# twice the size, its menus in two languages, the recorder in its states and the about box in two languages.
+# Regenerates the pictures of docs/ from the program last built by ./run: the player in its states at single and double
+# size, its menus in two languages, the recorder in its states and the about box in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/driver.sh"
 docs=$root/docs
 ffmpeg -v error -f lavfi -i testsrc2=size=640x360:rate=25 -f lavfi -i sine=440 -t 20 -c:v libx264 -c:a aac -pix_fmt yuv420p \
   "$scratch/Harbour film.mp4"
 
-picture() { # NAME: the player's window
+picture() {  # NAME: takes a picture of the player window
   import -window "$window" "$scratch/$1.png"
 }
 
@@ -50,7 +50,7 @@ in_states() { # SCALE
   unset QT_SCALE_FACTOR
 }
 
-menus() { # LANGUAGE X...: the menus opened at these places of the menu bar
+menus() {  # LANGUAGE X...: takes pictures of the menus opened at these positions of the menu bar
   local language=$1 x shown=()
   shift
   lay_folder
@@ -77,7 +77,7 @@ recorder() { # LANGUAGE: idle, recording and paused
   entry() { sed -n "$(($1 + 1)){s/\r\$//;s/^\xEF\xBB\xBF//;s/^...//;p;q}" "$folder/Files/Lang/$language.lng"; }
   rm -rf /tmp/Quillmere
   lay_folder
-  mv "$folder" /tmp/Quillmere # the path is in the picture
+  mv "$folder" /tmp/Quillmere  # the picture shows this path
   folder=/tmp/Quillmere
   set_line 1 "$language.lng"
   start_program
@@ -90,7 +90,7 @@ recorder() { # LANGUAGE: idle, recording and paused
   key Return
   use_window "$(entry 104)"
   sleep 4
-  # The lamp and the word come and go twice a second.
+  # The lamp and the caption blink twice a second.
   until picture recording && [[ $(convert "$scratch/recording.png" -format '%[fx:p{39,84}.g<0.5]' info:) == 1 ]]; do
     sleep 0.1
   done
@@ -103,17 +103,17 @@ recorder() { # LANGUAGE: idle, recording and paused
   rm -rf "$folder"
 }
 
-# A transcript as somebody types it, beside the player that plays its recording.
+# A typed transcript beside the player with its recording.
 transcript() { # LANGUAGE PICTURE TITLE (SPEAKER WORDS)...
   local language=$1 picture=$2 title=$3
   shift 3
-  at_button() { sleep 0.8 && click "$1" 37 && sleep 0.3; } # the window manager takes its time after letters on no key
+  at_button() { sleep 0.8 && click "$1" 37 && sleep 0.3; }  # after letters without a key, the window manager needs time
   lay_folder
   set_line 1 "$language.lng"
   start_program "$folder/Samples/Interview.mp3"
   wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
   xdotool windowactivate --sync "$window"
-  at_button 357 # in the middle, bold, two sizes larger
+  at_button 357  # centred, bold, two sizes larger
   at_button 207
   at_button 417
   at_button 417
@@ -142,7 +142,7 @@ transcript() { # LANGUAGE PICTURE TITLE (SPEAKER WORDS)...
   kill -KILL "$program"
 }
 
-# The two looks of the find window, over a text that it has searched.
+# Both forms of the find window, over a text that it has searched.
 find_windows() { # LANGUAGE
   local shown=() shortcut
   lay_folder
@@ -166,8 +166,8 @@ find_windows() { # LANGUAGE
   convert "${shown[@]}" -bordercolor '#8a94a3' -border 6 +append "$scratch/find-$1.png"
 }
 
-# The bookmarks beside the player, and below them the input dialog in two of its jobs.
-bookmarks() { # LANGUAGE X Y DIALOG NAME NAME NAME: X, Y is the length of a play phase in the menu of options
+# The bookmarks beside the player; below, the input dialog for two purposes.
+bookmarks() {  # LANGUAGE X Y DIALOG NAME NAME NAME: X, Y is the command for the play time in the options menu
   local language=$1 x=$2 y=$3 dialog=$4 time=4
   shift 4
   lay_folder
@@ -202,14 +202,14 @@ bookmarks() { # LANGUAGE X Y DIALOG NAME NAME NAME: X, Y is the length of a play
     -bordercolor '#8a94a3' -border 12 "$docs/bookmarks-${language,,}.png"
 }
 
-about() { # LANGUAGE SCALE PICTURE: with the libraries in sight
+about() {  # LANGUAGE SCALE PICTURE: with the list of libraries visible
   lay_folder
   set_line 1 "$1.lng" 8 1
   QT_SCALE_FACTOR=$2 start_program
   key ctrl+F1
   wait_until 10 '[[ $(xdotool getactivewindow getwindowname) == *... ]]'
   window=$(xdotool getactivewindow)
-  sleep 10.5 # the list rolls in from below
+  sleep 10.5  # the list scrolls in from below
   import -frame -window "$window" "$docs/$3.png"
   kill -KILL "$program"
 }

@@ -2,15 +2,15 @@
 //
 //     render_art ART_DIR OUT_DIR
 //
-// ART_DIR/manifest.txt names one drawing a line. A picture is written in two sizes, "name.ext" and
-// "name@2x.ext"; an icon is one file that holds every size listed, over as many lines as need a drawing of
+// ART_DIR/manifest.txt names one drawing per line. A picture is written in two sizes, "name.ext" and
+// "name@2x.ext". An icon is one file with all listed sizes; sizes with a drawing of their own have lines of
 // their own:
 //
 //     play.svg       play.jpg       48 49
 //     quillmere.svg  quillmere.ico  32 48 64
 //
-// A file whose bytes would not change is left alone, so that nothing that depends on it is built again.
-// Needs no display. Exits with 1 and a message at the first drawing or file that is not in order.
+// Unchanged files are not rewritten, so that nothing that depends on them is rebuilt. Needs no display. On
+// the first invalid drawing or unwritable file, exits with 1 and an error message.
 
 #include <QBuffer>
 #include <QCoreApplication>
@@ -32,17 +32,16 @@
 
 namespace {
 
-/// What stops the rendering; its text is the message to the user.
+/// An error that stops the rendering; its text is shown to the user.
 class ArtError : public std::runtime_error {
 public:
     explicit ArtError(const QString& message) : std::runtime_error(message.toStdString()) {}
 };
 
-/// The icons met so far: file name to its images in the order of the manifest, the first being the default
-/// one.
+/// The icons so far: the images of each file in the order of the manifest; the first is the default.
 using Icons = std::map<QString, std::vector<QImage>>;
 
-/// The SVG reader only warns of what it cannot resolve; here such a drawing is refused.
+/// The SVG reader only warns of errors in a drawing; here they make it invalid.
 QString svgComplaint;
 void keepComplaint(QtMsgType, const QMessageLogContext&, const QString& text) {
     svgComplaint = text;
@@ -54,14 +53,14 @@ QByteArray readDrawing(const QString& path) {
         throw ArtError(path + ": " + file.errorString());
     QByteArray svg = file.readAll();
     for (const char* element : {"<text", "<image", "<filter", "<mask", "<clipPath", "<style"}) {
-        // The reader passes over these without a word, or, for text, wants the fonts of a desktop.
+        // The reader silently ignores these, or, for text, needs the fonts of a desktop.
         if (svg.contains(element))
             throw ArtError(path + ": " + element + "> is not for the drawings of the skin");
     }
     return svg;
 }
 
-/// Draws the file at the given size in pixels. Formats without transparency get a white ground.
+/// Draws the file at this size in pixels. Formats without transparency get a white background.
 QImage draw(const QString& svgPath, QSize pixels, bool transparent) {
     svgComplaint.clear();
     QSvgRenderer svg(readDrawing(svgPath));
@@ -83,12 +82,13 @@ QImage draw(const QString& svgPath, QSize pixels, bool transparent) {
     return image;
 }
 
-/// JPEG at the finest quantisation and with full colour resolution, so that white stays white up to the edge.
+/// JPEG at the finest quantisation and with full colour resolution, so that white stays white up to the
+/// edges.
 QByteArray jpegBytes(const QImage& picture) {
     const QImage rgb = picture.convertToFormat(QImage::Format_RGB888);
     jpeg_compress_struct jpeg{};
     jpeg_error_mgr errors{};
-    jpeg.err = jpeg_std_error(&errors); // ends the program with a message, which is what is wanted here
+    jpeg.err = jpeg_std_error(&errors); // on an error, exits with a message, as intended here
     jpeg_create_compress(&jpeg);
     unsigned char* buffer = nullptr;
     unsigned long size = 0;
@@ -125,8 +125,7 @@ QByteArray pictureBytes(const QImage& picture, const QByteArray& format) {
     return buffer.data();
 }
 
-/// An ICO file: a directory of 16 bytes an image, then the images as PNG. A side of 256 pixels is written as
-/// 0.
+/// An ICO file: a directory of 16 bytes per image, then the images as PNG. A size of 256 is stored as 0.
 QByteArray iconBytes(const std::vector<QImage>& images) {
     QByteArray directory, data;
     const auto put = [&directory](quint32 value, int bytes) {
@@ -143,7 +142,7 @@ QByteArray iconBytes(const std::vector<QImage>& images) {
         put(static_cast<quint32>(image.height()) & 0xff, 1);
         put(0, 2);  // no palette; reserved
         put(1, 2);  // planes
-        put(32, 2); // bits a pixel
+        put(32, 2); // bits per pixel
         put(static_cast<quint32>(png.size()), 4);
         put(start + static_cast<quint32>(data.size()), 4);
         data += png;
@@ -160,7 +159,7 @@ void writeIfChanged(const QString& path, const QByteArray& bytes) {
         throw ArtError(path + ": " + file.errorString());
 }
 
-/// One line of the manifest: writes its pictures, or adds its images to an icon.
+/// Processes one line of the manifest: writes its pictures, or adds its images to an icon.
 void renderLine(const QStringList& fields, const QDir& art, const QDir& out, Icons& icons) {
     if (fields.size() < 3)
         throw ArtError("wants a drawing, an output and its size");

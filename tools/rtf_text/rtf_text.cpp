@@ -1,5 +1,5 @@
-// rtf_text FILE prints the plain text of an RTF file in UTF-8; rtf_text --rtf FILE reads the file and writes
-// it again as RTF. Both go to the standard output.
+// rtf_text FILE prints the plain text of an RTF file in UTF-8. rtf_text --rtf FILE reads the file and writes
+// it again as RTF. Both print to standard output.
 #include "base/files.h"
 #include "rtf/read/reader.h"
 #include "rtf/write/writer.h"

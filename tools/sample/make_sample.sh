@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Makes data/Samples/Interview.mp3 from interview.txt.
+# Generates data/Samples/Interview.mp3 from interview.txt.
 #
-# The recording is kept in the repository, so the build never runs this; it is
-# here so that the text can be changed and the recording made anew.
+# The recording is in the repository, so the build never runs this script. It is here so that the text can be changed
+# and the recording generated again.
 #
 # Needs: festival festvox-us-slt-hts flite sox ffmpeg
 # Both voices derive from the CMU ARCTIC recordings, which may be used freely.
@@ -14,12 +14,11 @@ work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 rate=44100
-loudness=-18                            # LUFS, of the finished recording
-worklevel=-30                           # LUFS between the steps; sox would clip
-pauses=(0.15 0.45 0.60 0.35 0.65 0.50)  # before each turn, over and over
+loudness=-18  # LUFS, of the finished recording
+worklevel=-30  # LUFS between the steps, where sox would otherwise clip
+pauses=(0.15 0.45 0.60 0.35 0.65 0.50)  # seconds before each turn, repeated cyclically
 
-# Sentences are spoken one by one: left to themselves both voices rush over a
-# full stop, and whoever types along needs the breath.
+# Each sentence is spoken separately: otherwise both voices rush over full stops, and a typist needs the pause.
 interviewer() {
   text2wave -eval '(voice_cmu_us_slt_arctic_hts)' -o "$2" <<<"$1"
 }
@@ -27,8 +26,8 @@ guest() {
   flite -voice rms --setf duration_stretch=1.04 -t "$1" -o "$2"
 }
 
-# The studio voice is synthesised dull and the guest's boomy; a little presence
-# for the one and less bass for the other brings them into the same room.
+# The studio voice sounds dull and the guest's boomy; more presence for the one and less bass for the other make them
+# match.
 tone_interviewer=(highpass 80 equalizer 3000 0.8q +6)
 tone_guest=(highpass 70 bass -3 150 equalizer 2500 0.8q +2)
 
@@ -37,7 +36,7 @@ loudness_of() {
     awk '$1 == "I:" { value = $2 } END { print value }'
 }
 
-gain_to() {  # WANTED FILE: the dB that bring FILE to that loudness
+gain_to() {  # WANTED FILE: prints the gain in dB that brings FILE to that loudness
   awk -v want="$1" -v have="$(loudness_of "$2")" 'BEGIN { print want - have }'
 }
 
@@ -45,11 +44,11 @@ speak() {  # SPEAKER TEXT WAV
   local -a sentences parts=()
   local -n tone=tone_$1
   local i
-  # shellcheck disable=SC2001 # a group of the pattern stays
+  # shellcheck disable=SC2001 # the replacement needs a group of the pattern
   mapfile -t sentences < <(sed 's/\([.?!]\) /\1\n/g' <<<"$2")
   for i in "${!sentences[@]}"; do
     "$1" "${sentences[i]}" "$work/raw.wav"
-    # Silence off both ends, then a fixed breath after all but the last.
+    # Trims silence at both ends, then adds a fixed pause after all sentences except the last.
     sox "$work/raw.wav" -r $rate -c 1 -b 32 -e float "$work/trimmed.wav" \
       silence 1 0.01 0.15% reverse silence 1 0.01 0.15% reverse
     sox "$work/trimmed.wav" "$work/part$i.wav" gain -9 "${tone[@]}" fade 0.02 -0 0.02 \
@@ -71,7 +70,7 @@ done <"$here/interview.txt"
 
 sox "${turns[@]}" "$work/all.wav" pad 0 0.5
 
-# The limiter catches plosives and loud vowels; -1.5 dB leaves the encoder room.
+# The limiter catches plosives and loud vowels; -1.5 dB leaves headroom for the encoder.
 mkdir -p "$(dirname "$out")"
 ffmpeg -nostdin -hide_banner -loglevel error -y -i "$work/all.wav" \
   -af "volume=$(gain_to $loudness "$work/all.wav")dB,alimiter=limit=0.84:level=false" \
