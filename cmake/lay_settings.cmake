@@ -1,4 +1,4 @@
-# A first settings file, where none is there yet.
+# Copies the initial settings file unless there is one.
 if(NOT EXISTS ${TO})
     file(COPY_FILE ${FROM} ${TO})
 endif()

@@ -1,5 +1,5 @@
-# Lays the portable folder: the executable with everything that it reads at run time below its own folder. It can be
-# copied anywhere. Settings that a trial run left there are kept; what the build makes is laid anew when it changed.
+# Creates the portable folder: the executable with everything that it reads at run time, in subfolders. It can be copied
+# anywhere. Settings of a trial run in it are kept; build results are copied again when they change.
 set(QUILLMERE_PORTABLE_DIR ${CMAKE_BINARY_DIR}/portable CACHE PATH "Where the portable folder is laid")
 set(PORTABLE_DIR ${QUILLMERE_PORTABLE_DIR})
 
@@ -18,7 +18,7 @@ foreach(file ${PORTABLE_DATA})
         DEPENDS ${CMAKE_SOURCE_DIR}/data/${file})
     list(APPEND laid ${PORTABLE_DIR}/${file})
 endforeach()
-# Qt's own words beside the language file that they belong to; what they lack is in the files ".words" of data/.
+# Qt's translations, under the names of the language files. What they lack is in the .words files of data/.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core)
 get_target_property(qmake Qt6::qmake IMPORTED_LOCATION)
 execute_process(COMMAND ${qmake} -query QT_INSTALL_TRANSLATIONS OUTPUT_VARIABLE QT_WORDS OUTPUT_STRIP_TRAILING_WHITESPACE)
@@ -32,7 +32,7 @@ foreach(words Brazilian=pt_BR Français=fr Hungarian=hu Italiano=it Nederlands=n
     add_custom_command(OUTPUT ${beside} COMMAND ${CMAKE_COMMAND} -E copy ${catalogue} ${beside} DEPENDS ${catalogue})
     list(APPEND laid ${beside})
 endforeach()
-# The skin: rendered from its drawings. The stamp stands for all pictures; a picture that did not change is not touched.
+# The skin, rendered from its drawings. The stamp stands for all pictures; unchanged pictures are not rewritten.
 file(GLOB DRAWINGS CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/art/*.svg)
 add_custom_command(
     OUTPUT ${CMAKE_BINARY_DIR}/art.stamp

@@ -1,7 +1,7 @@
-# A room is a static library. Its headers are reached as "<room>/<header>.h", and only by a target that links the room:
-# each room has an include root of its own, with one link in it. So an include that points upward does not compile.
-# A room without sources is a target of headers alone.
-# The rooms below the desktop share one precompiled header, that of the lowest: what nearly every file of theirs includes.
+# A room is a static library, or a header-only target if it has no sources. Its headers are included as
+# "<room>/<header>.h", and only by targets that link the room: each room has an include root of its own with a single
+# link in it, so that an upward include does not compile. The rooms below the desktop share one precompiled header with
+# what nearly every file includes; it belongs to the lowest room.
 function(add_room name)
     cmake_parse_arguments(ROOM "OWN_PRECOMPILED" "FOLDER" "SOURCES;USES" ${ARGN})
     if(NOT ROOM_FOLDER)

@@ -1,4 +1,4 @@
-// Whatever bytes are read: what is written of them is 7-bit ASCII and reads as the same document.
+// For any input, the written RTF must be 7-bit ASCII and read as the same document.
 #include "rtf/read/picture.h"
 #include "rtf/read/reader.h"
 #include "rtf/write/writer.h"
