@@ -7,7 +7,7 @@
 
 namespace app {
 
-// The bookmarks of the open media with their window and commands.
+// The bookmarks of the open media file with their window and commands.
 class BookmarkRoom {
 public:
     BookmarkRoom(Desktop& desktop, const base::TextFiles& files, player::Form1& form1,
@@ -20,9 +20,9 @@ public:
     bookmarks::Form3& form() { return form3_; }
 
     bool empty() const { return table_.empty(); }
-    // The bookmarks of the open media, up to the first empty entry.
+    // The bookmarks of the open media file, up to the first empty entry.
     std::vector<base::Text> lines() const { return table_.lines(); }
-    // Reads and shows the bookmarks of the media at this path. Returns false if it has no bookmark file.
+    // Reads and shows the bookmarks of the media file at this path. Returns false if it has no bookmark file.
     bool open(base::TextView mediaPath) {
         if (!media.hasFile(mediaPath))
             return false;

@@ -65,7 +65,7 @@ private:
     controls::Timer marksWatch_;
     controls::Timer survived_;
     safety::Marks lastMarks_;
-    bool unsaved_ = false;        // unlike TestoModificato, which some rules reset early
+    bool unsaved_ = false;        // independent of TestoModificato, which some rules change
     std::uint32_t fileCheck_ = 0; // checksum of the document's file when last read or written
 };
 

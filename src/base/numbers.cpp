@@ -67,7 +67,7 @@ double val(TextView text) {
     const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (read.ec != std::errc::result_out_of_range)
         return value;
-    // The exponent is out of range: infinite for every caller's limit, or so small that it counts as 0.
+    // The exponent is out of range: beyond every caller's limit, or so small that it counts as 0.
     if (digits.find("e-") != std::string::npos || digits.find("E-") != std::string::npos)
         return 0;
     return digits.front() == '-' ? -HUGE_VAL : HUGE_VAL;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr base::TextView zeroTime = u"00:00:00";
 constexpr base::TextView gap = u"  ";
-constexpr std::size_t tail = 15; // blanks behind the key; also the length of a line's end that holds the time
+constexpr std::size_t tail = 15; // blanks after the key; also the length of the line end that holds the time
 constexpr std::size_t oldTime = 5; // characters of "mm:ss"
 
 base::TextView lastOf(base::TextView text, std::size_t count) {

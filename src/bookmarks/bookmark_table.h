@@ -8,7 +8,8 @@
 
 namespace bookmarks {
 
-// The bookmark lines of the open media ("BookMark"). The first empty entry ends the list for every reader.
+// The bookmark lines of the open media file ("BookMark"). The first empty entry ends the list for every
+// reader.
 struct BookmarkTable {
     static constexpr std::size_t size = 501;
 

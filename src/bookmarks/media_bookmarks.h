@@ -11,8 +11,8 @@
 
 namespace bookmarks {
 
-// Loads and saves the bookmarks of one media. The file is named after the media's file name only, so media of
-// the same name share it. Disk errors are ignored silently and leave the old file.
+// Loads and saves the bookmarks of one media file. The file is named after the media's file name only, so
+// media of the same name share it. Disk errors are ignored silently and leave the old file.
 class MediaBookmarks {
 public:
     MediaBookmarks(BookmarkTable& table, Form3& form3, const player::Form1& form1,
@@ -25,13 +25,13 @@ public:
     // Saves the bookmarks, if there are any, and clears them: the next media starts with empty lists.
     void leave();
 
-    // True if the media at this path has a bookmark file.
+    // True if the media file at this path has a bookmark file.
     bool hasFile(base::TextView mediaPath) const;
     // Reads the lines of that file into the table, as many as fit.
     void read(base::TextView mediaPath);
 
-    // Replaces the bookmark file of the media at this path by these lines, which an earlier run could not
-    // save. Returns false if the file already holds them. Throws Failure.
+    // Replaces the bookmark file of the media file at this path by these lines, which an earlier run could
+    // not save. Returns false if the file already holds them. Throws Failure.
     bool bringBack(base::TextView mediaPath, const std::vector<base::Text>& lines);
 
     // Called before the file is replaced by this many lines, and when it has more lines than the table holds.

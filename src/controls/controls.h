@@ -1,6 +1,6 @@
-// The state of a window as plain data. The routines of the program act on these; a window on a screen shows
-// them and reports what the user did to them. Positions and sizes are twips, counted from the inner top left
-// of the window.
+// The state of windows as plain data. The program's routines work on this data; a window on the screen
+// displays it and reports the user's actions. Positions and sizes are twips from the window's inner top left
+// corner.
 #pragma once
 
 #include "base/text.h"
@@ -15,7 +15,7 @@
 
 namespace controls {
 
-// A colour as red, green and blue in one number, red highest.
+// A colour as 0xRRGGBB.
 using Color = std::uint32_t;
 
 constexpr Color rgb(unsigned red, unsigned green, unsigned blue) {
@@ -24,7 +24,7 @@ constexpr Color rgb(unsigned red, unsigned green, unsigned blue) {
 
 inline constexpr double twipsPerPixel = 15;
 
-// The design place of a control, in twips.
+// The initial position and size of a control, in twips.
 struct Box {
     double left = 0;
     double top = 0;
@@ -32,8 +32,8 @@ struct Box {
     double height = 0;
 };
 
-// A mouse event on a control: the button of the event (1 left, 2 right, 4 middle; on a move the sum of those
-// held), and the place in twips relative to the control.
+// A mouse event on a control. `button` is 1 left, 2 right, 4 middle; in a move event, the sum of the buttons
+// held. The position is in twips relative to the control.
 struct MouseEvent {
     int button = 0;
     double x = 0;
@@ -42,7 +42,7 @@ struct MouseEvent {
 
 enum class Pointer { Default = 0, Hourglass = 11 };
 
-// What every control has. `name` is the given name in UTF-8, by which tests find the control on the screen.
+// The properties of every control. `name` is its given name in UTF-8, by which tests find it on the screen.
 struct Control : Observed {
     Control(std::string_view givenName, Box place)
         : name(givenName), left(this, place.left), top(this, place.top), width(this, place.width),
@@ -60,7 +60,7 @@ struct Control : Observed {
     Property<base::Text> pointerIcon{
         this}; // picture file of the pointer over the control; empty: the usual one
 
-    std::function<void()> Click; // empty: nothing happens on a click
+    std::function<void()> Click; // empty: a click does nothing
     std::function<void()> DblClick = [] {};
     std::function<void(const MouseEvent&)> MouseDown = [](const MouseEvent&) {};
     std::function<void(const MouseEvent&)> MouseMove = [](const MouseEvent&) {};
@@ -69,8 +69,8 @@ struct Control : Observed {
 
 enum class Alignment { Left, Centre, Right };
 
-// A line or a few lines of text. A "&" in its caption is a mnemonic, "&&" shows one. One that sizes itself is
-// always as wide as its caption, as soon as somebody shows it.
+// One or more lines of text. "&" in the caption marks a mnemonic, "&&" shows an ampersand. With `autoSize`
+// the label is always as wide as its caption once it is displayed.
 struct Label : Control {
     using Control::Control;
 
@@ -84,54 +84,53 @@ struct Label : Control {
     Property<Color> foreColor{this, rgb(0, 0, 0)};
     Property<Alignment> alignment{this, Alignment::Left};
     bool autoSize = false;
-    bool showsPath = false; // one that is too long loses its middle, so that the file's name is still there
+    bool showsPath = false; // too long a path is elided in the middle, so that the file name stays visible
 };
 
-// A picture, read from its file when `picture` changes. A file that cannot be read leaves what was shown
-// before.
+// A picture, loaded from its file when `picture` changes. If the file cannot be read, the previous picture
+// stays.
 struct Picture : Control {
     using Control::Control;
 
     Property<base::Text> picture{this}; // path
 };
 
-// A picture that is cut off at the width of its control, not stretched: the fill of a bar.
+// A picture that is clipped at the control's width instead of stretched: the fill of a bar.
 struct Fill : Picture {
     using Picture::Picture;
 };
 
-// A picture that is pressed. It is offered when it is enabled and a routine stands behind it; else it is
-// shown faded.
+// A clickable picture. It is offered if it is enabled and has a routine; otherwise it is shown faded.
 struct PictureButton : Picture {
     using Picture::Picture;
 
     bool offered() const { return enabled && Click; }
 };
 
-// A box for text over a list to choose from. `Click` is told when an entry was chosen, after `Change`.
+// A text box with a drop-down list. Choosing an entry calls `Change`, then `Click`.
 struct ComboBox : Control {
     using Control::Control;
 
     Property<std::vector<base::Text>> items{this};
     Property<base::Text> text{this};
-    bool editable = true; // the text may be one that is not in the list
+    bool editable = true; // the user may type text that is not in the list
 
-    // Place of the text in the list; -1 when it was typed and is no entry.
+    // Index of the text in the list; -1 if it is not an entry.
     int listIndex() const {
         const auto hit = std::find(items->begin(), items->end(), text.get());
         return hit == items->end() ? -1 : static_cast<int>(hit - items->begin());
     }
 
-    // Gives the box the keyboard; the one who shows it fills this in.
+    // Gives the box the keyboard focus; set by the window that displays it.
     std::function<void()> setFocus = [] {};
-    // The user typed or chose: `text` holds it already.
+    // The user typed or chose an entry; `text` is already updated.
     std::function<void()> Change = [] {};
-    // A text was dropped on the box: it replaces nothing by itself. Empty: the box takes drops in its own
-    // way.
+    // A text was dropped on the box, which does not change by itself. Empty: the box handles drops in its
+    // default way.
     std::function<void(const base::Text&)> Drop;
 };
 
-// A box for one line of text. The selection counts UTF-16 units.
+// A single-line text box. The selection counts UTF-16 units.
 struct TextBox : Control {
     using Control::Control;
 
@@ -140,25 +139,25 @@ struct TextBox : Control {
     Property<int> selLength{this, 0};
     Property<double> fontSize{this, 9.0}; // points
 
-    // Gives the box the keyboard; the one who shows it fills this in.
+    // Gives the box the keyboard focus; set by the window that displays it.
     std::function<void()> setFocus = [] {};
-    // The user typed: `text` holds it already.
+    // The user typed; `text` is already updated.
     std::function<void()> Change = [] {};
 };
 
-// A list with one entry chosen; it keeps the order in which it is given.
+// A list with at most one selected entry. It does not sort its entries.
 struct ListBox : Control {
     using Control::Control;
 
     Property<std::vector<base::Text>> items{this};
-    Property<int> listIndex{this, -1}; // entry chosen; -1: none
+    Property<int> listIndex{this, -1}; // selected entry; -1: none
 
     std::function<void()> setFocus = [] {};
     std::function<void(platform::KeyEvent&)> KeyDown = [](platform::KeyEvent&) {};
     std::function<void(const platform::KeyEvent&)> KeyUp = [](const platform::KeyEvent&) {};
 };
 
-// A button with words on it. The default one is also pressed by Enter, the cancel one by Escape.
+// A push button. Enter also presses the default button, Escape the cancel button.
 struct CommandButton : Control {
     using Control::Control;
 
@@ -168,7 +167,7 @@ struct CommandButton : Control {
     std::function<void()> setFocus = [] {};
 };
 
-// A box to tick. `Click` is told after the tick has changed.
+// A check box. `Click` is called after `value` has changed.
 struct CheckBox : Control {
     using Control::Control;
 
@@ -176,15 +175,15 @@ struct CheckBox : Control {
     Property<bool> value{this, false};
 };
 
-// An item of a menu: a command, a separator (caption "-") or, with items of its own, a menu. A command is
-// offered when it is enabled and a routine stands behind it.
+// A menu item: a command, a separator (caption "-") or, with items of its own, a submenu. A command is
+// offered if it is enabled and has a routine.
 struct MenuItem : Observed {
     explicit MenuItem(std::string_view givenName, base::Text design = u"-", std::string_view keys = {})
         : name(givenName), shortcut(keys), caption(this, std::move(design)) {}
 
     std::string_view name;
     std::string_view shortcut; // such as "Ctrl+O"; empty for none
-    bool repeats = false;      // a held shortcut runs the command again and again
+    bool repeats = false;      // a held shortcut repeats the command
     Property<base::Text> caption;
     Property<bool> checked{this, false};
     Property<bool> enabled{this, true};
@@ -198,7 +197,7 @@ struct MenuItem : Observed {
 
 enum class WindowState { Normal = 0, Minimised = 1, Maximised = 2, FullScreen = 3 };
 
-// A window. Left, top, width and height are those of its frame on the screen; the client size is design.
+// A window. Left, top, width and height are those of its outer frame; the client size is fixed by the design.
 struct Window : Control {
     Window(std::string_view givenName, Box place) : Control(givenName, place) { visible = false; }
 
@@ -208,37 +207,38 @@ struct Window : Control {
     Property<bool> acceptsDrops{this, false};
     Property<WindowState> windowState{this, WindowState::Normal};
 
-    // Gives the window the keyboard; the one who shows it fills this in.
+    // Gives the window the keyboard focus; set by the window that displays it.
     std::function<void()> setFocus = [] {};
     std::function<void()> Resize = [] {};
-    // What the window manager adds is not known before a window is shown, and guessed until then. Told once,
-    // when it is known: the size of the window, which holds already, is larger by this than it was taken for.
+    // The window manager's frame is unknown until the window is shown, and estimated until then. Called once
+    // when it is known: width and height already hold the real size, which exceeds the estimate by these
+    // twips.
     std::function<void(double wider, double higher)> FrameKnown = [](double, double) {};
-    // A key that no control of the window took.
+    // A key that no control of the window has handled.
     std::function<void(platform::KeyEvent&)> KeyDown = [](platform::KeyEvent&) {};
     std::function<void(const platform::KeyEvent&)> KeyUp = [](const platform::KeyEvent&) {};
-    bool active = false; // the window in front, which has the keyboard
-    // Opens one of the window's menus at the pointer; the one who shows the window fills this in.
+    bool active = false; // this window is in front and has the keyboard focus
+    // Opens one of the window's menus at the mouse pointer; set by the window that displays it.
     std::function<void(MenuItem&)> PopupMenu = [](MenuItem&) {};
-    // The window became the active one, or is that no more.
+    // The window has become, or is no longer, the active one.
     std::function<void()> Activate = [] {};
     std::function<void()> Deactivate = [] {};
-    // Makes the window visible and returns when it is hidden again; timers run on meanwhile, the other
-    // windows take no input. The one who shows it fills this in.
+    // Shows the window modally and returns when it is hidden again; timers keep running meanwhile. Set by the
+    // window that displays it.
     std::function<void()> showModal = [] {};
     // Files were dropped on the window: their paths, at least one.
     std::function<void(const std::vector<base::Text>&)> Drop = [](const auto&) {};
-    // The user asks for the window to be closed: true when that is refused.
+    // The user wants to close the window. Returns true to refuse.
     std::function<bool()> Unload = [] { return false; };
 };
 
-// The screen: the size of the first one in twips without the system's own bars, and the pointer that all
-// windows show.
+// The screen: size of the first monitor in twips without the system's bars, and the pointer shown by all
+// windows.
 struct Screen : Observed {
     Property<double> width{this, 0};
     Property<double> height{this, 0};
-    // The area without bars of the screen that most of this window lies on; of the first one where it lies on
-    // none. Whoever knows the screens fills this in.
+    // The work area (without bars) of the monitor that most of this window lies on, or of the first monitor
+    // if it lies on none. Set by the desktop.
     std::function<Box(const Control& window)> areaOf = [this](const Control&) {
         return Box{0, 0, width, height};
     };

@@ -12,7 +12,7 @@ class FindReplace {
 public:
     FindReplace(FrmFind& form, Form2& editor, platform::Dialogs& dialogs);
 
-    // Called once, before the window is first loaded, to create its widgets.
+    // Called once, before the window is first loaded, to create it on the screen.
     std::function<void()> Load = [] {};
 
     // Show the window for find or for replace. While loaded, it keeps the form in which it was first shown.

@@ -7,7 +7,7 @@
 
 namespace editor {
 
-// Prints the text: the dialogue with the printer and its dialog. The text control lays out the pages.
+// Prints the text with the settings of the printer dialog. The text control lays out the pages.
 class Printing {
 public:
     // `printer` is called for each print command, because creating the printer may take time. It throws

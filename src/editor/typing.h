@@ -6,7 +6,7 @@
 
 namespace editor {
 
-// Reacts to every change of the text, whoever made it, and runs undo and redo.
+// Reacts to every change of the text, including the program's own, and runs undo and redo.
 class Typing {
 public:
     Typing(Form2& form, Document& document, UndoRedo& undoRedo, player::Form1& player);

@@ -48,7 +48,7 @@ public:
     // Stops and resets the position to 0.
     virtual void stop() = 0;
 
-    // 0 when stopped. Setting clamps the position to the media and ignores NaN. While paused, reading
+    // 0 when stopped. Setting clamps it to the length of the media and ignores NaN. While paused, reading
     // returns the position that was set, so that repeated steps do not drift. Setting a position above 0
     // moves a stopped player to Paused there.
     virtual double currentPosition() const = 0;
@@ -73,7 +73,7 @@ public:
     // size. The window must outlive the player. Without a window only the sound is played.
     virtual void showPicturesIn(std::uint64_t window) = 0;
 
-    // The size of the video; does not exist for audio files and while unknown.
+    // The size of the video; exists() is false for audio files and while it is unknown.
     virtual PictureSize pictureSize() const = 0;
 
     // Called when the picture's size changes or the picture disappears. Empty by default.

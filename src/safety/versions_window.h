@@ -12,7 +12,7 @@ struct TextSheet : controls::Control {
 };
 
 // The list of earlier versions as data: a resizable window. A row holds document, time, size and reason,
-// separated by tabs. The desktop lays out the controls.
+// separated by tabs. The desktop positions the controls.
 struct VersionsWindow : controls::Window {
     VersionsWindow() : Window("VersionsWindow", {0, 0, 11400, 6450}) {
         lblEmpty.alignment = controls::Alignment::Centre;
