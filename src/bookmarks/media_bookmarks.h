@@ -19,8 +19,8 @@ public:
                    const base::TextFiles& files);
 
     // Writes the bookmarks of the open media and empties the window's lists. Without bookmarks the file stays
-    // unchanged, so deleting the last one does not last. If the file could not be read, it is read again: its
-    // lines go before the new ones, or, if reading fails again, nothing is written.
+    // unchanged, so a deletion of all bookmarks is not saved. If the file could not be read, it is read
+    // again: its lines go before the new ones, or, if reading fails again, nothing is written.
     void SalvaBookMark();
     // Saves the bookmarks, if there are any, and clears them: the next media starts with empty lists.
     void leave();

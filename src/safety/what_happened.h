@@ -7,7 +7,7 @@
 namespace safety {
 
 // The list of notices as data: a resizable window. A row holds a time, a tab and a sentence. The desktop
-// positions out the controls.
+// positions the controls.
 struct NoticesWindow : controls::Window {
     NoticesWindow() : Window("NoticesWindow", {0, 0, 8400, 4800}) {
         cmdClose.isDefault = cmdClose.isCancel = true;
