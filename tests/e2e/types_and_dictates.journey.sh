@@ -12,9 +12,12 @@ held() {  # prints what another program finds on the clipboard, as plain text or
   timeout 3 xclip -selection clipboard -o "$@" 2>/dev/null || true
 }
 cross_to() {  # WINDOW: activates it and waits until the program has put the other format of its copy on the clipboard
-  xclip -selection clipboard -i <<<elsewhere
+  local seen
+  # xclip keeps running: if it held the pipe of a command substitution open, that would never end.
+  xclip -selection clipboard -i <<<elsewhere >/dev/null
   bring "$1"
-  wait_until 2 '[[ $(held) != elsewhere ]]' || true
+  # The text control offers its empty selection when it loses the focus, before the timer ticks.
+  wait_until 2 'seen=$(held); [[ $seen && $seen != elsewhere ]]' || true
 }
 text() {  # prints the whole text, as another program gets it after a focus change
   bring "$editor"

@@ -5,6 +5,8 @@
 #include <QKeyEvent>
 #include <QWidget>
 #include <algorithm>
+#include <cstdlib>
+#include <memory>
 
 // The C header has a member named `explicit`.
 #if defined(__clang__)
@@ -34,13 +36,13 @@ bool isRepeatingShortcut(const QKeyEvent& event) {
 
 KeyRepeats::KeyRepeats() {
     const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    xcb_connection_t* const connection = x11 ? x11->connection() : nullptr;
-    if (!connection)
+    connection_ = x11 ? x11->connection() : nullptr;
+    if (!connection_)
         return;
     constexpr auto flag = XCB_XKB_PER_CLIENT_FLAG_DETECTABLE_AUTO_REPEAT;
-    const auto cookie = xcb_xkb_per_client_flags(connection, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
+    const auto cookie = xcb_xkb_per_client_flags(connection_, XCB_XKB_ID_USE_CORE_KBD, flag, flag, 0, 0, 0);
     // A server without this feature keeps repeating releases.
-    xcb_discard_reply(connection, cookie.sequence);
+    xcb_discard_reply(connection_, cookie.sequence);
     qApp->installNativeEventFilter(this);
     qApp->installEventFilter(this);
     // A key pressed here may be released in another program.
@@ -50,6 +52,8 @@ KeyRepeats::KeyRepeats() {
 bool KeyRepeats::nativeEventFilter(const QByteArray&, void* message, qintptr*) {
     const auto& event = *static_cast<const xcb_generic_event_t*>(message);
     const auto kind = event.response_type & 0x7FU;
+    if (kind == XCB_FOCUS_IN)
+        forgetReleased();
     if (kind != XCB_KEY_PRESS && kind != XCB_KEY_RELEASE)
         return false;
     const auto& key = reinterpret_cast<const xcb_key_press_event_t&>(event);
@@ -59,6 +63,19 @@ bool KeyRepeats::nativeEventFilter(const QByteArray&, void* message, qintptr*) {
     if (repeated_.size() > rememberedPresses)
         repeated_.pop_front();
     return false;
+}
+
+// The release of a key that closes a window may reach no window of ours. Its next press would then count as a
+// repeat.
+void KeyRepeats::forgetReleased() {
+    if (held_.none())
+        return;
+    const std::unique_ptr<xcb_query_keymap_reply_t, decltype(&std::free)> down(
+        xcb_query_keymap_reply(connection_, xcb_query_keymap(connection_), nullptr), &std::free);
+    for (std::size_t key = 0; down && key < held_.size(); ++key) {
+        if ((down->keys[key / 8] >> key % 8 & 1U) == 0)
+            held_.reset(key);
+    }
 }
 
 // Replaces a repeated press by a copy that is marked as a repeat.

@@ -6,6 +6,8 @@
 #include <deque>
 #include <utility>
 
+struct xcb_connection_t;
+
 namespace desktop {
 
 // Distinguishes the first press of a key from the repeats of a held key. The X server also repeats releases,
@@ -22,8 +24,12 @@ protected:
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
+    // Clears the keys in held_ that the server reports as up.
+    void forgetReleased();
+
     using Press = std::pair<quint32, quint64>; // X keycode, time in ms
 
+    xcb_connection_t* connection_ = nullptr;
     std::bitset<256> held_;      // by X keycode
     std::deque<Press> repeated_; // recent ones; Qt delivers events later than the server
 };
