@@ -37,14 +37,14 @@ std::string nameBeside(const std::string& target, int n) {
 }
 
 // The name without this ending and the number after it; empty if it does not have this ending.
-std::string_view without(std::string_view end, std::string_view name) {
+std::string_view stemBefore(std::string_view end, std::string_view name) {
     const auto last = name.find_last_not_of("0123456789");
     name = name.substr(0, last == std::string_view::npos ? 0 : last + 1);
     return name.ends_with(end) ? name.substr(0, name.size() - end.size()) : std::string_view();
 }
 
 // Deletes a temporary file of ours that no process is writing. Returns false if it still exists.
-bool removeLeft(const std::string& path) {
+bool removeLeftOver(const std::string& path) {
     const Descriptor file(path, O_RDONLY | O_NOFOLLOW | O_NONBLOCK);
     struct stat opened {};
     struct stat named {};
@@ -64,7 +64,7 @@ std::string firstFree(const std::string& target, Make&& make) {
             return name;
         if (errno != EEXIST)
             return {};
-        if (!removeLeft(name))
+        if (!removeLeftOver(name))
             ++n;
     }
     return {};
@@ -162,9 +162,9 @@ void removeUnfinished(TextView folder, const std::function<bool(TextView name)>&
     for (std::filesystem::directory_iterator file(toUtf8(folder), failed), end; !failed && file != end;
          file.increment(failed)) {
         const std::string name = file->path().filename().string();
-        const std::string_view earlier = without(earlierEnding, name);
-        if (!without(ending, name).empty() || (!earlier.empty() && isOwn(fromUtf8(earlier))))
-            removeLeft(file->path().string());
+        const std::string_view earlier = stemBefore(earlierEnding, name);
+        if (!stemBefore(ending, name).empty() || (!earlier.empty() && isOwn(fromUtf8(earlier))))
+            removeLeftOver(file->path().string());
     }
 }
 

@@ -64,7 +64,7 @@ bool EditorKeys::RTB_TakesKey(const platform::KeyEvent& key) const {
 
 void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
     if (key.shift == platform::controlKey) {
-        if (givesPlayerCommand(key))
+        if (runPressCommand(key))
             return;
         if (actsOnRelease(key.keyCode))
             key = {};
@@ -83,12 +83,12 @@ const EditorKeys::PressRow* EditorKeys::pressRow(int keyCode) const {
 
 // The command may open a modal window, which then receives the release; so the key is consumed before it
 // runs.
-bool EditorKeys::givesPlayerCommand(platform::KeyEvent& key) {
+bool EditorKeys::runPressCommand(platform::KeyEvent& key) {
     const PressRow* const row = pressRow(key.keyCode);
     if (!row)
         return false;
     key.shift = 0;
-    if (row->spent)
+    if (row->consumed)
         key.keyCode = 0;
     run(row->command);
     return true;
@@ -96,10 +96,10 @@ bool EditorKeys::givesPlayerCommand(platform::KeyEvent& key) {
 
 void EditorKeys::RTB_KeyUp(const platform::KeyEvent& key) {
     if (key.shift == platform::controlKey) {
-        giveEditCommand(key.keyCode);
-        giveStyleCommand(key.keyCode);
+        runEditCommand(key.keyCode);
+        runStyleCommand(key.keyCode);
     }
-    givePlayerCommand(key.keyCode);
+    runReleaseCommand(key.keyCode);
 }
 
 // The control's own commands handle only one form of a copy, and would wait for a hanging clipboard owner.
@@ -115,7 +115,7 @@ void EditorKeys::RTB_EditKey(platform::EditCommand command) {
             run(routine);
 }
 
-void EditorKeys::giveEditCommand(int keyCode) {
+void EditorKeys::runEditCommand(int keyCode) {
     const std::pair<int, const Routine&> rows[] = {
         {'Z', form_.mnuAnnulla.Click}, {'Y', form_.mnuRipeti.Click}, {'C', form_.mnuCopia.Click},
         {'V', form_.mnuIncolla.Click}, {'X', form_.mnuTaglia.Click},
@@ -127,7 +127,7 @@ void EditorKeys::giveEditCommand(int keyCode) {
 
 // The letters depend only on the name of the language file. In Italian, Ctrl+S saves on its press and
 // underlines on its release.
-void EditorKeys::giveStyleCommand(int keyCode) {
+void EditorKeys::runStyleCommand(int keyCode) {
     const bool isItalian = base::lowered(form_.Lingua.FileLingua) == italian;
     if (keyCode == 'I')
         toolbar_.Label2_Click(italicButton);
@@ -138,7 +138,7 @@ void EditorKeys::giveStyleCommand(int keyCode) {
 }
 
 // Applies with any modifier: Ctrl+F6 slows down on its press and steps back on its release.
-void EditorKeys::givePlayerCommand(int keyCode) {
+void EditorKeys::runReleaseCommand(int keyCode) {
     const std::pair<int, const Routine&> rows[] = {
         {f1, player_.mnuGuida.Click},           {f5, player_.cmdPlay.Click},
         {f6, player_.cmdIndietro.Click},        {f7, player_.cmdAvanz.Click},

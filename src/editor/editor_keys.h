@@ -31,13 +31,13 @@ private:
     struct PressRow {
         const Routine& command;
         int keyCode;
-        bool spent; // true: the control does not see the key; false: it sees it without Ctrl
+        bool consumed; // true: the control does not see the key; false: it sees it without Ctrl
     };
     const PressRow* pressRow(int keyCode) const;
-    bool givesPlayerCommand(platform::KeyEvent& key);
-    void giveEditCommand(int keyCode);
-    void giveStyleCommand(int keyCode);
-    void givePlayerCommand(int keyCode);
+    bool runPressCommand(platform::KeyEvent& key);
+    void runEditCommand(int keyCode);
+    void runStyleCommand(int keyCode);
+    void runReleaseCommand(int keyCode);
 
     Form2& form_;
     Toolbar& toolbar_;

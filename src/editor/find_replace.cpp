@@ -153,21 +153,21 @@ int FindReplace::options() const {
 
 // Unlike other routines, find and replace stop at a failure and report it.
 template <typename Routine>
-void FindReplace::orTell(Routine&& routine) {
+void FindReplace::reportingFailure(Routine&& routine) {
     try {
         routine();
     } catch (const base::Failure& failure) {
-        tell(base::fromUtf8(failure.what()), BoxStyle::Plain);
+        report(base::fromUtf8(failure.what()), BoxStyle::Plain);
         editor_.RTB.SetFocus();
     }
 }
 
-void FindReplace::tell(base::TextView message, BoxStyle style) {
+void FindReplace::report(base::TextView message, BoxStyle style) {
     dialogs_.messageBox(message, {}, style);
 }
 
 void FindReplace::cmdFind_Click() {
-    orTell([this] { find(); });
+    reportingFailure([this] { find(); });
 }
 
 void FindReplace::find() {
@@ -180,14 +180,14 @@ void FindReplace::find() {
         if (fromTop)
             form_.cmdFind.caption = Lingua(57);
     } else {
-        tell(base::TogliAmp(Lingua(fromTop ? 65 : 66)), BoxStyle::Information);
+        report(base::TogliAmp(Lingua(fromTop ? 65 : 66)), BoxStyle::Information);
         form_.cmdFind.caption = findCaption();
     }
     text.SetFocus();
 }
 
 void FindReplace::cmdReplace_Click() {
-    orTell([this] { replace(); });
+    reportingFailure([this] { replace(); });
 }
 
 void FindReplace::replace() {
@@ -197,7 +197,7 @@ void FindReplace::replace() {
     int word = options();
     // Searches from the start of the selection, so a selected hit is found again.
     if (text.Find(form_.cboFind.text.get(), text.SelStart(), word) == -1) {
-        tell(base::TogliAmp(Lingua(65)), BoxStyle::Information);
+        report(base::TogliAmp(Lingua(65)), BoxStyle::Information);
         return;
     }
     if (form_.cmdReplace.caption.get() == Lingua(59) + base::Text(dots)) {
@@ -243,9 +243,9 @@ void FindReplace::cmdReplaceAll_Click() {
         }
     });
     form_.visible = false;
-    tell(base::TogliAmp(Lingua(67)) + u" \r\n" + base::numberText(ContaSostituzioni) + u" " +
-             base::TogliAmp(Lingua(68)),
-         BoxStyle::Plain);
+    report(base::TogliAmp(Lingua(67)) + u" \r\n" + base::numberText(ContaSostituzioni) + u" " +
+               base::TogliAmp(Lingua(68)),
+           BoxStyle::Plain);
 }
 
 void FindReplace::cmdCancel_Click() {

@@ -39,8 +39,8 @@ private:
     void replace();
     void replaceHit(int options);
     template <typename Routine>
-    void orTell(Routine&& routine);
-    void tell(base::TextView message, platform::BoxStyle style);
+    void reportingFailure(Routine&& routine);
+    void report(base::TextView message, platform::BoxStyle style);
     base::Text findCaption() const;
 
     FrmFind& form_;

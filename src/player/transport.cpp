@@ -26,7 +26,7 @@ void Transport::cmdPlay_Click() {
     if (form_.cmdPlay.tag.get() == form_.Lingua(7))
         startPlaying();
     else
-        holdWithStepBack();
+        pauseWithStepBack();
     form_.FlagHoverSkin = 0;
     companions_.TornaAllEditor();
 }
@@ -54,7 +54,7 @@ void Transport::startPlaying() {
         form_.load(form_.cmdPlay, u"pause.jpg");
 }
 
-void Transport::holdWithStepBack() {
+void Transport::pauseWithStepBack() {
     offerPlay();
     stopCycle();
     stepBackAndPause();

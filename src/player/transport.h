@@ -31,7 +31,7 @@ public:
 
 private:
     void startPlaying();
-    void holdWithStepBack();
+    void pauseWithStepBack();
     void step(int direction);
 
     Form1& form_;

@@ -152,7 +152,7 @@ void EarlierVersions::openAsNew() {
         if (OpenAsNew(version->path))
             form.visible = false;
     } catch (const base::Failure& failure) {
-        tell(words_(u"This version cannot be read: %1"_en, {base::fromUtf8(failure.what())}));
+        report(words_(u"This version cannot be read: %1"_en, {base::fromUtf8(failure.what())}));
     }
 }
 
@@ -178,11 +178,11 @@ void EarlierVersions::saveCopy() {
             try {
                 base::replaceFile(path, base::readFile(copied.path));
             } catch (const base::Failure& failure) {
-                tell(words_(u"The copy could not be written: %1"_en, {base::fromUtf8(failure.what())}));
+                report(words_(u"The copy could not be written: %1"_en, {base::fromUtf8(failure.what())}));
             }
             return;
         }
-        tell(words_(
+        report(words_(
             u"A file of this name is there already. Choose another name: a copy overwrites nothing."_en));
     }
 }
@@ -194,12 +194,12 @@ void EarlierVersions::deleteAll() {
     try {
         archive_.removeAll();
     } catch (const base::Failure& failure) {
-        tell(words_(u"The earlier versions could not be deleted: %1"_en, {base::fromUtf8(failure.what())}));
+        report(words_(u"The earlier versions could not be deleted: %1"_en, {base::fromUtf8(failure.what())}));
     }
     fill();
 }
 
-void EarlierVersions::tell(base::TextView text) {
+void EarlierVersions::report(base::TextView text) {
     dialogs_.messageBox(text, {}, platform::BoxStyle::Exclamation);
 }
 

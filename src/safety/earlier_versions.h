@@ -42,7 +42,7 @@ private:
     void deleteAll();
     const Version* chosen() const;
     base::Text textOf(const Version& version) const;
-    void tell(base::TextView text);
+    void report(base::TextView text);
 
     Archive& archive_;
     Options& options_;

@@ -27,7 +27,8 @@ void appendHex(std::string_view bytes, std::string_view before, std::string& out
 class Copier {
 public:
     // Starts after `word`, the first control word of an open group.
-    Copier(std::string_view word, std::string& out) : out_(out), open_(out.empty() || out.back() != ' ') {
+    Copier(std::string_view word, std::string& out)
+        : out_(out), extensible_(out.empty() || out.back() != ' ') {
         noteWord(word);
     }
 
@@ -91,17 +92,17 @@ private:
 
     void copy(const Token& token) {
         out_ += token.raw;
-        open_ = mayGoOn(token);
+        extensible_ = canBeExtended(token);
     }
 
-    static bool mayGoOn(const Token& token) {
+    static bool canBeExtended(const Token& token) {
         constexpr std::size_t wholeHex = 4;
         return (token.kind == TokenKind::Word && token.raw.back() != ' ') ||
                (token.kind == TokenKind::Hex && token.raw.size() < wholeHex);
     }
 
     // True for a byte that would extend a preceding control word.
-    static bool goesOn(char byte) {
+    static bool extendsAWord(char byte) {
         return byte == ' ' || byte == '-' || (byte >= '0' && byte <= '9') || (byte >= 'a' && byte <= 'z') ||
                (byte >= 'A' && byte <= 'Z');
     }
@@ -109,10 +110,10 @@ private:
     void addHex(std::string_view bytes) {
         if (bytes.empty())
             return;
-        if (open_)
+        if (extensible_)
             out_ += '\n';
         appendHex(bytes, "", out_);
-        open_ = false;
+        extensible_ = false;
     }
 
     void addText(std::string_view bytes) {
@@ -123,16 +124,16 @@ private:
                 appendHex(std::string_view(&byte, 1), "\\'", out_);
             } else {
                 // The tokenizer skips line ends, but one may have separated the control word from this byte.
-                if (open_ && goesOn(byte))
+                if (extensible_ && extendsAWord(byte))
                     out_ += '\n';
                 out_ += byte;
             }
-            open_ = false;
+            extensible_ = false;
         }
     }
 
     std::string& out_;
-    bool open_; // the last token would absorb following bytes
+    bool extensible_; // the last token would absorb following bytes
     std::size_t depth_ = 1;
     std::vector<std::size_t> data_; // depths of the open picture and object groups
     std::string deeperData_;        // digits of binary data nested in the innermost of these groups

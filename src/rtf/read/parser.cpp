@@ -114,7 +114,7 @@ void Parser::enter(Destination destination, const Token& word) {
     if (outermost)
         return;
     if (deeperGroups_ > 0) {
-        passOverGroup();
+        skipRestOfGroup();
         return;
     }
     lettersChanged();
@@ -176,14 +176,14 @@ void Parser::enterResult(FieldState& field) {
     links_.push_back({std::move(target)});
 }
 
-void Parser::passOverGroup() {
+void Parser::skipRestOfGroup() {
     skipGroup(tokens_);
     closeGroup();
 }
 
 void Parser::keep(Destination destination, const Token& word) {
     if (destination == Destination::Skipped || !inBody()) {
-        passOverGroup();
+        skipRestOfGroup();
         return;
     }
     std::string range = optional_ ? "{\\*" : "{";
@@ -203,9 +203,9 @@ void Parser::keep(Destination destination, const Token& word) {
         placeKept(destination == Destination::KeptBehind, std::move(range));
 }
 
-void Parser::placeKept(bool joinsTheOneInFront, std::string range) {
+void Parser::placeKept(bool joinsPrevious, std::string range) {
     flushHalf();
-    if (joinsTheOneInFront && emptyCells_ == 0 && builder_.extendKept(range))
+    if (joinsPrevious && emptyCells_ == 0 && builder_.extendKept(range))
         return;
     range.insert(0, keptBefore_);
     prepareBody();
@@ -213,8 +213,8 @@ void Parser::placeKept(bool joinsTheOneInFront, std::string range) {
 }
 
 void Parser::lettersChanged() {
-    formatIsOld_ = true;
-    encodingIsOld_ = true;
+    formatIsStale_ = true;
+    encodingIsStale_ = true;
 }
 
 Document Parser::finish() {

@@ -30,9 +30,9 @@ private:
     void enter(Destination destination, const Token& word);
     void enterField();
     void enterResult(FieldState& field);
-    void passOverGroup();
+    void skipRestOfGroup();
     void keep(Destination destination, const Token& word);
-    void placeKept(bool joinsTheOneInFront, std::string range);
+    void placeKept(bool joinsPrevious, std::string range);
 
     // Tokens
     void word(const Token& token);
@@ -89,8 +89,8 @@ private:
     int codePage_ = 1252;
     bool ended_ = false;
     bool optional_ = false; // after "{\*": an unknown control word skips its group
-    bool formatIsOld_ = true;
-    bool encodingIsOld_ = true;
+    bool formatIsStale_ = true;
+    bool encodingIsStale_ = true;
     bool bulletLabel_ = false;
     bool typedLabel_ = false; // the paragraph's label has become text
 };

@@ -89,9 +89,9 @@ void Parser::letters(TextView text) {
 }
 
 void Parser::prepareBody() {
-    if (formatIsOld_) {
+    if (formatIsStale_) {
         refreshFormat(state().link);
-        formatIsOld_ = false;
+        formatIsStale_ = false;
     }
     keptBefore_.clear();
     if (const std::size_t tabs = std::exchange(emptyCells_, 0); tabs > 0)
@@ -136,13 +136,13 @@ std::uint32_t Parser::documentLink(std::uint32_t link) {
 
 const Encoding& Parser::encoding() {
     const Destination destination = state().destination;
-    if (destination == Destination::FontTable || encodingIsOld_) {
+    if (destination == Destination::FontTable || encodingIsStale_) {
         const FontEntry& font = fonts_.find(state().letters.font);
         const int page = destination == Destination::FontTable ? fonts_.entryPage() : font.codePage;
         const bool showsLetters = destination == Destination::Body || destination == Destination::ListLabel;
         encoding_ = {.codePage = page == 0 ? codePage_ : page,
                      .symbols = showsLetters && font.font.charset == symbolCharset};
-        encodingIsOld_ = false;
+        encodingIsStale_ = false;
     }
     return encoding_;
 }
@@ -154,13 +154,13 @@ void Parser::endParagraph(bool endsSection) {
     // The format of an empty paragraph applies to text typed there, which does not belong to a link.
     if (builder_.paragraphIsEmpty()) {
         refreshFormat(none);
-        formatIsOld_ = true;
+        formatIsStale_ = true;
     }
     if (endsSection)
         builder_.endSection(paragraphFormat());
     else
         builder_.endParagraph(paragraphFormat());
-    formatIsOld_ = formatIsOld_ || state().link != none;
+    formatIsStale_ = formatIsStale_ || state().link != none;
     keptBefore_.clear();
     bulletLabel_ = false;
     typedLabel_ = false;

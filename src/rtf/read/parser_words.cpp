@@ -26,7 +26,7 @@ void appendWord(const Token& token, std::string& words) {
 }
 
 // White space never serves as the fallback of a \u letter, so it ends the fallback.
-bool standsInForALetter(const KnownWord& known) {
+bool isFallbackLetter(const KnownWord& known) {
     return known.action == Action(TextWord::Unit) && known.argument != u'\t' && known.argument != lineBreak &&
            known.argument != pageBreak;
 }
@@ -36,14 +36,14 @@ bool standsInForALetter(const KnownWord& known) {
 void Parser::word(const Token& token) {
     const KnownWord& known = findWord(token.text);
     if (input_.passesOver()) {
-        if (standsInForALetter(known)) {
+        if (isFallbackLetter(known)) {
             input_.passedOne();
             return;
         }
         input_.stopPassing();
     }
     if (optional_ && !std::holds_alternative<Destination>(known.action))
-        passOverGroup();
+        skipRestOfGroup();
     else
         std::visit([&](auto action) { act(action, known.argument, token); }, known.action);
 }
