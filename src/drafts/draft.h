@@ -21,7 +21,7 @@ inline constexpr Ms noTime = -1;
 inline constexpr float noConfidence = -1;
 inline constexpr std::int32_t noSpeaker = -1;
 
-// A stretch of a segment's text that the file gives times for: a word mostly, sometimes a few of them.
+// A part of a segment's text for which the file has times: mostly one word, sometimes a few.
 struct Word {
     std::uint32_t begin = 0;
     std::uint32_t length = 0;

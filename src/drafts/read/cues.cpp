@@ -47,7 +47,7 @@ bool roll(const std::vector<Cue>& cues, Tags tags) {
     return rolled >= least && rolled * 2 >= cues.size();
 }
 
-// Takes blanks off both ends of a stretch.
+// Removes blanks from both ends of a range.
 void trim(TextView text, std::size_t& begin, std::size_t& end) {
     while (begin < end && isBlank(text[begin]))
         ++begin;
