@@ -77,7 +77,7 @@ TEST_F(SafetyTest, SaveOrNormalExit_RestoresNothing) {
     document().save();
     desktop->loop.advance(1000);
     start();
-    EXPECT_EQ(desktop->text.Text(), u"") << "the journal says that the file has it";
+    EXPECT_EQ(desktop->text.Text(), u"") << "the journal knows that the text is saved";
     type(u"given up");
     quit(platform::Answer::No);
     EXPECT_FALSE(journalExists());

@@ -74,7 +74,7 @@ TEST_F(SafetyWindowsTest, EarlierVersions_OpenAsNew_NeverOverwrite_AndAreDeleted
     desktop.folder.write("taken.rtf", "mine");
     desktop.dialogPort.choices = {desktop.folder.text("taken.rtf"), desktop.folder.text("copy.rtf")};
     window.cmdCopy.Click();
-    EXPECT_EQ(boxes.size(), 1U) << "one of that name is there";
+    EXPECT_EQ(boxes.size(), 1U) << "a file of that name exists";
     EXPECT_EQ(desktop.folder.read("taken.rtf") + desktop.folder.read("copy.rtf"),
               "mine{\\rtf1 first\\par second}");
 

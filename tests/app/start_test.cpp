@@ -63,7 +63,7 @@ TEST_F(StartTest, UpdateItem_IgnoresItsCaptionInTheTable_ButIsDisabledByABoolean
         EXPECT_EQ(form().mnuCheckUpdateStartup.enabled, enabled) << entry;
         EXPECT_EQ(form().mnuCheckUpdateStartup.caption.get(), u"Controlla aggiornamenti all'avvio");
     }
-    EXPECT_EQ(form().mnuLingua.caption.get(), u"&&En15") << "others get their mnemonic in front";
+    EXPECT_EQ(form().mnuLingua.caption.get(), u"&&En15") << "other captions get a leading mnemonic";
 }
 
 TEST_F(StartTest, EveryMenuCommand_HasItsRoutine_WhenFirstShown) {

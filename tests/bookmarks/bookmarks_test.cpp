@@ -126,7 +126,7 @@ TEST_F(BookmarksTest, Names_OfAnyKind_RoundTripThroughTheFile) {
         expected.push_back(u"00:00:" + base::numberText(second) + u"  " +
                            name.substr(0, name.find_first_of(u"\r\n")));
     }
-    EXPECT_EQ(add(13, names[3]), u"T89") << "there is one";
+    EXPECT_EQ(add(13, names[3]), u"T89") << "the bookmark exists already";
     left();
     openMedia("a.mp3");
     expected[0] = u"00:00:10"; // trailing blanks are lost
@@ -238,5 +238,5 @@ TEST_F(BookmarksTest, AddAtTheEnd_RestartsFromTheBeginning) {
     EXPECT_EQ(window.List1.listIndex, 1);
     open("unread.mp3", 0);
     form().mnuAddBM.Click();
-    EXPECT_TRUE(form().isPlaying()) << "a file that is being read stands at no end";
+    EXPECT_TRUE(form().isPlaying()) << "a file that is still loading is not at its end";
 }

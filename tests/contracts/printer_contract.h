@@ -42,7 +42,7 @@ TEST_P(PrinterContract, Set_CopiesOneProperty_AndAnInvalidOneKeepsItsValue) {
     for (int number = 0; number <= static_cast<int>(platform::PrinterProperty::File); ++number) {
         const platform::PrinterSettings before = printer.settings();
         printer.set(static_cast<platform::PrinterProperty>(number), other);
-        EXPECT_NE(printer.settings(), before) << "it was taken over with another one";
+        EXPECT_NE(printer.settings(), before) << "another property was copied too";
     }
     for (const int copies : {0, -1, 1000}) {
         platform::PrinterSettings wrong;

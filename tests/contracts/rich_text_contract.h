@@ -22,7 +22,7 @@ protected:
     // Expects this text and selection, reached by exactly one reported change.
     void expectOneChange(const char* after) {
         EXPECT_EQ(fakes::shown(text), after);
-        EXPECT_EQ(watch.seen, after) << "what the program finds while it is told";
+        EXPECT_EQ(watch.seen, after) << "the text during the notification";
         EXPECT_EQ(std::exchange(watch.changes, 0), 1) << after;
         EXPECT_EQ(watch.told, text.Text());
     }
@@ -103,7 +103,7 @@ TEST_P(RichTextContract, FormattingAndSearching_AreNoChange) {
     EXPECT_EQ(watch.changes, 0);
     text.setText(u"");
     text.setText(u"");
-    EXPECT_EQ(watch.changes, 2) << "no text in place of none is one all the same";
+    EXPECT_EQ(watch.changes, 2) << "replacing nothing by nothing is a change too";
 }
 
 TEST_P(RichTextContract, Styles_AreIndependent_AndGoWithTheText) {
@@ -149,7 +149,7 @@ TEST_P(RichTextContract, LoadFile_IsOneChange_AndAFailureKeepsTheText) {
     text.LoadFile(folder.text("text"));
     expectOneChange("|one/two/");
     text.SaveFile(folder.text("saved.txt"));
-    EXPECT_TRUE(folder.read("saved.txt").starts_with("{\\rtf1")) << "whatever its name";
+    EXPECT_TRUE(folder.read("saved.txt").starts_with("{\\rtf1")) << "whatever the extension";
     text.setText(u"before");
     text.setSelStart(3);
     watch.changes = 0;

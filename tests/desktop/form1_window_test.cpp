@@ -91,7 +91,7 @@ TEST_F(Form1WindowTest, UnreadablePicture_KeepsThePreviousOne) {
     form.cmdPlay.enabled = true;
     form.cmdPlay.Click = [] {};
     show();
-    EXPECT_EQ(color(form.cmdPlay, 47, 48), Qt::black) << "stretched over its place";
+    EXPECT_EQ(color(form.cmdPlay, 47, 48), Qt::black) << "stretched to the control";
     paint("pause.jpg", Qt::cyan);
     form.load(form.cmdPlay, u"pause.jpg");
     EXPECT_EQ(color(form.cmdPlay), Qt::cyan);
@@ -105,7 +105,7 @@ TEST_F(Form1WindowTest, UnreadablePicture_KeepsThePreviousOne) {
 TEST_F(Form1WindowTest, ScreenOfAnotherDensity_ShowsTheFinerPictures) {
     const QList<QScreen*> screens = QGuiApplication::screens();
     if (screens.size() < 2)
-        GTEST_SKIP() << "runs where there are two screens";
+        GTEST_SKIP() << "requires two screens";
     paint("play@2x.jpg", Qt::cyan, 96);
     paint("stop.jpg", Qt::yellow);
     folder.write("Files/stop@2x.jpg", "not a picture");
@@ -119,7 +119,7 @@ TEST_F(Form1WindowTest, ScreenOfAnotherDensity_ShowsTheFinerPictures) {
         window->windowHandle()->setScreen(screens[wanted ? 1 : 0]);
         EXPECT_EQ(color(form.cmdPlay), fine ? Qt::cyan : Qt::black);
         EXPECT_EQ(color(form.cmdPlay, 47, 48), fine ? Qt::cyan : Qt::black);
-        EXPECT_EQ(color(form.cmdStop), Qt::yellow) << "one that has no finer picture";
+        EXPECT_EQ(color(form.cmdStop), Qt::yellow) << "has no high-density picture";
     }
 }
 
@@ -152,7 +152,7 @@ TEST_F(Form1WindowTest, LongPath_IsShortened_ButKeepsTheFileName) {
     EXPECT_EQ(shown(u"a", u"m/talk.mp3"), shown(u"a", u"mm/talk.mp3"));
     EXPECT_NE(shown(u"a", u"/talk.mp3"), shown(u"a", u"/walk.mp3"));
     EXPECT_NE(shown(u"a", u"/talk.mp3"), shown(u"b", u"/talk.mp3"));
-    EXPECT_NE(shown(u"a", u".mp3"), shown(u"a", u".mp4")) << "nor the end of a long name";
+    EXPECT_NE(shown(u"a", u".mp3"), shown(u"a", u".mp4")) << "the end of a long name stays visible too";
 }
 
 TEST_F(Form1WindowTest, EventStop_BlocksAllEvents) {
@@ -173,7 +173,7 @@ TEST_F(Form1WindowTest, EventStop_BlocksAllEvents) {
         QTest::qWait(10);
         EXPECT_EQ(heard, 0);
     }
-    EXPECT_TRUE(fakes::eventually([&] { return heard > 0; })) << "the alarm";
+    EXPECT_TRUE(fakes::eventually([&] { return heard > 0; })) << "the alarm fires afterwards";
 }
 
 TEST_F(Form1WindowTest, LongCaption_IsWrapped_AndEndsWithAnEllipsis) {
@@ -190,9 +190,9 @@ TEST_F(Form1WindowTest, LongCaption_IsWrapped_AndEndsWithAnEllipsis) {
         view(form.Label4).render(&shown, {}, {}, {});
         const QRect box = ink(shown);
         EXPECT_GT(box.height(), whole.height() / 2);
-        EXPECT_TRUE(whole.adjusted(1, 1, -1, -1).contains(box)) << "no line is cut through";
+        EXPECT_TRUE(whole.adjusted(1, 1, -1, -1).contains(box)) << "no line is cut off horizontally";
         const QRect end = ink(shown.copy(box.right() - 8, box.bottom() - 18, 9, 19));
-        EXPECT_LE(end.height(), 4) << "the points of an ellipsis lie low";
+        EXPECT_LE(end.height(), 4) << "the dots of an ellipsis are low";
     }
 }
 

@@ -32,7 +32,7 @@ TEST(Form4Window, Keys_ReplaceTheSelection_AndPressTheButtons) {
             press(next);
             EXPECT_EQ(std::pair(pressed, cancelled), counts) << next;
         }
-        EXPECT_TRUE(form.visible) << "the data says when it goes";
+        EXPECT_TRUE(form.visible) << "only the data closes the window";
         form.visible = false;
     });
     look.start(1);

@@ -43,7 +43,7 @@ TEST_F(FrmFindWindow, EnterEscapeAndMnemonics_PressTheirButtons) {
     QTest::keyClick(line, Qt::Key_Escape);
     window.close();
     EXPECT_EQ(pressed, "find replace find cancel ");
-    EXPECT_TRUE(window.isVisible()) << "the data says when it goes";
+    EXPECT_TRUE(window.isVisible()) << "only the data closes the window";
 }
 
 TEST_F(FrmFindWindow, Box_HoldsALineOfAnyLength_AndReportsOnlyUserInput) {
@@ -53,7 +53,7 @@ TEST_F(FrmFindWindow, Box_HoldsALineOfAnyLength_AndReportsOnlyUserInput) {
     box.lineEdit()->paste();
     EXPECT_EQ(form.cboFind.text->size(), 100'000U);
     form.cboFind.items = std::vector<base::Text>{u"zero", u"one"};
-    EXPECT_EQ(box.currentText(), huge) << "a new list leaves the text alone";
+    EXPECT_EQ(box.currentText(), huge) << "a new list keeps the text";
     form.cboFind.text = u"zero";
     EXPECT_EQ(pressed, "changed ");
     QTest::keyClick(&box, Qt::Key_Down);
@@ -64,7 +64,7 @@ TEST_F(FrmFindWindow, Box_HoldsALineOfAnyLength_AndReportsOnlyUserInput) {
         QTest::keyClick(box.view(), key);
         EXPECT_FALSE(box.view()->isVisible());
     }
-    EXPECT_EQ(pressed, "changed changed chosen changed chosen ") << "an open list keeps its keys";
+    EXPECT_EQ(pressed, "changed changed chosen changed chosen ") << "an open list handles its keys";
 }
 
 TEST_F(FrmFindWindow, Drop_CopiesTheText_AndNormalisesLineEnds) {

@@ -27,7 +27,7 @@ TEST(KeyboardOrder, ClosedWindow_ReturnsTheFocusToThePreviousOne_OrTheRequestedO
         EXPECT_TRUE(hasKeyboard(box));
         box.hide();
         player.activateWindow();
-        EXPECT_TRUE(hasKeyboard(editor)) << "again, when it has gone elsewhere meanwhile";
+        EXPECT_TRUE(hasKeyboard(editor)) << "again, after the focus has moved elsewhere";
         activate(box);
         box.hide();
         desktop::giveKeyboard(player);
@@ -41,5 +41,5 @@ TEST(KeyboardOrder, ClosedWindow_ReturnsTheFocusToThePreviousOne_OrTheRequestedO
     about.hide();
     player.show();
     editor.show();
-    EXPECT_TRUE(hasKeyboard(editor)) << "also when they come back together";
+    EXPECT_TRUE(hasKeyboard(editor)) << "also when both are shown again";
 }

@@ -12,7 +12,7 @@ TEST(LazyPlayer, WithoutItsModule_BehavesLikeAnUnplayableFile) {
     for (const char* module : {"/nowhere/player.so", "libc.so.6"}) {
         LazyPlayer player(module);
         player.prepare();
-        EXPECT_EQ(player.playState(), PlayState::Undefined) << "no file was asked for";
+        EXPECT_EQ(player.playState(), PlayState::Undefined) << "no file was requested";
         for (int i = 0; i < 2; ++i) {
             player.setURL(u"/a/talk.mp3");
             player.setCurrentPosition(5);

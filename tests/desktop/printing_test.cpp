@@ -79,13 +79,13 @@ TEST_F(Printing, Page_KeepsFormatsAndMargins_InBlackWithAnyTheme) {
     EXPECT_NEAR(first.left(), margin, 3);
     EXPECT_NEAR(first.top(), margin, 8);
     const QRect coloured = extent(page, QColor(teal), page.rect());
-    EXPECT_NEAR(coloured.right(), textEnd, 4) << "to the right";
+    EXPECT_NEAR(coloured.right(), textEnd, 4) << "right-aligned";
     const QRect item = extent(page, Qt::black, QRect(0, coloured.bottom() + 4, 827, 14));
-    EXPECT_NEAR(item.left(), margin + 38, 10) << "the sign in front of the paragraph";
-    EXPECT_GT(item.right(), margin + 49 + 20) << "its text, 0.5 inches in";
+    EXPECT_NEAR(item.left(), margin + 38, 10) << "the bullet";
+    EXPECT_GT(item.right(), margin + 49 + 20) << "its text, indented by 0.5 inches";
     const QRect image = extent(page, Qt::blue, page.rect());
     EXPECT_NEAR(image.left(), margin, 2);
-    EXPECT_NEAR(image.right(), textEnd, 2) << "as large as the page can hold";
+    EXPECT_NEAR(image.right(), textEnd, 2) << "scaled to the page";
     EXPECT_NEAR(image.height(), image.width() / 20.0, 2);
 }
 
@@ -101,7 +101,7 @@ TEST_F(Printing, PaperAndOrientation_AreApplied_AndOnlyTheSelectionIsPrinted) {
     rtb.setSelStart(120);
     rtb.setSelLength(3);
     print();
-    EXPECT_TRUE(extent(paper(1), Qt::black, QRect(0, 0, 827, 584)).isValid()) << "the selection alone";
+    EXPECT_TRUE(extent(paper(1), Qt::black, QRect(0, 0, 827, 584)).isValid()) << "only the selection";
 }
 
 TEST_F(Printing, PageBreaks_BeginPages_AndHiddenTextIsNotPrinted) {
@@ -144,7 +144,7 @@ TEST_F(Printing, UnusableTarget_Fails_AndAnEmptyDocumentPrintsNothing) {
             widget->close();
         }
     }
-    EXPECT_EQ(told, 2) << "Nobody would miss a file.";
+    EXPECT_EQ(told, 2) << "a missing file must be reported";
     EXPECT_THROW(printer.setPrinter(u"Nowhere"), base::Failure);
     EXPECT_EQ(printer.DeviceName(), desktop::pdfPrinter);
 }

@@ -138,7 +138,7 @@ TEST(ShowColor, BeginsWithoutCustomColours) {
     });
     EXPECT_EQ(desktop::QtDialogs().ShowColor("", 0), std::nullopt);
     EXPECT_FALSE(QSettings(QSettings::UserScope, QStringLiteral("QtProject")).isWritable())
-        << "and none is kept for another run";
+        << "and none is saved for the next run";
 }
 
 TEST_F(FileDlgTest, Filters_ShowOnlyMatchingFiles) {
@@ -156,11 +156,11 @@ TEST_F(FileDlgTest, Filters_ShowOnlyMatchingFiles) {
         dialog.selectNameFilter(dialog.nameFilters().value(1));
         EXPECT_TRUE(eventually([&] { return files(dialog).size() == 6; }));
         dialog.selectNameFilter(dialog.nameFilters().value(2));
-        EXPECT_TRUE(eventually([&] { return files(dialog).size() == 4; })) << "all that plays";
+        EXPECT_TRUE(eventually([&] { return files(dialog).size() == 4; })) << "all media types";
         dialog.reject();
     });
     EXPECT_EQ(chosen, u"");
-    EXPECT_EQ(QDir::currentPath(), before) << "a cancel moves nothing";
+    EXPECT_EQ(QDir::currentPath(), before) << "a cancel does not change the folder";
 }
 
 TEST_F(FileDlgTest, UnusualNames_AreReturnedUnchanged) {

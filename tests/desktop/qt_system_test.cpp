@@ -33,7 +33,7 @@ TEST(QtSystem, SecondInstance_IsRefused_UntilTheFirstIsGone) {
         ASSERT_TRUE(first.waitForFinished());
     }
     EXPECT_FALSE(here->previousInstance());
-    EXPECT_FALSE(here->previousInstance()) << "asked again by the one who runs";
+    EXPECT_FALSE(here->previousInstance()) << "asked again by the running instance";
     EXPECT_EQ(OtherProcess().facts.value(0), QStringLiteral("refused"));
     // A program started from here may outlive this one and does not count as an instance.
     QProcess child;

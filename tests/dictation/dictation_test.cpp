@@ -30,7 +30,7 @@ protected:
 
 TEST_F(DictationTest, Mode_TurnedOnByMenuOrButton_ShowsTheirDifferences) {
     form.imgDetta.Click();
-    EXPECT_TRUE(player.commands.empty()) << "without media the mode changes alone";
+    EXPECT_TRUE(player.commands.empty()) << "without a recording, only the mode changes";
     form.imgDetta.Click();
     openTalk();
     for (const auto& [byButton, playing, afterOn] : {std::tuple{false, false, "on paused idle"},
@@ -59,7 +59,7 @@ TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
         EXPECT_EQ(state(), expected) << loop.now();
         EXPECT_EQ(form.mnuPlay.caption.get(), form.cmdPlay.tag.get());
     }
-    EXPECT_NEAR(player.currentPosition(), 6, 0.01) << "a cycle gains its play less the step back";
+    EXPECT_NEAR(player.currentPosition(), 6, 0.01) << "a cycle advances by the play time minus the step back";
 }
 
 // All transitions of the cycle. A new phase has its full length; if the user is typing, the end of a phase is
@@ -121,7 +121,7 @@ TEST_F(DictationTest, Close_EndsTheCycle_WithoutMovingTheFocus) {
     openTalk();
     startCycle();
     form.mnuChiudi.Click();
-    desktop.form2->setFocus = [] { ADD_FAILURE() << "nothing plays that could pause"; };
+    desktop.form2->setFocus = [] { ADD_FAILURE() << "nothing is playing, so the focus must not move"; };
     loop.advance(30000);
     EXPECT_EQ(state(), "on paused idle");
 }

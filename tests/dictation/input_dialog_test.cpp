@@ -41,7 +41,7 @@ TEST_F(InputDialogTest, Commands_OpenItWithTheCurrentValue_AndRaiseATooSmallStep
                                                                    {form.mnuVai, u"T39|T38|"}};
     for (const auto& [command, expected] : rows) {
         EXPECT_EQ(shown(command), expected);
-        EXPECT_EQ(shown(command), expected) << "a cancelled text is gone";
+        EXPECT_EQ(shown(command), expected) << "cancelled input is not kept";
     }
     answer(form.mnuSalto, u"1");
     EXPECT_EQ(shown(form.mnuSalto), u"T35|T34|2");

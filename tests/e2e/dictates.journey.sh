@@ -17,7 +17,7 @@ phase() {  # CONDITION LEAST MOST: waits until it holds, LEAST to MOST ms after 
     fail "$1 came $((not_before - last_after)) to $((not_after - last_before)) ms after the last change, not $2 to $3"
 }
 type_while() {  # CONDITION: types for five seconds and expects it to hold all the time
-  expect_stays "typing holds the phase" 5 "type_text 'words '; $1"
+  expect_stays "typing extends the phase" 5 "type_text 'words '; $1"
   changed "$(now)"
 }
 
@@ -34,7 +34,7 @@ click 287 $((109 + $(skin_top))) # smart play starts the player
 rest_mouse
 expect_soon "playing" 10 playing
 changed "$began"
-expect_eq "the mode is kept" 1 "$(settings_line 23)"
+expect_eq "the mode is saved" 1 "$(settings_line 23)"
 
 phase resting 2800 3400
 at=$(rest_position)
@@ -51,6 +51,6 @@ phase resting 2800 3400
 screenshot paused
 
 press stop
-expect_soon "the stop ends the mode" 10 '[[ $(settings_line 23) == 0 ]]'
-expect_stays "and nothing starts again" 4 resting
+expect_soon "Stop ends the mode" 10 '[[ $(settings_line 23) == 0 ]]'
+expect_stays "nothing starts again" 4 resting
 expect_eq "at the start" 0 "$(rest_position)"

@@ -9,27 +9,27 @@ volume_shown() {  # the volume in per cent, which fades out
 begin alone
 start_on_sample
 hover 94 109
-expect_soon "play lights up" 10 'shows pause2.jpg 70 84'
+expect_soon "play is highlighted" 10 'shows pause2.jpg 70 84'
 screenshot hover_play
 hover 172 109
-expect_soon "stop lights up" 10 'shows stop2.jpg 154 90'
-expect_soon "play rests again" 10 'shows pause.jpg 70 84'
+expect_soon "stop is highlighted" 10 'shows stop2.jpg 154 90'
+expect_soon "play is no longer highlighted" 10 'shows pause.jpg 70 84'
 hover 44 109
-expect_soon "open lights up" 10 'shows Apri2.bmp 20 90'
+expect_soon "open is highlighted" 10 'shows Apri2.bmp 20 90'
 rest_mouse
-expect_soon "open rests again" 10 'shows Apri.bmp 20 90'
+expect_soon "open is no longer highlighted" 10 'shows Apri.bmp 20 90'
 
 xdotool mousemove --window "$window" 323 $((43 + $(skin_top))) mousedown 1
 for y in 50 60 70 80; do
   before=$(glance 308 $((30 + $(skin_top))) 30 80)
   hover 323 "$y"
-  expect_change "the thumb follows" "$before" 308 $((30 + $(skin_top))) 30 80
+  expect_change "the thumb follows the mouse" "$before" 308 $((30 + $(skin_top))) 30 80
 done
 expect_soon "the volume is shown" 10 volume_shown
 screenshot volume_dragged
 xdotool mouseup 1
 rest_mouse
-expect_soon "the volume has faded from sight" 10 '! volume_shown'
+expect_soon "the volume has faded out" 10 '! volume_shown'
 
 key F4 F4 F3
 screenshot speed
@@ -45,10 +45,10 @@ volume=$(settings_line 2)
 
 xdotool windowmove --sync "$window" 300 300
 quit_program
-expect_eq "the place that was left" "4500 4500" "$(settings_line 9) $(settings_line 10)"
+expect_eq "the saved position" "4500 4500" "$(settings_line 9) $(settings_line 10)"
 start_program
 read -r left top < <(xwininfo -id "$window" | sed -n 's/.*Absolute upper-left [XY]: *//p' | paste -sd' ')
 IFS=', ' read -r border _ title _ < <(xprop -id "$window" _NET_FRAME_EXTENTS | sed 's/.*= //')
-expect_eq "the player comes back to its own place" "50 50" "$((left - border)) $((top - title))"
+expect_eq "the player starts at its default position" "50 50" "$((left - border)) $((top - title))"
 key Escape
 expect_soon "Esc quits" 10 '! running'

@@ -34,13 +34,13 @@ screenshot deleted
 switch_to Quillmere
 key ctrl+q
 expect_soon "the program ends" 10 '! running'
-expect_eq "editor and bookmarks, as they stood at the exit" "0 0" "$(settings_line 8) $(settings_line 16)"
+expect_eq "the saved visibility of editor and bookmarks" "0 0" "$(settings_line 8) $(settings_line 16)"
 
 # A deletion drops the last line of the file; characters outside of the code page are stored as UTF-8 with a byte order
 # mark.
 mapfile -t lines < <(tr -d '\r' <"$file")
-expect_eq "lines" 2 "${#lines[@]}"
-expect "the mark of UTF-8" [ "$(head -c3 "$file" | od -An -tx1)" = " ef bb bf" ]
+expect_eq "number of lines" 2 "${#lines[@]}"
+expect "the byte order mark of UTF-8" [ "$(head -c3 "$file" | od -An -tx1)" = " ef bb bf" ]
 [[ ${lines[0]} =~ ^.?00:00:([0-9]{2})"  First answer               00:00:"([0-9]{2})$ ]] || fail "first line: ${lines[0]}"
 at=$((10#${BASH_REMATCH[1]}))
 expect_eq "second line" "$(printf '00:00:%02d  Жук, «sieve»               00:00:%02d' $((at + 5)) $((at + 5)))" "${lines[1]}"

@@ -23,7 +23,7 @@ back() {  # returns to the player, which was minimised for what was opened
   switch_to Quillmere
 }
 alone() {  # TITLE: waits until only this window is visible
-  expect_soon "$1 alone is seen" 10 "[[ \$(titles) == '$1' ]]"
+  expect_soon "only $1 is visible" 10 "[[ \$(titles) == '$1' ]]"
 }
 titles() { xdotool search --onlyvisible --class quillmere 2>/dev/null | xargs -rn1 xdotool getwindowname | sort | paste -sd,; }
 
@@ -35,7 +35,7 @@ player=$window
 
 key F1
 opens xdg-open "file://$folder/Files/Help-it.html"
-expect "the guide is there" test -s "$folder/Files/Help-it.html"
+expect "the guide exists" test -s "$folder/Files/Help-it.html"
 back
 key F9
 opens pavucontrol ""
@@ -43,22 +43,22 @@ minimised && fail "the sound settings leave the player where it is"
 key alt+f Left
 key Down Return # below the guide: the list of versions
 opens xdg-open "file://$folder/Versioni.txt"
-expect "the list of versions is there" test -s "$folder/Versioni.txt"
+expect "the list of versions exists" test -s "$folder/Versioni.txt"
 back
 
 key ctrl+F1
 alone "Informazioni sul programma..."
 switch_to "Informazioni sul programma..."
-expect_change "the credits scroll into sight" "$(glance 40 40 260 60)" 40 40 260 60
+expect_change "the credits scroll" "$(glance 40 40 260 60)" 40 40 260 60
 screenshot about
 click 170 252 # the address
 opens xdg-open https://www.brackenloft.example
-expect_eq "the about box stays" "Informazioni sul programma..." "$(titles)"
+expect_eq "the about box stays open" "Informazioni sul programma..." "$(titles)"
 click 300 200 # the credits do not close it
-expect_eq "the about box stays" "Informazioni sul programma..." "$(titles)"
+expect_eq "the about box stays open" "Informazioni sul programma..." "$(titles)"
 xdotool keydown Escape
 alone Quillmere
-expect_stays "the player, where Escape would end the program, gets none of it" 2 running
+expect_stays "the held Escape does not reach the player, where it would end the program" 2 running
 xdotool keyup Escape
 quit_program
 
@@ -72,7 +72,7 @@ fi
 rm "$scratch/bin/"{mate-volume-control,cinnamon-settings}
 if ! type -P pwvucontrol pavucontrol{,-qt} {gnome-control-center,cinnamon-settings,mate-volume-control} systemsettings{,5} kcmshell{6,5} >/dev/null; then
   key F9
-  expect_soon "it says that there are no sound settings" 10 '[[ $(titles) == Quillmere,Quillmere ]]'
+  expect_soon "the message about missing sound settings" 10 '[[ $(titles) == Quillmere,Quillmere ]]'
   screenshot no_sound_settings
 fi
 quit_program

@@ -33,7 +33,7 @@ expect "still paused" resting
 press play
 expect_soon "playing again" 10 playing
 rest_mouse
-expect_soon "the position runs" 10 '(($(position) > at + 5))'
+expect_soon "the position advances" 10 '(($(position) > at + 5))'
 
 press stop
 expect_soon "stopped at the start" 10 '[[ $(position) == 0 ]]'

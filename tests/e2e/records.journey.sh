@@ -29,9 +29,9 @@ expect_whole() {  # NUMBER: expects the header to state the true length of the d
   local data
   expect_soon "the header of Rec $1" 10 "[[ \$(head -c 4 '$folder/Rec $1.wav') == RIFF ]]"
   data=$(($(bytes "$1") - 44))
-  expect_eq "whole blocks and one byte of Rec $1" 1 $((data % 8192))
+  expect_eq "Rec $1 has whole blocks and one byte" 1 $((data % 8192))
   expect_eq "samples of Rec $1" $((data / 4)) "$(soxi -s "$folder/Rec $1.wav")"
-  expect_eq "what another program finds in Rec $1" 44100,2,$((data / 4)) \
+  expect_eq "Rec $1 as another program reads it" 44100,2,$((data / 4)) \
     "$(ffprobe -v error -show_entries stream=sample_rate,channels,duration_ts -of csv=p=0 "$folder/Rec $1.wav")"
 }
 
@@ -47,7 +47,7 @@ start_button
 expect_soon "a pause writes nothing" 10 "writes_nothing 01"
 screenshot paused
 start_button
-expect_soon "it goes on, for long enough to be played below" 20 "grown 01 $((held + 1000000))"
+expect_soon "recording continues, long enough to be played below" 20 "grown 01 $((held + 1000000))"
 stop_button
 expect_whole 01
 

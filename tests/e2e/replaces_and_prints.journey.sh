@@ -42,7 +42,7 @@ use_editor
 type_text 'the pilot and the harbour'
 key ctrl+Home ctrl+h
 switch_to 'Replace\.\.\.'
-expect_eq "the frame stands 50 pixels from the corner" '50 50' "$(xwininfo -id "$window" | awk '
+expect_eq "the frame is 50 pixels from the corner" '50 50' "$(xwininfo -id "$window" | awk '
   /Absolute/ { at[++n] = $NF } /Relative/ { at[++m] -= $NF } END { print at[1], at[2] }')"
 type_text 'THE'
 key Tab
@@ -51,11 +51,11 @@ screenshot replacing
 key alt+a
 expect_gone 'Replace.*'
 answer Return
-expect_soon "the count is read" 10 '! box'
+expect_soon "the message with the count is closed" 10 '! box'
 print_keys
 screenshot printing
 key Return
-expect_soon "a file is written where there is no printer" 10 \
+expect_soon "without a printer, a file is written" 10 \
   '[[ $(pdftotext "$HOME/Untitled 1.pdf" - 2>/dev/null) == "a pilot and a harbour"* ]]'
 kill "$program"
 wait "$program" || true
@@ -71,7 +71,7 @@ key Return
 expect_soon "the selection arrives at the printer" 10 '[[ $(job 1) == all* && $(job 1) != *text* ]]'
 print_keys ctrl+End
 key Return
-expect_soon "all of the text arrives at the printer" 10 '[[ $(job 2) == "all of the text"* ]]'
+expect_soon "the whole text arrives at the printer" 10 '[[ $(job 2) == "all of the text"* ]]'
 print_keys
 lpadmin -x Office
 key Return

@@ -22,31 +22,31 @@ ffmpeg -v error -f lavfi -i color=c=orange:d=90:s=320x240:r=15 -f lavfi -i anois
   -c:v mpeg4 -c:a aac "$film"
 start_program "$film"
 player=$window
-expect_soon "the picture in its box" 10 in_box
+expect_soon "the video in its box" 10 in_box
 
 key alt+o Up Up Up Return  # no longer on top: Qt recreates the native window at the next show
 key ctrl+F1
-expect_soon "the about box in place of the player" 10 '! xwininfo -id "$player" 2>/dev/null | grep -q IsViewable'
+expect_soon "the about box replaces the player" 10 '! xwininfo -id "$player" 2>/dev/null | grep -q IsViewable'
 key Escape
 switch_to Quillmere  # reappears
 player=$window
-expect_soon "the picture after that" 10 in_box
+expect_soon "the video is visible again" 10 in_box
 
 reached=$(position 90)
 xdotool windowclose "$(xwininfo -id "$player" -tree | awk '/"mpv"/ { print $1; exit }')"
-expect_soon "another engine goes on where that one was" 10 'in_box && (($(position 90) > reached))'
+expect_soon "a new engine continues at the same position" 10 'in_box && (($(position 90) > reached))'
 screenshot box
 
 double_click 46 $((40 + $(skin_top)))
 switch_to film.mp4  # the separate video window
-expect_soon "the picture in its window" 10 in_window
+expect_soon "the video in its window" 10 in_window
 screenshot window
 double_click 100 100
-expect_soon "the whole screen" 10 'filling && in_window'
+expect_soon "full screen" 10 'filling && in_window'
 key F5 F7
 type_text unseen
-expect_soon "the keyboard stays" 5 '[[ $(xdotool getactivewindow) == "$window" ]]'
-expect "so does the picture" filling
+expect_soon "the focus stays" 5 '[[ $(xdotool getactivewindow) == "$window" ]]'
+expect "full screen stays" filling
 key Escape
-expect_soon "Esc leaves the whole screen" 10 '! filling && in_window'
+expect_soon "Esc leaves full screen" 10 '! filling && in_window'
 quit_program  # without a question about unsaved text

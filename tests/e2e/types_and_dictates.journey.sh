@@ -84,7 +84,7 @@ type_text "bold"
 chord b
 key shift+Home; chord x v
 type_text "!"
-expect_copied "formats come back from a cut" '\\b[ \\].*bold'
+expect_copied "pasted text has its formats" '\\b[ \\].*bold'
 expect_text "another program gets plain text" "plain bold!"
 screenshot typed
 
@@ -101,28 +101,28 @@ offer text/rtf <<<'{\rtf1 {\b damaged {\fonttbl'
 chord v
 offer text/html <<<'<b>&amp; html</b>'
 chord v
-expect_copied "a damaged source and HTML go in" 'damaged.*& html'
+expect_copied "damaged RTF and HTML are pasted" 'damaged.*& html'
 head -c 50000000 /dev/zero | tr '\0' x | offer UTF8_STRING
 chord v
 type_text "."
-expect_copied "50 MB leave the text alone" 'html *\.'
+expect_copied "50 MB are not pasted" 'html *\.'
 offer UTF8_STRING <<<never
 kill -STOP "$owner"
 chord v
 type_text "alive"
-expect_copied "an owner that hangs does not stop the typing" alive
+expect_copied "a hanging clipboard owner does not block typing" alive
 kill -CONT "$owner"
 
 press play
-expect_soon "the editor has the keyboard back" 10 '[[ $(xdotool getactivewindow) == "$editor" ]]'
+expect_soon "the editor has the focus again" 10 '[[ $(xdotool getactivewindow) == "$editor" ]]'
 type_text "?"
 expect_soon "playing again" 10 playing
 bring "$player"
 xdotool keydown F5
 expect_soon "F5 held in the player pauses" 10 resting
-expect_stays "once, though the text gets its release" 1 resting
+expect_stays "pauses once, although the text gets the release" 1 resting
 xdotool keyup F5
-expect_soon "and gives the keyboard back" 10 '[[ $(xdotool getactivewindow) == "$editor" ]]'
+expect_soon "the focus returns" 10 '[[ $(xdotool getactivewindow) == "$editor" ]]'
 expect_soon "the caret is where it was" 10 '[[ $(text) == *"alive?" ]]'
 windows=$(xdotool search --onlyvisible --class quillmere | wc -l)
 xdotool mousemove --window "$editor" 300 120 click 3
@@ -130,8 +130,8 @@ expect_soon "the edit menu" 10 '(($(xdotool search --onlyvisible --class quillme
 screenshot edit_menu
 key Escape
 for _ in {1..60}; do xdotool key --delay 5 F5 a; done
-expect "alive under hammered keys" running
+expect "the program survives rapid key presses" running
 switch_to Quillmere
 key ctrl+q
 answer alt+n
-expect_soon "the program ends, its text unsaved" 10 '! running'
+expect_soon "the program ends without saving the text" 10 '! running'

@@ -6,7 +6,7 @@ words() { "$RTF_TEXT" "$HOME/interview.rtf"; }
 quit_keys() {
   switch_to Quillmere
   key ctrl+q
-  expect_soon "a box asks" 10 box
+  expect_soon "a message box appears" 10 box
 }
 
 start_display
@@ -26,16 +26,16 @@ screenshot formatted
 place=$(xdotool getwindowgeometry "$window")
 switch_to Quillmere
 xdotool windowminimize "$window"
-expect_soon "the editor goes with the player" 10 '! xdotool search --onlyvisible --name "^Text Editor" >/dev/null'
+expect_soon "the editor is minimised too" 10 '! xdotool search --onlyvisible --name "^Text Editor" >/dev/null'
 xdotool windowmap "$window"
 use_editor 'Untitled 1'
-expect_soon "the editor comes back where it was" 10 '[[ $(xdotool getwindowgeometry "$window") == "$place" ]]'
+expect_soon "the editor reappears at its position" 10 '[[ $(xdotool getwindowgeometry "$window") == "$place" ]]'
 
 quit_keys
 screenshot asked
 key Escape
-expect_soon "the box is gone" 10 '! box'
-expect "a cancelled exit keeps the program" running
+expect_soon "the message box is closed" 10 '! box'
+expect "a cancelled exit keeps the program running" running
 quit_keys
 key alt+y
 switch_to 'Save document as'
@@ -43,9 +43,9 @@ screenshot saving
 type_text "$HOME/interview"
 key Return
 expect_soon "the program ends when the text is saved" 10 '! running'
-expect_eq "the words" $'Interview\nHow did it begin? Quietly.' "$(words)"
+expect_eq "the text" $'Interview\nHow did it begin? Quietly.' "$(words)"
 expect "bold" grep -q '\\b[ \\]' "$HOME/interview.rtf"
-expect "in the middle" grep -q '\\qc' "$HOME/interview.rtf"
+expect "centred" grep -q '\\qc' "$HOME/interview.rtf"
 expect "13 points" grep -q '\\fs26' "$HOME/interview.rtf"
 
 start_program
@@ -58,7 +58,7 @@ key ctrl+End
 type_text ' Then loud.'
 screenshot opened
 key ctrl+s
-expect_soon "the text is saved over its file" 10 '[[ $(words) == *"Quietly. Then loud."* ]]'
+expect_soon "the text is saved to its file" 10 '[[ $(words) == *"Quietly. Then loud."* ]]'
 click 24 37  # a new document, without a question because everything is saved
 use_editor 'Untitled 2'
 quit_program

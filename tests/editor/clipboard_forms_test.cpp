@@ -25,12 +25,12 @@ TEST_F(ClipboardFormsTest, Copy_IsRtfWhileTheEditorIsActive_AndPlainTextOtherwis
     EXPECT_EQ(afterTick(true), u"{\\rtf1 one}");
     EXPECT_EQ(afterTick(false), u"one");
     clipboard.text = u"from elsewhere";
-    EXPECT_EQ(afterTick(false), u"from elsewhere") << "only the change of sides replaces it";
-    EXPECT_EQ(afterTick(true), u"{\\rtf1 one}") << "what was copied elsewhere is wiped";
+    EXPECT_EQ(afterTick(false), u"from elsewhere") << "replaced only when the active window changes";
+    EXPECT_EQ(afterTick(true), u"{\\rtf1 one}") << "text copied elsewhere is overwritten";
     clipboard.held = true;
     EXPECT_EQ(afterTick(false), u"{\\rtf1 one}");
     clipboard.held = false;
-    EXPECT_EQ(afterTick(false), u"{\\rtf1 one}") << "a clipboard held by another counts as changed";
+    EXPECT_EQ(afterTick(false), u"{\\rtf1 one}") << "a locked clipboard counts as changed";
 }
 
 TEST_F(ClipboardFormsTest, BeforeTheFirstCopy_DeactivatingTheEditor_ClearsTheClipboard) {

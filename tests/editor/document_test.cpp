@@ -24,7 +24,7 @@ TEST_F(DocumentTest, New_AsksOnlyIfThereIsText_AndIncrementsTheNumber) {
     text.type(u"x");
     text.setText(u"");
     newDocument();
-    EXPECT_TRUE(dialogs.boxes.empty()) << "typed and wholly deleted";
+    EXPECT_TRUE(dialogs.boxes.empty()) << "everything typed was deleted";
     EXPECT_EQ(form.caption.get(), u"&En96 - &En97 2");
     text.type(u"kept");
     newDocument({Answer::Cancel});
@@ -36,7 +36,7 @@ TEST_F(DocumentTest, New_AsksOnlyIfThereIsText_AndIncrementsTheNumber) {
     text.type(u"lost");
     newDocument({Answer::Yes});
     EXPECT_EQ(dialogs.requests.size(), 1U);
-    EXPECT_EQ(text.Text(), u"") << "a save that is cancelled does not stop it";
+    EXPECT_EQ(text.Text(), u"") << "a cancelled save does not stop New";
 }
 
 TEST_F(DocumentTest, Save_AfterNew_OverwritesTheFormerFile_AndAMissingFileChangesNothing) {
@@ -53,7 +53,7 @@ TEST_F(DocumentTest, Save_AfterNew_OverwritesTheFormerFile_AndAMissingFileChange
     EXPECT_EQ(dialogs.boxes.at(0).text, u"En98");
     EXPECT_EQ(text.Text(), u"second");
     EXPECT_EQ(form.mnuRecent1.caption.get(), path("a.rtf"));
-    EXPECT_EQ(desktop.systemPort.beeps, 2) << "a beep at every save, changed or not";
+    EXPECT_EQ(desktop.systemPort.beeps, 2) << "beeps at every save, changed or not";
     EXPECT_EQ(std::count(text.commands.begin(), text.commands.end(), "save"), 1);
     EXPECT_EQ(form.caption.get(), u"&En96 - &En97 2");
 }
@@ -103,7 +103,7 @@ TEST_F(DocumentTest, Exit_AsksAboutVisibleUnsavedText) {
     EXPECT_EQ(file("saved.rtf"), "{\\rtf1 words}");
     text.setText(u"words");
     form.visible = false;
-    EXPECT_EQ(document.askAtExit(), Exit::Go) << "text in a hidden editor is dropped";
+    EXPECT_EQ(document.askAtExit(), Exit::Go) << "text in a hidden editor is discarded";
     EXPECT_EQ(dialogs.boxes.size(), 4U);
 }
 

@@ -58,7 +58,7 @@ TEST_F(EditorKeysTest, KeyPress_RunsItsCommand_AndPassesTheRestToTheControl) {
     for (int keyCode = 8; keyCode < 130; ++keyCode)
         if (text.TakesKey({keyCode, 2}))
             taken += keyCode < 'a' ? std::string(1, static_cast<char>(keyCode)) : std::to_string(keyCode);
-    EXPECT_EQ(taken, "CIMOQVWXYZ112113114115116117118119120121122123") << "what no menu may take away";
+    EXPECT_EQ(taken, "CIMOQVWXYZ112113114115116117118119120121122123") << "keys that no menu may handle";
     EXPECT_FALSE(text.TakesKey({'Z', 3}));
 }
 
@@ -108,7 +108,7 @@ TEST_F(EditorKeysTest, RightButton_OpensTheEditMenu_AndEscapeInTheWindowQuits) {
     text.MouseDown(2);
     EXPECT_EQ(told(), "mnuModifica ");
     platform::KeyEvent key{platform::escapeKey, 0};
-    EXPECT_EQ(press(platform::escapeKey, 0), "27/0") << "in the text Escape does nothing";
+    EXPECT_EQ(press(platform::escapeKey, 0), "27/0") << "Escape has no effect in the text";
     form.KeyDown(key);
     EXPECT_EQ(told(), "mnuEsci ");
 }

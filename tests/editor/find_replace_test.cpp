@@ -84,7 +84,7 @@ TEST_F(FindReplaceTest, Window_KeepsItsModeUntilCancelled) {
     press("A");
     EXPECT_FALSE(find.visible);
     form.mnuTrova.Click();
-    EXPECT_EQ(find.cboFind.text.get(), u"six") << "was only hidden";
+    EXPECT_EQ(find.cboFind.text.get(), u"six") << "the window was only hidden";
     find.chkMatchCase.value = true;
     find.Timer1.setInterval(100);
     desktop.loop.advance(100);

@@ -45,7 +45,7 @@ TEST(SnapshotText, ManyStates_EqualWholeCopies_AndTheirMemoryIsReused) {
     edit();
     const std::size_t full = store.bytes();
     edit();
-    EXPECT_EQ(store.bytes(), full) << "what nobody holds is used again";
+    EXPECT_EQ(store.bytes(), full) << "released memory is reused";
 }
 
 TEST(SnapshotText, ThousandCharacters_InALongText_AreNotCopiedEach) {

@@ -41,7 +41,7 @@ TEST_F(ToolbarTest, SizeStep_WithMixedSizesOrBelowTheMinimum_ChangesNothing) {
 
 TEST_F(ToolbarTest, FontBoxes_AcceptOnlyValidInput) {
     EXPECT_THAT(form.Combo1.items.get(), ElementsAre(u"Arial", u"Courier New"))
-        << "the list begins with the second font";
+        << "the list starts with the second font";
     for (const base::Text typed :
          {u"0", u"abc", u"", u"1x", u".", u"1.2.3", u"9,5", u" 10.5 ", u"|", u"9.5", u"9,5"}) {
         if (typed == u"|")

@@ -100,7 +100,7 @@ TEST_P(LanguageFile, Entries_AreTrimmedAndNotEmpty_WithOneMnemonicWhereAllowed) 
         EXPECT_FALSE(entries[i].starts_with(u' ') || entries[i].ends_with(u' ')) << i;
         const auto count = std::ranges::count(entries[i], u'&');
         EXPECT_TRUE(!count || (count == 1 && allowed.contains(i) && !plain.contains(i) && mnemonic(i))) << i;
-        EXPECT_TRUE(!allowed.contains(-i) || mnemonic(-i)) << i << " gets its ampersand in front";
+        EXPECT_TRUE(!allowed.contains(-i) || mnemonic(-i)) << i << " gets a leading ampersand";
     }
 }
 

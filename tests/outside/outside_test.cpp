@@ -25,7 +25,7 @@ protected:
 };
 
 TEST_F(UpdateCheckTest, OnlyNineCharactersAboveTheOwnVersion_AskTheUser) {
-    EXPECT_THAT(desktop.internetPort.reads, ElementsAre()) << "with the check off";
+    EXPECT_THAT(desktop.internetPort.reads, ElementsAre()) << "with the check turned off";
     const std::pair<std::string, bool> rows[] = {
         {"001015002", false},   {"001015003", true}, {"00101500\xFF", true}, {"00a000000", true},
         {"999999999\n", false}, {"99999999", false}, {"9999999999", false},  {"<!DOCTYPE html><html>", false},
@@ -36,7 +36,7 @@ TEST_F(UpdateCheckTest, OnlyNineCharactersAboveTheOwnVersion_AskTheUser) {
         startReading(received, platform::Answer::No);
         ASSERT_EQ(boxes.size(), asks ? 1U : 0U) << received;
         EXPECT_TRUE(!asks || boxes[0].text == u"New & \r\n\r\ngood?\r\n\r\n");
-        EXPECT_TRUE(form().visible) << "after a No and after silence alike";
+        EXPECT_TRUE(form().visible) << "after No, and after no answer";
     }
     EXPECT_THAT(opened, ElementsAre());
 }
@@ -47,7 +47,7 @@ TEST_F(UpdateCheckTest, AnswerYes_OpensThePage_AndEndsWithoutSaving) {
     EXPECT_THAT(opened, ElementsAre("https://www.brackenloft.example/quillmere.html"));
     EXPECT_THAT(desktop.internetPort.reads, ElementsAre("Quillmere " + versionPage));
     EXPECT_TRUE(desktop.systemPort.ended);
-    EXPECT_FALSE(form().visible) << "the player is never seen";
+    EXPECT_FALSE(form().visible) << "the player is never shown";
     EXPECT_EQ(desktop.folder.read("Files/Quillmere.ini"), settings);
 }
 

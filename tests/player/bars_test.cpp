@@ -31,7 +31,7 @@ TEST_F(VolumeBarTest, Drag_MovesTheThumbWithTheTimer_AndSetsTheVolumeOnRelease) 
     thumb.MouseUp({2, 180, 700});
     drag(500);
     EXPECT_EQ(thumb.top, 974); // 561 + 500 - 350 - 97.5 + 360, rounded half to even
-    EXPECT_EQ(player.volume, 80) << "that of the settings";
+    EXPECT_EQ(player.volume, 80) << "the volume of the settings";
     thumb.MouseUp({1, 180, 87});
     EXPECT_EQ(player.volume, 39);
     desktop.loop.advance(1000);
@@ -67,7 +67,7 @@ TEST(SeekBar, Release_SeeksToTheWholeSecond_AndTwoSecondsBackIfPaused) {
         bench.form().Label2.MouseUp({2, x, 10});
         return bench.player.commands;
     };
-    EXPECT_THAT(commandsOfRelease(2000), ElementsAre()) << "without media";
+    EXPECT_THAT(commandsOfRelease(2000), ElementsAre()) << "without a recording";
     bench.open("talk.mp3", 100);
     bench.desktop.loop.advance(1000);
     for (const auto& [x, seek] : {std::pair{0.0, "seek 0"}, {4635.0, "seek 100"}, {2000.0, "seek 43"}})
@@ -76,7 +76,7 @@ TEST(SeekBar, Release_SeeksToTheWholeSecond_AndTwoSecondsBackIfPaused) {
     EXPECT_THAT(commandsOfRelease(2317.5), ElementsAre("seek 50", "play", "seek 48", "pause"));
     EXPECT_EQ(bench.form().Label2.caption.get(), u"00:48 / 01:40");
     bench.form().mnuChiudi.Click();
-    EXPECT_THAT(commandsOfRelease(2000), ElementsAre()) << "nor after the close";
+    EXPECT_THAT(commandsOfRelease(2000), ElementsAre()) << "after closing";
 }
 
 TEST(Speed, Steps_StayWithinBothLimits) {

@@ -40,7 +40,7 @@ TEST_F(SessionTest, Open_WhilePlaying_FirstPausesWithAStepBack) {
     desktop.form2->top = 0;
     desktop.form2->left = 0;
     form().mnuApri.Click();
-    EXPECT_THAT(player.commands, ElementsAre()) << "what is paused stays silent behind the dialog";
+    EXPECT_THAT(player.commands, ElementsAre()) << "a paused recording stays paused behind the dialog";
     EXPECT_EQ(desktop.form2->top, 0);
     open("a.mp3", 180);
     EXPECT_EQ(desktop.form2->top, form().top + form().height + 30);
@@ -79,7 +79,7 @@ TEST_F(SessionTest, SeekBar_GrowsInWholeTwips) {
     int changes = 0;
     form().forEachControl([&](auto& control) { control.observe([&] { ++changes; }); });
     form().Timer1.Tick();
-    EXPECT_EQ(changes, 0) << "a tick without a change tells nobody";
+    EXPECT_EQ(changes, 0) << "a tick without a change notifies nobody";
     open("stream.ts", fakes::FakePlayer::unknownLength);
     desktop.loop.advance(player.loadingTime);
     form().cmdPlay.Click();

@@ -105,7 +105,7 @@ TEST_F(VideoPictureTest, Video_MovesFromItsBoxToItsWindowAndBack) {
         EXPECT_EQ(window.visible, seen == "window" || seen == "full");
         EXPECT_EQ(window.windowState == controls::WindowState::FullScreen, seen == "full");
     }
-    EXPECT_FALSE(desktop.systemPort.ended) << "Esc in the picture does not leave the program";
+    EXPECT_FALSE(desktop.systemPort.ended) << "Esc in the video does not end the program";
 }
 
 TEST_F(VideoPictureTest, Window_OpensInTheVideosAspectRatio_WithoutCoveringOthers) {
@@ -155,7 +155,7 @@ TEST_F(VideoPictureTest, Window_ReopensAtItsPosition_AndMinimisesWithThePlayer) 
     window.Unload();
     show({480, 480});
     form().VideoBox.DblClick();
-    EXPECT_EQ(window.height, 6000) << "the width stays, the proportions follow the picture";
+    EXPECT_EQ(window.height, 6000) << "the width stays, the aspect ratio follows the video";
 }
 
 TEST_F(VideoPictureTest, FullScreen_KeepsTheFocus_UnlessTheEditorIsActive) {

@@ -56,7 +56,8 @@ TEST_F(CaptureTest, File_IsExactToTheByte) {
         EXPECT_TRUE(file.substr(44) == sound(static_cast<std::size_t>(buffers))) << frequency;
     }
     EXPECT_THAT(dialogs.boxes, IsEmpty());
-    EXPECT_FALSE(base::fileExists(folder.text("Recordings.ini"))) << "nothing runs, so nothing is noted";
+    EXPECT_FALSE(base::fileExists(folder.text("Recordings.ini")))
+        << "nothing is recording, so nothing is listed";
 }
 
 TEST_F(CaptureTest, Pause_DropsArrivingSound_AndLeavesNoGap) {
@@ -86,7 +87,7 @@ TEST_F(CaptureTest, SecondHook_IsRefused_AndWithoutAHookNothingIsRecorded) {
     device.fill();
     engine.AggancioCattura(false);
     device.fill();
-    EXPECT_EQ(engine.SecondiRegistrati(), 1) << "without a file the counter runs by whole buffers";
+    EXPECT_EQ(engine.SecondiRegistrati(), 1) << "without a file the counter counts whole buffers";
 }
 
 TEST_F(CaptureTest, RefusedDevice_ShowsItsError_AndTheRestContinuesSilently) {
@@ -102,7 +103,7 @@ TEST_F(CaptureTest, RefusedDevice_ShowsItsError_AndTheRestContinuesSilently) {
     ASSERT_EQ(dialogs.boxes.size(), 1U);
     EXPECT_EQ(dialogs.boxes[0].text, u"Device unavailable");
     device.refusal = 0;
-    EXPECT_EQ(record(2, 16, 44100, 1).size(), 44U + 8192 + 1) << "the device is back";
+    EXPECT_EQ(record(2, 16, 44100, 1).size(), 44U + 8192 + 1) << "the device is available again";
 }
 
 TEST_F(CaptureTest, SlowDevice_StartsWhenReady_ExceptInAPauseOrAfterAStop) {
@@ -127,7 +128,7 @@ TEST_F(CaptureTest, UnwritableTarget_IsIgnoredSilently) {
     for (const base::Text& target : {folder.text("gone/a.wav"), folder.text("full")}) {
         engine.AvviaCattura(2, 16, 44100, target);
         device.fill();
-        EXPECT_EQ(engine.ByteRegistrati(), 45 + 8192) << "the counter goes on";
+        EXPECT_EQ(engine.ByteRegistrati(), 45 + 8192) << "the counter continues";
         EXPECT_NE(engine.TestoErrore(), u"");
         stop();
     }
@@ -138,9 +139,9 @@ TEST_F(CaptureTest, FullDisk_ReportsNothing_AndKeepsWhatWasRecorded) {
     // A disk with room for three buffers and part of the fourth.
     const fakes::FullDisk disk(44 + 3 * 8192 + 1000);
     const std::string file = record(2, 16, 44100, 6);
-    EXPECT_EQ(file.substr(40, 3), "\xE8\x63\0"s) << "the length of what is there";
+    EXPECT_EQ(file.substr(40, 3), "\xE8\x63\0"s) << "the length of the existing data";
     EXPECT_TRUE(file.substr(44) == sound(4).substr(0, 3 * 8192 + 1000));
-    EXPECT_EQ(engine.ByteRegistrati(), 45 + 6 * 8192) << "the counter goes on";
+    EXPECT_EQ(engine.ByteRegistrati(), 45 + 6 * 8192) << "the counter continues";
     EXPECT_THAT(dialogs.boxes, IsEmpty());
 }
 

@@ -53,13 +53,13 @@ TEST_F(RecorderTest, RecordPauseResumeStop_ThenCloseWhileRecordingInAnotherForma
               u"00:00:01, 180269 &En110");
     for (const char* word : {"", "&En113"}) {
         desktop.loop.advance(500);
-        EXPECT_EQ(state(), std::string("Start|&En8|") + word + " lamp stop") << "the word blinks";
+        EXPECT_EQ(state(), std::string("Start|&En8|") + word + " lamp stop") << "the caption blinks";
     }
     // The bytes count up to 255: 16-bit samples of at least 126 * 256 + 125.
     EXPECT_NEAR(window.picPeakLeft.width, 32500. / 32767 * 4800 - 110, 40);
     window.btnStart.Click();
     desktop.loop.advance(2000);
-    EXPECT_EQ(state(), "Pause|&&En112|&En114 stop") << "the word for a pause is steady";
+    EXPECT_EQ(state(), "Pause|&&En112|&En114 stop") << "the caption of a pause does not blink";
     window.btnStart.Click();
     EXPECT_EQ(state(), "Pause|&En8|&En113 lamp stop");
     desktop.device.fill();
@@ -110,10 +110,11 @@ TEST_F(RecorderTest, OverwriteQuestion_NoKeepsTheFile_YesReplacesIt_EvenWhilePla
     desktop.loop.advance(5000);
     form().cmdPlay.Click();
     form().cmdRec.Click();
-    EXPECT_EQ(player.playState(), platform::PlayState::Paused) << "one that is paused is left alone";
+    EXPECT_EQ(player.playState(), platform::PlayState::Paused) << "a paused recording is not stopped";
     desktop.dialogPort.answers = {platform::Answer::No};
     record("talk.wav");
-    EXPECT_EQ(desktop.dialogPort.requests.back().initialFolder, base::currentFolder()) << "of the last file";
+    EXPECT_EQ(desktop.dialogPort.requests.back().initialFolder, base::currentFolder())
+        << "folder of the last file";
     EXPECT_TRUE(desktop.dialogPort.requests.back().extensionAlways);
     EXPECT_EQ(desktop.folder.read("talk.wav"), "sound");
     EXPECT_EQ(boxes.back().text, u"En53\r\rEn54");
@@ -132,7 +133,7 @@ TEST_F(RecorderTest, OverwriteQuestion_NoKeepsTheFile_YesReplacesIt_EvenWhilePla
     window.btnStop.Click();
     EXPECT_TRUE(isWhole("talk.wav", 1));
     opener().ApriMedia(desktop.folder.text("talk.wav"));
-    EXPECT_EQ(player.URL(), desktop.folder.text("talk.wav")) << "finished, it plays";
+    EXPECT_EQ(player.URL(), desktop.folder.text("talk.wav")) << "it plays once finished";
 }
 
 class CutOffTest : public RecorderTest {
@@ -172,7 +173,7 @@ TEST_F(CutOffTest, Start_CreatesARepairedCopy_AndReportsItOnce) {
     const std::string told = base::toUtf8(boxes[0].text);
     EXPECT_THAT(told, HasSubstr("talk repaired.wav\r(11025 Hz, 8 bits, mono)"));
     EXPECT_THAT(told, HasSubstr("Interview 12.3 repaired 2.wav\r(48000 Hz, 16 bits, mono)"))
-        << "what has its name is the copy of a longer one";
+        << "the existing file is the copy of a longer recording";
     EXPECT_THAT(told, Not(HasSubstr("empty")));
     EXPECT_THAT(told, Not(HasSubstr("not a")));
     EXPECT_THAT(told, HasSubstr("Rec 07 repaired 2.WAV\r(44100 Hz, 16 bits, stereo, the usual format"));
@@ -188,7 +189,7 @@ TEST_F(CutOffTest, Start_CreatesARepairedCopy_AndReportsItOnce) {
     EXPECT_FALSE(base::fileExists(desktop.folder.text("talk repaired 2.wav")));
     std::filesystem::rename(desktop.folder.path() / "talk repaired.wav", desktop.folder.path() / "my.wav");
     startAndRepair();
-    EXPECT_EQ(desktop.folder.read("talk repaired.wav"), copy) << "its format is known still";
+    EXPECT_EQ(desktop.folder.read("talk repaired.wav"), copy) << "its format is still known";
     leave("talk.wav", 50001);
     startAndRepair();
     EXPECT_TRUE(base::fileExists(desktop.folder.text("talk repaired 2.wav")))
@@ -240,7 +241,7 @@ TEST_F(CutOffTest, OpenedDamagedFile_PlaysItsRepairedCopy_AndTheScanContinues) {
     opener().ApriMedia(desktop.folder.text("opened"));
     finish();
     EXPECT_EQ(form().Label4.tag.get(), desktop.folder.text("opened repaired.wav"));
-    EXPECT_EQ(boxes.size(), before) << "it was told already";
+    EXPECT_EQ(boxes.size(), before) << "it was reported already";
 }
 
 TEST_F(CutOffTest, RunningRecording_IsLeftAlone) {

@@ -30,7 +30,7 @@ TEST(RtfFormats, CharacterControlWords_SetTheirFormat_AndAreWritten) {
         EXPECT_EQ(rewritten(body), "\\pard\\ql " + written) << "in a group";
     EXPECT_EQ(rewritten("\\highlight1 x"), "\\pard\\ql \\plain\\f0\\fs24\\highlight1 x");
     EXPECT_EQ(rewritten("{\\b\\par}x"), "\\pard\\ql \\plain\\f0\\fs24\\b \\par\\plain\\f0\\fs24 x")
-        << "what is typed there";
+        << "the format of text typed there";
 }
 
 TEST(RtfFormats, ParagraphControlWords_SetTheirFormat_AndAreWritten) {
@@ -51,9 +51,9 @@ TEST(RtfFormats, ParagraphControlWords_SetTheirFormat_AndAreWritten) {
     EXPECT_EQ(rewritten("{\\qc x\\par}y"), "\\pard\\qc \\plain\\f0\\fs24 x\\par\\pard\\ql y");
     for (const std::string end : {"\\par ", "\\\n", "\\\r"})
         EXPECT_EQ(rewritten("x" + end + "y"), usual + "x\\pary");
-    EXPECT_EQ(rewritten("{\\qc x}\\par"), usual + "x\\par") << "it holds at the paragraph's end";
+    EXPECT_EQ(rewritten("{\\qc x}\\par"), usual + "x\\par") << "valid at the paragraph's end";
     for (const std::string body : {"", "a", "a\\par", "a\\par\\par"})
-        EXPECT_EQ(rewritten(body), usual + body) << "the last paragraph ends or not";
+        EXPECT_EQ(rewritten(body), usual + body) << "with or without a final paragraph end";
 }
 
 TEST(RtfFormats, Fonts_AreThoseInUse_InOrderOfUse) {

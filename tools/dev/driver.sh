@@ -104,7 +104,7 @@ box() {  # succeeds if a message box waits for an answer
 }
 
 answer() {  # KEYS...: presses them in the next message box
-  expect_soon "a box asks" 10 box
+  expect_soon "a message box appears" 10 box
   key "$@"
 }
 

@@ -11,7 +11,7 @@ TEST_F(RichText, SelRTF_WithTextTooLongToLayOut_IsRefusedWithoutAChange) {
     EXPECT_EQ(rtb.Text(), u"kept");
     changes = 0;
     rtb.setSelRTF(base::Text(150'000, u'x')); // a word without a line-break opportunity
-    EXPECT_EQ(changes, 1) << "a refusal leaves no edit open";
+    EXPECT_EQ(changes, 1) << "a refusal ends the edit";
 }
 
 TEST_F(RichText, Style_OfASelection_IsOnOffOrMixed) {
@@ -81,7 +81,7 @@ TEST_F(RichText, Together_ReportsEachEdit_AndUpdatesTheScreenOnce) {
         rtb.setSelRTF(u""); // no change
         EXPECT_EQ(rtb.Find(u"three", std::nullopt, 0), 7490);
         rtb.setSelText(u"two");
-        EXPECT_EQ(rtb.textCursor().position(), 0) << "was shown while the edits ran";
+        EXPECT_EQ(rtb.textCursor().position(), 0) << "the screen was updated during the edits";
     });
     EXPECT_EQ(lengths, (std::vector<std::int32_t>{7502, 7500}));
     EXPECT_EQ(rtb.SelStart(), 7493);

@@ -112,7 +112,7 @@ TEST_F(RichTextEvents, HeldKey_RepeatsInTheText_OnlyIfPressedThere) {
         QApplication::sendEvent(&rtb, &event);
     };
     press(QStringLiteral("a"), true);
-    EXPECT_EQ(shown(), "|") << "it went down in a box that it closed";
+    EXPECT_EQ(shown(), "|") << "pressed in a dialog that it closed";
     press(QStringLiteral("b"), false);
     loseKeyboard(Qt::PopupFocusReason);
     press(QStringLiteral("c"), true);
@@ -122,7 +122,7 @@ TEST_F(RichTextEvents, HeldKey_RepeatsInTheText_OnlyIfPressedThere) {
     EXPECT_EQ(shown(), "bc|");
     input({}, QStringLiteral("e"));
     press(QStringLiteral("f"), true);
-    EXPECT_EQ(shown(), "bcef|") << "an input method had the press";
+    EXPECT_EQ(shown(), "bcef|") << "the press went to an input method";
 }
 
 TEST_F(RichTextEvents, PlatformEditShortcuts_AreReported_AndChangeNothingThemselves) {
@@ -217,9 +217,9 @@ TEST_F(RichTextEvents, Change_IsReportedOncePerKey_IfTheTextChanged) {
         QKeyEvent event(QEvent::KeyPress, row.key, row.held, row.text);
         QApplication::sendEvent(&rtb, &event);
         EXPECT_EQ(shown(), row.after);
-        EXPECT_TRUE(event.isAccepted()) << "the window would take it: " << row.key;
+        EXPECT_TRUE(event.isAccepted()) << "otherwise the window would handle it: " << row.key;
         EXPECT_EQ(changes, row.expected) << row.after;
-        EXPECT_TRUE(changes == 0 || watch.seen == row.after) << "told of the text as it was: " << watch.seen;
+        EXPECT_TRUE(changes == 0 || watch.seen == row.after) << "reported with the old text: " << watch.seen;
     }
 }
 
@@ -245,10 +245,10 @@ TEST_F(RichTextEvents, ComposedInput_ChangesTheText_WhenCommitted) {
     select(1, 1);
     input({}, QStringLiteral("\u00E9"));
     EXPECT_EQ(shown(), "a\u00E9|b");
-    EXPECT_EQ(changes, 2) << "a letter in place of another";
+    EXPECT_EQ(changes, 2) << "one character replaced by another";
     input(QStringLiteral("x"), {});
     input({}, {});
-    EXPECT_EQ(changes, 2) << "given up";
+    EXPECT_EQ(changes, 2) << "cancelled";
 }
 
 TEST_F(RichTextEvents, Drop_IsOneChange_WithFormatsFromRtfOnly) {

@@ -47,7 +47,7 @@ TEST_F(RichText, LoadFile_DropsTheFormatOfTheOldText) {
     rtb.SaveFile(folder.text("file"));
     const rtf::Document saved = rtf::read(folder.read("file"));
     EXPECT_EQ(saved.text, u"yx");
-    ASSERT_EQ(saved.formats.size(), 1U) << "both letters look the same";
+    ASSERT_EQ(saved.formats.size(), 1U) << "both characters have the same format";
     EXPECT_EQ(saved.fonts.front().name, u"Courier New");
     rtb.setText(u"");
     EXPECT_EQ(rtb.SelFontSize(), 12.0);

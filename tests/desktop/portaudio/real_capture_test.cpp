@@ -57,7 +57,7 @@ TEST_F(RealCapture, HangingServer_IsReported_WithoutBlockingTheLoop) {
     startServer({format});
     ::kill(static_cast<pid_t>(server->processId()), SIGSTOP);
     const auto recording = record(format, 90, "a.wav");
-    EXPECT_TRUE(recording->waitForReadyRead(3000)) << "the start is over, and does not wait for the device";
+    EXPECT_TRUE(recording->waitForReadyRead(3000)) << "start returns without waiting for the device";
     EXPECT_EQ(capture::outputOf(*recording), "started\n0 buffers, 0 losses\nDevice unavailable\n");
 }
 
@@ -101,7 +101,7 @@ TEST_F(RealCapture, KilledRecording_IsRepaired_ExceptItsLastSecond) {
     const recorder::RepairedCopy copy =
         recorder::repairCutOff(noted.path, noted.format, [](double) { return true; });
     EXPECT_EQ(copy.path, folder.text("a repaired.wav"));
-    EXPECT_EQ(folder.read("a.wav"), damaged) << "the original stays";
+    EXPECT_EQ(folder.read("a.wav"), damaged) << "the original is unchanged";
     EXPECT_GT(alike(folder.read("a repaired.wav"), folder.read("noise"), format), format.rate)
         << "at most the last second is lost";
     end(player);
