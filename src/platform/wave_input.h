@@ -47,8 +47,8 @@ public:
     // otherwise later on the event loop, when it answers or times out. A close or another open suppresses the
     // call.
     virtual void open(const WaveFormat& format, std::function<void(Result)> opened) = 0;
-    // Releases the device, even while it is being opened. Pending buffers are marked done without a
-    // BufferDone call.
+    // Releases the device, even while it is being opened, and empties the queue. The buffers that were queued
+    // are not reported.
     virtual void close() = 0;
 
     virtual Result prepareHeader(WaveBuffer& buffer) = 0;
