@@ -132,12 +132,12 @@ void measureMemory(const base::Text& text) {
         reader.setText({});
         const double own =
             memory<desktop::RichTextEdit>([&](auto& control) { control.LoadFile(folder.text(name)); });
-        const double yardstick = memory<BareControl>(
+        const double baseline = memory<BareControl>(
             [&](auto& control) { control.setPlainText(desktop::qstring(base::TextView(same))); });
         bench::print({std::string("Memory of 5 MB, ") + name, bench::measure("%.1f MB", own / megabyte),
-                      bench::measure("%.1f MB", yardstick / megabyte),
-                      bench::measure("x %.2f", own / yardstick), bench::measure("<= x %.1f", memoryGoal),
-                      own <= yardstick * memoryGoal});
+                      bench::measure("%.1f MB", baseline / megabyte),
+                      bench::measure("x %.2f", own / baseline), bench::measure("<= x %.1f", memoryGoal),
+                      own <= baseline * memoryGoal});
     }
 }
 
@@ -145,10 +145,10 @@ void measureTyping(desktop::RichTextEdit& rtb, QTextEdit& bare) {
     for (const auto& [name, where] :
          {std::pair{"start", QTextCursor::Start}, std::pair{"end", QTextCursor::End}}) {
         const double own = typing(rtb, where);
-        const double yardstick = typing(bare, where);
+        const double baseline = typing(bare, where);
         bench::print({std::string("Letter typed at the ") + name + " of 5 MB", bench::measure("%.2f ms", own),
-                      bench::measure("%.2f ms", yardstick), bench::measure("x %.2f", own / yardstick),
-                      bench::measure("<= x %.1f", typingGoal), own <= yardstick * typingGoal});
+                      bench::measure("%.2f ms", baseline), bench::measure("x %.2f", own / baseline),
+                      bench::measure("<= x %.1f", typingGoal), own <= baseline * typingGoal});
     }
 }
 

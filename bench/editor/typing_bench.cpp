@@ -139,15 +139,15 @@ void measureUndo(const std::string& size, Editor& editor, QTextEdit& bare) {
                         {"redone", [&] { editor.form.mnuRipeti.Click(); }, [&] { bare.redo(); }}};
     for (const Row& row : rows) {
         std::vector<double> own;
-        std::vector<double> yardstick;
+        std::vector<double> baseline;
         for (int i = 0; i < 200; ++i) {
             own.push_back(microseconds(row.own));
-            yardstick.push_back(microseconds(row.bare));
+            baseline.push_back(microseconds(row.bare));
         }
         bench::print({std::string("A letter ") + row.what + " in " + size,
                       bench::measure("%.2f ms", bench::median(own) / 1000),
-                      bench::measure("%.2f ms", bench::median(yardstick) / 1000),
-                      bench::measure("x %.2f", bench::median(own) / bench::median(yardstick)), ""});
+                      bench::measure("%.2f ms", bench::median(baseline) / 1000),
+                      bench::measure("x %.2f", bench::median(own) / bench::median(baseline)), ""});
     }
 }
 
