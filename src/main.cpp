@@ -13,6 +13,8 @@ int main(int argc, char* argv[]) {
         return 1;
     const desktop::SessionEnd sessionEnd([&] { program.workstation().endSession(); },
                                          [&] { program.workstation().keepAll(); });
+    if (const base::Text document = desktop::Application::documentArgument(argc, argv); !document.empty())
+        program.workstation().openDocument(document);
     desktop.prepareInIdleTime();
     const int result = desktop::Application::exec();
     desktop.closeWindows();

@@ -176,6 +176,12 @@ bool Workstation::Form_Unload() {
     return false;
 }
 
+void Workstation::openDocument(base::TextView path) {
+    if (!editor_.form().visible)
+        form1_.mnuMostraNascondi.Click();
+    editor_.document().openDocument(path);
+}
+
 void Workstation::endSession() {
     recorder_.close();
     keepAll();

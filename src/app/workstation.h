@@ -47,6 +47,8 @@ public:
     CompanionWindows& companions() { return companions_; }
     RecorderRoom& recorder() { return recorder_; }
     SafetyRoom& safety() { return safety_; }
+    // Opens a transcript that was named at the start, in the visible editor.
+    void openDocument(base::TextView path);
     // Ends the process without questions when the session ends. No work is lost: the next start restores it.
     void endSession();
     // Saves like endSession but keeps running, since the session's end may be cancelled. Does nothing after

@@ -10,6 +10,7 @@
 #include <QStyleFactory>
 #include <QStyleOptionButton>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 namespace desktop {
@@ -47,6 +48,16 @@ std::filesystem::path tidied(const std::filesystem::path& absolute) {
             result /= part;
     }
     return result;
+}
+
+base::Text absolutePath(const char* argument) {
+    std::error_code failed;
+    const auto path = std::filesystem::absolute(argument, failed);
+    return base::fromUtf8(failed ? argument : tidied(path).string());
+}
+
+bool namesDocument(int argc, char** argv) {
+    return argc > 2 && std::string_view(argv[1]) == "--document" && *argv[2] != '\0';
 }
 
 // Qt's Fusion style with the skin's buttons and without icons in dialog buttons, which do not match the skin.
@@ -109,11 +120,13 @@ Application::Application(int& argc, char** argv) : QApplication(choosePlatform(a
 }
 
 base::Text Application::commandLine(int argc, char** argv) {
-    if (argc < 2 || *argv[1] == '\0')
+    if (argc < 2 || *argv[1] == '\0' || namesDocument(argc, argv))
         return {};
-    std::error_code failed;
-    const auto path = std::filesystem::absolute(argv[1], failed);
-    return u'"' + base::fromUtf8(failed ? argv[1] : tidied(path).string()) + u'"';
+    return u'"' + absolutePath(argv[1]) + u'"';
+}
+
+base::Text Application::documentArgument(int argc, char** argv) {
+    return namesDocument(argc, argv) ? absolutePath(argv[2]) : base::Text();
 }
 
 } // namespace desktop

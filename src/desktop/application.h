@@ -15,6 +15,9 @@ public:
     // The program's command line: the first argument as an absolute path in double quotes (the shell has
     // removed the user's own); empty if there is none. `argv` must have passed through the constructor.
     static base::Text commandLine(int argc, char** argv);
+
+    // The absolute path behind "--document", the transcript to open in the editor; empty when there is none.
+    static base::Text documentArgument(int argc, char** argv);
 };
 
 } // namespace desktop

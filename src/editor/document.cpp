@@ -62,9 +62,9 @@ void Document::newDocument() {
     TestoModificato = 0;
 }
 
-void Document::openDocument() {
+void Document::openDocument(base::TextView path) {
     if (mayLoseText())
-        ApriDocumento({});
+        ApriDocumento(path);
 }
 
 void Document::ApriDocumento(base::TextView path) {

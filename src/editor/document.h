@@ -18,7 +18,8 @@ public:
     void Form_Load();
 
     void newDocument();
-    void openDocument();
+    // Asks about unsaved text, then opens the file at this path; if it is empty, asks the user for one.
+    void openDocument(base::TextView path = {});
     // Saves to the document's file, or asks for one. A beep confirms that the document has a file.
     void save();
     void mnuSalvaConNome_Click();
