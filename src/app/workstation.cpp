@@ -180,6 +180,7 @@ void Workstation::openDocument(base::TextView path) {
     if (!editor_.form().visible)
         form1_.mnuMostraNascondi.Click();
     editor_.document().openDocument(path);
+    companions_.TornaAllEditor();
 }
 
 void Workstation::endSession() {

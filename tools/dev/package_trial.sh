@@ -116,7 +116,7 @@ in_room bash -c 'set -e; cd /tmp; dpkg-deb -R "$1" newer
 drive upgraded.png quillmere
 expect "the settings" cmp "$room$mine/Files/Quillmere.ini" "$where/settings-before.ini"
 expect "what the newer version brought" test -L "$room$mine/Files/newer.txt"
-expect "what it took away" test ! -L "$room$mine/Samples/Interview.mp3"
+expect "the file that it no longer has" test ! -L "$room$mine/Samples/Interview.mp3"
 expect "the recent document" grep -q letter.rtf "$room$mine/Files/LastFilesEditor.ini"
 
 step "removed"
