@@ -80,6 +80,7 @@ public:
     PageBreak pageBreakBefore(const QTextBlock& block) const;
     // True once the document has had a page break.
     bool hasPageBreaks() const { return pageBreaks_ > 0; }
+    // Gives the format of a paragraph that is about to be inserted a page break of its own.
     void breakPage(QTextBlockFormat& format) { format.setProperty(PageBreakNumber, ++pageBreaks_); }
     // Splits the paragraph at the cursor by a page break; the new paragraph begins with the format `letters`.
     void breakPageAt(QTextCursor& cursor, const QTextCharFormat& letters);

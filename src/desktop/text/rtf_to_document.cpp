@@ -30,7 +30,7 @@ Qt::Alignment alignmentOf(rtf::Alignment alignment) {
     return Qt::AlignLeft;
 }
 
-// For each font Qt searches the fonts of the system. A real text has only a few; a font list with thousands
+// Qt searches the system's fonts once for each font. A real text uses a few; an artificial one with thousands
 // must not stall the program.
 constexpr std::uint32_t mostFontsShown = 1000;
 
