@@ -44,6 +44,9 @@ SafetyRoom::SafetyRoom(Desktop& desktop, const player::Form1& form1, EditorRoom&
       archive_(form1.folder.files(u"Safety/Archive")),
       journal_(desktop.eventLoop(), disk_, *this, form1.folder.files(u"Safety/Journal")),
       marksWatch_(desktop.eventLoop()), survived_(desktop.eventLoop()) {
+    base::setKeepOld([this](base::TextView path, std::string_view bytes, const auto& write) {
+        keepWhileWritten(path, bytes, write);
+    });
     journal_.Failed = [this](const base::Text& reason) {
         Tell(u"Unsaved work cannot be kept safe: %1"_en, reason);
     };
@@ -57,6 +60,10 @@ SafetyRoom::SafetyRoom(Desktop& desktop, const player::Form1& form1, EditorRoom&
         survived_.setInterval(0);
         base::carryOn([this] { base::removeFile(folder(u"BringingBack")); });
     };
+}
+
+SafetyRoom::~SafetyRoom() {
+    base::setKeepOld({});
 }
 
 base::Text SafetyRoom::folder(base::TextView name) const {
@@ -124,6 +131,20 @@ void SafetyRoom::beforeWriting(const base::Text& path) {
         keep(name, bytes, textExtension, safety::Reason::Overwritten);
     else if (hasTable(bytes))
         keep(name, bytes, textExtension, safety::Reason::Structure);
+}
+
+// Documents and bookmarks stay in the archive; other files, as the settings, only until they are written.
+void SafetyRoom::keepWhileWritten(base::TextView path, std::string_view bytes,
+                                  const std::function<void()>& write) {
+    const base::TextView name = base::afterLast(path, base::pathSeparator);
+    const bool isMarks = name.ends_with(u".bm");
+    const bool isWork = isMarks || path == editor_.document().FileEditor;
+    const base::TextView extension = isMarks ? marksExtension : textExtension;
+    const base::Text version = archive_.keep(name, bytes, isWork ? extension : base::afterLast(name, u'.'),
+                                             safety::Reason::InPlace, now());
+    write();
+    if (!version.empty() && !(isWork && keepsArchive()))
+        base::carryOn([&] { base::removeFile(version); });
 }
 
 void SafetyRoom::keepText(safety::Reason reason) {

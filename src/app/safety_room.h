@@ -19,6 +19,9 @@ class SafetyRoom : private safety::JournalSource {
 public:
     SafetyRoom(Desktop& desktop, const player::Form1& form1, EditorRoom& editor, BookmarkRoom& bookmarks,
                const base::TextFiles& files);
+    SafetyRoom(const SafetyRoom&) = delete;
+    SafetyRoom& operator=(const SafetyRoom&) = delete;
+    ~SafetyRoom() override;
 
     // Restores what an earlier run left unsaved and starts this run's journal. Called when the start is over.
     void start();
@@ -48,6 +51,7 @@ private:
     bool endedTheProgramTwice();
     void beforeWriting(const base::Text& path);
     void settled();
+    void keepWhileWritten(base::TextView path, std::string_view bytes, const std::function<void()>& write);
     bool hasUnsavedText() const;
     void keepText(safety::Reason reason);
     void keep(base::TextView document, const std::string& bytes, base::TextView extension,

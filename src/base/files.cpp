@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/descriptor.h"
+#include "base/old_file.h"
 #include "base/unfinished_file.h"
 
 #include <cerrno>
@@ -10,6 +11,7 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace base {
 
@@ -21,11 +23,56 @@ constexpr mode_t newFileMode = 0666; // the user's umask applies
     throw Failure(std::generic_category().message(errno) + ": " + path);
 }
 
-// Resolves a symbolic link: the bytes go to the file that it points to.
-std::string finalTarget(const std::string& path) {
-    std::error_code ignored;
-    const auto target = std::filesystem::canonical(path, ignored);
-    return ignored ? path : target.string();
+// Resolves symbolic links: the bytes go to the file that they point to, which need not exist.
+std::string finalTarget(std::string path) {
+    constexpr int mostLinks = 40; // the system follows no more either
+    for (int links = 0; links < mostLinks; ++links) {
+        std::error_code none;
+        const auto to = std::filesystem::read_symlink(path, none);
+        if (none)
+            break;
+        path = (std::filesystem::path(path).parent_path() / to).string();
+    }
+    return path;
+}
+
+// True if the error means that no file can be created in the folder, or that none can be renamed over this
+// one, for instance a bind mount.
+bool refusesNeighbours(int reason) {
+    return reason == EACCES || reason == EPERM || reason == EROFS || reason == EBUSY || reason == EXDEV;
+}
+
+void syncFolder(const std::string& target) {
+    const auto folder = std::filesystem::path(target).parent_path();
+    const Descriptor directory(folder.empty() ? "." : folder.string(), O_RDONLY | O_DIRECTORY);
+    if (directory.isOpen())
+        ::fsync(directory.get());
+}
+
+bool putInPlace(UnfinishedFile& file, std::string_view bytes, const std::string& target) {
+    if (!file.isOpen() || !file.write(bytes) || !file.putInPlace())
+        return false;
+    syncFolder(target);
+    return true;
+}
+
+// False if the file has to be written in place instead.
+bool replacedBeside(const OldFile& old, const std::string& target, std::string_view bytes) {
+    if (old.hasOtherNames())
+        return false;
+    UnfinishedFile file(target, old.permissions());
+    if (file.isOpen() && !old.handRightsTo(file.descriptor()))
+        return false;
+    if (putInPlace(file, bytes, target))
+        return true;
+    if (!refusesNeighbours(errno))
+        fail(target);
+    return false;
+}
+
+KeepOld& keepOld() {
+    static KeepOld keep;
+    return keep;
 }
 
 std::string bytesOf(const std::vector<Text>& lines) {
@@ -66,8 +113,10 @@ void createFolder(TextView path) {
 }
 
 void createPrivateFolder(TextView path) {
-    createFolder(path);
     const std::string name = toUtf8(path);
+    if (::mkdir(name.c_str(), S_IRWXU) == 0)
+        return;
+    createFolder(path);
     if (::chmod(name.c_str(), S_IRWXU) != 0)
         fail(name);
 }
@@ -95,36 +144,41 @@ std::string readFile(TextView path) {
 
 void replaceFile(TextView path, std::string_view bytes) {
     const std::string target = finalTarget(toUtf8(path));
-    mode_t mode = newFileMode;
-    struct stat about {};
-    const bool present = ::stat(target.c_str(), &about) == 0;
-    if (present) {
-        if (S_ISDIR(about.st_mode)) {
-            errno = EISDIR;
+    const OldFile old(target);
+    if (!old.isThere()) {
+        UnfinishedFile file(target, newFileMode);
+        if (!putInPlace(file, bytes, target))
             fail(target);
-        }
-        if (::access(target.c_str(), W_OK) != 0)
-            fail(target);
-        mode = about.st_mode & 07777U;
+        return;
     }
-    UnfinishedFile file(target, mode);
-    if (!file.isOpen())
+    if (replacedBeside(old, target, bytes))
+        return;
+    if (!keepOld()) {
+        errno = EPERM;
         fail(target);
-    if (present)
-        ::fchmod(file.descriptor(), mode);
-    if (!file.write(bytes) || !file.putInPlace())
-        fail(target);
-    const auto folder = std::filesystem::path(target).parent_path();
-    const Descriptor directory(folder.empty() ? "." : folder.string(), O_RDONLY | O_DIRECTORY);
-    if (directory.isOpen())
-        ::fsync(directory.get());
+    }
+    const std::string held = readFile(fromUtf8(target));
+    keepOld()(path, held, [&] { old.writeOver(held, bytes); });
 }
 
 void replacePrivateFile(TextView path, std::string_view bytes) {
-    replaceFile(path, bytes);
-    const std::string name = toUtf8(path);
-    if (::chmod(name.c_str(), S_IRUSR | S_IWUSR) != 0)
-        fail(name);
+    const std::string target = finalTarget(toUtf8(path));
+    UnfinishedFile file(target, S_IRUSR | S_IWUSR);
+    if (!putInPlace(file, bytes, target))
+        fail(target);
+}
+
+void checkWritable(TextView path) {
+    const std::string target = finalTarget(toUtf8(path));
+    if (OldFile(target).isThere())
+        return;
+    const Descriptor file(::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode));
+    if (!file.isOpen() || ::unlink(target.c_str()) != 0)
+        fail(target);
+}
+
+void setKeepOld(KeepOld keep) {
+    keepOld() = std::move(keep);
 }
 
 void removeFile(TextView path) {

@@ -4,6 +4,7 @@
 #include "base/code_page.h"
 #include "base/text.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,14 +34,31 @@ std::string readFile(TextView path);
 
 // Replaces the file atomically: writes a temporary file in the same folder, flushes it to the disk and
 // renames it over the target. After a crash or on a full disk the file holds the old bytes or the new ones.
-// Follows a symbolic link, refuses a file that is not writable, keeps the permissions. A process killed
+// Follows a symbolic link, also one whose target does not exist yet, refuses a file that is not writable,
+// keeps owner, group and permissions. A file that cannot be replaced, that has several hard links, or whose
+// owner, group or permissions would change, is overwritten in place; see setKeepOld. A process killed
 // meanwhile leaves nothing behind if the file system supports files without a name; otherwise it leaves a
 // temporary file, which the next replacement removes (see unfinished_file.h). Throws Failure with the
 // system's message and leaves the old file unchanged.
 void replaceFile(TextView path, std::string_view bytes);
 
-// The same for a file in a private folder; only its owner may read the result.
+// The same for a file of the program in a private folder: only its owner may read it, from the first byte on.
+// Never overwrites in place.
 void replacePrivateFile(TextView path, std::string_view bytes);
+
+// Throws Failure with the system's message if replaceFile cannot write a file of this name: the folder does
+// not exist or is not writable, the name is too long or names a folder. Leaves no file behind.
+void checkWritable(TextView path);
+
+// Called when a file has to be overwritten in place, with its path, its bytes and the function that
+// overwrites it. Stores the bytes safely, then calls `write`. Throws Failure without calling it if they
+// cannot be stored.
+using KeepOld =
+    std::function<void(TextView path, std::string_view bytes, const std::function<void()>& write)>;
+
+// Sets the handler for the whole program; call it while no other thread replaces files. Without a handler,
+// replaceFile refuses to overwrite in place.
+void setKeepOld(KeepOld keep);
 
 // Deletes the file; a missing file is no error. Throws Failure with the system's message.
 void removeFile(TextView path);

@@ -1,6 +1,7 @@
 #include "base/unfinished_file.h"
 
-#include <algorithm>
+#include "base/file_name.h"
+
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -27,13 +28,9 @@ std::string folderOf(const std::string& path) {
 std::string nameBeside(const std::string& target, int n) {
     const std::string addition = std::string(ending) + (n == 1 ? "" : std::to_string(n));
     const std::size_t nameAt = target.rfind('/') + 1;
-    std::size_t length = std::min(target.size() - nameAt, std::size_t{NAME_MAX} - addition.size());
-    const auto continuesLetter = [&](std::size_t at) {
-        return (static_cast<unsigned char>(target[at]) & 0xC0U) == 0x80U;
-    };
-    while (nameAt + length < target.size() && length > 0 && continuesLetter(nameAt + length))
-        --length;
-    return target.substr(0, nameAt + length) + addition;
+    const std::string_view name = std::string_view(target).substr(nameAt);
+    return target.substr(0, nameAt) + std::string(wholeLetters(name, longestFileName - addition.size())) +
+           addition;
 }
 
 // The name without this ending and the number after it; empty if it does not have this ending.

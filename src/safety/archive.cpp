@@ -1,6 +1,7 @@
 #include "safety/archive.h"
 
 #include "base/carry_on.h"
+#include "base/file_name.h"
 #include "base/files.h"
 
 #include <algorithm>
@@ -17,11 +18,12 @@ namespace safety {
 
 namespace {
 
-constexpr std::array<std::pair<Reason, std::string_view>, 8> reasonNames{
+constexpr std::array<std::pair<Reason, std::string_view>, 9> reasonNames{
     {{Reason::Exit, "exit"},
      {Reason::Replaced, "replaced"},
      {Reason::SaveFailed, "save failed"},
      {Reason::Overwritten, "overwritten"},
+     {Reason::InPlace, "written over"},
      {Reason::Structure, "structure"},
      {Reason::Marks, "bookmarks"},
      {Reason::Changed, "changed elsewhere"},
@@ -50,15 +52,11 @@ std::optional<std::int64_t> timeOf(const std::string& text) {
     return std::mktime(&parts);
 }
 
-// The document's name, cut to fit into a version's file name, at a character boundary.
+// The document's name, shortened to fit into a version's file name.
 std::string shortened(base::TextView document) {
     std::string name = base::toUtf8(document);
     std::replace(name.begin(), name.end(), '/', '_');
-    std::size_t length = std::min(name.size(), longestName);
-    while (length > 0 && length < name.size() && (static_cast<unsigned char>(name[length]) & 0xC0U) == 0x80U)
-        --length;
-    name.resize(length);
-    return name;
+    return base::shortenedName(name, longestName);
 }
 
 std::optional<Version> versionOf(const std::filesystem::directory_entry& entry) {
@@ -115,10 +113,10 @@ void Archive::setLimits(int days, int megabytes) {
     limits_.size = static_cast<std::uint64_t>(megabytes) * 1'000'000;
 }
 
-void Archive::keep(base::TextView document, std::string_view bytes, base::TextView extension, Reason reason,
-                   std::int64_t now) {
+base::Text Archive::keep(base::TextView document, std::string_view bytes, base::TextView extension,
+                         Reason reason, std::int64_t now) {
     if (holds(document, bytes))
-        return;
+        return {};
     base::createPrivateFolder(folder_);
     const auto* const name = std::find_if(reasonNames.begin(), reasonNames.end(),
                                           [&](const auto& each) { return each.first == reason; });
@@ -130,6 +128,7 @@ void Archive::keep(base::TextView document, std::string_view bytes, base::TextVi
         path = base::fromUtf8(start + " " + std::to_string(n) + end);
     base::replacePrivateFile(path, bytes);
     prune(now);
+    return path;
 }
 
 void Archive::prune(std::int64_t now) {

@@ -15,6 +15,7 @@ enum class Reason {
     Replaced,    // replaced by a new or another document
     SaveFailed,  // could not be written to its file
     Overwritten, // changed by another program since it was read, then overwritten
+    InPlace,     // had to be overwritten in place
     Structure,   // contains what the editor cannot keep, and was overwritten
     Marks,       // bookmarks replaced by fewer
     Changed,     // the changed file of unsaved work that was restored after a crash
@@ -50,10 +51,11 @@ public:
 
     // Archives these bytes as a version of the document at `now`, in seconds since 1970, unless the archive
     // already holds the same bytes for this document. Then deletes versions beyond the limits, oldest first,
-    // except the newest one of each document. Throws base::Failure and changes nothing if the version cannot
-    // be written.
-    void keep(base::TextView document, std::string_view bytes, base::TextView extension, Reason reason,
-              std::int64_t now);
+    // except the newest one of each document. Returns the path of the new version, empty if
+    // the archive held the bytes already. Throws base::Failure and changes nothing if the version cannot be
+    // written.
+    base::Text keep(base::TextView document, std::string_view bytes, base::TextView extension, Reason reason,
+                    std::int64_t now);
 
     // All versions, newest first; other files in the folder are skipped.
     std::vector<Version> versions() const;

@@ -27,6 +27,8 @@ lang::English words(Reason reason) {
         return u"Could not be saved"_en;
     case Reason::Overwritten:
         return u"Changed by another program, then overwritten"_en;
+    case Reason::InPlace:
+        return u"Kept while its file was written over"_en;
     case Reason::Structure:
         return u"Holds what the editor cannot keep"_en;
     case Reason::Marks:

@@ -105,6 +105,22 @@ TEST_F(SafetyTest, DiscardedText_IsArchived) {
     EXPECT_EQ(archived().size(), 3U) << "the exit does not ask about a hidden editor";
 }
 
+TEST_F(SafetyTest, FileWrittenInPlace_IsArchived_SettingsOnlyUntilWritten) {
+    const std::filesystem::path folder = desktop->folder.path();
+    type(u"mine");
+    desktop->dialogPort.choices = {desktop->folder.text("c.rtf")};
+    document().save();
+    std::filesystem::create_hard_link(folder / "c.rtf", folder / "d.rtf");
+    std::filesystem::create_hard_link(folder / "Files/Quillmere.ini", folder / "Files/b.ini");
+    type(u"more");
+    document().save();
+    EXPECT_NE(desktop->folder.read("d.rtf").find("more"), std::string::npos);
+    EXPECT_EQ(archived(), (Names{"c.rtf: written over].rtf"}));
+    workstation().form1().Unload();
+    EXPECT_EQ(std::filesystem::hard_link_count(folder / "Files/Quillmere.ini"), 2U);
+    EXPECT_EQ(archived().size(), 1U);
+}
+
 TEST_F(SafetyTest, FailedSave_IsArchivedAndReported_AlthoughTheFlagIsCleared) {
     type(u"x");
     desktop->folder.write("gone/a.rtf", "");

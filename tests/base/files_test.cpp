@@ -35,6 +35,51 @@ TEST_F(FilesTest, Replace_KeepsPermissionsAndLinks_AndLeavesNoTemporaryFile) {
     EXPECT_EQ(fileCount(), 3);
 }
 
+TEST_F(FilesTest, Replace_WithHardLinks_OverwritesInPlace_WhileTheOldBytesAreKept) {
+    for (const std::string bytes : {"a longer text", "x"}) {
+        folder.write("a", "old text");
+        fs::create_hard_link(folder.path() / "a", folder.path() / "b");
+        EXPECT_THROW(base::replaceFile(folder.text("a"), bytes), base::Failure) << "no handler";
+        base::setKeepOld([&](base::TextView path, std::string_view held, const auto& write) {
+            EXPECT_EQ(path, folder.text("a"));
+            EXPECT_EQ(held, folder.read("b"));
+            EXPECT_EQ(held, "old text");
+            write();
+        });
+        base::replaceFile(folder.text("a"), bytes);
+        base::setKeepOld({});
+        EXPECT_EQ(folder.read("b"), bytes);
+        fs::remove(folder.path() / "b");
+    }
+}
+
+TEST_F(FilesTest, Replace_FollowsADanglingLink) {
+    fs::create_directory(folder.path() / "sub");
+    fs::create_symlink("sub/next", folder.path() / "link");
+    fs::create_symlink("real", folder.path() / "sub/next");
+    base::replaceFile(folder.text("link"), "new");
+    EXPECT_EQ(folder.read("sub/real"), "new");
+    base::replacePrivateFile(folder.text("sub/real"), "private");
+    EXPECT_EQ(fs::status(folder.path() / "sub/real").permissions(), fs::perms(0600));
+}
+
+TEST_F(FilesTest, CheckWritable_ReportsTheReason_AndLeavesNoFile) {
+    folder.write("file", "x");
+    for (const auto& [name, reason] : {std::pair<std::string, std::string>{"file", ""},
+                                       {"new", ""},
+                                       {"", "Is a directory"},
+                                       {"file/x", "Not a directory"},
+                                       {"none/x", "No such file"},
+                                       {std::string(256, 'x'), "name too long"}}) {
+        std::string told;
+        base::carryOn([&, n = name] { base::checkWritable(folder.text(n)); },
+                      [&](const char* words) { told = words; });
+        EXPECT_THAT(told, testing::HasSubstr(reason)) << name;
+        EXPECT_EQ(told.empty(), reason.empty()) << told;
+    }
+    EXPECT_EQ(fileCount(), 1);
+}
+
 TEST_F(FilesTest, Replace_WithTheLongestNames_LeavesNoTemporaryFile) {
     // With 251 bytes the suffix of the temporary file still fits, with 255 it does not.
     for (const std::string& name : {std::string(251, 'a'), std::string(255, 'b')}) {
