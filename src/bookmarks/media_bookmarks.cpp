@@ -1,6 +1,7 @@
 #include "bookmarks/media_bookmarks.h"
 
 #include "base/carry_on.h"
+#include "base/file_name.h"
 #include "bookmarks/bookmark_line.h"
 #include "bookmarks/sorted_list.h"
 
@@ -9,12 +10,21 @@
 
 namespace bookmarks {
 
+namespace {
+
+constexpr base::TextView extension = u".bm";
+
+} // namespace
+
 MediaBookmarks::MediaBookmarks(BookmarkTable& table, Form3& form3, const player::Form1& form1,
                                const base::TextFiles& files)
     : table_(table), form3_(form3), form1_(form1), files_(files) {}
 
 base::Text MediaBookmarks::fileOf(base::TextView mediaPath) const {
-    return form1_.folder.bookmarks(base::Text(base::afterLast(mediaPath, base::pathSeparator)) + u".bm");
+    const std::string name = base::toUtf8(base::afterLast(mediaPath, base::pathSeparator));
+    return form1_.folder.bookmarks(
+        base::fromUtf8(base::shortenedName(name, base::longestFileName - extension.size())) +
+        base::Text(extension));
 }
 
 void MediaBookmarks::SalvaBookMark() {

@@ -12,7 +12,8 @@
 namespace bookmarks {
 
 // Loads and saves the bookmarks of one media file. The file is named after the media's file name only, so
-// media of the same name share it. Disk errors are ignored silently and leave the old file.
+// media of the same name share it; a name that is too long is shortened. Disk errors are ignored silently and
+// leave the old file.
 class MediaBookmarks {
 public:
     MediaBookmarks(BookmarkTable& table, Form3& form3, const player::Form1& form1,

@@ -56,6 +56,19 @@ protected:
     bookmarks::Form3& window = *desktop.form3;
 };
 
+TEST_F(BookmarksTest, FilesWithTheLongestNames_AreFoundAgain_AndStayApart) {
+    const std::string start(250, 'x');
+    for (const std::string& name : {start + "a", start + "aa", start + ".mp3", start + ".wav"}) {
+        for (const std::size_t count : {0U, 1U}) {
+            openMedia(name);
+            EXPECT_EQ(shown().size(), count) << name;
+            add(7, u"mark");
+        }
+        openMedia("other.mp3");
+    }
+    EXPECT_FALSE(desktop.folder.read("Bookmarks/" + start + "aa.bm").empty()) << "255 bytes are allowed";
+}
+
 TEST_F(BookmarksTest, Files_WithAnyContents_AreReadCorrectedAndWritten) {
     const std::string a = line("00:00:09", "Intro");
     const std::string old = "12:30  Old               12:30\r\n";
