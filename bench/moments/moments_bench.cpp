@@ -101,7 +101,7 @@ int main() {
     printBytes("Memory of a record, of a letter typed", (heapBytes() - beforeTyped - ofWords) / keys,
                recordGoal);
 
-    // All words give way to others at once.
+    // All words are replaced at once.
     const double beforeAll = heapBytes();
     fill(moments);
     moments.record();

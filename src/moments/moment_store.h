@@ -10,7 +10,7 @@
 
 namespace moments {
 
-// A stretch of letters that share a moment.
+// Letters in a row that share a moment.
 struct Run {
     std::uint32_t length = 0; // UTF-16 units
     std::uint32_t moment = 0; // number of the moment; 0: none
