@@ -79,6 +79,8 @@ struct Draft {
     std::vector<Text> speakers;
     std::vector<Segment> segments; // in the order of the file
     std::vector<Remark> remarks;   // what was odd, each fault once
+    bool hasParagraphs = false;    // the file has paragraphs of its own: pauses begin none
+    bool exact = false;            // it was exported by this program: blanks and words without times stay so
 
     // The index of a speaker, who is added at the first mention; noSpeaker for an empty name.
     std::int32_t speaker(TextView name);

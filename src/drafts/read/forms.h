@@ -6,11 +6,15 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace drafts {
 
 // Is told what share of the file has been read, 0 to 1; answers false to give up.
 using Progress = std::function<bool(double share)>;
+
+// Stands in the JSON that this program exports: what is read from it is exactly what was written.
+inline constexpr std::string_view exactMember = "quillmere_transcript";
 
 Draft readSubRip(TextView text);
 Draft readWebVtt(TextView text);

@@ -31,6 +31,7 @@ enum class Member : std::uint8_t {
     To,
     TurnNext,
     NewParagraph,
+    Exact,
 };
 
 Member memberOf(std::string_view name) {
@@ -54,6 +55,7 @@ Member memberOf(std::string_view name) {
         {"to", Member::To},
         {"speaker_turn_next", Member::TurnNext},
         {"paragraph", Member::NewParagraph},
+        {exactMember, Member::Exact},
     };
     const auto* const row = std::find_if(std::begin(members), std::end(members),
                                          [&](const auto& pair) { return pair.first == name; });
@@ -89,6 +91,8 @@ public:
         return true;
     }
     bool Bool(bool value) {
+        if (value && inside() == In::Root && member_ == Member::Exact)
+            lists_.exact = true;
         if (value && inside() == In::Item && member_ == Member::NewParagraph)
             item_.newParagraph = true;
         if (value && inside() == In::Item && member_ == Member::TurnNext)
@@ -298,7 +302,7 @@ Draft readJson(const std::string& json, const Progress& progress) {
         return readStampedHtml(base::fromUtf8(lists.text));
     if (noLists)
         throw Damage(Fault::UnknownJson, 1);
-    if (!handler.hasFractions())
+    if (!handler.hasFractions() && !lists.exact)
         scaleMilliseconds(lists);
     addItems(lists, draft);
     return draft;

@@ -144,7 +144,7 @@ void cutAtSpeakers(Segment segment, const std::vector<JsonPart>& parts, Draft& d
 
 void add(JsonItem& item, bool joinedToLast, Draft& draft) {
     Segment segment;
-    segment.text = collapsed(item.text);
+    segment.text = draft.exact ? item.text : collapsed(item.text);
     segment.speaker = item.speaker;
     segment.startMs = whole(item.startMs);
     segment.endMs = item.endMs < 0 ? noTime : whole(std::max(item.startMs, item.endMs));
@@ -195,6 +195,7 @@ void takeSpeakers(const std::vector<JsonItem>& from, std::vector<JsonItem>& to) 
 } // namespace
 
 void addItems(JsonLists& lists, Draft& draft) {
+    draft.exact = draft.hasParagraphs = lists.exact;
     std::vector<JsonItem>& words =
         lists[ListKind::Words].empty() ? lists[ListKind::WordSegments] : lists[ListKind::Words];
     std::vector<JsonItem> items;

@@ -32,7 +32,8 @@ struct JsonItem : JsonPart {
 
 struct JsonLists {
     std::array<std::vector<JsonItem>, listKinds> lists;
-    std::string text; // of the outermost object, UTF-8
+    std::string text;   // of the outermost object, UTF-8
+    bool exact = false; // the file was exported by this program
 
     std::vector<JsonItem>& operator[](ListKind kind) { return lists[static_cast<std::size_t>(kind)]; }
 };

@@ -118,6 +118,7 @@ void StampedPieces::flush() {
         unit_ = draft_.segments.size();
         unitBegun_ = true;
     }
+    draft_.hasParagraphs = true;
     draft_.segments.push_back(std::move(segment));
 }
 
