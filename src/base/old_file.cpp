@@ -1,7 +1,7 @@
 #include "base/old_file.h"
 
-#include "base/carry_on.h"
 #include "base/descriptor.h"
+#include "base/failure.h"
 
 #include <cerrno>
 #include <optional>

@@ -1,4 +1,5 @@
 #include "base/binary_file.h"
+#include "base/carry_on.h"
 #include "base/failure.h"
 #include "base/files.h"
 #include "base/unfinished_file.h"
