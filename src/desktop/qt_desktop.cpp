@@ -9,11 +9,31 @@ namespace desktop {
 
 namespace {
 
-constexpr int quietAfter = 1500; // ms after the first window
+constexpr int quietAfter = 1500;        // ms after the first window
+constexpr int editorPaintedAfter = 200; // ms at most, even if the player is not seen
 
 std::string modulePath(const platform::System& system, std::string_view name) {
     return base::toUtf8(system.programFolder()) + "/Modules/" + std::string(name) + ".so";
 }
+
+// Runs something once, right after the first paint of a window.
+class FirstPaint : public QObject {
+public:
+    FirstPaint(QWidget& window, std::function<void()> then) : QObject(&window), then_(std::move(then)) {
+        window.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            watched->removeEventFilter(this);
+            QMetaObject::invokeMethod(this, then_, Qt::QueuedConnection);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void()> then_;
+};
 
 } // namespace
 
@@ -99,6 +119,11 @@ void QtDesktop::closeWindows() {
 }
 
 void QtDesktop::prepareInIdleTime() {
+    // The editor opens before the player, but the player is what the user waits for: it is painted first.
+    form2_->setUpdatesEnabled(false);
+    const auto paintEditor = [this] { form2_->setUpdatesEnabled(true); };
+    new FirstPaint(*form1_, paintEditor);
+    QTimer::singleShot(editorPaintedAfter, form2_.get(), paintEditor);
     QTimer::singleShot(quietAfter, form1_.get(), [this] {
         player_.prepare();
         form1_->completeIcon();

@@ -1,6 +1,7 @@
 #include "desktop/views/control_views.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/views/hover_pointer.h"
 #include "desktop/views/pictures.h"
 
 #include <QMouseEvent>
@@ -132,6 +133,7 @@ QString pathThatFits(const QString& path, const QFont& font, QSize space) {
 ControlView::ControlView(controls::Control& control, QWidget* parent) : QWidget(parent), control_(control) {
     setObjectName(qstring(control.name));
     setMouseTracking(true);
+    new HoverPointer(control, *this);
     control.observe([this] { follow(); });
     ControlView::follow();
 }
@@ -144,21 +146,6 @@ void ControlView::follow() {
     setAttribute(Qt::WA_TransparentForMouseEvents, !control_.enabled);
     if (const QString tip = qstring(control_.toolTip); tip != toolTip())
         setToolTip(tip);
-    if (pointerIcon_ != control_.pointerIcon.get()) {
-        pointerIcon_ = control_.pointerIcon;
-        loadPointerFor(devicePixelRatioF());
-    }
-}
-
-void ControlView::loadPointerFor(double density) {
-    pointerDensity_ = density;
-    setCursor(loadPointer(pointerIcon_, density));
-}
-
-void ControlView::enterEvent(QEnterEvent* event) {
-    QWidget::enterEvent(event);
-    if (!pointerIcon_.empty() && pointerDensity_ != devicePixelRatioF())
-        loadPointerFor(devicePixelRatioF());
 }
 
 void ControlView::mousePressEvent(QMouseEvent* event) {

@@ -19,18 +19,13 @@ protected:
     virtual void follow();
     // If false, mouse events pass to the window below, as for a disabled control.
     virtual bool takesMouse() const { return control_.enabled; }
-    void enterEvent(QEnterEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
-    void loadPointerFor(double density);
-
     controls::Control& control_;
-    base::Text pointerIcon_;
-    double pointerDensity_ = 0; // device pixel ratio that the pointer was loaded for
 };
 
 // A picture, stretched to the control's size.

@@ -7,6 +7,7 @@
 #include "desktop/views/menus.h"
 #include "desktop/views/pictures.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -140,6 +141,14 @@ void FormWindow::followIcon() {
     if (shownIcon_ == form_.icon.get())
         return;
     shownIcon_ = form_.icon;
+    // Nearly all windows have the same icon: the first one of them reads it.
+    for (const QWidget* const other : QApplication::topLevelWidgets()) {
+        const auto* const window = dynamic_cast<const FormWindow*>(other);
+        if (window && window != this && window->shownIcon_ == shownIcon_) {
+            setWindowIcon(window->windowIcon());
+            return;
+        }
+    }
     setWindowIcon(loadIcon(shownIcon_, largestIconAtStart));
 }
 

@@ -3,7 +3,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/key_codes.h"
 #include "desktop/qt/keyboard_order.h"
-#include "desktop/views/pictures.h"
+#include "desktop/views/hover_pointer.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -47,12 +47,9 @@ void followControl(const controls::Control& control, QWidget& view) {
 template <typename View, typename Data, typename Follow>
 void tie(View& view, Data& control, Follow follow) {
     view.setObjectName(qstring(control.name));
-    auto takeOver = [&view, &control, follow, pointer = base::Text()]() mutable {
+    new HoverPointer(control, view);
+    const auto takeOver = [&view, &control, follow] {
         followControl(control, view);
-        if (pointer != control.pointerIcon.get()) {
-            pointer = control.pointerIcon;
-            view.setCursor(loadPointer(pointer, view.devicePixelRatioF()));
-        }
         follow();
     };
     takeOver();
@@ -245,10 +242,9 @@ QLineEdit* addView(controls::TextBox& box, QWidget& parent) {
 
 QComboBox* addView(controls::ComboBox& box, QWidget& parent) {
     auto* const view = new ComboView(&parent);
-    view->setEditable(box.editable);
     view->setInsertPolicy(QComboBox::NoInsert);
     if (box.editable) {
-        view->setLineEdit(new DropLine(box));
+        view->setLineEdit(new DropLine(box)); // which makes it editable
         view->setCompleter(nullptr);
     }
     const auto items = std::make_shared<QStringList>();
