@@ -80,7 +80,8 @@ start_display() {
 # Waits for a window with this title, activates it and stores its id in $window.
 use_window() {  # TITLE [SECONDS]
   wait_until "${2:-10}" 'window=$(xdotool search --onlyvisible --limit 1 --name "^'"$1"'$" 2>/dev/null)' || return 1
-  timeout 5 xdotool windowactivate --sync "$window" 2>/dev/null
+  # A dialog that has just closed may change the focus once more, and xdotool would wait in vain: try twice.
+  timeout 2 xdotool windowactivate --sync "$window" 2>/dev/null || timeout 3 xdotool windowactivate --sync "$window" 2>/dev/null
 }
 
 running() {
