@@ -42,11 +42,6 @@ bool isUnspaced(char16_t unit) {
     return isIn(scripts, unit);
 }
 
-bool standsAlone(char16_t unit) {
-    static constexpr Range signs[] = {{0x3040, 0x30FF}, {0x3400, 0x9FFF}, {0xF900, 0xFAFF}};
-    return isIn(signs, unit);
-}
-
 base::TextView stripped(base::TextView text) {
     while (!text.empty() && isBlank(text.front()))
         text.remove_prefix(1);

@@ -19,9 +19,6 @@ bool isLetter(char16_t unit);
 // Letters of the scripts that write no blanks between words, with their punctuation.
 bool isUnspaced(char16_t unit);
 
-// Letters that are words by themselves.
-bool standsAlone(char16_t unit);
-
 // The text without blanks at either end.
 base::TextView stripped(base::TextView text);
 

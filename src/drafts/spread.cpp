@@ -1,6 +1,6 @@
 #include "drafts/spread.h"
 
-#include "drafts/letters.h"
+#include "moments/word_units.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -25,16 +25,10 @@ Ms between(const Point& first, const Point& last, std::uint32_t at) {
 
 std::vector<Word> wordsOf(TextView text) {
     std::vector<Word> words;
-    std::uint32_t at = 0;
-    const auto size = static_cast<std::uint32_t>(text.size());
-    while (at < size) {
-        const std::uint32_t begin = at++;
-        if (isBlank(text[begin]))
-            continue;
-        while (at < size && !isBlank(text[at]) && !standsAlone(text[at]))
-            ++at;
-        words.push_back({begin, at - begin, noTime, noTime, noConfidence});
-    }
+    moments::forEachWord(text, [&](std::size_t begin, TextView word) {
+        words.push_back({static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(word.size()), noTime,
+                         noTime, noConfidence});
+    });
     return words;
 }
 
