@@ -4,7 +4,15 @@
 #include "base/files.h"
 #include "recorder/wav_header.h"
 
+#include <chrono>
+
 namespace recorder {
+
+namespace {
+
+constexpr std::chrono::milliseconds pauseBetweenFlushes{500};
+
+} // namespace
 
 void WavWriter::begin(base::TextView fileName) {
     close();
@@ -15,7 +23,9 @@ void WavWriter::begin(base::TextView fileName) {
     base::carryOn([&] { base::removeFile(fileName); });
     base::carryOn([&] {
         file_ = std::make_unique<base::BinaryFile>(fileName);
-        flusher_ = std::make_unique<DiskFlusher>(*file_);
+        // If the disk is full or gone, the error is ignored; the next run tries again.
+        flusher_ = std::make_unique<base::WakeThread>(
+            [&file = *file_] { base::carryOn([&] { file.sync(); }); }, pauseBetweenFlushes);
     });
     position_ = headerSize + 1;
     headerWritten_ = false;

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/binary_file.h"
+#include "base/wake_thread.h"
 #include "platform/wave_input.h"
-#include "recorder/disk_flusher.h"
 
 #include <cstdint>
 #include <memory>
@@ -41,7 +41,7 @@ private:
     void write(std::int64_t position, std::string_view bytes);
 
     std::unique_ptr<base::BinaryFile> file_;
-    std::unique_ptr<DiskFlusher> flusher_; // must end before file_ does
+    std::unique_ptr<base::WakeThread> flusher_; // must end before file_ does
     platform::WaveFormat format_;
     base::Text failure_;
     std::int32_t dimBuffer_ = 0;

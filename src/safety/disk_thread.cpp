@@ -4,34 +4,28 @@
 
 namespace safety {
 
-DiskThread::DiskThread() : thread_([this](const std::stop_token& stop) { run(stop); }) {}
-
-DiskThread::~DiskThread() {
-    drain();
-}
+DiskThread::DiskThread() : thread_([this] { workOff(); }) {}
 
 void DiskThread::post(std::function<void()> work) {
-    const std::lock_guard lock(mutex_);
-    posted_.push_back(std::move(work));
-    changed_.notify_all();
+    {
+        const std::lock_guard lock(mutex_);
+        posted_.push_back(std::move(work));
+    }
+    thread_.wake();
 }
 
 void DiskThread::drain() {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return posted_.empty() && !busy_; });
+    thread_.drain();
 }
 
-void DiskThread::run(const std::stop_token& stop) {
+void DiskThread::workOff() {
     std::unique_lock lock(mutex_);
-    while (changed_.wait(lock, stop, [this] { return !posted_.empty(); })) {
+    while (!posted_.empty()) {
         const std::function<void()> work = std::move(posted_.front());
         posted_.pop_front();
-        busy_ = true;
         lock.unlock();
         work();
         lock.lock();
-        busy_ = false;
-        changed_.notify_all();
     }
 }
 

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "base/wake_thread.h"
 #include "platform/worker.h"
 
-#include <condition_variable>
 #include <deque>
+#include <functional>
 #include <mutex>
-#include <stop_token>
-#include <thread>
 
 namespace safety {
 
@@ -15,19 +14,16 @@ namespace safety {
 class DiskThread : public platform::Worker {
 public:
     DiskThread();
-    ~DiskThread() override;
 
     void post(std::function<void()> work) override;
     void drain() override;
 
 private:
-    void run(const std::stop_token& stop);
+    void workOff();
 
     std::mutex mutex_;
-    std::condition_variable_any changed_;
     std::deque<std::function<void()>> posted_;
-    bool busy_ = false;
-    std::jthread thread_; // last, so that it ends before the members that it uses
+    base::WakeThread thread_; // last, so that it ends before the members that it uses
 };
 
 } // namespace safety
