@@ -73,7 +73,7 @@ TEST(DraftTurns, AreCutBySpeakersAndPauses_WithATimeForEachWord) {
         {R"({"words": [{"word": "a", "start": 1, "end": 1.5}, {"word": "b", "start": 3, "end": 3.5}]})",
          "a@1000-1500|b@3000-3500"},
         {R"([{"start": 0, "end": 1, "text": "日本"}, {"start": 1, "end": 2, "text": "語。"}])",
-         "日@0-500本@500-1000語。@1000-2000"},
+         "日@0-500本@500-1000語@1000-1500。@1500-2000"},
         {"[00:01] one\ntwo\n\n[00:09] Bob: three", "one@1000-5000|two@5000-9000|Bob: three@9000-9350"},
     };
     for (const auto& [bytes, expected] : rows)
