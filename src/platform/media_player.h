@@ -76,6 +76,13 @@ public:
     // The size of the video; exists() is false for audio files and while it is unknown.
     virtual PictureSize pictureSize() const = 0;
 
+    // Called when the file could not be opened or played, with the system's words.
+    std::function<void(const base::Text& reason)> Failed = [](const base::Text&) {};
+    // Called when the sound output is gone and the file plays silently, with the sound system's words if it
+    // gave any. The player opens an output again by itself once there is one, and then calls SoundBack.
+    std::function<void(const base::Text& reason)> SoundLost = [](const base::Text&) {};
+    std::function<void()> SoundBack = [] {};
+
     // Called when the picture's size changes or the picture disappears. Empty by default.
     std::function<void()> PictureChanged;
 };

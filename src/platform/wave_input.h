@@ -69,6 +69,11 @@ public:
 
     // The device has filled this buffer completely. Called once per buffer, in queue order.
     std::function<void(WaveBuffer&)> BufferDone;
+
+    // A device that ran has gone, in the system's words. It is opened again by itself once it is back, and
+    // then runs on; all calls are taken meanwhile.
+    std::function<void(const base::Text& reason)> DeviceLost = [](const base::Text&) {};
+    std::function<void()> DeviceBack = [] {};
 };
 
 } // namespace platform

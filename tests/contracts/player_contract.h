@@ -84,6 +84,8 @@ TEST_P(PlayerContract, WithoutMedia_NothingHappens) {
 }
 
 TEST_P(PlayerContract, UnplayableFile_EndsInStopped_EachTime_AndTheNextFilePlays) {
+    int failures = 0;
+    player.Failed = [&](const base::Text& reason) { failures += reason.empty() ? 0 : 1; };
     player.setURL(bench->unplayable());
     for (int i = 0; i < 2; ++i) {
         EXPECT_EQ(player.playState(), PlayState::Transitioning);
@@ -91,6 +93,7 @@ TEST_P(PlayerContract, UnplayableFile_EndsInStopped_EachTime_AndTheNextFilePlays
         player.setCurrentPosition(2);
         EXPECT_EQ(player.playState(), PlayState::Stopped);
         expectNothingThere();
+        EXPECT_EQ(failures, i + 1);
         player.play();
     }
     start();

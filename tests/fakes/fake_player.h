@@ -8,6 +8,7 @@
 #include <cmath>
 #include <limits>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -107,9 +108,11 @@ private:
         media_ = true;
         run_ = platform::PlayState::Playing;
         since_ = ready_ = loop_.now() + loadingTime;
+        failure_->start(loadingTime);
     }
     void forget() {
         media_ = false;
+        failure_->stop();
         run_ = platform::PlayState::Stopped;
         position_ = 0;
         if (std::exchange(picture, {}).exists() && PictureChanged)
@@ -138,6 +141,10 @@ private:
     }
 
     VirtualLoop& loop_;
+    std::unique_ptr<platform::Alarm> failure_ = loop_.alarm([this] {
+        if (length() == 0)
+            Failed(u"unknown format");
+    });
     base::Text url_;
     bool media_ = false;
     platform::PlayState run_ = platform::PlayState::Stopped; // state after loading

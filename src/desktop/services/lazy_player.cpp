@@ -1,7 +1,5 @@
 #include "desktop/services/lazy_player.h"
 
-#include <QLoggingCategory>
-
 namespace desktop {
 
 void LazyPlayer::prepare() {
@@ -29,14 +27,13 @@ void LazyPlayer::start() {
     if (const auto make = entry<Make>("quillmere_media_player"))
         engine_.reset(make());
     failed_ = !engine_;
-    if (failed_) {
-        const std::string& failure = reading_.get().failure();
-        qCritical("The media player could not be loaded: %s",
-                  failure.empty() ? "the engine did not start" : failure.c_str());
+    if (failed_)
         return;
-    }
     engine_->setRate(rate_);
     engine_->setVolume(volume_);
+    engine_->Failed = [this](const base::Text& reason) { Failed(reason); };
+    engine_->SoundLost = [this](const base::Text& reason) { SoundLost(reason); };
+    engine_->SoundBack = [this] { SoundBack(); };
     engine_->PictureChanged = [this] {
         if (PictureChanged)
             PictureChanged();
@@ -51,6 +48,10 @@ void LazyPlayer::setURL(base::TextView path) {
         start();
     if (engine_)
         engine_->setURL(path);
+    else if (failed_ && !path.empty()) {
+        const std::string& failure = reading_.get().failure();
+        Failed(base::fromUtf8(failure.empty() ? "the engine did not start" : failure));
+    }
 }
 
 base::Text LazyPlayer::URL() const {

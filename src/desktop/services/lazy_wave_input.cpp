@@ -31,6 +31,8 @@ void LazyWaveInput::load() {
             if (BufferDone)
                 BufferDone(buffer);
         };
+        engine_->DeviceLost = [this](const base::Text& reason) { DeviceLost(reason); };
+        engine_->DeviceBack = [this] { DeviceBack(); };
     }
 }
 

@@ -15,9 +15,10 @@ namespace desktop {
 namespace {
 
 // What a reply belongs to; the bits above hold the generation.
-enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End, Picture };
+enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End, Picture, Output };
 constexpr int kindBits = 4;
 constexpr std::uint64_t kindMask = (1U << kindBits) - 1;
+constexpr std::string_view noOutput = "null";
 
 std::int64_t entryNumber(const mpv_node& result) {
     if (result.format != MPV_FORMAT_NODE_MAP)
@@ -36,7 +37,8 @@ bool readFlag(mpv_handle* handle, const char* name) {
 
 } // namespace
 
-MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner) : owner_(owner) {
+MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner)
+    : owner_(owner), isSilent_(options.audioOutput == noOutput) {
     // The toolkit has set the user's locale; mpv refuses to start where the decimal separator is a comma.
     std::setlocale(LC_NUMERIC, "C");
     handle_ = mpv_create();
@@ -50,6 +52,9 @@ MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner) : owner_(
         mpv_terminate_destroy(handle_);
         throw;
     }
+    // What the outputs say when they fail.
+    mpv_request_log_messages(handle_, "error");
+    mpv_observe_property(handle_, Output, "current-ao", MPV_FORMAT_STRING);
     mpv_set_wakeup_callback(
         handle_,
         [](void* self) {
@@ -157,6 +162,11 @@ void MpvEngine::sendVolume() {
         volume_.finish();
 }
 
+void MpvEngine::renewOutput() {
+    std::array<const char*, 2> command{"ao-reload", nullptr};
+    mpv_command_async(handle_, Output, command.data());
+}
+
 void MpvEngine::showPicturesIn(std::uint64_t window) {
     auto id = static_cast<std::int64_t>(window);
     mpv_set_property(handle_, "wid", MPV_FORMAT_INT64, &id);
@@ -219,7 +229,7 @@ void MpvEngine::handle(const mpv_event& event) {
         // a new engine.
         if (const auto& end = *static_cast<const mpv_event_end_file*>(event.data);
             end.reason != MPV_END_FILE_REASON_QUIT)
-            handleEnd(end.playlist_entry_id);
+            handleEnd(end.playlist_entry_id, end.error);
         break;
     case MPV_EVENT_FILE_LOADED:
         if (open_)
@@ -235,8 +245,13 @@ void MpvEngine::handle(const mpv_event& event) {
         open_ = false;
         owner_.engineEnded();
         break;
+    case MPV_EVENT_LOG_MESSAGE:
+        handleMessage(event);
+        break;
     case MPV_EVENT_PROPERTY_CHANGE:
-        if (event.reply_userdata >> kindBits == generation_)
+        if (event.reply_userdata == Output)
+            handleOutput(*static_cast<const mpv_event_property*>(event.data));
+        else if (event.reply_userdata >> kindBits == generation_)
             handleProperty(*static_cast<const mpv_event_property*>(event.data),
                            event.reply_userdata & kindMask);
         break;
@@ -250,7 +265,7 @@ void MpvEngine::handleReply(const mpv_event& event) {
     if (event.event_id == MPV_EVENT_SET_PROPERTY_REPLY)
         handleSettingReply(kind);
     else if (event.reply_userdata >> kindBits != generation_)
-        return;
+        return; // also the answer to a look for an output
     else if (kind == Load)
         handleLoadReply(event);
     else if (kind == Seek && event.error < 0)
@@ -260,7 +275,7 @@ void MpvEngine::handleReply(const mpv_event& event) {
 void MpvEngine::handleLoadReply(const mpv_event& event) {
     entry_ = entryNumber(static_cast<const mpv_event_command*>(event.data)->result);
     if (event.error < 0)
-        owner_.fileLost();
+        owner_.fileLost(mpv_error_string(event.error));
 }
 
 void MpvEngine::handleSettingReply(std::uint64_t kind) {
@@ -291,11 +306,11 @@ void MpvEngine::handleStart(std::int64_t entry) {
     sendPause();
 }
 
-void MpvEngine::handleEnd(std::int64_t entry) {
+void MpvEngine::handleEnd(std::int64_t entry, int error) {
     if (entry != entry_ || entry_ == 0)
         return;
     leaveFile();
-    owner_.fileLost();
+    owner_.fileLost(mpv_error_string(error < 0 ? error : MPV_ERROR_NOTHING_TO_PLAY));
 }
 
 void MpvEngine::handleRestart() {
@@ -334,6 +349,24 @@ void MpvEngine::handlePicture() {
         mpv_get_property(handle_, "dheight", MPV_FORMAT_INT64, &height) < 0)
         width = height = 0;
     owner_.pictureKnown(static_cast<int>(width), static_cast<int>(height));
+}
+
+void MpvEngine::handleMessage(const mpv_event& event) {
+    const auto& message = *static_cast<const mpv_event_log_message*>(event.data);
+    if (!std::string_view(message.prefix).starts_with("ao/"))
+        return;
+    outputFailure_ = message.text;
+    outputFailure_.erase(outputFailure_.find_last_not_of("\r\n .") + 1);
+}
+
+// If no output can be opened, mpv falls back to its null output.
+void MpvEngine::handleOutput(const mpv_event_property& property) {
+    if (isSilent_ || property.format != MPV_FORMAT_STRING)
+        return;
+    const bool exists = *static_cast<const char* const*>(property.data) != noOutput;
+    owner_.outputKnown(exists, outputFailure_);
+    if (exists)
+        outputFailure_.clear();
 }
 
 // mpv pauses by itself at the end. If the program has seeked back in the meantime, that pause is lifted

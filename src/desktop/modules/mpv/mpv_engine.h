@@ -21,8 +21,8 @@ namespace desktop {
 class MpvEngineOwner {
 public:
     virtual void fileLoaded() = 0;
-    // The file could not be played, or the engine has closed it.
-    virtual void fileLost() = 0;
+    // The file could not be played, or the engine has closed it; `reason` is mpv's.
+    virtual void fileLost(const std::string& reason) = 0;
     // Sound is ready at the requested position, after a load or a seek. It does not play while the engine is
     // paused.
     virtual void soundReady() = 0;
@@ -33,6 +33,9 @@ public:
     virtual void durationKnown(double seconds) = 0;
     // In pixels, corrected for the aspect ratio.
     virtual void pictureKnown(int width, int height) = 0;
+    // Whether there is a sound output; without one the file plays silently. `reason` is the sound system's,
+    // empty if it gave none.
+    virtual void outputKnown(bool exists, const std::string& reason) = 0;
     // The engine has ended by itself: it takes no more commands and reports nothing more.
     virtual void engineEnded() = 0;
 
@@ -63,6 +66,8 @@ public:
     void setPause(bool paused);
     void setSpeed(double factor);
     void setVolume(double percent);
+    // Tries to open a sound output again.
+    void renewOutput();
     // Shows the video of the files loaded from now on in this X window. Without a window, only their sound
     // plays.
     void showPicturesIn(std::uint64_t window);
@@ -81,10 +86,12 @@ private:
     void handleLoadReply(const mpv_event& event);
     void handleSettingReply(std::uint64_t kind);
     void handlePicture();
+    void handleOutput(const mpv_event_property& property);
+    void handleMessage(const mpv_event& event);
     void tellDuration();
     void handleProperty(const mpv_event_property& property, std::uint64_t kind);
     void handleStart(std::int64_t entry);
-    void handleEnd(std::int64_t entry);
+    void handleEnd(std::int64_t entry, int error);
     void handleRestart();
     void leaveFile();
     void sendSeek(double seconds);
@@ -102,8 +109,10 @@ private:
 
     // Counts loads and unloads. Requests for a file carry it, so that late replies are recognised.
     std::uint64_t generation_ = 0;
-    std::int64_t entry_ = 0; // mpv's playlist entry id of the newest file, 0 while unknown
-    bool open_ = false;      // mpv has started the newest file
+    std::int64_t entry_ = 0;    // mpv's playlist entry id of the newest file, 0 while unknown
+    bool open_ = false;         // mpv has started the newest file
+    std::string outputFailure_; // the sound system's last error message
+    const bool isSilent_;       // mpv's null output was asked for
 
     MpvSetting<int> pause_{0};
     MpvSetting<double> speed_{1.0};

@@ -4,8 +4,11 @@
 #include "base/numbers.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstring>
 #include <filesystem>
+#include <unistd.h>
 
 namespace desktop {
 
@@ -22,6 +25,9 @@ constexpr double earlyReading = 0.5;
 // Delay before the length of a new file is measured, so that the start of playback has the disk to itself.
 constexpr int quietAfter = 1000; // ms
 
+constexpr int firstLook = 1000;   // ms until a lost output is tried again
+constexpr int rarestLook = 30000; // ms
+
 // A leading "/" keeps mpv from interpreting a protocol or placeholder in the name.
 std::string absolutePath(const base::Text& path) {
     std::error_code ignored;
@@ -37,6 +43,9 @@ MpvPlayer::MpvPlayer(const MpvOptions& options)
     quietMoment_.setSingleShot(true);
     quietMoment_.setInterval(quietAfter);
     QObject::connect(&quietMoment_, &QTimer::timeout, &loop_, [this] { measureLength(); });
+    outputLook_.setSingleShot(true);
+    outputLook_.setInterval(firstLook);
+    QObject::connect(&outputLook_, &QTimer::timeout, &loop_, [this] { renewOutput(); });
 }
 
 void MpvPlayer::setURL(base::TextView path) {
@@ -97,6 +106,8 @@ void MpvPlayer::play() {
     run_ = Run::Playing;
     held_ = false;
     applyPause();
+    if (!hasOutput_)
+        renewOutput();
 }
 
 bool MpvPlayer::atEnd() const {
@@ -214,8 +225,38 @@ void MpvPlayer::fileLoaded() {
     applyPause();
 }
 
-void MpvPlayer::fileLost() {
+void MpvPlayer::fileLost(const std::string& reason) {
     forget(Media::Lost);
+    tellLost(reason);
+}
+
+// The system knows better than the engine why a file cannot be opened.
+void MpvPlayer::tellLost(const std::string& reason) {
+    const bool readable = ::access(file_.c_str(), R_OK) == 0;
+    Failed(base::fromUtf8(readable ? reason : std::strerror(errno)));
+}
+
+void MpvPlayer::outputKnown(bool exists, const std::string& reason) {
+    if (!exists)
+        outputLook_.start();
+    if (exists == hasOutput_)
+        return;
+    hasOutput_ = exists;
+    if (exists) {
+        outputLook_.stop();
+        outputLook_.setInterval(firstLook);
+        SoundBack();
+    } else {
+        SoundLost(base::fromUtf8(reason));
+    }
+}
+
+// An output that hides for long is looked for less often: each look asks every sound system.
+void MpvPlayer::renewOutput() {
+    if (hasOutput_ || !hasMedia())
+        return;
+    engine_->renewOutput();
+    outputLook_.start(std::min(2 * outputLook_.interval(), rarestLook));
 }
 
 void MpvPlayer::soundReady() {
@@ -266,8 +307,8 @@ void MpvPlayer::engineEnded() {
 void MpvPlayer::renewEngine() {
     try {
         engine_ = std::make_unique<MpvEngine>(options_, static_cast<MpvEngineOwner&>(*this));
-    } catch (const base::Failure&) {
-        return forget(Media::Lost);
+    } catch (const base::Failure& failure) {
+        return fileLost(failure.what());
     }
     engine_->setSpeed(rate_);
     engine_->setVolume(volume_);
@@ -277,7 +318,7 @@ void MpvPlayer::renewEngine() {
         return;
     // A file that ends a new engine again is given up.
     if (!playedSinceRenewal_)
-        return forget(Media::Lost);
+        return fileLost("the engine ended");
     playedSinceRenewal_ = false;
     media_ = Media::Opening;
     held_ = run_ == Run::Paused;

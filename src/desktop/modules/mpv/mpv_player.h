@@ -47,12 +47,13 @@ private:
     enum class Run { Playing, Paused, Stopped };
 
     void fileLoaded() override;
-    void fileLost() override;
+    void fileLost(const std::string& reason) override;
     void soundReady() override;
     void pauseCarriedOut() override;
     void endReached() override;
     void durationKnown(double seconds) override;
     void pictureKnown(int width, int height) override;
+    void outputKnown(bool exists, const std::string& reason) override;
     void engineEnded() override;
 
     bool hasMedia() const { return media_ != Media::None && media_ != Media::Lost; }
@@ -66,6 +67,8 @@ private:
     void load();
     void renewEngine();
     void measureLength();
+    void tellLost(const std::string& reason);
+    void renewOutput();
 
     MpvOptions options_;
     base::Text url_;
@@ -83,7 +86,9 @@ private:
     // `held_` is false.
     mutable double place_ = 0;
     bool held_ = true;
+    bool hasOutput_ = true;
     std::unique_ptr<MpvEngine> engine_;
+    QTimer outputLook_;  // delay until a lost output is tried again
     QTimer quietMoment_; // delay until the length is measured
     std::unique_ptr<MpvLength> length_;
     QObject loop_; // context of posted calls, which are dropped with it

@@ -24,6 +24,12 @@ bool hasDefaultDevice() {
     return snd_config_update() >= 0 && snd_config_search(snd_config, "pcm.default", &found) >= 0;
 }
 
+std::string wordsFor(PaError error) {
+    const PaHostErrorInfo* const host =
+        error == paUnanticipatedHostError ? Pa_GetLastHostErrorInfo() : nullptr;
+    return host && host->errorText && *host->errorText ? host->errorText : Pa_GetErrorText(error);
+}
+
 } // namespace
 
 bool SoundStore::put(const char* bytes, std::size_t count) {
@@ -108,23 +114,19 @@ std::string PortAudioDevice::unavailableText() {
 void PortAudioDevice::fail(int error) {
     stream_ = nullptr;
     error_ = error;
-    errorText_ = Pa_GetErrorText(error);
-    if (error != paUnanticipatedHostError)
-        return;
-    if (const PaHostErrorInfo* const host = Pa_GetLastHostErrorInfo();
-        host && host->errorText && *host->errorText)
-        errorText_ = host->errorText;
+    errorText_ = wordsFor(error);
 }
 
-PortAudioDevice::Reading::Reading(const PortAudioDevice& device, std::function<void()> whenArrived)
+PortAudioDevice::Reading::Reading(const PortAudioDevice& device, std::function<void()> whenArrived,
+                                  std::function<void(const std::string&)> whenLost)
     : stream(device.stream_), chunk(device.chunkFrames_ * device.frameSize_), store(device.storeSize_),
-      arrived(std::move(whenArrived)), overflows(device.overflows_) {}
+      arrived(std::move(whenArrived)), lost(std::move(whenLost)), overflows(device.overflows_) {}
 
-void PortAudioDevice::start(std::function<void()> arrived) {
+void PortAudioDevice::start(std::function<void()> arrived, std::function<void(const std::string&)> lost) {
     stop();
     if (!stream_)
         return;
-    reading_ = std::make_shared<Reading>(*this, std::move(arrived));
+    reading_ = std::make_shared<Reading>(*this, std::move(arrived), std::move(lost));
     reader_ = std::thread([reading = reading_, frames = chunkFrames_] { read(*reading, frames); });
 }
 
@@ -147,24 +149,28 @@ std::size_t PortAudioDevice::take(std::uint8_t* bytes, std::size_t most) {
 
 void PortAudioDevice::read(Reading& reading, std::size_t frames) {
     // A sound system that hangs when a stream starts blocks this thread only.
-    bool runs = Pa_StartStream(reading.stream) == paNoError;
-    while (runs) {
+    PaError result = Pa_StartStream(reading.stream);
+    bool wanted = true;
+    while (result == paNoError && wanted) {
         // Pa_ReadStream would wait forever for a suspended source, and nobody could stop it.
         const signed long available = Pa_GetStreamReadAvailable(reading.stream);
         if (available >= 0 && available < static_cast<signed long>(frames)) {
-            if (reading.store.isClosedWithin(betweenLooks))
-                break;
+            wanted = !reading.store.isClosedWithin(betweenLooks);
             continue;
         }
-        const PaError result = Pa_ReadStream(reading.stream, reading.chunk.data(), frames);
-        if (result == paInputOverflowed)
+        result = Pa_ReadStream(reading.stream, reading.chunk.data(), frames);
+        if (result == paInputOverflowed) {
             ++*reading.overflows;
-        else if (result != paNoError)
-            break; // the device is gone: no more sound arrives, which is all that is reported
-        runs = reading.store.put(reading.chunk.data(), reading.chunk.size());
-        if (runs)
+            result = paNoError;
+        }
+        if (result != paNoError)
+            break;
+        wanted = reading.store.put(reading.chunk.data(), reading.chunk.size());
+        if (wanted)
             reading.arrived();
     }
+    if (result != paNoError)
+        reading.lost(wordsFor(result));
     Pa_AbortStream(reading.stream);
     reading.ended.set_value();
 }

@@ -62,8 +62,9 @@ public:
     static int unavailable();
     static std::string unavailableText();
 
-    // Calls `arrived` on the reading thread whenever new sound can be taken.
-    void start(std::function<void()> arrived);
+    // Calls, on the reading thread, `arrived` whenever new sound can be taken, and `lost` with the sound
+    // system's words when the device is gone and no more sound comes.
+    void start(std::function<void()> arrived, std::function<void(const std::string&)> lost);
     // Discards sound not taken yet. A device that does not stop within a second is abandoned and delivers no
     // more sound.
     void stop();
@@ -75,12 +76,14 @@ public:
 private:
     // State of the reading thread. It outlives the device if the sound system never answers.
     struct Reading {
-        Reading(const PortAudioDevice& device, std::function<void()> arrived);
+        Reading(const PortAudioDevice& device, std::function<void()> arrived,
+                std::function<void(const std::string&)> lost);
 
         void* stream;
         std::vector<char> chunk;
         SoundStore store;
         std::function<void()> arrived;
+        std::function<void(const std::string&)> lost;
         std::shared_ptr<std::atomic_int> overflows;
         std::promise<void> ended;
     };

@@ -19,6 +19,7 @@ constexpr int unprepared = 34;
 
 constexpr std::chrono::milliseconds shortWait(500); // wait for a device; not noticeable
 constexpr std::chrono::seconds patience(5);         // after this the device counts as unavailable
+constexpr std::chrono::seconds betweenLooks(1);     // between two tries to open a lost device again
 
 } // namespace
 
@@ -26,6 +27,9 @@ PortAudioInput::PortAudioInput() {
     givesUp_.setSingleShot(true);
     givesUp_.setInterval(patience);
     connect(&givesUp_, &QTimer::timeout, this, [this] { answer(nullptr); });
+    comesBack_.setSingleShot(true);
+    comesBack_.setInterval(betweenLooks);
+    connect(&comesBack_, &QTimer::timeout, this, [this] { openAgain(); });
 }
 
 PortAudioInput::~PortAudioInput() {
@@ -34,6 +38,7 @@ PortAudioInput::~PortAudioInput() {
 
 void PortAudioInput::open(const platform::WaveFormat& format, std::function<void(Result)> opened) {
     close();
+    format_ = format;
     opened_ = std::move(opened);
     const auto opening = opening_ = std::make_shared<Opening>();
     opening->asker = this;
@@ -85,8 +90,49 @@ void PortAudioInput::answer(std::unique_ptr<PortAudioDevice> device) {
         errorText_ = base::fromUtf8(device_ ? device_->errorText() : PortAudioDevice::unavailableText());
         device_.reset();
     }
-    if (const auto opened = std::exchange(opened_, nullptr))
+    if (std::exchange(open_, failed == 0 || open_)) {
+        if (failed != 0)
+            return comesBack_.start();
+        if (running_)
+            run();
+        DeviceBack();
+    } else if (const auto opened = std::exchange(opened_, nullptr)) {
         opened(failed);
+    }
+}
+
+// What the device gave before it went is fetched first.
+void PortAudioInput::lost() {
+    gone_ = false;
+    ++runs_;
+    device_.reset();
+    comesBack_.start();
+    DeviceLost(base::fromUtf8(goneReason_));
+}
+
+// A sound system that hangs is waited for as long as it takes: nobody waits for the answer.
+void PortAudioInput::openAgain() {
+    const auto opening = opening_ = std::make_shared<Opening>();
+    opening->asker = this;
+    std::thread([opening, format = format_] { openDevice(opening, format); }).detach();
+}
+
+void PortAudioInput::run() {
+    ++runs_;
+    gone_ = false;
+    device_->start([this] { schedule(); },
+                   [this, run = runs_](const std::string& reason) {
+                       QMetaObject::invokeMethod(
+                           this,
+                           [this, run, reason] {
+                               if (run != runs_)
+                                   return;
+                               gone_ = true;
+                               goneReason_ = reason;
+                               schedule();
+                           },
+                           Qt::QueuedConnection);
+                   });
 }
 
 void PortAudioInput::forgetOpening() {
@@ -100,20 +146,23 @@ void PortAudioInput::forgetOpening() {
 
 void PortAudioInput::close() {
     forgetOpening();
+    comesBack_.stop();
     opened_ = nullptr;
+    open_ = running_ = gone_ = false;
+    ++runs_;
     device_.reset();
     queue_.clear();
 }
 
 PortAudioInput::Result PortAudioInput::prepareHeader(WaveBuffer& buffer) {
-    if (!device_)
+    if (!open_)
         return invalidHandle;
     buffer.dwFlags |= WaveBuffer::WHDR_PREPARED;
     return 0;
 }
 
 PortAudioInput::Result PortAudioInput::unprepareHeader(WaveBuffer& buffer) {
-    if (!device_)
+    if (!open_)
         return invalidHandle;
     if ((buffer.dwFlags & WaveBuffer::WHDR_INQUEUE) != 0)
         return stillPlaying;
@@ -122,7 +171,7 @@ PortAudioInput::Result PortAudioInput::unprepareHeader(WaveBuffer& buffer) {
 }
 
 PortAudioInput::Result PortAudioInput::addBuffer(WaveBuffer& buffer) {
-    if (!device_)
+    if (!open_)
         return invalidHandle;
     if ((buffer.dwFlags & WaveBuffer::WHDR_PREPARED) == 0)
         return unprepared;
@@ -136,23 +185,28 @@ PortAudioInput::Result PortAudioInput::addBuffer(WaveBuffer& buffer) {
 }
 
 PortAudioInput::Result PortAudioInput::start() {
-    if (!device_)
+    if (!open_)
         return invalidHandle;
-    device_->start([this] { schedule(); });
+    running_ = true;
+    if (device_)
+        run();
     return 0;
 }
 
 PortAudioInput::Result PortAudioInput::stop() {
-    if (!device_)
+    if (!open_)
         return invalidHandle;
-    device_->stop();
+    running_ = gone_ = false;
+    ++runs_;
+    if (device_)
+        device_->stop();
     if (!queue_.empty() && queue_.front()->dwBytesRecorded > 0)
         done(*queue_.front());
     return 0;
 }
 
 PortAudioInput::Result PortAudioInput::reset() {
-    if (!device_)
+    if (!open_)
         return invalidHandle;
     stop();
     while (!queue_.empty())
@@ -178,8 +232,11 @@ void PortAudioInput::fill() {
         const std::size_t space = buffer.lpData.size() - buffer.dwBytesRecorded;
         const std::size_t taken = device_->take(buffer.lpData.data() + buffer.dwBytesRecorded, space);
         buffer.dwBytesRecorded += static_cast<std::uint32_t>(taken);
-        if (taken < space)
+        if (taken < space) {
+            if (gone_)
+                lost();
             return;
+        }
         done(buffer);
         if (BufferDone)
             BufferDone(buffer);

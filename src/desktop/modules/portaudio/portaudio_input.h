@@ -52,6 +52,11 @@ private:
     // Abandons the device that is being opened.
     void forgetOpening();
 
+    // Starts the device; what a device before it still reports is ignored.
+    void run();
+    void lost();
+    void openAgain();
+
     // Schedules one fill() for all sound that arrives until it runs. Called from any thread.
     void schedule();
     void fill();
@@ -61,6 +66,13 @@ private:
     std::shared_ptr<Opening> opening_;        // null unless a device is being opened
     std::function<void(Result)> opened_;      // callback of the pending open()
     QTimer givesUp_;
+    platform::WaveFormat format_;
+    bool open_ = false;    // the caller has a device, be it one that will come back
+    bool running_ = false; // and wants its sound
+    int runs_ = 0;         // starts and stops, to tell one run from the next
+    bool gone_ = false;    // the device has gone; what it gave before is fetched first
+    std::string goneReason_;
+    QTimer comesBack_; // until a device that has gone is looked for
     std::deque<platform::WaveBuffer*> queue_;
     std::atomic_bool scheduled_ = false;
     base::Text errorText_;
