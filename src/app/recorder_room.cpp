@@ -3,9 +3,10 @@
 namespace app {
 
 RecorderRoom::RecorderRoom(Desktop& desktop, player::Form1& form1, player::Settings& settings,
-                           const base::TextFiles& files, const base::ProgramFolder& folder)
+                           const lang::Words& words, const base::TextFiles& files,
+                           const base::ProgramFolder& folder)
     : desktop_(desktop), settings_(settings), journal_(files, folder.files(u"Recordings.ini")),
-      cutOff_(desktop.eventLoop(), desktop.dialogs(), journal_, form1.Lingua),
+      cutOff_(desktop.eventLoop(), desktop.dialogs(), journal_, form1.Lingua, words),
       form_(desktop.eventLoop(), form1.Lingua, folder),
       engine_(desktop.waveInput(), desktop.dialogs(), journal_),
       window_(form_, form1, engine_, desktop.dialogs(), settings) {

@@ -12,7 +12,7 @@ namespace app {
 // The recorder with its window, and the repair of recordings that a crash cut off.
 class RecorderRoom {
 public:
-    RecorderRoom(Desktop& desktop, player::Form1& form1, player::Settings& settings,
+    RecorderRoom(Desktop& desktop, player::Form1& form1, player::Settings& settings, const lang::Words& words,
                  const base::TextFiles& files, const base::ProgramFolder& folder);
 
     // True if `path` is the one in the recorder's box, whether it records or not. Loads the recorder's
@@ -24,6 +24,7 @@ public:
     void close();
 
     recorder::FrmAudioRec& form() { return form_; }
+    recorder::WaveIn& engine() { return engine_; }
     recorder::CutOffRecordings& cutOff() { return cutOff_; }
 
 private:

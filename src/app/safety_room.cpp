@@ -2,6 +2,8 @@
 
 #include "base/carry_on.h"
 #include "base/numbers.h"
+#include "rtf/read/reader.h"
+#include "rtf/read/structure.h"
 
 #include <ctime>
 
@@ -14,8 +16,6 @@ namespace {
 constexpr int marksPeriod = 400;     // ms; bookmarks change without an event, so they are polled
 constexpr int survivedAfter = 10000; // ms without a crash after which a text counts as harmless
 constexpr int mostTries = 2;         // attempts to restore a text that crashes the program
-constexpr base::TextView textExtension = u"rtf";
-constexpr base::TextView marksExtension = u"bm";
 
 std::int64_t now() {
     return std::time(nullptr);
@@ -32,23 +32,24 @@ std::uint32_t checkOf(const std::string& bytes) {
     return bytes.empty() ? 0 : safety::checksum(bytes);
 }
 
-bool hasTable(const std::string& source) {
-    return source.find("\\trowd") != std::string::npos;
+// Any program opens the version by its name, whatever the document is called.
+base::TextView extensionFor(std::string_view bytes, safety::Reason reason) {
+    return reason == safety::Reason::Marks ? u"bm" : rtf::isRtf(bytes) ? u"rtf" : u"txt";
 }
 
 } // namespace
 
 SafetyRoom::SafetyRoom(Desktop& desktop, const player::Form1& form1, EditorRoom& editor,
-                       BookmarkRoom& bookmarks, const base::TextFiles& files)
+                       BookmarkRoom& bookmarks, const base::TextFiles& files, safety::Notices& notices)
     : form1_(form1), editor_(editor), bookmarks_(bookmarks), files_(files), disk_(desktop.disk()),
-      archive_(form1.folder.files(u"Safety/Archive")),
+      notices_(notices), archive_(form1.folder.files(u"Safety/Archive")),
       journal_(desktop.eventLoop(), disk_, *this, form1.folder.files(u"Safety/Journal")),
       marksWatch_(desktop.eventLoop()), survived_(desktop.eventLoop()) {
     base::setKeepOld([this](base::TextView path, std::string_view bytes, const auto& write) {
         keepWhileWritten(path, bytes, write);
     });
     journal_.Failed = [this](const base::Text& reason) {
-        Tell(u"Unsaved work cannot be kept safe: %1"_en, reason);
+        tell(u"Unsaved work cannot be kept safe: %1"_en, reason);
     };
     marksWatch_.Tick = [this] {
         if (safety::Marks held = marks(); held != lastMarks_) {
@@ -79,30 +80,25 @@ void SafetyRoom::start() {
     const safety::Work work = safety::replay(safety::JournalFile::read(folder(u"Journal")));
     bringBack(work);
     watch();
+    archive_.prune(now());
+}
+
+void SafetyRoom::tell(lang::English sentence, const base::Text& detail) {
+    notices_.tell(sentence, {detail}, &editor_.form());
 }
 
 // Called after bringBack, so that the restored text does not count as a change by the user.
 void SafetyRoom::watch() {
     editor::Document& document = editor_.document();
-    document.Settled = [this] { settled(); };
+    document.Settled = [this](editor::Document::Origin origin) { settled(origin); };
     document.Writing = [this](const base::Text& path) { beforeWriting(path); };
     document.Replacing = [this] {
         if (hasUnsavedText())
             keepText(safety::Reason::Replaced);
     };
-    document.SaveFailed = [this](const base::Text& reason) {
-        keepText(safety::Reason::SaveFailed);
-        Tell(u"The document could not be saved and is kept among the earlier versions: %1"_en, reason);
-    };
+    document.SaveFailed = [this](const base::Text& reason) { saveFailed(reason); };
     bookmarks_.media.Replacing = [this](const base::Text& file, std::size_t lines) {
-        base::carryOn([&] {
-            if (files_.readLines(file).size() > lines)
-                keep(base::afterLast(file, base::pathSeparator), base::readFile(file), marksExtension,
-                     safety::Reason::Marks);
-        });
-    };
-    bookmarks_.media.Failed = [this](const base::Text& reason) {
-        Tell(u"The bookmarks could not be saved: %1"_en, reason);
+        marksReplaced(file, lines);
     };
     editor_.form().RTB.Edited = [this] {
         unsaved_ = true;
@@ -115,51 +111,94 @@ bool SafetyRoom::hasUnsavedText() const {
     return unsaved_ && editor_.form().RTB.textLength() > 0;
 }
 
-void SafetyRoom::settled() {
+void SafetyRoom::settled(editor::Document::Origin origin) {
+    using Origin = editor::Document::Origin;
+    const base::Text& path = editor_.document().FileEditor;
     unsaved_ = false;
-    fileCheck_ = checkOf(bytesOf(editor_.document().FileEditor));
+    written_ = origin == Origin::Written;
+    fileCheck_ = checkOf(bytesOf(path));
+    checked_ = origin == Origin::New ? base::Text() : path;
     journal_.changed();
 }
 
-// Another program may have changed the file, or it may contain structure that the editor cannot keep.
+// The file may belong to another text, another program may have changed it, or it may contain structure that
+// the editor cannot keep.
 void SafetyRoom::beforeWriting(const base::Text& path) {
+    using safety::Reason;
     const std::string bytes = bytesOf(path);
     if (bytes.empty())
         return;
-    const base::Text name(base::afterLast(path, base::pathSeparator));
-    if (checkOf(bytes) != fileCheck_)
-        keep(name, bytes, textExtension, safety::Reason::Overwritten);
-    else if (hasTable(bytes))
-        keep(name, bytes, textExtension, safety::Reason::Structure);
+    const bool changed = checkOf(bytes) != fileCheck_;
+    if (path == checked_ && !changed && (written_ || !rtf::losesStructure(bytes)))
+        return;
+    const Reason reason = path != checked_ ? Reason::Replaced
+                          : changed        ? Reason::Overwritten
+                                           : Reason::Structure;
+    keep(base::afterLast(path, base::pathSeparator), bytes, reason);
+}
+
+void SafetyRoom::saveFailed(const base::Text& reason) {
+    if (keepText(safety::Reason::SaveFailed))
+        tell(u"The document could not be saved and is kept among the earlier versions: %1"_en, reason);
+    else
+        tell(u"The document could not be saved: %1"_en, reason);
+}
+
+void SafetyRoom::marksReplaced(const base::Text& file, std::size_t lines) {
+    base::carryOn([&] {
+        if (files_.readLines(file).size() > lines)
+            keep(base::afterLast(file, base::pathSeparator), base::readFile(file), safety::Reason::Marks);
+    });
 }
 
 // Documents and bookmarks stay in the archive; other files, as the settings, only until they are written.
 void SafetyRoom::keepWhileWritten(base::TextView path, std::string_view bytes,
                                   const std::function<void()>& write) {
     const base::TextView name = base::afterLast(path, base::pathSeparator);
-    const bool isMarks = name.ends_with(u".bm");
-    const bool isWork = isMarks || path == editor_.document().FileEditor;
-    const base::TextView extension = isMarks ? marksExtension : textExtension;
-    const base::Text version = archive_.keep(name, bytes, isWork ? extension : base::afterLast(name, u'.'),
-                                             safety::Reason::InPlace, now());
+    const bool isWork = name.ends_with(u".bm") || path == editor_.document().FileEditor;
+    const base::TextView extension = path == editor_.document().FileEditor
+                                         ? extensionFor(bytes, safety::Reason::InPlace)
+                                         : base::afterLast(name, u'.');
+    const base::Text version = archive_.keep(name, bytes, extension, safety::Reason::InPlace, now());
     write();
     if (!version.empty() && !(isWork && keepsArchive()))
         base::carryOn([&] { base::removeFile(version); });
 }
 
-void SafetyRoom::keepText(safety::Reason reason) {
-    keep(documentName(), editor_.form().RTB.source(), textExtension, reason);
+bool SafetyRoom::keepText(safety::Reason reason) {
+    return keep(documentName(), editor_.form().RTB.source(), reason);
 }
 
-void SafetyRoom::keep(base::TextView document, const std::string& bytes, base::TextView extension,
-                      safety::Reason reason) {
-    if (!keepsArchive())
-        return;
+bool SafetyRoom::keep(base::TextView document, const std::string& bytes, safety::Reason reason) {
+    // What nothing else holds is no copy that the user could do without.
+    if (!keepsArchive() && reason != safety::Reason::Crash)
+        return false;
     try {
-        archive_.keep(document, bytes, extension, reason, now());
+        if (!archive_.keep(document, bytes, extensionFor(bytes, reason), reason, now()).empty())
+            tellKept(base::Text(document), reason);
+        return true;
     } catch (const base::Failure& failure) {
-        Tell(u"An earlier version could not be kept: %1"_en, base::fromUtf8(failure.what()));
+        tell(u"An earlier version could not be kept: %1"_en, base::fromUtf8(failure.what()));
+        return false;
     }
+}
+
+// The other reasons have sentences of their own.
+void SafetyRoom::tellKept(const base::Text& document, safety::Reason reason) {
+    using safety::Reason;
+    if (reason == Reason::Replaced)
+        tell(u"What was replaced is kept among the earlier versions: %1"_en, document);
+    else if (reason == Reason::Overwritten)
+        tell(u"Another program had changed this file; what was overwritten is kept among the earlier "
+             "versions: %1"_en,
+             document);
+    else if (reason == Reason::Structure)
+        tell(u"This file held what the editor cannot keep, such as tables; it is kept as it was among the "
+             "earlier versions: %1"_en,
+             document);
+    else if (reason == Reason::Marks)
+        notices_.tell(u"Bookmarks that were dropped are kept among the earlier versions: %1"_en, {document},
+                      &bookmarks_.form());
 }
 
 base::Text SafetyRoom::documentName() const {
@@ -216,31 +255,42 @@ void SafetyRoom::bringBack(const safety::Work& work) {
         bringBackMarks(work.marks);
     if (!work.document.unsaved || work.source.empty())
         return;
-    if (endedTheProgramTwice()) {
-        keep(work.document.title, work.source, textExtension, safety::Reason::Crash);
-        Tell(u"A text that ended the program twice is kept among the earlier versions: %1"_en,
-             work.document.title);
+    if (endedTheProgramTwice())
+        giveUp(work);
+    else
+        bringBackText(work);
+}
+
+// The archive has the text from now on, and the next one begins without its count.
+void SafetyRoom::giveUp(const safety::Work& work) {
+    if (!keep(work.document.title, work.source, safety::Reason::Crash))
         return;
-    }
-    bringBackText(work);
+    tell(u"A text that ended the program twice is kept among the earlier versions: %1"_en,
+         work.document.title);
+    journal_.close();
+    base::carryOn([this] { base::removeFile(folder(u"BringingBack")); });
 }
 
 void SafetyRoom::bringBackText(const safety::Work& work) {
     const std::string file = bytesOf(work.document.path);
     fileCheck_ = work.document.fileCheck;
-    if (!base::carryOn(
-            [&] { editor_.document().restore(work.document.path, work.source, work.document.caret); })) {
-        keep(work.document.title, work.source, textExtension, safety::Reason::Crash);
+    checked_ = work.document.path;
+    try {
+        editor_.document().restore(work.document.path, work.source, work.document.caret);
+    } catch (const base::Failure& failure) {
+        keep(work.document.title, work.source, safety::Reason::Crash);
+        tell(u"Unsaved work could not be brought back and is kept among the earlier versions: %1"_en,
+             base::fromUtf8(failure.what()));
         return;
     }
     unsaved_ = true;
     if (!file.empty() && checkOf(file) != work.document.fileCheck) {
-        keep(work.document.title, file, textExtension, safety::Reason::Changed);
-        Tell(u"Unsaved work was brought back; its file has changed since and is kept among the earlier "
+        keep(base::afterLast(work.document.path, base::pathSeparator), file, safety::Reason::Changed);
+        tell(u"Unsaved work was brought back; its file has changed since and is kept among the earlier "
              "versions: %1"_en,
              work.document.title);
     } else {
-        Tell(u"Unsaved work was brought back: %1"_en, work.document.title);
+        tell(u"Unsaved work was brought back: %1"_en, work.document.title);
     }
     journal_.changed();
 }
@@ -248,8 +298,9 @@ void SafetyRoom::bringBackText(const safety::Work& work) {
 void SafetyRoom::bringBackMarks(const safety::Marks& marks) {
     base::carryOn([&] {
         if (bookmarks_.media.bringBack(marks.recording, marks.lines))
-            Tell(u"Bookmarks were brought back: %1"_en,
-                 base::Text(base::afterLast(marks.recording, base::pathSeparator)));
+            notices_.tell(u"Bookmarks were brought back: %1"_en,
+                          {base::Text(base::afterLast(marks.recording, base::pathSeparator))},
+                          &bookmarks_.form());
     });
 }
 

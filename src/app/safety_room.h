@@ -7,6 +7,7 @@
 #include "lang/words.h"
 #include "safety/archive.h"
 #include "safety/journal.h"
+#include "safety/notices.h"
 
 #include <functional>
 #include <string>
@@ -18,7 +19,7 @@ namespace app {
 class SafetyRoom : private safety::JournalSource {
 public:
     SafetyRoom(Desktop& desktop, const player::Form1& form1, EditorRoom& editor, BookmarkRoom& bookmarks,
-               const base::TextFiles& files);
+               const base::TextFiles& files, safety::Notices& notices);
     SafetyRoom(const SafetyRoom&) = delete;
     SafetyRoom& operator=(const SafetyRoom&) = delete;
     ~SafetyRoom() override;
@@ -33,8 +34,6 @@ public:
     safety::Archive& archive() { return archive_; }
     base::Text archiveFolder() const;
 
-    // Reports one sentence to the user; `detail` replaces its %1.
-    std::function<void(lang::English sentence, const base::Text& detail)> Tell = [](auto, const auto&) {};
     // Returns false if the user has turned the archive off.
     std::function<bool()> keepsArchive = [] { return true; };
 
@@ -49,13 +48,18 @@ private:
     void bringBackText(const safety::Work& work);
     void bringBackMarks(const safety::Marks& marks);
     bool endedTheProgramTwice();
+    void giveUp(const safety::Work& work);
     void beforeWriting(const base::Text& path);
-    void settled();
+    void settled(editor::Document::Origin origin);
     void keepWhileWritten(base::TextView path, std::string_view bytes, const std::function<void()>& write);
+    void saveFailed(const base::Text& reason);
+    void marksReplaced(const base::Text& file, std::size_t lines);
     bool hasUnsavedText() const;
-    void keepText(safety::Reason reason);
-    void keep(base::TextView document, const std::string& bytes, base::TextView extension,
-              safety::Reason reason);
+    bool keepText(safety::Reason reason);
+    // False when it is not kept, as the user wishes or the disk.
+    bool keep(base::TextView document, const std::string& bytes, safety::Reason reason);
+    void tellKept(const base::Text& document, safety::Reason reason);
+    void tell(lang::English sentence, const base::Text& detail);
     base::Text folder(base::TextView name) const;
     base::Text documentName() const;
 
@@ -64,6 +68,7 @@ private:
     BookmarkRoom& bookmarks_;
     const base::TextFiles& files_;
     platform::Worker& disk_;
+    safety::Notices& notices_;
     safety::Archive archive_;
     safety::Journal journal_;
     controls::Timer marksWatch_;
@@ -71,6 +76,8 @@ private:
     safety::Marks lastMarks_;
     bool unsaved_ = false;        // independent of TestoModificato, which some rules change
     std::uint32_t fileCheck_ = 0; // checksum of the document's file when last read or written
+    base::Text checked_;          // path of that file; empty if the editor's text is not the file's
+    bool written_ = false;        // this program wrote the file, so it contains what the editor keeps
 };
 
 } // namespace app

@@ -13,7 +13,7 @@ constexpr double step = 450; // twips between the editor's top left corner and t
 SafetyWindows::SafetyWindows(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
                              Parts parts)
     : form1_(form1), form2_(editor.form()),
-      quietLine_(desktop.eventLoop(), parts.notices, form1.screen,
+      quietLine_(desktop.eventLoop(), parts.notices, parts.words, form1.screen,
                  [this]() -> const controls::Window& {
                      return form2_.visible && !form1_.active ? static_cast<controls::Window&>(form2_)
                                                              : form1_;

@@ -144,7 +144,8 @@ void SettingsFile::Salva() {
     };
     for (base::Text& line : lines)
         line = base::trimmed(line);
-    base::carryOn([&] { files_.writeChangedLines(folder_.files(fileName), lines); });
+    base::carryOn([&] { files_.writeChangedLines(folder_.files(fileName), lines); },
+                  [this](const char* reason) { Failed(base::fromUtf8(reason)); });
 }
 
 } // namespace app

@@ -8,6 +8,8 @@
 #include "player/form1.h"
 #include "player/settings.h"
 
+#include <functional>
+
 namespace app {
 
 // The objects whose state the settings file stores.
@@ -54,6 +56,9 @@ public:
     StartSettings read();
 
     void Salva() override;
+
+    // The file could not be written, for this reason; the rule is silent about it.
+    std::function<void(const base::Text& reason)> Failed = [](const base::Text&) {};
 
 private:
     void readPlayer(base::FieldReader& fields);

@@ -25,7 +25,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       editor_(desktop, form1_, settings_, files, [this] { settingsFile_.Salva(); }),
       findAndPrint_(desktop, editor_.form()), input_(desktop, form1_),
       bookmarks_(desktop, files, form1_, editor_.form(), input_.dialog),
-      recorder_(desktop, form1_, settings_, files, folder),
+      recorder_(desktop, form1_, settings_, words_, files, folder),
       companions_(form1_, recentMedia_, editor_, bookmarks_, recorder_, language, words_),
       settingsFile_(files, folder, {language, form1_, editor_.form(), bookmarks_.form(), settings_}),
       display_(form1_), transport_(form1_, settings_, companions_),
@@ -40,7 +40,9 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       cycle_(form1_, transport_, settings_, companions_),
       inputJobs_(input_.dialog, form1_, settings_, settingsFile_),
       outside_(desktop, form1_, editor_.form(), bookmarks_.form()),
-      safety_(desktop, form1_, editor_, bookmarks_, files), transcriptMenu_(editor_.form(), words_),
+      safety_(desktop, form1_, editor_, bookmarks_, files, notices_),
+      reports_(notices_, {form1_, editor_, bookmarks_, recorder_, settingsFile_, recentMedia_}),
+      transcriptMenu_(editor_.form(), words_),
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
                      {notices_, safety_.archive(), safetyOptions_, words_, files}) {
     wireSafety();
@@ -65,12 +67,8 @@ void Workstation::wireSafety() {
     safetyWindows_.OptionsChanged() = [this] {
         base::carryOn([this] { options_.save(); },
                       [this](const char* reason) {
-                          notices_.tell(
-                              words_(u"The options could not be saved: %1"_en, {base::fromUtf8(reason)}));
+                          notices_.tell(u"The options could not be saved: %1"_en, {base::fromUtf8(reason)});
                       });
-    };
-    safety_.Tell = [this](lang::English sentence, const base::Text& detail) {
-        notices_.tell(words_(sentence, {detail}));
     };
 }
 

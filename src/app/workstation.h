@@ -8,6 +8,7 @@
 #include "app/options_file.h"
 #include "app/outside_room.h"
 #include "app/recorder_room.h"
+#include "app/reports.h"
 #include "app/safety_room.h"
 #include "app/safety_windows.h"
 #include "app/settings_file.h"
@@ -109,6 +110,7 @@ private:
     InputJobs inputJobs_;
     OutsideRoom outside_;
     SafetyRoom safety_;
+    Reports reports_;
     TranscriptMenu transcriptMenu_;
     SafetyWindows safetyWindows_;
     bool ends_ = false;

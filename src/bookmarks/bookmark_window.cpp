@@ -126,6 +126,8 @@ bool BookmarkWindow::addNamed(const base::Text& name) {
     }
     std::fill(table_.BookMark.begin() + 1, table_.BookMark.end(), base::Text());
     copyLines(rowCount(form_.List2));
+    if (const int places = static_cast<int>(BookmarkTable::size); rowCount(form_.List1) > places)
+        Dropped(rowOf(form_.List1, places));
     return true;
 }
 

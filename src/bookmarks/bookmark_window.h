@@ -35,6 +35,9 @@ public:
     // Sets the tool tips of the buttons.
     void applyLanguage();
 
+    // The table has no place for this bookmark, the last one in the order of the list.
+    std::function<void(const base::Text& key)> Dropped = [](const base::Text&) {};
+
 private:
     void Form_Unload();
     bool addNamed(const base::Text& name);

@@ -61,7 +61,8 @@ void RecentFiles::remember(base::TextView path) {
     std::vector<base::Text> lines;
     for (const MenuItem* const item : items_)
         lines.push_back(item->caption);
-    base::carryOn([&] { files_.writeLines(path_, lines); });
+    base::carryOn([&] { files_.writeLines(path_, lines); },
+                  [this](const char* reason) { Failed(base::fromUtf8(reason)); });
 }
 
 } // namespace controls

@@ -4,6 +4,7 @@
 #include "controls/controls.h"
 
 #include <array>
+#include <functional>
 
 namespace controls {
 
@@ -23,6 +24,9 @@ public:
     // Moves a path to the top and writes the file; a write error is ignored silently. An entry that moves
     // down into a free slot becomes visible only at the next update. Settled behaviour.
     void remember(base::TextView path);
+
+    // The file could not be written, for this reason.
+    std::function<void(const base::Text& reason)> Failed = [](const base::Text&) {};
 
 private:
     static bool isFree(const MenuItem& item);

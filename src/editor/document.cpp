@@ -56,7 +56,7 @@ void Document::newDocument() {
     Replacing();
     base::carryOn([&] { NumeroDocumento = base::sumInt16(NumeroDocumento, 1); });
     base::carryOn([&] { form_.RTB.setText(u""); });
-    Settled();
+    Settled(Origin::New);
     form_.caption = form_.Lingua(96) + u" - " + untitledName();
     // The path stays, so the next save overwrites the previous file. Settled behaviour.
     TestoModificato = 0;
@@ -80,7 +80,7 @@ void Document::ApriDocumento(base::TextView path) {
     nowIn(chosen, [&] {
         base::carryOn([&] {
             form_.RTB.LoadFile(chosen);
-            Settled();
+            Settled(Origin::Read);
         });
     });
 }
@@ -100,7 +100,7 @@ void Document::write(const base::Text& path) {
     const bool written = base::carryOn([&] { form_.RTB.SaveFile(path); },
                                        [&](const char* reason) { SaveFailed(base::fromUtf8(reason)); });
     if (written)
-        Settled();
+        Settled(Origin::Written);
 }
 
 void Document::restore(const base::Text& path, std::string_view source, std::int32_t caret) {

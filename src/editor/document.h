@@ -56,8 +56,10 @@ public:
     std::function<void(const base::Text& path)> Writing = [](const base::Text&) {};
     // Writing failed; `reason` is the system's message. The program continues as if it had succeeded.
     std::function<void(const base::Text& reason)> SaveFailed = [](const base::Text&) {};
-    // The text now equals its file, or is a new one.
-    std::function<void()> Settled = [] {};
+    // The text now has no unsaved changes: it is a new one, was read from its file, or was written to it. A
+    // new text keeps the path of the document before it.
+    enum class Origin { New, Read, Written };
+    std::function<void(Origin)> Settled = [](Origin) {};
 
 private:
     void write(const base::Text& path);

@@ -24,7 +24,7 @@ WordList readWordList(base::TextView path) {
     return words;
 }
 
-base::Text filledIn(base::TextView text, std::initializer_list<base::TextView> parts) {
+base::Text filledIn(base::TextView text, std::span<const base::TextView> parts) {
     base::Text filled;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char16_t digit = text[at] == u'%' && at + 1 < text.size() ? text[at + 1] : u'0';
@@ -32,7 +32,7 @@ base::Text filledIn(base::TextView text, std::initializer_list<base::TextView> p
         if (digit < u'1' || digit > u'9' || part >= parts.size()) {
             filled += text[at];
         } else {
-            filled += parts.begin()[part];
+            filled += parts[part];
             ++at;
         }
     }

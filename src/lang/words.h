@@ -9,6 +9,7 @@
 #include <functional>
 #include <initializer_list>
 #include <map>
+#include <span>
 #include <vector>
 
 namespace lang {
@@ -40,7 +41,10 @@ using WordList = std::map<base::Text, base::Text, std::less<>>;
 WordList readWordList(base::TextView path);
 
 // Replaces each "%1" to "%9" in the text by that part; a number without a part stays.
-base::Text filledIn(base::TextView text, std::initializer_list<base::TextView> parts);
+base::Text filledIn(base::TextView text, std::span<const base::TextView> parts);
+inline base::Text filledIn(base::TextView text, std::initializer_list<base::TextView> parts) {
+    return filledIn(text, std::span(parts.begin(), parts.size()));
+}
 
 // Translates into the program's language. A text without a translation stays English.
 class Words {

@@ -3,7 +3,6 @@
 #include "base/binary_file.h"
 #include "base/carry_on.h"
 #include "base/files.h"
-#include "base/numbers.h"
 #include "recorder/wav_header.h"
 #include "recorder/wav_repair.h"
 
@@ -12,6 +11,8 @@
 #include <utility>
 
 namespace recorder {
+
+using lang::operator""_en;
 
 namespace {
 
@@ -24,16 +25,13 @@ platform::WaveFormat usualFormat() {
     return pcmFormat(2, 16, 44100);
 }
 
-base::Text words(const platform::WaveFormat& format) {
-    return base::numberText(format.samplesPerSec) + u" Hz, " + base::numberText(format.bitsPerSample) +
-           u" bits, " + (format.channels == 2 ? u"stereo" : u"mono");
-}
-
 } // namespace
 
 CutOffRecordings::CutOffRecordings(platform::EventLoop& loop, platform::Dialogs& dialogs,
-                                   RecordingJournal& journal, const lang::LanguageTable& language)
-    : dialogs_(dialogs), journal_(journal), Lingua(language), alarm_(loop.alarm([this] { tick(); })) {}
+                                   RecordingJournal& journal, const lang::LanguageTable& language,
+                                   const lang::Words& words)
+    : dialogs_(dialogs), journal_(journal), Lingua(language), words_(words),
+      alarm_(loop.alarm([this] { tick(); })) {}
 
 CutOffRecordings::~CutOffRecordings() {
     stop_ = true;
@@ -156,8 +154,8 @@ void CutOffRecordings::wholeRecording(base::TextView path, Play play) {
 }
 
 void CutOffRecordings::showProgress(base::TextView path) {
-    const base::Text text = u"The recording\r" + base::Text(path) +
-                            u"\rwas cut off before it was finished. A repaired copy is being made.";
+    const base::Text text = words_(
+        u"The recording %1 was cut off before it was finished. A repaired copy is being made."_en, {path});
     progress_ = dialogs_.showProgress(text, base::TogliAmp(Lingua(1)), [this] { giveUp(); });
 }
 
@@ -185,23 +183,14 @@ void CutOffRecordings::carryOut(Repair& repair) {
 }
 
 void CutOffRecordings::tell(const Repairs& repairs) {
-    base::Text text;
     for (const Repair& repair : repairs) {
-        const base::Text begin = (text.empty() ? u"" : u"\r\r") + (u"The recording\r" + repair.path) +
-                                 u"\rwas cut off before it was finished. ";
-        if (repair.made)
-            text += begin + u"A repaired copy was saved as\r" + repair.copy + u"\r(" + words(repair.format) +
-                    (repair.noted ? u")." : u", the usual format: its own is not known).");
-        else if (!repair.failure.empty())
-            text += begin + u"It could not be repaired:\r" + repair.failure;
+        if (repair.made || !repair.failure.empty())
+            Told(repair);
         // The note of a cut-off recording stays as long as its file: the copy may be deleted or renamed, and
         // the next copy needs the format again.
         if (repair.whole)
             base::carryOn([&] { journal_.finished(repair.path); });
     }
-    if (!text.empty())
-        dialogs_.messageBox(text + u"\r\rThe damaged file was left as it is.", base::TogliAmp(Lingua(1)),
-                            platform::BoxStyle::Exclamation);
 }
 
 } // namespace recorder

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lang/language_table.h"
+#include "lang/words.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "recorder/recording_journal.h"
@@ -21,7 +22,7 @@ public:
     using Play = std::function<void(const base::Text& path)>;
 
     CutOffRecordings(platform::EventLoop& loop, platform::Dialogs& dialogs, RecordingJournal& journal,
-                     const lang::LanguageTable& language);
+                     const lang::LanguageTable& language, const lang::Words& words);
     CutOffRecordings(const CutOffRecordings&) = delete;
     CutOffRecordings& operator=(const CutOffRecordings&) = delete;
     ~CutOffRecordings();
@@ -40,7 +41,6 @@ public:
     // meanwhile.
     void wholeRecording(base::TextView path, Play play);
 
-private:
     // One recording and the result of its repair.
     struct Repair {
         base::Text path;
@@ -51,6 +51,11 @@ private:
         base::Text failure{}; // why there is no copy
         bool made = false;    // the copy was made just now
     };
+
+    // A copy was made, or could not be.
+    std::function<void(const Repair&)> Told = [](const Repair&) {};
+
+private:
     using Repairs = std::vector<Repair>;
 
     bool isDamaged(base::TextView path) const;
@@ -70,6 +75,7 @@ private:
     platform::Dialogs& dialogs_;
     RecordingJournal& journal_;
     const lang::LanguageTable& Lingua;
+    const lang::Words& words_;
     std::unique_ptr<platform::Alarm> alarm_;
     std::vector<base::Text> folders_;
     bool searchLeft_ = false; // a search is still to be done

@@ -248,11 +248,13 @@ void RecorderWindow::moveMeters() {
     const auto greatest = static_cast<int>(engine_.ValoreMassimo());
     if (form_.now() - lastMeters_ < metersEvery || greatest == 0)
         return;
-    const auto show = [greatest](controls::Fill& meter, int peak) {
+    const auto show = [this, greatest](controls::Fill& meter, int peak) {
         const int length = peak * static_cast<int>(FrmAudioRec::ScaleWidth) / greatest;
         const double width = length - meterMargin;
         if (width >= 0) // a control rejects negative widths; the bar keeps its last width
             meter.width = width;
+        else if (peak == 0 && engine_.isIdle())
+            meter.width = 0;
     };
     show(form_.picPeakLeft, left);
     show(form_.picPeakRight, right);

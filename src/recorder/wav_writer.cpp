@@ -20,13 +20,16 @@ void WavWriter::begin(base::TextView fileName) {
     withFile_ = !fileName.empty();
     if (!withFile_)
         return;
+    notOpen_.clear();
     base::carryOn([&] { base::removeFile(fileName); });
-    base::carryOn([&] {
-        file_ = std::make_unique<base::BinaryFile>(fileName);
-        // If the disk is full or gone, the error is ignored; the next run tries again.
-        flusher_ = std::make_unique<base::WakeThread>(
-            [&file = *file_] { base::carryOn([&] { file.sync(); }); }, pauseBetweenFlushes);
-    });
+    base::carryOn(
+        [&] {
+            file_ = std::make_unique<base::BinaryFile>(fileName);
+            // If the disk is full or gone, the error is ignored; the next run tries again.
+            flusher_ = std::make_unique<base::WakeThread>(
+                [&file = *file_] { base::carryOn([&] { file.sync(); }); }, pauseBetweenFlushes);
+        },
+        [this](const char* reason) { notOpen_ = reason; });
     position_ = headerSize + 1;
     headerWritten_ = false;
 }
@@ -43,20 +46,21 @@ void WavWriter::ScriviBlocco(std::string_view dati) {
     }
     if (position_ == 0)
         position_ = 1;
-    try {
-        write(position_, dati);
-    } catch (const base::Failure& failure) {
-        failure_ = base::fromUtf8(failure.what());
-    }
+    failure_.clear();
+    base::carryOn([&] { write(position_, dati); },
+                  [this](const char* reason) { failure_ = base::fromUtf8(reason); });
     position_ += dimBuffer_;
 }
 
 void WavWriter::ScriviIntestazione() {
-    base::carryOn([&] {
-        if (!file_)
-            throw base::Failure("no file is open");
-        write(1, wavHeader(format_, file_->length()) + '\0');
-    });
+    failure_.clear();
+    base::carryOn(
+        [&] {
+            if (!file_)
+                throw base::Failure(notOpen_);
+            write(1, wavHeader(format_, file_->length()) + '\0');
+        },
+        [this](const char* reason) { failure_ = base::fromUtf8(reason); });
     headerWritten_ = true;
 }
 
@@ -69,7 +73,7 @@ void WavWriter::close() {
 
 void WavWriter::write(std::int64_t position, std::string_view bytes) {
     if (!file_)
-        throw base::Failure("no file is open");
+        throw base::Failure(notOpen_);
     file_->writeAt(static_cast<std::uint64_t>(position) - 1, bytes);
     flusher_->wake();
 }

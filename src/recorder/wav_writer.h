@@ -6,8 +6,8 @@
 
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
-#include <utility>
 
 namespace recorder {
 
@@ -32,8 +32,8 @@ public:
 
     bool ConFile() const { return withFile_; }
     bool HeaderScritto() const { return headerWritten_; }
-    // The system's message for the last failed block; cleared by this call.
-    base::Text takeFailure() { return std::exchange(failure_, {}); }
+    // The system's message if the last block or the header could not be written, otherwise empty.
+    const base::Text& failure() const { return failure_; }
     // Position in the file; without a file, the number of bytes counted.
     std::int64_t BytesScritti() const { return position_; }
 
@@ -43,6 +43,7 @@ private:
     std::unique_ptr<base::BinaryFile> file_;
     std::unique_ptr<base::WakeThread> flusher_; // must end before file_ does
     platform::WaveFormat format_;
+    std::string notOpen_; // why there is no file
     base::Text failure_;
     std::int32_t dimBuffer_ = 0;
     std::int64_t position_ = 0;

@@ -25,10 +25,21 @@ int IntDaByte(std::uint8_t basso, std::uint8_t alto) {
 } // namespace
 
 WaveIn::WaveIn(platform::WaveInput& device, platform::Dialogs& dialogs, RecordingJournal& journal)
-    : device_(device), dialogs_(dialogs), journal_(journal) {}
+    : device_(device), dialogs_(dialogs), journal_(journal) {
+    device_.DeviceLost = [this](const base::Text& reason) {
+        deviceLost_ = true;
+        DeviceLost(reason);
+    };
+    device_.DeviceBack = [this] {
+        deviceLost_ = false;
+        DeviceBack();
+    };
+}
 
 WaveIn::~WaveIn() {
     device_.BufferDone = nullptr;
+    device_.DeviceLost = [](const base::Text&) {};
+    device_.DeviceBack = [] {};
     FermaCattura();
 }
 
@@ -49,6 +60,8 @@ void WaveIn::AvviaCattura(std::int16_t canali, std::int16_t bit, std::int32_t fr
     capturing_ = true;
     // If the window was closed during a pause, the next recording must not start paused.
     InPausa = false;
+    deviceLost_ = false;
+    diskRefuses_ = false;
     writer_.begin(fileName);
     path_ = fileName;
     Formato = pcmFormat(canali, bit, frequenza);
@@ -112,8 +125,19 @@ void WaveIn::ProcCattura(platform::WaveBuffer& buffer) {
         UltimoBuffer = buffer.dwUser;
     }
     offerAllBuffers();
-    if (base::Text failure = writer_.takeFailure(); !failure.empty())
-        errorText_ = std::move(failure);
+    judgeDisk();
+}
+
+// Told when it begins and when it ends, not with each block.
+void WaveIn::judgeDisk() {
+    const base::Text& failure = writer_.failure();
+    if (diskRefuses_ != failure.empty())
+        return;
+    diskRefuses_ = !diskRefuses_;
+    if (diskRefuses_)
+        DiskRefuses(errorText_ = failure);
+    else
+        DiskTakes();
 }
 
 void WaveIn::offerAllBuffers() {
@@ -130,8 +154,10 @@ void WaveIn::FermaCattura() {
     for (platform::WaveBuffer& buffer : Intestazioni)
         device_.unprepareHeader(buffer);
     device_.close();
-    if (!writer_.HeaderScritto() && writer_.ConFile())
+    if (!writer_.HeaderScritto() && writer_.ConFile()) {
         writer_.ScriviIntestazione();
+        judgeDisk();
+    }
     if (writer_.ConFile()) {
         writer_.close();
         // If the header could not be written, the file must be repaired later, with the format in its note.
@@ -142,6 +168,10 @@ void WaveIn::FermaCattura() {
 }
 
 void WaveIn::LeggiPicchi(int& sinistro, int& destro) {
+    if (isIdle()) {
+        sinistro = destro = 0;
+        return;
+    }
     const auto n =
         static_cast<std::ptrdiff_t>(std::nearbyint(Formato.samplesPerSec / 1000.0 * Formato.blockAlign));
     if (StatoPicco.buffer != UltimoBuffer && !StatoPicco.seenOtherThanFirst)

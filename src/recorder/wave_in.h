@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <functional>
 
 namespace recorder {
 
@@ -38,6 +39,17 @@ public:
     // The largest peak of the format; 0 if it has neither 8 nor 16 bits.
     double ValoreMassimo() const;
 
+    // True while the disk refuses the recording or its device is gone: the peaks are 0.
+    bool isIdle() const { return diskRefuses_ || deviceLost_; }
+
+    // The file cannot be written, with the system's message, and can be written again: the recording lacks
+    // the sound in between.
+    std::function<void(const base::Text& reason)> DiskRefuses = [](const base::Text&) {};
+    std::function<void()> DiskTakes = [] {};
+    // The device is gone, and is back.
+    std::function<void(const base::Text& reason)> DeviceLost = [](const base::Text&) {};
+    std::function<void()> DeviceBack = [] {};
+
     // Message of the last device or write error.
     const base::Text& TestoErrore() const { return errorText_; }
 
@@ -50,6 +62,7 @@ private:
     void opened(platform::WaveInput::Result result);
     void offerAllBuffers();
     void allocateBuffers();
+    void judgeDisk();
 
     platform::WaveInput& device_;
     platform::Dialogs& dialogs_;
@@ -70,6 +83,8 @@ private:
     bool hooked_ = false;
     bool capturing_ = false;
     bool InPausa = false;
+    bool diskRefuses_ = false;
+    bool deviceLost_ = false;
 };
 
 } // namespace recorder

@@ -60,12 +60,14 @@ public:
     // All versions, newest first; other files in the folder are skipped.
     std::vector<Version> versions() const;
 
+    // Deletes the versions that are beyond the limits at `now`, in seconds since 1970.
+    void prune(std::int64_t now);
+
     // Deletes all versions and no other files. Throws base::Failure if one cannot be deleted.
     void removeAll();
 
 private:
     bool holds(base::TextView document, std::string_view bytes) const;
-    void prune(std::int64_t now);
 
     base::Text folder_;
     Limits limits_;

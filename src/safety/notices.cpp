@@ -1,6 +1,6 @@
 #include "safety/notices.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace safety {
 
@@ -10,14 +10,17 @@ constexpr std::int64_t repeatAfter = 60; // seconds
 
 } // namespace
 
-void Notices::tell(base::TextView sentence, const controls::Window* concerned) {
+base::Text Notices::Notice::in(const lang::Words& words) const {
+    return lang::filledIn(words(sentence), std::vector<base::TextView>(parts.begin(), parts.end()));
+}
+
+void Notices::tell(lang::English sentence, std::vector<base::Text> parts, const controls::Window* concerned) {
     const std::int64_t time = now_();
-    const bool isRepeat = std::any_of(notices_.begin(), notices_.end(), [&](const Notice& notice) {
-        return notice.sentence == sentence && time - notice.time < repeatAfter;
+    std::erase_if(notices_, [&](const Notice& notice) {
+        return base::TextView(notice.sentence) == base::TextView(sentence) && notice.parts == parts &&
+               time - notice.time < repeatAfter;
     });
-    if (isRepeat)
-        return;
-    notices_.push_front({time, base::Text(sentence)});
+    notices_.push_front({time, sentence, std::move(parts)});
     if (notices_.size() > most)
         notices_.pop_back();
     Listed();

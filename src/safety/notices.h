@@ -2,10 +2,12 @@
 
 #include "base/text.h"
 #include "controls/controls.h"
+#include "lang/words.h"
 
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <vector>
 
 namespace safety {
 
@@ -17,15 +19,20 @@ public:
 
     struct Notice {
         std::int64_t time = 0; // seconds since 1970, UTC
-        base::Text sentence;
+        lang::English sentence;
+        std::vector<base::Text> parts; // what stands for its %1, %2
+
+        // The sentence in the language of the program.
+        base::Text in(const lang::Words& words) const;
     };
 
     // `now` returns the time in seconds since 1970.
     explicit Notices(std::function<std::int64_t()> now) : now_(std::move(now)) {}
 
-    // Adds one sentence, unless the same one was added within the last minute: a full disk fails every write.
-    // `concerned` is the window that it is about; null for none in particular.
-    void tell(base::TextView sentence, const controls::Window* concerned = nullptr);
+    // Adds one sentence with its parts. The same one within the last minute leaves the list: a full disk
+    // fails every write. `concerned` is the window that it is about; null for none in particular.
+    void tell(lang::English sentence, std::vector<base::Text> parts = {},
+              const controls::Window* concerned = nullptr);
 
     // All notices, newest first.
     const std::deque<Notice>& all() const { return notices_; }

@@ -14,20 +14,26 @@ constexpr double gap = 45; // twips between the line and an edge of a window or 
 
 } // namespace
 
-QuietLine::QuietLine(platform::EventLoop& loop, Notices& notices, const controls::Screen& screen,
-                     std::function<const controls::Window&()> usual)
-    : notices_(notices), screen_(screen), usual_(std::move(usual)), soon_(loop), away_(loop) {
+QuietLine::QuietLine(platform::EventLoop& loop, Notices& notices, lang::Words& words,
+                     const controls::Screen& screen, std::function<const controls::Window&()> usual)
+    : notices_(notices), words_(words), screen_(screen), usual_(std::move(usual)), soon_(loop), away_(loop) {
     notices.Told = [this](const controls::Window* concerned) { tell(concerned); };
     soon_.Tick = [this] { show(); };
     away_.Tick = [this] { hide(); };
     form.Click = [this] { hide(); };
     form.Resize = [this] { place(); };
+    words.follow([this] { write(); });
 }
 
 void QuietLine::tell(const controls::Window* concerned) {
-    sentences_.push_back(notices_.all().front().sentence);
-    if (sentences_.size() > mostSentences)
-        sentences_.pop_front();
+    const Notices::Notice& newest = notices_.all().front();
+    std::erase_if(told_, [&](const Notices::Notice& notice) {
+        return base::TextView(notice.sentence) == base::TextView(newest.sentence) &&
+               notice.parts == newest.parts;
+    });
+    told_.push_back(newest);
+    if (told_.size() > mostSentences)
+        told_.pop_front();
     concerned_ = concerned;
     soon_.setInterval(showAfter);
 }
@@ -35,10 +41,7 @@ void QuietLine::tell(const controls::Window* concerned) {
 void QuietLine::show() {
     soon_.setInterval(0);
     std::exchange(Load, [](QuietLineWindow&) {})(form);
-    base::Text text;
-    for (const base::Text& sentence : sentences_)
-        text += (text.empty() ? u"" : u"\n") + sentence;
-    form.caption = text;
+    write();
     place();
     form.visible = true;
     away_.setInterval(hideAfter);
@@ -46,8 +49,16 @@ void QuietLine::show() {
 
 void QuietLine::hide() {
     away_.setInterval(0);
-    sentences_.clear();
+    told_.clear();
     form.visible = false;
+}
+
+void QuietLine::write() {
+    base::Text text;
+    for (const Notices::Notice& notice : told_)
+        text += (text.empty() ? u"" : u"\n") + notice.in(words_);
+    if (!text.empty())
+        form.caption = text;
 }
 
 // Places the line below the window, so that it covers nothing; inside the window if the screen ends there.
@@ -56,7 +67,7 @@ void QuietLine::place() {
     const bool isSeen = window.visible && window.windowState != controls::WindowState::Minimised;
     const double bottom = isSeen ? window.top + window.height : screen_.height;
     const double middle = isSeen ? window.left + window.width / 2 : screen_.width / 2;
-    const double left = middle - form.width / 2;
+    const double left = std::max(middle - form.width / 2, isSeen ? window.left.get() : 0);
     const double lowest = screen_.height - form.height - gap;
     form.left = std::clamp(left, 0.0, std::max(0.0, screen_.width - form.width));
     const double inside = std::min<double>(bottom, screen_.height) - form.height - gap;

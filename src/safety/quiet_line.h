@@ -19,7 +19,7 @@ struct QuietLineWindow : controls::Window {
 class QuietLine {
 public:
     // `usual` returns the window to use for notices about none in particular.
-    QuietLine(platform::EventLoop& loop, Notices& notices, const controls::Screen& screen,
+    QuietLine(platform::EventLoop& loop, Notices& notices, lang::Words& words, const controls::Screen& screen,
               std::function<const controls::Window&()> usual);
 
     // Creates the window on the screen; called once, on first use.
@@ -31,14 +31,16 @@ private:
     void tell(const controls::Window* concerned);
     void show();
     void hide();
+    void write();
     void place();
 
     Notices& notices_;
+    const lang::Words& words_;
     const controls::Screen& screen_;
     std::function<const controls::Window&()> usual_;
     controls::Timer soon_;
     controls::Timer away_;
-    std::deque<base::Text> sentences_; // oldest first
+    std::deque<Notices::Notice> told_; // shown now, oldest first
     const controls::Window* concerned_ = nullptr;
 };
 

@@ -9,7 +9,7 @@ namespace safety {
 using lang::operator""_en;
 
 WhatHappened::WhatHappened(Notices& notices, lang::Words& words)
-    : notices_(notices), mnuWhatHappened_("mnuWhatHappened", u"&What happened"_en) {
+    : notices_(notices), words_(words), mnuWhatHappened_("mnuWhatHappened", u"&What happened"_en) {
     mnuWhatHappened_.Click = [this] { open(); };
     form.cmdClose.Click = [this] { form.visible = false; };
     form.Unload = [this] {
@@ -21,6 +21,7 @@ WhatHappened::WhatHappened(Notices& notices, lang::Words& words)
         form.caption = words(u"What happened"_en);
         form.lblEmpty.caption = words(u"Nothing to report."_en);
         form.cmdClose.caption = words(u"Close"_en);
+        fill();
     });
 }
 
@@ -37,7 +38,7 @@ void WhatHappened::fill() {
         return;
     std::vector<base::Text> rows;
     for (const Notices::Notice& notice : notices_.all())
-        rows.push_back(timeText(notice.time) + u'\t' + notice.sentence);
+        rows.push_back(timeText(notice.time) + u'\t' + notice.in(words_));
     form.lblEmpty.visible = rows.empty();
     form.List1.listIndex = -1;
     form.List1.items = std::move(rows);

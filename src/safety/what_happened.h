@@ -38,6 +38,7 @@ private:
     void fill();
 
     Notices& notices_;
+    const lang::Words& words_;
     controls::MenuItem mnuWhatHappened_;
 };
 

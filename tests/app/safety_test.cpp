@@ -1,7 +1,7 @@
 #include "app/program.h"
 #include "fakes/fake_desktop.h"
 
-#include <gtest/gtest.h>
+#include "testing.h"
 
 namespace {
 
@@ -23,9 +23,6 @@ protected:
         desktop = std::move(next);
         run = std::make_unique<app::Program>(*desktop);
         ASSERT_TRUE(run->Main(commandLine));
-        run->workstation().safety().Tell = [this](lang::English sentence, const base::Text&) {
-            told.push_back(base::toUtf8(sentence));
-        };
     }
     app::Workstation& workstation() { return run->workstation(); }
     editor::Document& document() { return workstation().editor().document(); }
@@ -44,14 +41,22 @@ protected:
                             base::toUtf8(base::afterLast(version.path, u'[')));
         return names;
     }
+    // The newest notice, without what stands for its %1.
+    std::string told() {
+        const auto& all = workstation().notices().all();
+        return all.empty() ? "" : base::toUtf8(all.front().sentence);
+    }
     bool journalExists() { return base::fileExists(desktop->folder.text("Files/Safety/Journal")); }
 
     std::unique_ptr<fakes::FakeDesktop> desktop;
     std::unique_ptr<app::Program> run;
-    std::vector<std::string> told;
     base::Text commandLine;
 };
 
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
 using Names = std::vector<std::string>;
 
 } // namespace
@@ -97,7 +102,7 @@ TEST_F(SafetyTest, DiscardedText_IsArchived) {
     desktop->dialogPort.answers = {platform::Answer::Yes};
     desktop->dialogPort.choices = {desktop->folder.text("b.rtf")};
     document().save();
-    EXPECT_EQ(archived().front(), "b.rtf: overwritten].rtf");
+    EXPECT_EQ(archived().front(), "b.rtf: replaced].rtf");
 
     type(u"lost");
     desktop->form2->visible = false;
@@ -121,6 +126,25 @@ TEST_F(SafetyTest, FileWrittenInPlace_IsArchived_SettingsOnlyUntilWritten) {
     EXPECT_EQ(archived().size(), 1U);
 }
 
+TEST_F(SafetyTest, OverwrittenFile_IsArchived_IfItHeldMoreThanTheText) {
+    const base::Text path = desktop->folder.text("a.rtf");
+    const auto saveBehind = [&](const std::string& bytes, auto between) {
+        desktop->folder.write("a.rtf", bytes);
+        document().ApriDocumento(path);
+        between();
+        type(u"x");
+        document().save();
+        return archived();
+    };
+    EXPECT_THAT(saveBehind("{\\rtf1 plain}", [] {}), IsEmpty());
+    EXPECT_THAT(saveBehind("{\\rtf1\\trowd a\\cell\\row}", [] {}), ElementsAre("a.rtf: structure].rtf"));
+    EXPECT_THAT(saveBehind("{\\rtf1 1}", [&] { desktop->folder.write("a.rtf", "theirs"); }),
+                Contains("a.rtf: overwritten].txt"));
+    EXPECT_THAT(saveBehind("{\\rtf1 2}", [&] { document().newDocument(); }), Contains("a.rtf: replaced].rtf"))
+        << "the new text has the path of the old one";
+    EXPECT_THAT(told(), HasSubstr("replaced"));
+}
+
 TEST_F(SafetyTest, FailedSave_IsArchivedAndReported_AlthoughTheFlagIsCleared) {
     type(u"x");
     desktop->folder.write("gone/a.rtf", "");
@@ -129,7 +153,7 @@ TEST_F(SafetyTest, FailedSave_IsArchivedAndReported_AlthoughTheFlagIsCleared) {
     std::filesystem::remove_all(desktop->folder.path() / "gone");
     document().save();
     EXPECT_EQ(document().TestoModificato, 0);
-    ASSERT_EQ(told.size(), 1U);
+    EXPECT_THAT(told(), HasSubstr("could not be saved and is kept"));
     EXPECT_EQ(archived(), (Names{"a.rtf: save failed].rtf"}));
     desktop->loop.advance(1000);
     start();
@@ -145,6 +169,9 @@ TEST_F(SafetyTest, TextThatCrashesTheProgramTwice_IsNotRestoredAThirdTime) {
     start();
     EXPECT_EQ(desktop->text.Text(), u"");
     EXPECT_EQ(archived(), (Names{"&En97 1: crash].rtf"}));
+    type(u"harmless");
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"harmless") << "the next text is counted anew";
 }
 
 TEST_F(SafetyTest, FileChangedByAnotherProgram_IsArchivedToo) {

@@ -3,6 +3,8 @@
 #include "lang/words.h"
 #include "safety/archive.h"
 
+using lang::operator""_en;
+
 class SafetyWindowsTest : public fakes::WorkbenchTest {
 protected:
     controls::MenuItem& command(std::string_view name) {
@@ -35,9 +37,9 @@ TEST_F(SafetyWindowsTest, QuietLine_AppearsBelowItsWindow_HidesByItself_AndIsLis
     desktop.form2->visible = true;
     desktop.form2->top = 3000;
     desktop.form2->height = 5000;
-    notices.tell(u"one");
-    notices.tell(u"two");
-    notices.tell(u"two");
+    notices.tell(u"one"_en);
+    notices.tell(u"two"_en);
+    notices.tell(u"two"_en);
     desktop.loop.advance(250);
     ASSERT_NE(desktop.quietLine, nullptr);
     EXPECT_EQ(desktop.quietLine->caption.get(), u"one\ntwo");
@@ -50,17 +52,17 @@ TEST_F(SafetyWindowsTest, QuietLine_AppearsBelowItsWindow_HidesByItself_AndIsLis
     EXPECT_TRUE(desktop.quietLine->visible);
     desktop.loop.advance(200);
     EXPECT_FALSE(desktop.quietLine->visible);
-    notices.tell(u"three", &form());
+    notices.tell(u"three %1"_en, {u"!"}, &form());
     desktop.loop.advance(250);
-    EXPECT_EQ(desktop.quietLine->caption.get(), u"three");
+    EXPECT_EQ(desktop.quietLine->caption.get(), u"three !");
     desktop.quietLine->Click();
     EXPECT_FALSE(desktop.quietLine->visible);
 
     command("mnuWhatHappened").Click();
     for (int n = 0; n < 60; ++n)
-        notices.tell(base::fromUtf8(std::to_string(n)));
+        notices.tell(u"no. %1"_en, {base::fromUtf8(std::to_string(n))});
     ASSERT_EQ(desktop.notices->List1.items->size(), safety::Notices::most);
-    EXPECT_TRUE(desktop.notices->List1.items->front().ends_with(u"\t59"));
+    EXPECT_TRUE(desktop.notices->List1.items->front().ends_with(u"\tno. 59"));
 }
 
 TEST_F(SafetyWindowsTest, EarlierVersions_OpenAsNew_NeverOverwrite_AndAreDeletedAfterAQuestion) {

@@ -93,6 +93,10 @@ TEST_F(BookmarksTest, Files_WithAnyContents_AreReadCorrectedAndWritten) {
     }
     openLaid({"\x00\x01\xFF\xFE  \x80\x81\r\r\n\n\x1A  \r\nxx", 18});
     EXPECT_THAT(shown(), ElementsAre());
+    left();
+    openLaid(many);
+    add(7999, u"too many");
+    EXPECT_THAT(program->workstation().notices().all().front().parts, ElementsAre(u"02:13:19  too many"));
 }
 
 TEST_F(BookmarksTest, UnreadableOrUnwritableFile_IsIgnored) {

@@ -7,6 +7,7 @@
 
 #include <sys/stat.h>
 
+using lang::operator""_en;
 using safety::Archive;
 using safety::Reason;
 using safety::Version;
@@ -72,19 +73,19 @@ TEST_F(ArchiveTest, UncreatableFolder_Fails) {
     EXPECT_FALSE(base::carryOn([&] { archive.keep(u"a", "x", u"rtf", Reason::Exit, now); }));
 }
 
-TEST(Notices, AreShownOnceAMinute_AndTheLast50AreKept) {
+TEST(Notices, RepeatedWithinAMinute_AreListedOnce_AndTheLast50AreKept) {
     std::int64_t time = now;
     safety::Notices notices([&] { return time; });
-    int told = 0;
-    notices.Told = [&](const controls::Window*) { ++told; };
-    notices.tell(u"full");
+    notices.tell(u"full"_en, {u"a"});
+    notices.tell(u"full"_en, {u"b"});
     time += 59;
-    notices.tell(u"full");
-    EXPECT_EQ(told, 1);
-    time += 1;
-    notices.tell(u"full");
-    EXPECT_EQ(told, 2);
+    notices.tell(u"full"_en, {u"a"});
+    ASSERT_EQ(notices.all().size(), 2U);
+    EXPECT_EQ(notices.all().front().time, time);
+    time += 60;
+    notices.tell(u"full"_en, {u"a"});
+    EXPECT_EQ(notices.all().size(), 3U);
     for (int i = 0; i < 60; ++i)
-        notices.tell(u"other" + base::Text(1, static_cast<char16_t>(u'A' + i)));
+        notices.tell(u"other"_en, {base::Text(1, static_cast<char16_t>(u'A' + i))});
     EXPECT_EQ(notices.all().size(), safety::Notices::most);
 }
