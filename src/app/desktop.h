@@ -6,6 +6,7 @@
 #include "editor/form2.h"
 #include "editor/frm_find.h"
 #include "outside/frm_informazioni.h"
+#include "outside/key_list.h"
 #include "platform/clipboard.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
@@ -62,6 +63,7 @@ public:
     virtual void show(editor::FrmFind& form) = 0;
     virtual void show(recorder::FrmAudioRec& form) = 0;
     virtual void show(outside::FrmInformazioni& form) = 0;
+    virtual void show(outside::KeysWindow& form) = 0;
     virtual void show(safety::QuietLineWindow& form) = 0;
     virtual void show(safety::NoticesWindow& form) = 0;
     virtual void show(safety::VersionsWindow& form) = 0;

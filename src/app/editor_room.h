@@ -31,6 +31,7 @@ public:
     editor::Form2& form() { return form_; }
     editor::Document& document() { return document_; }
     editor::EditorWindow& window() { return window_; }
+    const editor::EditorKeys& keys() const { return keys_; }
     controls::RecentFiles& recentDocuments() { return recent_; }
 
 private:

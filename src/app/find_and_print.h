@@ -15,6 +15,8 @@ public:
     // Called when the program ends: hides the window, which unloads itself a moment later.
     void leave();
 
+    editor::Printing& printing() { return printing_; }
+
 private:
     editor::FrmFind frmFind_;
     editor::FindReplace findReplace_;

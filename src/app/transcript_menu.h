@@ -19,6 +19,8 @@ public:
     // editor's window is created, which reads a menu's commands only once.
     void add(const std::vector<controls::MenuItem*>& commands);
 
+    const controls::MenuItem& menu() const { return mnuTranscript_; }
+
 private:
     void translate(controls::MenuItem& item);
 

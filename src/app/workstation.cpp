@@ -44,7 +44,9 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       reports_(notices_, {form1_, editor_, bookmarks_, recorder_, settingsFile_, recentMedia_}),
       transcriptMenu_(editor_.form(), words_),
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
-                     {notices_, safety_.archive(), safetyOptions_, words_, files}) {
+                     {notices_, safety_.archive(), safetyOptions_, words_, files}),
+      keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
+      editorHint_(form1_, editor_.form(), words_) {
     wireSafety();
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
@@ -167,6 +169,7 @@ bool Workstation::Form_Unload() {
     bookmarks_.form().Timer1.setInterval(50);
     findAndPrint_.leave();
     safetyWindows_.leave();
+    keys_.leave();
     form1_.WMP1.stop();
     recorder_.close();
     editor_.form().visible = false;

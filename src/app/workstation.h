@@ -2,9 +2,11 @@
 
 #include "app/companion_windows.h"
 #include "app/desktop.h"
+#include "app/editor_hint.h"
 #include "app/editor_room.h"
 #include "app/find_and_print.h"
 #include "app/input_room.h"
+#include "app/keys_room.h"
 #include "app/options_file.h"
 #include "app/outside_room.h"
 #include "app/recorder_room.h"
@@ -113,6 +115,8 @@ private:
     Reports reports_;
     TranscriptMenu transcriptMenu_;
     SafetyWindows safetyWindows_;
+    KeysRoom keys_;
+    EditorHint editorHint_;
     bool ends_ = false;
     bool left_ = false; // the exit can no longer be cancelled
 };

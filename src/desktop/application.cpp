@@ -9,6 +9,8 @@
 #include <QSettings>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
+#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -22,9 +24,24 @@ constexpr int interfaceFontSize = 9; // points
 constexpr const char* platformVariable = "QT_QPA_PLATFORM";
 bool platformIsOurChoice = false;
 
+// Qt aborts when it cannot reach a display, which looks like a crash.
+void reportMissingDisplay(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type != QtFatalMsg) {
+        if (type != QtInfoMsg && !text.contains(QLatin1String("could not connect to display")) &&
+            !text.contains(QLatin1String("Could not load the Qt platform plugin")))
+            std::fprintf(stderr, "%s\n", qPrintable(text));
+        return;
+    }
+    std::fprintf(stderr,
+                 "quillmere: no X server can be reached. Quillmere needs one, or Xwayland on a Wayland "
+                 "desktop; DISPLAY names it.\n");
+    std::_Exit(1);
+}
+
 // The program positions its windows and keeps them on top, which Wayland does not allow. An environment
 // variable is the only setting of Qt's platform that the user can still override.
 int& choosePlatform(int& argc) {
+    qInstallMessageHandler(reportMissingDisplay);
     platformIsOurChoice = !qEnvironmentVariableIsSet(platformVariable);
     if (platformIsOurChoice)
         qputenv(platformVariable, "xcb");
@@ -103,6 +120,7 @@ QPalette skinPalette() {
 } // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(choosePlatform(argc), argv) {
+    qInstallMessageHandler(nullptr);
     forgetPlatform();
     if (platformName() == QLatin1String("xcb"))
         surviveXErrors();

@@ -88,6 +88,10 @@ void QtDesktop::show(outside::FrmInformazioni& form) {
     about_ = std::make_unique<FrmInformazioniWindow>(form);
 }
 
+void QtDesktop::show(outside::KeysWindow& form) {
+    keys_ = std::make_unique<KeysWindow>(form);
+}
+
 void QtDesktop::show(safety::QuietLineWindow& form) {
     quietLine_ = std::make_unique<QuietLineView>(form);
 }
@@ -108,6 +112,7 @@ void QtDesktop::closeWindows() {
     quietLine_.reset();
     notices_.reset();
     versions_.reset();
+    keys_.reset();
     about_.reset();
     player_.release();
     frmFind_.reset();

@@ -21,6 +21,7 @@
 #include "desktop/windows/frm_audio_rec_window.h"
 #include "desktop/windows/frm_find_window.h"
 #include "desktop/windows/frm_informazioni_window.h"
+#include "desktop/windows/keys_window.h"
 #include "desktop/windows/notices_window.h"
 #include "desktop/windows/quiet_line_view.h"
 #include "desktop/windows/versions_window.h"
@@ -59,6 +60,7 @@ public:
     void show(outside::FrmInformazioni& form) override;
     void show(safety::QuietLineWindow& form) override;
     void show(safety::NoticesWindow& form) override;
+    void show(outside::KeysWindow& form) override;
     void show(safety::VersionsWindow& form) override;
 
     // In idle time, loads what the first command would otherwise wait for.
@@ -92,6 +94,7 @@ private:
     std::unique_ptr<FrmInformazioniWindow> about_;
     std::unique_ptr<QuietLineView> quietLine_;
     std::unique_ptr<NoticesWindow> notices_;
+    std::unique_ptr<KeysWindow> keys_;
     std::unique_ptr<VersionsWindow> versions_;
 };
 

@@ -39,15 +39,27 @@ void run(const std::function<void()>& routine) {
 } // namespace
 
 EditorKeys::EditorKeys(Form2& form, Toolbar& toolbar, player::Form1& player)
-    : form_(form), toolbar_(toolbar),
-      player_(player), pressRows_{{{player.mnuAddBM.Click, 'M', true},
-                                   {player.mnuApri.Click, 'O', true},
-                                   {player.mnuEsci.Click, 'Q', true},
-                                   {player.mnuLingua.Click, 'W', true},
-                                   {player.mnuInfo.Click, f1, true},
-                                   {player.mnuChiudi.Click, f4, true},
-                                   {player.mnuDiminuisciVelocità.Click, f6, false},
-                                   {player.mnuAumentaVelocità.Click, f7, false}}} {
+    : form_(form), toolbar_(toolbar), player_(player), pressRows_{{{player.mnuAddBM, 'M', true},
+                                                                   {player.mnuApri, 'O', true},
+                                                                   {player.mnuEsci, 'Q', true},
+                                                                   {player.mnuLingua, 'W', true},
+                                                                   {player.mnuInfo, f1, true},
+                                                                   {player.mnuChiudi, f4, true},
+                                                                   {player.mnuDiminuisciVelocità, f6, false},
+                                                                   {player.mnuAumentaVelocità, f7, false}}},
+      speedRows_{{{player.mnuDiminuisciVelocità, f3, true}, {player.mnuAumentaVelocità, f4, true}}},
+      editRows_{{{form.mnuAnnulla, form.mnuAnnulla.Click, 'Z'},
+                 {form.mnuRipeti, form.mnuRipeti.Click, 'Y'},
+                 {form.mnuCopia, form.mnuCopia.Click, 'C'},
+                 {form.mnuIncolla, form.mnuIncolla.Click, 'V'},
+                 {form.mnuTaglia, form.mnuTaglia.Click, 'X'}}},
+      releaseRows_{{{player.mnuGuida, player.mnuGuida.Click, f1},
+                    {player.mnuPlay, player.cmdPlay.Click, f5},
+                    {player.mnuIndietro, player.cmdIndietro.Click, f6},
+                    {player.mnuAvanti, player.cmdAvanz.Click, f7},
+                    {player.mnuBookMark, player.mnuBookMark.Click, f8},
+                    {player.mnuImpostaAudio, player.mnuImpostaAudio.Click, f9},
+                    {player.mnuTitoloCompleto, player.mnuTitoloCompleto.Click, f11}}} {
     form_.RTB.TakesKey = [this](const platform::KeyEvent& key) { return RTB_TakesKey(key); };
     form_.RTB.KeyDown = [this](platform::KeyEvent& key) { RTB_KeyDown(key); };
     form_.RTB.KeyUp = [this](const platform::KeyEvent& key) { RTB_KeyUp(key); };
@@ -69,10 +81,13 @@ void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
         if (actsOnRelease(key.keyCode))
             key = {};
     }
-    if (key.keyCode != f3 && key.keyCode != f4)
-        return;
-    run(key.keyCode == f3 ? player_.mnuDiminuisciVelocità.Click : player_.mnuAumentaVelocità.Click);
-    key.keyCode = 0;
+    for (const PressRow& row : speedRows_) {
+        if (row.keyCode == key.keyCode) {
+            key.keyCode = 0;
+            run(row.item.Click);
+            return;
+        }
+    }
 }
 
 const EditorKeys::PressRow* EditorKeys::pressRow(int keyCode) const {
@@ -90,7 +105,7 @@ bool EditorKeys::runPressCommand(platform::KeyEvent& key) {
     key.shift = 0;
     if (row->consumed)
         key.keyCode = 0;
-    run(row->command);
+    run(row->item.Click);
     return true;
 }
 
@@ -116,38 +131,51 @@ void EditorKeys::RTB_EditKey(platform::EditCommand command) {
 }
 
 void EditorKeys::runEditCommand(int keyCode) {
-    const std::pair<int, const Routine&> rows[] = {
-        {'Z', form_.mnuAnnulla.Click}, {'Y', form_.mnuRipeti.Click}, {'C', form_.mnuCopia.Click},
-        {'V', form_.mnuIncolla.Click}, {'X', form_.mnuTaglia.Click},
-    };
-    for (const auto& [code, command] : rows)
-        if (code == keyCode)
-            run(command);
+    for (const ReleaseRow& row : editRows_)
+        if (row.keyCode == keyCode)
+            run(row.command);
 }
 
 // The letters depend only on the name of the language file. In Italian, Ctrl+S saves on its press and
 // underlines on its release.
+std::array<char, 3> EditorKeys::styleLetters() const {
+    if (base::lowered(form_.Lingua.FileLingua) == italian)
+        return {'G', 'I', 'S'};
+    return {'B', 'I', 'U'};
+}
+
 void EditorKeys::runStyleCommand(int keyCode) {
-    const bool isItalian = base::lowered(form_.Lingua.FileLingua) == italian;
-    if (keyCode == 'I')
-        toolbar_.Label2_Click(italicButton);
-    if (keyCode == (isItalian ? 'G' : 'B'))
-        toolbar_.Label2_Click(boldButton);
-    if (keyCode == (isItalian ? 'S' : 'U'))
-        toolbar_.Label2_Click(underlineButton);
+    static constexpr std::array buttons = {boldButton, italicButton, underlineButton};
+    const std::array<char, 3> letters = styleLetters();
+    for (std::size_t i = 0; i < buttons.size(); ++i)
+        if (keyCode == letters[i])
+            toolbar_.Label2_Click(buttons[i]);
 }
 
 // Applies with any modifier: Ctrl+F6 slows down on its press and steps back on its release.
 void EditorKeys::runReleaseCommand(int keyCode) {
-    const std::pair<int, const Routine&> rows[] = {
-        {f1, player_.mnuGuida.Click},           {f5, player_.cmdPlay.Click},
-        {f6, player_.cmdIndietro.Click},        {f7, player_.cmdAvanz.Click},
-        {f8, player_.mnuBookMark.Click},        {f9, player_.mnuImpostaAudio.Click},
-        {f11, player_.mnuTitoloCompleto.Click},
+    for (const ReleaseRow& row : releaseRows_)
+        if (row.keyCode == keyCode)
+            run(row.command);
+}
+
+std::vector<TextKey> EditorKeys::keys() const {
+    std::vector<TextKey> all;
+    const auto add = [&all](std::string modifier, int keyCode, const controls::MenuItem& item) {
+        const bool isFunctionKey = keyCode >= f1 && keyCode <= f12;
+        all.push_back({std::move(modifier) + (isFunctionKey ? 'F' + std::to_string(keyCode - f1 + 1)
+                                                            : std::string(1, static_cast<char>(keyCode))),
+                       &item});
     };
-    for (const auto& [code, command] : rows)
-        if (code == keyCode)
-            run(command);
+    for (const ReleaseRow& row : releaseRows_)
+        add("", row.keyCode, row.item);
+    for (const PressRow& row : speedRows_)
+        add("", row.keyCode, row.item);
+    for (const PressRow& row : pressRows_)
+        add("Ctrl+", row.keyCode, row.item);
+    for (const ReleaseRow& row : editRows_)
+        add("Ctrl+", row.keyCode, row.item);
+    return all;
 }
 
 void EditorKeys::RTB_MouseDown(int button) {

@@ -53,6 +53,13 @@ struct Form2Menu {
     std::vector<MenuItem*> menuBar; // in order
 };
 
+// Where the text lies in the window.
+struct TextPlace : controls::Control {
+    using Control::Control;
+
+    controls::Property<base::Text> hint{this}; // shown while the text is empty; no part of it
+};
+
 // The editor window: one text, the toolbar above it, the frame around it.
 struct Form2 : controls::Window, Form2Menu {
     static constexpr int buttonCount = 17;
@@ -72,7 +79,7 @@ struct Form2 : controls::Window, Form2Menu {
     controls::Control Line1{"Line1", {0, 480, clientWidth, 15}}; // line below the buttons
     controls::Control Shape1{"Shape1", {60, 60, 375, 375}};      // highlight of the button under the mouse
     controls::Label Label1{"Label1", {150, 480, 10485, 3855}};   // frame of the text
-    controls::Control RTBPlace{"RTB", {510, 690, 9675, 3435}};   // position of the text
+    TextPlace RTBPlace{"RTB", {510, 690, 9675, 3435}};
     std::array<controls::Control, buttonCount> Label2; // hot areas over the icons, indexed by ToolbarButton
     std::array<controls::Label, letterCount> Label3;   // letters over the four style buttons
     controls::ComboBox Combo1{"Combo1", {7950, 90, 1965, 315}}; // font names

@@ -26,16 +26,29 @@ Printing::Printing(Form2& form, std::function<platform::Printer&()> printer)
 }
 
 void Printing::mnuStampa_Click() {
+    print({form_.name, documentName()},
+          [this](platform::PrintDevice& device) { form_.RTB.SelPrint(device); });
+}
+
+void Printing::printSource(std::string_view owner, const base::Text& name, const std::string& source) {
+    print({owner, name}, [&](platform::PrintDevice& device) { form_.RTB.printSource(source, device); });
+}
+
+void Printing::print(const Job& job, const std::function<void(platform::PrintDevice&)>& pages) {
     platform::Printer* printer = nullptr;
     if (!base::carryOn([&] { printer = &printer_(); }))
         return;
     bool ok = false;
-    base::carryOn([&] { ok = ScegliStampante(*printer, printer->DeviceName()); });
+    base::carryOn([&] { ok = choosePrinter(*printer, printer->DeviceName(), job); });
     if (ok)
-        base::carryOn([&] { form_.RTB.SelPrint(printer->hDC()); });
+        base::carryOn([&] { pages(printer->hDC()); });
 }
 
 bool Printing::ScegliStampante(platform::Printer& printer, base::TextView nomeStampante) {
+    return choosePrinter(printer, nomeStampante, {form_.name, documentName()});
+}
+
+bool Printing::choosePrinter(platform::Printer& printer, base::TextView nomeStampante, const Job& job) {
     const base::Text vecchia = printer.DeviceName();
     const std::vector<base::Text> installed = printer.Printers();
     const base::Text wanted = base::lowered(nomeStampante);
@@ -45,8 +58,7 @@ bool Printing::ScegliStampante(platform::Printer& printer, base::TextView nomeSt
             if (base::lowered(name).find(wanted) != base::Text::npos)
                 base::carryOn([&] { printer.setPrinter(name); });
     }
-    const auto choice =
-        printer.PrintDlg(form_.name, documentName(), {printer.DeviceName(), printer.settings()});
+    const auto choice = printer.PrintDlg(job.owner, job.name, {printer.DeviceName(), printer.settings()});
     if (!choice) {
         if (std::find(installed.begin(), installed.end(), vecchia) != installed.end())
             base::carryOn([&] { printer.setPrinter(vecchia); });

@@ -120,6 +120,8 @@ public:
     // Prints the selection, or the whole document without a selection, with the device's settings. An empty
     // document prints no page. Timers run between pages.
     virtual void SelPrint(PrintDevice& hDC) = 0;
+    // Prints this RTF in the same way, without touching the document.
+    virtual void printSource(std::string_view source, PrintDevice& device) = 0;
 
     // The first position at or after `start` (default: the caret) where `text` is found, -1 if nowhere.
     // Selects the hit unless findNoHighlight is set.

@@ -149,6 +149,7 @@ public:
     safety::QuietLineWindow* quietLine = nullptr; // null until something was shown
     safety::VersionsWindow* versions = nullptr;   // likewise
     safety::NoticesWindow* notices = nullptr;     // null until opened
+    outside::KeysWindow* keys = nullptr;          // null until opened
     std::function<void()> inForm4 = [] {};        // user input while the dialog is open
 
     FakeDesktop() {
@@ -237,6 +238,7 @@ public:
     void show(outside::FrmInformazioni& form) override { about = &form; }
     void show(safety::QuietLineWindow& form) override { quietLine = &form; }
     void show(safety::NoticesWindow& form) override { notices = &form; }
+    void show(outside::KeysWindow& form) override { keys = &form; }
     void show(safety::VersionsWindow& form) override { versions = &form; }
 
     // Menu commands without a routine when they were shown: a real menu would disable them for good.

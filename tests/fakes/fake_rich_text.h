@@ -133,6 +133,9 @@ public:
     void SelPrint(platform::PrintDevice&) override {
         commands.push_back("print " + base::toUtf8(length_ > 0 ? SelText() : text_));
     }
+    void printSource(std::string_view source, platform::PrintDevice&) override {
+        commands.push_back("print source " + std::string(source));
+    }
     void SetFocus() override { commands.emplace_back("focus"); }
     void together(const std::function<void()>& edits) override {
         commands.emplace_back("together");

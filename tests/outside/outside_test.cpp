@@ -126,3 +126,32 @@ TEST_F(AboutBoxTest, Caption_KeepsItsTrailingDots) {
         EXPECT_EQ(open().caption.get(), caption);
     }
 }
+
+TEST_F(OutsideTest, Keys_AreListedFromMenusAndText_SearchedAndPrinted) {
+    const auto& menu = program->workstation().editor().form().menuBar.back()->items;
+    menu.back()->Click();
+    outside::KeysWindow& keys = *desktop.keys;
+    const std::vector<base::Text> all = keys.List1.items;
+    EXPECT_EQ(all.front(), u"\tIn the player");
+    for (const base::TextView row : {u"Ctrl+F4\tEn4", u"Esc\tEn5", u"Ctrl+F6\tEn129", u"Ctrl+B\tBold"})
+        EXPECT_GE(std::count(all.begin(), all.end(), row), 1) << base::toUtf8(row);
+    const auto search = [&](const base::Text& wanted) {
+        keys.txtSearch.text = wanted;
+        keys.txtSearch.Change();
+        return keys.List1.items.get();
+    };
+    EXPECT_THAT(search(u" BOLD "), ElementsAre(u"\tIn the text", u"Ctrl+B\tBold"));
+    EXPECT_THAT(search(u"no such key"), ElementsAre());
+    desktop.printerPort.answer.emplace();
+    keys.cmdPrint.Click();
+    EXPECT_THAT(desktop.text.commands.back(), testing::HasSubstr("Ctrl+B\\tab Bold\\par"))
+        << "all keys, whatever is searched";
+}
+
+TEST_F(OutsideTest, EditorHint_DisappearsWhileARecordingIsOpen) {
+    EXPECT_TRUE(program->workstation().editor().form().RTBPlace.hint->starts_with(u"Ctrl+O"));
+    open("talk.wav", 60);
+    EXPECT_EQ(program->workstation().editor().form().RTBPlace.hint.get(), u"");
+    form().mnuChiudi.Click();
+    EXPECT_FALSE(program->workstation().editor().form().RTBPlace.hint->empty());
+}

@@ -2,6 +2,7 @@
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/notice.h"
+#include "desktop/services/guide_view.h"
 
 #include <QDesktopServices>
 #include <QFileInfo>
@@ -9,11 +10,14 @@
 #include <QStandardPaths>
 #include <QUrl>
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 namespace desktop {
 
 namespace {
+
+constexpr int registerTimeout = 2000; // ms
 
 struct Panel {
     const char* program;
@@ -46,6 +50,23 @@ std::vector<Panel> soundPanels() {
     return panels;
 }
 
+// Whether the system has a program for web pages. The usual ones are found at once; the desktop's own
+// register takes some ten milliseconds more to read.
+bool canShowPages() {
+    if (!qEnvironmentVariableIsEmpty("BROWSER"))
+        return true;
+    static constexpr const char* usual[] = {"x-www-browser", "firefox",  "firefox-esr", "chromium",
+                                            "google-chrome", "epiphany", "falkon",      "konqueror"};
+    if (std::any_of(std::begin(usual), std::end(usual), [](const char* program) {
+            return !QStandardPaths::findExecutable(QString::fromLatin1(program)).isEmpty();
+        }))
+        return true;
+    QProcess question;
+    question.start(QStringLiteral("xdg-mime"),
+                   {QStringLiteral("query"), QStringLiteral("default"), QStringLiteral("text/html")});
+    return question.waitForFinished(registerTimeout) && !question.readAllStandardOutput().trimmed().isEmpty();
+}
+
 } // namespace
 
 void QtShell::open(base::TextView target) {
@@ -53,6 +74,8 @@ void QtShell::open(base::TextView target) {
     const bool isFile = name.startsWith(u'/');
     if (isFile && !QFileInfo::exists(name))
         notify("This file does not exist: %1", name);
+    else if (isFile && name.endsWith(QLatin1String(".html")) && !canShowPages())
+        showGuide(name);
     else if (!QDesktopServices::openUrl(isFile ? QUrl::fromLocalFile(name) : QUrl(name)))
         notify("No program was found that opens this: %1", name);
 }

@@ -358,7 +358,15 @@ void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {
         return;
     const TextRange range = selectedRange();
     const bool all = range.begin == range.end;
-    const auto pages = documentOfRtf(all ? rtfOf(*document_) : rtfOf(*document_, range), font());
+    print(all ? rtfOf(*document_) : rtfOf(*document_, range), hDC);
+}
+
+void RichTextEdit::printSource(std::string_view source, platform::PrintDevice& device) {
+    print(rtf::read(source), device);
+}
+
+void RichTextEdit::print(rtf::Document source, platform::PrintDevice& hDC) const {
+    const auto pages = documentOfRtf(std::move(source), font());
     auto& device = static_cast<QtPrintDevice&>(hDC);
     printPages(*pages, device.paper());
     try {

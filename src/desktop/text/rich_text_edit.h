@@ -63,6 +63,7 @@ public:
     void LoadFile(base::TextView path) override;
     void SaveFile(base::TextView path) override;
     void SelPrint(platform::PrintDevice& hDC) override;
+    void printSource(std::string_view source, platform::PrintDevice& device) override;
     std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override;
     void SetFocus() override;
     void together(const std::function<void()>& edits) override;
@@ -120,6 +121,7 @@ private:
     void setCaret(const QTextCursor& cursor);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
+    void print(rtf::Document source, platform::PrintDevice& device) const;
     void insertSource(const rtf::Document& source);
     // The meaning of an edit of the current selection that keeps the length of the text.
     SameLength sameLengthNow() const {

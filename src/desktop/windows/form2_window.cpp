@@ -117,6 +117,7 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
     const auto placeText = [this, &form] {
         text_.setGeometry(pixels(form.RTBPlace.left), pixels(form.RTBPlace.top), pixels(form.RTBPlace.width),
                           pixels(form.RTBPlace.height));
+        text_.setPlaceholderText(qstring(form.RTBPlace.hint));
     };
     form.RTBPlace.observe(placeText);
     placeText();

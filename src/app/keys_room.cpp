@@ -1,0 +1,62 @@
+#include "app/keys_room.h"
+
+#include <algorithm>
+
+namespace app {
+
+using lang::operator""_en;
+
+namespace {
+
+constexpr double step = 600; // twips between the editor's top left corner and the window's
+
+// The commands of a menu that have a key, in the menu's order.
+void addMenu(std::vector<outside::KeyGroup::Row>& rows, const std::vector<controls::MenuItem*>& items) {
+    for (const controls::MenuItem* const item : items) {
+        if (!item->shortcut.empty())
+            rows.push_back({base::fromUtf8(item->shortcut), outside::commandName(item->caption.get())});
+        addMenu(rows, item->items);
+    }
+}
+
+} // namespace
+
+KeysRoom::KeysRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
+                   FindAndPrint& printing, lang::Words& words)
+    : form1_(form1), editor_(editor), menu_(menu), words_(words), list_(words, [this] { return collect(); }) {
+    menu.add(list_.commands());
+    list_.Load = [this, &desktop](outside::KeysWindow& form) {
+        const editor::Form2& beside = editor_.form();
+        const controls::Screen& screen = form1_.screen;
+        form.icon = beside.icon.get();
+        form.left = std::clamp(beside.left + step, 0.0, std::max(0.0, screen.width - form.width));
+        form.top = std::clamp(beside.top + step, 0.0, std::max(0.0, screen.height - form.height));
+        desktop.show(form);
+    };
+    list_.Print = [&printing, this](const base::Text& name, const std::string& source) {
+        printing.printing().printSource(list_.form.name, name, source);
+    };
+}
+
+std::vector<outside::KeyGroup> KeysRoom::collect() const {
+    outside::KeyGroup player{words_(u"In the player"_en), {}};
+    addMenu(player.rows, form1_.menuBar);
+    player.rows.push_back({u"Esc", outside::commandName(form1_.mnuEsci.caption.get())});
+
+    outside::KeyGroup text{words_(u"In the text"_en), {}};
+    for (const editor::TextKey& key : editor_.keys().keys())
+        text.rows.push_back({base::fromUtf8(key.keys), outside::commandName(key.command->caption.get())});
+    const base::Text styles[] = {words_(u"Bold"_en), words_(u"Italic"_en), words_(u"Underline"_en)};
+    const std::array<char, 3> letters = editor_.keys().styleLetters();
+    for (std::size_t i = 0; i < letters.size(); ++i)
+        text.rows.push_back({u"Ctrl+" + base::Text(1, static_cast<char16_t>(letters[i])), styles[i]});
+    std::vector<controls::MenuItem*> menus = editor_.form().menuBar;
+    std::erase(menus, &menu_.menu());
+    addMenu(text.rows, menus);
+
+    outside::KeyGroup transcript{outside::commandName(menu_.menu().caption.get()), {}};
+    addMenu(transcript.rows, menu_.menu().items);
+    return {std::move(player), std::move(text), std::move(transcript)};
+}
+
+} // namespace app

@@ -1,0 +1,116 @@
+#include "desktop/windows/keys_window.h"
+
+#include "desktop/qt/conversions.h"
+#include "desktop/views/control_views.h"
+#include "desktop/views/input_views.h"
+#include "desktop/views/list_looks.h"
+
+#include <QKeySequence>
+#include <QLineEdit>
+#include <QListView>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+
+namespace desktop {
+
+namespace {
+
+constexpr QSize leastSize(340, 260); // pixels
+constexpr int keyColumn = 120;       // pixels
+constexpr int spaceAbove = 8;        // pixels above a heading
+constexpr qreal capCorner = 3;       // pixels
+const QColor capEdge(0xC8, 0xCE, 0xD4);
+
+// A key as it is printed on the user's keyboard, or a heading.
+class KeyRow : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& row) const override {
+        const int height = QFontMetrics(option.font).height() + 2 * rowPadding;
+        return {0, isHeading(row) ? height + spaceAbove : height};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override {
+        const QStringList parts = row.data().toString().split(u'\t');
+        const QRect place = option.rect.adjusted(rowMargin, rowPadding, -rowMargin, -rowPadding);
+        painter->setFont(option.font);
+        if (isHeading(row)) {
+            QFont bold = option.font;
+            bold.setBold(true);
+            painter->setFont(bold);
+            painter->setPen(option.palette.color(QPalette::Highlight));
+            painter->drawText(place, Qt::AlignLeft | Qt::AlignBottom, parts.value(1));
+            return;
+        }
+        const RowColors colors = paintRowGround(*painter, option, row.row());
+        paintCap(*painter, place, QKeySequence(parts.value(0)).toString(QKeySequence::NativeText), colors);
+        painter->setPen(colors.text);
+        const QRect command = place.adjusted(keyColumn, 0, 0, 0);
+        painter->drawText(command, Qt::AlignLeft | Qt::AlignVCenter,
+                          painter->fontMetrics().elidedText(parts.value(1), Qt::ElideRight, command.width()));
+    }
+
+private:
+    static bool isHeading(const QModelIndex& row) { return row.data().toString().startsWith(u'\t'); }
+
+    static void paintCap(QPainter& painter, const QRect& place, const QString& keys,
+                         const RowColors& colors) {
+        const int width = painter.fontMetrics().horizontalAdvance(keys) + 2 * rowPadding;
+        const QRectF cap(place.left() + 0.5, place.top() - 1.5, width, place.height() + 3);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(capEdge);
+        painter.drawRoundedRect(cap, capCorner, capCorner);
+        painter.setPen(colors.text);
+        painter.drawText(cap, Qt::AlignCenter, keys);
+        painter.restore();
+    }
+};
+
+} // namespace
+
+KeysWindow::KeysWindow(outside::KeysWindow& form)
+    : FormWindow(form, Size::Sizable, Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint), form_(form) {
+    setMinimumSize(leastSize);
+    // In tab order.
+    search_ = addView(form.txtSearch, *this);
+    search_->setClearButtonEnabled(true);
+    QListView* const list = addView(form.List1, *this);
+    framedList(*list);
+    list->setUniformItemSizes(false);
+    list->setItemDelegate(new KeyRow(list));
+    new LabelView(form.lblSearch, this);
+    print_ = addView(form.cmdPrint, *this);
+    close_ = addView(form.cmdClose, *this);
+    for (controls::Control* const control :
+         std::initializer_list<controls::Control*>{&form.lblSearch, &form.cmdPrint, &form.cmdClose})
+        control->observe([this] { align(); });
+    begin();
+}
+
+void KeysWindow::resizeEvent(QResizeEvent* event) {
+    FormWindow::resizeEvent(event);
+    align();
+}
+
+void KeysWindow::align() {
+    const QRect inside = rect().adjusted(edge, edge, -edge, -edge);
+    const int line = search_->sizeHint().height();
+    const int label = fontMetrics().horizontalAdvance(qstring(form_.lblSearch.caption)) + 2;
+    const int textHeight = fontMetrics().height();
+    putIn(form_.lblSearch, QRect(inside.left(), inside.top() + (line - textHeight) / 2, label, textHeight));
+    putIn(form_.txtSearch,
+          QRect(inside.left() + label + edge, inside.top(), inside.width() - label - edge, line));
+
+    const QSize close = buttonSize(*close_);
+    const QSize print = buttonSize(*print_);
+    const int bottom = inside.bottom() + 1 - close.height();
+    putIn(form_.cmdPrint, QRect({inside.left(), bottom}, print));
+    putIn(form_.cmdClose, QRect({inside.right() + 1 - close.width(), bottom}, close));
+    const int top = inside.top() + line + edge;
+    putIn(form_.List1, QRect(inside.left(), top, inside.width(), bottom - edge - top));
+}
+
+} // namespace desktop
