@@ -62,9 +62,9 @@ stop_companions() {
   companions=()
 }
 
-start_display() {
+start_display() {  # [OPTIONS] of Xvfb
   local number
-  exec {display_fd}< <(as_companion Xvfb -displayfd 1 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset 2>/dev/null)
+  exec {display_fd}< <(as_companion Xvfb -displayfd 1 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset "$@" 2>/dev/null)
   companions+=($!)
   read -r -t 20 -u "$display_fd" number || die "Xvfb did not start"
   unset WAYLAND_DISPLAY

@@ -270,7 +270,7 @@ stop() { # PID: of the typist
 
 new_display() {
   stop_companions
-  start_display
+  start_display -r
   start_sound
 }
 
@@ -407,7 +407,7 @@ keep_traces() { # of a failed round
 }
 
 failed=0 worst=0 total=0 folder=$scratch/disk
-start_display
+start_display -r # on a busy machine, a key would repeat before xdotool releases it
 start_sound
 use_sound_card
 [[ $mode == full || $mode == readonly ]] || lay_folder
