@@ -1,5 +1,6 @@
 #include "desktop/qt_desktop.h"
 
+#include "base/failure.h"
 #include "desktop/services/libraries.h"
 
 #include <QCoreApplication>
@@ -39,8 +40,14 @@ private:
 
 QtDesktop::QtDesktop()
     : player_(modulePath(system_, "mpv_player")), waveInput_(modulePath(system_, "portaudio_capture")),
-      text_(QtSystem::codePage()), printing_(modulePath(system_, "printing")),
+      text_(QtSystem::codePage()), printing_(modulePath(system_, "printing"), "quillmere_printer"),
       internet_(modulePath(system_, "internet")) {}
+
+platform::Printer& QtDesktop::printer() {
+    if (platform::Printer* const printer = printing_.load())
+        return *printer;
+    throw base::Failure(printing_.failure());
+}
 
 void QtDesktop::speak(const base::Text& fileLingua) {
     words_ = std::make_unique<StandardWords>(fileLingua, base::ProgramFolder(system_.programFolder()));

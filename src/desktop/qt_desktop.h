@@ -5,9 +5,9 @@
 #include "desktop/qt/key_repeats.h"
 #include "desktop/qt/keyboard_order.h"
 #include "desktop/services/lazy_internet.h"
+#include "desktop/services/lazy_module.h"
 #include "desktop/services/lazy_player.h"
 #include "desktop/services/lazy_wave_input.h"
-#include "desktop/services/print_module.h"
 #include "desktop/services/qt_dialogs.h"
 #include "desktop/services/qt_event_loop.h"
 #include "desktop/services/qt_shell.h"
@@ -42,7 +42,7 @@ public:
     platform::MediaPlayer& mediaPlayer() override { return player_; }
     platform::Clipboard& clipboard() override { return clipboard_; }
     platform::RichText& richText() override { return text_; }
-    platform::Printer& printer() override { return printing_.printer(); }
+    platform::Printer& printer() override;
     platform::WaveInput& waveInput() override { return waveInput_; }
     platform::Internet& internet() override { return internet_; }
     platform::Worker& disk() override { return disk_; }
@@ -81,7 +81,7 @@ private:
     LazyWaveInput waveInput_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
-    PrintModule printing_;
+    LazyModule<platform::Printer> printing_;
     LazyInternet internet_;
     QtShell shell_;
     safety::DiskThread disk_;

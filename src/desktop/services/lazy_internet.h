@@ -1,8 +1,7 @@
 #pragma once
 
+#include "desktop/services/lazy_module.h"
 #include "platform/internet.h"
-
-#include <memory>
 
 namespace desktop {
 
@@ -11,7 +10,7 @@ namespace desktop {
 class LazyInternet : public platform::Internet {
 public:
     // `module` is the path of the module, in UTF-8.
-    explicit LazyInternet(std::string module) : module_(std::move(module)) {}
+    explicit LazyInternet(std::string module) : module_(std::move(module), "quillmere_internet") {}
 
     std::string read(const std::string& address, const std::string& agent) override;
 
@@ -20,10 +19,7 @@ public:
     bool isHanging() const { return hangs_ && hangs_(); }
 
 private:
-    void load();
-
-    std::string module_;
-    std::unique_ptr<platform::Internet> reader_;
+    LazyModule<platform::Internet> module_;
     bool (*hangs_)() = nullptr;
 };
 

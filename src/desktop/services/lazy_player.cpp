@@ -2,56 +2,41 @@
 
 namespace desktop {
 
-void LazyPlayer::prepare() {
-    if (!reading_.valid())
-        reading_ = std::async(std::launch::async, [path = module_] { return Module(path); }).share();
-}
-
-template <typename Function>
-Function LazyPlayer::entry(const char* name) {
-    prepare();
-    return reading_.get().function<Function>(name);
-}
-
 std::string LazyPlayer::versions() {
     std::string versions;
-    if (const auto ask = entry<void (*)(std::string*)>("quillmere_media_versions"))
+    if (const auto ask = module_.function<void (*)(std::string*)>("quillmere_media_versions"))
         ask(&versions);
     return versions;
 }
 
 void LazyPlayer::start() {
-    if (engine_ || failed_)
+    if (module_.get())
         return;
-    using Make = platform::MediaPlayer* (*)();
-    if (const auto make = entry<Make>("quillmere_media_player"))
-        engine_.reset(make());
-    failed_ = !engine_;
+    platform::MediaPlayer* const engine = module_.load();
+    failed_ = !engine;
     if (failed_)
         return;
-    engine_->setRate(rate_);
-    engine_->setVolume(volume_);
-    engine_->Failed = [this](const base::Text& reason) { Failed(reason); };
-    engine_->SoundLost = [this](const base::Text& reason) { SoundLost(reason); };
-    engine_->SoundBack = [this] { SoundBack(); };
-    engine_->PictureChanged = [this] {
+    engine->setRate(rate_);
+    engine->setVolume(volume_);
+    engine->Failed = [this](const base::Text& reason) { Failed(reason); };
+    engine->SoundLost = [this](const base::Text& reason) { SoundLost(reason); };
+    engine->SoundBack = [this] { SoundBack(); };
+    engine->PictureChanged = [this] {
         if (PictureChanged)
             PictureChanged();
     };
     if (window_ != 0)
-        engine_->showPicturesIn(window_);
+        engine->showPicturesIn(window_);
 }
 
 void LazyPlayer::setURL(base::TextView path) {
     url_ = path;
     if (!path.empty())
         start();
-    if (engine_)
-        engine_->setURL(path);
-    else if (failed_ && !path.empty()) {
-        const std::string& failure = reading_.get().failure();
-        Failed(base::fromUtf8(failure.empty() ? "the engine did not start" : failure));
-    }
+    if (auto* const engine = module_.get())
+        engine->setURL(path);
+    else if (failed_ && !path.empty())
+        Failed(base::fromUtf8(module_.failure()));
 }
 
 base::Text LazyPlayer::URL() const {
@@ -59,76 +44,82 @@ base::Text LazyPlayer::URL() const {
 }
 
 void LazyPlayer::close() {
-    if (engine_)
-        engine_->close();
+    if (auto* const engine = module_.get())
+        engine->close();
 }
 
 platform::PlayState LazyPlayer::playState() const {
-    if (engine_)
-        return engine_->playState();
+    if (const auto* const engine = module_.get())
+        return engine->playState();
     return failed_ && !url_.empty() ? platform::PlayState::Stopped : platform::PlayState::Undefined;
 }
 
 void LazyPlayer::play() {
-    if (engine_)
-        engine_->play();
+    if (auto* const engine = module_.get())
+        engine->play();
 }
 
 void LazyPlayer::pause() {
-    if (engine_)
-        engine_->pause();
+    if (auto* const engine = module_.get())
+        engine->pause();
 }
 
 void LazyPlayer::stop() {
-    if (engine_)
-        engine_->stop();
+    if (auto* const engine = module_.get())
+        engine->stop();
 }
 
 double LazyPlayer::currentPosition() const {
-    return engine_ ? engine_->currentPosition() : 0;
+    const auto* const engine = module_.get();
+    return engine ? engine->currentPosition() : 0;
 }
 
 void LazyPlayer::setCurrentPosition(double seconds) {
-    if (engine_)
-        engine_->setCurrentPosition(seconds);
+    if (auto* const engine = module_.get())
+        engine->setCurrentPosition(seconds);
 }
 
 base::Text LazyPlayer::currentPositionString() const {
-    return engine_ ? engine_->currentPositionString() : base::Text();
+    const auto* const engine = module_.get();
+    return engine ? engine->currentPositionString() : base::Text();
 }
 
 double LazyPlayer::duration() const {
-    return engine_ ? engine_->duration() : 0;
+    const auto* const engine = module_.get();
+    return engine ? engine->duration() : 0;
 }
 
 base::Text LazyPlayer::durationString() const {
-    return engine_ ? engine_->durationString() : base::Text();
+    const auto* const engine = module_.get();
+    return engine ? engine->durationString() : base::Text();
 }
 
 double LazyPlayer::rate() const {
-    return engine_ ? engine_->rate() : rate_;
+    const auto* const engine = module_.get();
+    return engine ? engine->rate() : rate_;
 }
 
 void LazyPlayer::setRate(double factor) {
     rate_ = factor;
-    if (engine_)
-        engine_->setRate(factor);
+    if (auto* const engine = module_.get())
+        engine->setRate(factor);
 }
 
 void LazyPlayer::showPicturesIn(std::uint64_t window) {
     window_ = window;
-    if (engine_)
-        engine_->showPicturesIn(window);
+    if (auto* const engine = module_.get())
+        engine->showPicturesIn(window);
 }
 
 platform::PictureSize LazyPlayer::pictureSize() const {
-    return engine_ ? engine_->pictureSize() : platform::PictureSize();
+    const auto* const engine = module_.get();
+    return engine ? engine->pictureSize() : platform::PictureSize();
 }
 
 void LazyPlayer::setVolume(int percent) {
     volume_ = percent;
-    if (engine_)
-        engine_->setVolume(percent);
+    if (auto* const engine = module_.get())
+        engine->setVolume(percent);
 }
 
 } // namespace desktop

@@ -1,11 +1,7 @@
 #pragma once
 
-#include "desktop/qt/module.h"
+#include "desktop/services/lazy_module.h"
 #include "platform/media_player.h"
-
-#include <future>
-#include <memory>
-#include <string>
 
 namespace desktop {
 
@@ -15,13 +11,13 @@ namespace desktop {
 class LazyPlayer : public platform::MediaPlayer {
 public:
     // `module` is the path of the module, in UTF-8.
-    explicit LazyPlayer(std::string module) : module_(std::move(module)) {}
+    explicit LazyPlayer(std::string module) : module_(std::move(module), "quillmere_media_player") {}
 
     // Loads the module in the background, in idle time, so that the first file need not wait for it.
-    void prepare();
+    void prepare() { module_.prepare(); }
 
     // Destroys the engine. Must happen before the window that shows its video is destroyed.
-    void release() { engine_.reset(); }
+    void release() { module_.release(); }
 
     // The versions of mpv and FFmpeg, one per line; empty without the module.
     std::string versions();
@@ -45,14 +41,9 @@ public:
     platform::PictureSize pictureSize() const override;
 
 private:
-    // The module's function of this name; null if there is none.
-    template <typename Function>
-    Function entry(const char* name);
     void start();
 
-    std::string module_;
-    std::shared_future<Module> reading_;
-    std::unique_ptr<platform::MediaPlayer> engine_;
+    LazyModule<platform::MediaPlayer> module_;
     bool failed_ = false;
     base::Text url_;
     // Values to set on the engine once it is loaded.

@@ -10,71 +10,59 @@ constexpr int noDriver = 6; // the error code that the program's sound interface
 
 } // namespace
 
-void LazyWaveInput::prepare() {
-    if (!engine_ && !reading_.valid())
-        reading_ = std::async(std::launch::async, [path = module_] { return Module(path); });
-}
-
-void LazyWaveInput::load() {
-    if (engine_)
-        return;
-    using Make = platform::WaveInput* (*)();
-    prepare();
-    const Module library = reading_.get();
-    failure_ = library.failure();
-    if (const auto make = library.function<Make>("quillmere_wave_input"))
-        engine_.reset(make());
-    else if (failure_.empty())
-        failure_ = ::dlerror();
-    if (engine_) {
-        engine_->BufferDone = [this](platform::WaveBuffer& buffer) {
-            if (BufferDone)
-                BufferDone(buffer);
-        };
-        engine_->DeviceLost = [this](const base::Text& reason) { DeviceLost(reason); };
-        engine_->DeviceBack = [this] { DeviceBack(); };
-    }
-}
-
 void LazyWaveInput::open(const platform::WaveFormat& format, std::function<void(Result)> opened) {
-    load();
-    if (engine_)
-        engine_->open(format, std::move(opened));
-    else
+    platform::WaveInput* const engine = module_.load();
+    if (!engine) {
         opened(noDriver);
+        return;
+    }
+    engine->BufferDone = [this](platform::WaveBuffer& buffer) {
+        if (BufferDone)
+            BufferDone(buffer);
+    };
+    engine->DeviceLost = [this](const base::Text& reason) { DeviceLost(reason); };
+    engine->DeviceBack = [this] { DeviceBack(); };
+    engine->open(format, std::move(opened));
 }
 
 void LazyWaveInput::close() {
-    if (engine_)
-        engine_->close();
+    if (auto* const engine = module_.get())
+        engine->close();
 }
 
 LazyWaveInput::Result LazyWaveInput::prepareHeader(platform::WaveBuffer& buffer) {
-    return engine_ ? engine_->prepareHeader(buffer) : noDriver;
+    auto* const engine = module_.get();
+    return engine ? engine->prepareHeader(buffer) : noDriver;
 }
 
 LazyWaveInput::Result LazyWaveInput::unprepareHeader(platform::WaveBuffer& buffer) {
-    return engine_ ? engine_->unprepareHeader(buffer) : noDriver;
+    auto* const engine = module_.get();
+    return engine ? engine->unprepareHeader(buffer) : noDriver;
 }
 
 LazyWaveInput::Result LazyWaveInput::addBuffer(platform::WaveBuffer& buffer) {
-    return engine_ ? engine_->addBuffer(buffer) : noDriver;
+    auto* const engine = module_.get();
+    return engine ? engine->addBuffer(buffer) : noDriver;
 }
 
 LazyWaveInput::Result LazyWaveInput::start() {
-    return engine_ ? engine_->start() : noDriver;
+    auto* const engine = module_.get();
+    return engine ? engine->start() : noDriver;
 }
 
 LazyWaveInput::Result LazyWaveInput::stop() {
-    return engine_ ? engine_->stop() : noDriver;
+    auto* const engine = module_.get();
+    return engine ? engine->stop() : noDriver;
 }
 
 LazyWaveInput::Result LazyWaveInput::reset() {
-    return engine_ ? engine_->reset() : noDriver;
+    auto* const engine = module_.get();
+    return engine ? engine->reset() : noDriver;
 }
 
 base::Text LazyWaveInput::errorText(Result result) const {
-    return engine_ ? engine_->errorText(result) : base::fromUtf8(failure_);
+    auto* const engine = module_.get();
+    return engine ? engine->errorText(result) : base::fromUtf8(module_.failure());
 }
 
 } // namespace desktop

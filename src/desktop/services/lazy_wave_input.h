@@ -1,11 +1,7 @@
 #pragma once
 
-#include "desktop/qt/module.h"
+#include "desktop/services/lazy_module.h"
 #include "platform/wave_input.h"
-
-#include <future>
-#include <memory>
-#include <string>
 
 namespace desktop {
 
@@ -14,10 +10,10 @@ namespace desktop {
 class LazyWaveInput : public platform::WaveInput {
 public:
     // `module` is the path of the module, in UTF-8.
-    explicit LazyWaveInput(std::string module) : module_(std::move(module)) {}
+    explicit LazyWaveInput(std::string module) : module_(std::move(module), "quillmere_wave_input") {}
 
     // Loads the module in the background, so that the first recording need not wait for it.
-    void prepare();
+    void prepare() { module_.prepare(); }
 
     void open(const platform::WaveFormat& format, std::function<void(Result)> opened) override;
     void close() override;
@@ -30,12 +26,7 @@ public:
     base::Text errorText(Result result) const override;
 
 private:
-    void load();
-
-    std::string module_;
-    std::future<Module> reading_;
-    std::string failure_;
-    std::unique_ptr<platform::WaveInput> engine_;
+    LazyModule<platform::WaveInput> module_;
 };
 
 } // namespace desktop
