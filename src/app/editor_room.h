@@ -30,6 +30,8 @@ public:
 
     editor::Form2& form() { return form_; }
     editor::Document& document() { return document_; }
+    editor::UndoRedo& undoRedo() { return undoRedo_; }
+    editor::Typing& typing() { return typing_; }
     editor::EditorWindow& window() { return window_; }
     const editor::EditorKeys& keys() const { return keys_; }
     controls::RecentFiles& recentDocuments() { return recent_; }

@@ -20,6 +20,9 @@ void TranscriptMenu::add(const std::vector<controls::MenuItem*>& commands) {
 }
 
 void TranscriptMenu::translate(controls::MenuItem& item) {
+    for (controls::MenuItem* const inner : item.items)
+        if (inner->caption.get() != u"-")
+            translate(*inner);
     words_.follow(
         [this, &item, english = item.caption.get()] { item.caption = words_(lang::English(english)); });
 }

@@ -42,7 +42,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       outside_(desktop, form1_, editor_.form(), bookmarks_.form()),
       safety_(desktop, form1_, editor_, bookmarks_, files, notices_),
       reports_(notices_, {form1_, editor_, bookmarks_, recorder_, settingsFile_, recentMedia_}),
-      transcriptMenu_(editor_.form(), words_),
+      transcriptMenu_(editor_.form(), words_), moments_(desktop, form1_, editor_, transcriptMenu_, options_),
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
@@ -66,7 +66,7 @@ void Workstation::wireSafety() {
     options_.tie("VersionMegabytes", safetyOptions_.megabytes, 1, 1'000'000);
     safety_.keepsArchive = [this] { return safetyOptions_.archive; };
     safety_.archive().setLimits(safetyOptions_.days, safetyOptions_.megabytes);
-    safetyWindows_.OptionsChanged() = [this] {
+    safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = [this] {
         base::carryOn([this] { options_.save(); },
                       [this](const char* reason) {
                           notices_.tell(u"The options could not be saved: %1"_en, {base::fromUtf8(reason)});
@@ -101,6 +101,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     if (withFile)
         opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
     safety_.start();
+    moments_.start();
     recorder_.searchCutOff();
     if (start.checkUpdate == 1)
         ends_ = outside_.updateCheck().ControllaAggiornamenti();
@@ -163,6 +164,7 @@ bool Workstation::Form_Unload() {
     }
     left_ = true;
     safety_.leave();
+    moments_.leave();
     drop_.remove();
     settingsFile_.Salva();
     bookmarks_.form().visible = false;

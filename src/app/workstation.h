@@ -7,6 +7,7 @@
 #include "app/find_and_print.h"
 #include "app/input_room.h"
 #include "app/keys_room.h"
+#include "app/moment_room.h"
 #include "app/options_file.h"
 #include "app/outside_room.h"
 #include "app/recorder_room.h"
@@ -114,6 +115,7 @@ private:
     SafetyRoom safety_;
     Reports reports_;
     TranscriptMenu transcriptMenu_;
+    MomentRoom moments_;
     SafetyWindows safetyWindows_;
     KeysRoom keys_;
     EditorHint editorHint_;

@@ -77,22 +77,11 @@ void Document::ApriDocumento(base::TextView path) {
         return;
     }
     Replacing();
-    bool refused = false;
-    const bool loaded = base::carryOn([&] {
-        try {
-            form_.RTB.LoadFile(chosen);
-        } catch (const platform::TextTooLarge&) {
-            refused = true;
-        }
-    });
-    // The next save must not overwrite a document that was never shown.
-    if (refused) {
-        Refused(chosen);
-        return;
-    }
     nowIn(chosen, [&] {
-        if (loaded)
+        base::carryOn([&] {
+            form_.RTB.LoadFile(chosen);
             Settled(Origin::Read);
+        });
     });
 }
 

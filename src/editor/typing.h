@@ -17,6 +17,9 @@ public:
     void mnuAnnulla_Click();
     void mnuRipeti_Click();
 
+    // Called after every change of the text.
+    std::function<void()> Typed = [] {};
+
 private:
     Document& document_;
     UndoRedo& undoRedo_;

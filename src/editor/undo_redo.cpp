@@ -1,6 +1,7 @@
 #include "editor/undo_redo.h"
 
 #include "base/carry_on.h"
+#include "moments/stamps.h"
 
 #include <cstdlib>
 #include <utility>
@@ -21,22 +22,100 @@ base::Text DifferenzaTesto(const SnapshotText& a, const SnapshotText& b, std::in
     return longer.text(posizione - d - 1, d);
 }
 
+UndoRedo::UndoRedo(platform::RichText& text) : RTB_(text) {
+    RTB_.Arrives = [this](std::int32_t position, std::int32_t removed, const std::string& beside) {
+        arrives(position, removed, beside);
+    };
+    RTB_.Beside = [this](std::int32_t position, std::int32_t count) { return beside(position, count); };
+}
+
 const SnapshotText& UndoRedo::current() {
     const platform::TextChange change = RTB_.takeChange();
+    if (change.removed == 0 && change.inserted.empty())
+        return text_;
+    const std::optional<Arrival> arrival = std::exchange(arrival_, std::nullopt);
+    applyToMoments(change, arrival ? &*arrival : nullptr);
     text_.replace(change.position, change.removed, change.inserted);
     return text_;
+}
+
+// The control may report more than what changed, but what arrived lies within it.
+void UndoRedo::applyToMoments(const platform::TextChange& change, const Arrival* arrival) {
+    const auto added = static_cast<std::int32_t>(change.inserted.size());
+    if (arrival) {
+        const std::int32_t count = added - change.removed + arrival->removed;
+        if (count >= 0 && arrival->position >= change.position &&
+            arrival->position + arrival->removed <= change.position + change.removed &&
+            arrival->position + count <= change.position + added) {
+            applyArrival(change, *arrival);
+            return;
+        }
+    }
+    const base::Text removed = text_.text(change.position, change.removed);
+    const auto unitAt = [&](std::int32_t position) {
+        const base::Text unit = position < 0 ? base::Text() : text_.text(position, 1);
+        return unit.empty() ? u'\0' : unit.front();
+    };
+    moments_.apply({change.position, removed, change.inserted, unitAt(change.position - 1),
+                    unitAt(change.position + change.removed)});
+}
+
+void UndoRedo::applyArrival(const platform::TextChange& change, const Arrival& arrival) {
+    const auto count = static_cast<std::int32_t>(change.inserted.size()) - change.removed + arrival.removed;
+    const base::TextView fresh = base::TextView(change.inserted)
+                                     .substr(static_cast<std::size_t>(arrival.position - change.position),
+                                             static_cast<std::size_t>(count));
+    auto layer = moments::unpack(arrival.beside, fresh);
+    const bool whole = arrival.position == 0 && arrival.removed == text_.length();
+    if (whole)
+        layer_ = layer.value_or(moments::Layer());
+    const bool has = layer.has_value();
+    moments_.apply(arrival.position, arrival.removed,
+                   has ? std::move(layer->timed) : moments::momentsOfStamps(fresh));
+    if (whole && has)
+        LayerRead(layer_);
+}
+
+moments::WordMoments& UndoRedo::moments() {
+    current();
+    return moments_;
+}
+
+void UndoRedo::arrives(std::int32_t position, std::int32_t removed, const std::string& beside) {
+    current();
+    arrival_ = {position, removed, beside};
+}
+
+std::string UndoRedo::beside(std::int32_t position, std::int32_t count) {
+    const SnapshotText& text = current();
+    const base::Text part = text.text(position, count);
+    moments::Layer layer = Recording();
+    if (layer.recording.empty()) {
+        layer.recording = layer_.recording;
+        layer.length = layer_.length;
+    }
+    layer.timed = moments_.timed(position, static_cast<std::int32_t>(part.size()));
+    for (const auto& run : layer.timed.runs)
+        if (run.moment)
+            return moments::pack(layer, part);
+    return {};
 }
 
 void UndoRedo::record() {
     redo_.clear();
     const SnapshotText& text = current();
+    moments_.record();
     undo_.push_back({RTB_.SelStart(), text.length(), text});
 }
 
 void UndoRedo::EseguiUndo() {
     if (undo_.size() >= 2 && RegistraUndo) {
         RegistraUndo = false;
+        current();
+        moments_.undoing();
         undoLast();
+        current();
+        moments_.undone();
         redo_.push_back(std::move(undo_.back()));
         undo_.pop_back();
     }
@@ -55,6 +134,7 @@ void UndoRedo::undoLast() {
     base::Text chg;
     base::carryOn(
         [&] { chg = DifferenzaTesto(before.Text, last.Text, last.SelStart + 1 + std::abs(longer)); });
+    moments_.putBackFromBefore(last.SelStart);
     putIn(last.SelStart, chg);
 }
 
@@ -62,6 +142,8 @@ void UndoRedo::EseguiRedo() {
     if (!redo_.empty() && RegistraUndo) {
         RegistraUndo = false;
         redoLast();
+        current();
+        moments_.redone();
         undo_.push_back(std::move(redo_.back()));
         redo_.pop_back();
     }
@@ -80,6 +162,7 @@ void UndoRedo::redoLast() {
     // equal length is undone by merely dropping its record.
     base::Text chg;
     base::carryOn([&] { chg = DifferenzaTesto(current(), next.Text, next.SelStart + 1); });
+    moments_.putBackFromNext(next.SelStart - static_cast<std::int32_t>(chg.size()));
     putIn(next.SelStart - static_cast<std::int32_t>(chg.size()), chg);
 }
 

@@ -1,9 +1,14 @@
 #pragma once
 
 #include "editor/snapshot_text.h"
+#include "moments/layer.h"
+#include "moments/word_moments.h"
 #include "platform/rich_text.h"
 
 #include <deque>
+#include <functional>
+#include <optional>
+#include <string>
 
 namespace editor {
 
@@ -20,10 +25,10 @@ struct UndoElement {
 base::Text DifferenzaTesto(const SnapshotText& a, const SnapshotText& b, std::int32_t posizione);
 
 // Undo and redo of the plain text: one record per change, unlimited. Formats are neither recorded nor
-// restored.
+// restored. The moments of the words follow every change, and are stored with the text.
 class UndoRedo {
 public:
-    explicit UndoRedo(platform::RichText& text) : RTB_(text) {}
+    explicit UndoRedo(platform::RichText& text);
 
     // Records the current text after a change, and clears the redo list.
     void record();
@@ -36,11 +41,40 @@ public:
     // Memory of all records' texts, in bytes.
     std::size_t bytes() const { return store_.bytes(); }
 
+    // The moments of the control's current text.
+    moments::WordMoments& moments();
+    // Part of the control's current text; positions outside the text are clamped.
+    base::Text letters(std::int32_t position, std::int32_t count) { return current().text(position, count); }
+    std::int32_t length() { return current().length(); }
+
+    // The next change replaces `removed` units at `position` by letters with these moments, as
+    // platform::RichText::Arrives reports them.
+    void arrives(std::int32_t position, std::int32_t removed, const std::string& beside);
+    // The layer of a part of the text; empty if no letter has a moment.
+    std::string beside(std::int32_t position, std::int32_t count);
+
+    // What is heard while a new word is begun, see moments::WordMoments::Heard.
+    void momentsHeard(std::function<std::optional<std::int32_t>()> heard) {
+        moments_.Heard = std::move(heard);
+    }
+    // The recording that new moments belong to, for the layer: its file name and its length in ms.
+    std::function<moments::Layer()> Recording = [] { return moments::Layer(); };
+    // Called after a document with a layer was opened.
+    std::function<void(const moments::Layer&)> LayerRead = [](const moments::Layer&) {};
+
     bool RegistraUndo = false; // changes are recorded, and undo and redo may run
 
 private:
+    struct Arrival {
+        std::int32_t position = 0;
+        std::int32_t removed = 0;
+        std::string beside;
+    };
+
     // The control's current text.
     const SnapshotText& current();
+    void applyToMoments(const platform::TextChange& change, const Arrival* arrival);
+    void applyArrival(const platform::TextChange& change, const Arrival& arrival);
     void undoLast();
     void redoLast();
     // takeOut removes a range; putIn inserts text and leaves it selected unless it is a letter or a line
@@ -53,6 +87,9 @@ private:
     SnapshotText text_{store_}; // the control's text when its changes were last queried
     std::deque<UndoElement> undo_;
     std::deque<UndoElement> redo_;
+    moments::WordMoments moments_;
+    std::optional<Arrival> arrival_; // of the next change
+    moments::Layer layer_;           // of the document as it was opened
 };
 
 } // namespace editor

@@ -4,6 +4,8 @@
 
 #include "base/text.h"
 
+#include <utility>
+
 namespace moments {
 
 constexpr bool isBlank(char16_t unit) {
@@ -36,6 +38,22 @@ void forEachWord(base::TextView text, Take&& take) {
         take(begin, text.substr(begin, end - begin));
         begin = end;
     }
+}
+
+// The word around a place of the text, or the one before it: where it begins, and its length; 0 for none.
+inline std::pair<std::size_t, std::size_t> wordAround(base::TextView text, std::size_t place) {
+    std::size_t begin = place;
+    if (begin == text.size() || isBlank(text[begin])) {
+        if (begin == 0 || isBlank(text[begin - 1]))
+            return {place, 0};
+        --begin;
+    }
+    std::size_t end = begin + 1;
+    while (begin > 0 && inOneWord(text[begin - 1], text[begin]))
+        --begin;
+    while (end < text.size() && inOneWord(text[end - 1], text[end]))
+        ++end;
+    return {begin, end - begin};
 }
 
 } // namespace moments

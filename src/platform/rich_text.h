@@ -1,7 +1,6 @@
 // The port to the rich-text control.
 #pragma once
 
-#include "base/failure.h"
 #include "base/text.h"
 #include "platform/key_event.h"
 
@@ -10,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -45,10 +45,16 @@ struct ParagraphChange {
     bool whole = false;
 };
 
-// A text that the control refuses because displaying it would block the program or exhaust the memory.
-class TextTooLarge : public base::Failure {
-public:
-    using Failure::Failure;
+// What a part of the text is marked for in the view. Marks are no formats: they are neither saved, copied nor
+// printed.
+enum class Mark { Heard, Doubtful, Misspelled };
+
+struct MarkedPart {
+    std::int32_t position = 0;
+    std::int32_t length = 0;
+    Mark mark = Mark::Heard;
+
+    bool operator==(const MarkedPart&) const = default;
 };
 
 // One rich-text document with a selection. Positions and lengths are UTF-16 units; the end of a paragraph
@@ -119,8 +125,7 @@ public:
     virtual void setSelAlignment(ParagraphAlignment alignment) = 0;
 
     // Replaces the whole document by the file: RTF, or plain text in the system's code page, in UTF-8, or in
-    // UTF-16 with a byte-order mark. Raises Change once. Throws TextTooLarge for a file that it will not
-    // show.
+    // UTF-16 with a byte-order mark. Raises Change once.
     virtual void LoadFile(base::TextView path) = 0;
     // Writes the whole document as RTF, whatever the file's extension.
     virtual void SaveFile(base::TextView path) = 0;
@@ -137,16 +142,40 @@ public:
 
     virtual void SetFocus() = 0;
 
+    // What stands beside the letters at this position has changed: the next takeParagraphs includes them.
+    // Calls Edited.
+    virtual void besideChanged(std::int32_t position) = 0;
+    // The marks of a part of the text have changed: it is painted again if it is visible.
+    virtual void marksChanged(std::int32_t position, std::int32_t length) = 0;
+    // Scrolls as far as needed to make the part visible; the caret stays.
+    virtual void scrollTo(std::int32_t position, std::int32_t length) = 0;
+    // Returns the marks between two positions, which are those that are visible.
+    std::function<std::vector<MarkedPart>(std::int32_t begin, std::int32_t end)> MarksIn =
+        [](std::int32_t, std::int32_t) { return std::vector<MarkedPart>(); };
+    // Called when the user has scrolled the view.
+    std::function<void()> Scrolled = [] {};
+    // Called for a click with Ctrl on a letter. True if the program has a use for it.
+    std::function<bool(std::int32_t position)> CtrlClick = [](std::int32_t) { return false; };
+    // True if a click with Ctrl on this letter has a use; the pointer shows it.
+    std::function<bool(std::int32_t position)> Clickable = [](std::int32_t) { return false; };
+
     // Runs several edits and searches, and updates the display once at the end. Each edit raises Change as
     // usual.
     virtual void together(const std::function<void()>& edits) = 0;
 
     // Called after every change of the text, including the program's own; not after a mere change of format.
     std::function<void()> Change = [] {};
-    // Called after a change of formats alone, by which Text stays the same.
-    std::function<void()> Formatted = [] {};
     // Returns true if the program handles this key in the text, before the menu shortcuts see it.
     std::function<bool(const KeyEvent&)> TakesKey = [](const KeyEvent&) { return false; };
+    // What the program keeps beside the letters of a part of the text: ASCII letters, digits, "+", "/", "=";
+    // empty for nothing. The control stores it in files and paragraphs and passes it on with a drag within
+    // the program, never to other programs.
+    std::function<std::string(std::int32_t position, std::int32_t length)> Beside =
+        [](std::int32_t, std::int32_t) { return std::string(); };
+    // Called before the Change of an edit that brings such, or that replaces the whole document: `removed`
+    // units at `position` are replaced, and `beside` is what stands beside the new ones, empty for nothing.
+    std::function<void(std::int32_t position, std::int32_t removed, const std::string& beside)> Arrives =
+        [](std::int32_t, std::int32_t, const std::string&) {};
     // Called after every change of the text or its formats.
     std::function<void()> Edited = [] {};
     std::function<void(KeyEvent&)> KeyDown = [](KeyEvent&) {};

@@ -147,6 +147,7 @@ struct Document {
     std::string pageWords;         // control words of the page settings
     std::string head;              // RTF groups: style sheet, list tables, information
     KeptTables keptTables;
+    std::string moments; // of the words, as ASCII letters and digits: a group that other programs skip
 
     bool operator==(const Document&) const = default;
 };

@@ -1,5 +1,6 @@
 #include "safety/work.h"
 
+#include "moments/layer.h"
 #include "rtf/assembly.h"
 #include "rtf/read/reader.h"
 #include "rtf/write/writer.h"
@@ -8,10 +9,67 @@
 #include <deque>
 #include <iterator>
 #include <memory>
+#include <unordered_map>
 
 namespace safety {
 
 namespace {
+
+// The moments of a document's words, paragraph by paragraph, with the ends of the paragraphs.
+class ParagraphMoments {
+public:
+    static constexpr base::TextView lineBreak = u"\r\n";
+
+    // Adds the recording to `all`, if the document names one.
+    ParagraphMoments(const rtf::Document& document, moments::Layer& all) {
+        if (document.moments.empty())
+            return;
+        auto layer = moments::unpack(document.moments, textOf(document));
+        if (!layer)
+            return;
+        all.recording = layer->recording;
+        all.length = layer->length;
+        std::size_t run = 0;
+        for (const rtf::Paragraph& paragraph : document.paragraphs)
+            paragraphs_.push_back(cut(layer->timed.runs, run, paragraph.length + lineBreak.size()));
+    }
+
+    void append(std::size_t paragraph, std::size_t units, moments::Timed& to) const {
+        if (paragraph < paragraphs_.size())
+            to.runs.insert(to.runs.end(), paragraphs_[paragraph].begin(), paragraphs_[paragraph].end());
+        else
+            to.runs.push_back({static_cast<std::uint32_t>(units), {}});
+    }
+
+    static base::Text textOf(const rtf::Document& document) {
+        base::Text text;
+        std::size_t unit = 0;
+        for (const rtf::Paragraph& paragraph : document.paragraphs) {
+            text.append(document.text, unit, paragraph.length) += lineBreak;
+            unit += paragraph.length;
+        }
+        return text;
+    }
+
+private:
+    using Runs = std::vector<moments::Timed::Run>;
+
+    // The runs of the next `units` units; `next` is the first of those that are left.
+    static Runs cut(Runs& runs, std::size_t& next, std::size_t units) {
+        Runs part;
+        for (auto left = static_cast<std::uint32_t>(units); left > 0 && next < runs.size();) {
+            const std::uint32_t taken = std::min(left, runs[next].length);
+            if (taken > 0)
+                part.push_back({taken, runs[next].moment});
+            runs[next].length -= taken;
+            left -= taken;
+            next += runs[next].length == 0 ? 1 : 0;
+        }
+        return part;
+    }
+
+    std::vector<Runs> paragraphs_;
+};
 
 // The text that a journal describes, as a list of paragraphs. Each source is parsed once; the text is
 // assembled once, at the end.
@@ -58,13 +116,21 @@ public:
             frame.keptTables = newest->keptTables;
         rtf::Assembly assembly(frame);
         const rtf::Document* taken = nullptr;
+        moments::Layer layer;
+        std::unordered_map<const rtf::Document*, ParagraphMoments> known;
         for (const Place& place : places_) {
             if (place.document != taken)
                 assembly.take(*place.document);
             taken = place.document;
             assembly.append(place.paragraph);
+            const std::size_t units = place.document->paragraphs[place.paragraph].length;
+            known.try_emplace(place.document, *place.document, layer)
+                .first->second.append(place.paragraph, units + ParagraphMoments::lineBreak.size(),
+                                      layer.timed);
         }
-        return rtf::write(assembly.finish());
+        rtf::Document whole = assembly.finish();
+        addMoments(whole, layer);
+        return rtf::write(whole);
     }
 
 private:
@@ -72,6 +138,14 @@ private:
         const rtf::Document* document = nullptr;
         std::size_t paragraph = 0;
     };
+
+    static void addMoments(rtf::Document& whole, const moments::Layer& layer) {
+        const bool any = std::any_of(layer.timed.runs.begin(), layer.timed.runs.end(),
+                                     [](const auto& run) { return run.moment.has_value(); });
+        if (!any)
+            return;
+        whole.moments = moments::pack(layer, ParagraphMoments::textOf(whole));
+    }
 
     static void append(const rtf::Document& document, std::vector<Place>& places) {
         for (std::size_t index = 0; index < document.paragraphs.size(); ++index)

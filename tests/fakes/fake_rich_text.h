@@ -23,7 +23,8 @@ public:
     std::map<std::string, platform::Setting> styles;
     std::optional<double> size = 12;
     bool refusesSearch = false;
-    std::size_t largestFile = 1'000'000; // units
+    std::vector<platform::MarkedPart> marks; // of the part that was painted last
+    std::int32_t scrolledTo = -1;
 
     void setAllStyles(platform::Setting setting) {
         for (const char* style : {"bold", "italic", "underline", "strike", "bullet"})
@@ -34,7 +35,14 @@ public:
     void type(base::TextView typed) { setSelText(typed); }
 
     base::Text Text() const override { return text_; }
-    platform::TextChange takeChange() override { return {0, std::exchange(told_, textLength()), text_}; }
+    platform::TextChange takeChange() override {
+        const std::int32_t begin = std::min(first_, textLength() - tail_);
+        platform::TextChange change{begin, std::exchange(told_, textLength()) - begin - tail_,
+                                    text_.substr(static_cast<std::size_t>(begin),
+                                                 static_cast<std::size_t>(textLength() - begin - tail_))};
+        first_ = tail_ = textLength();
+        return change;
+    }
     std::optional<platform::ParagraphChange> takeParagraphs() override {
         if (!std::exchange(edited_, false))
             return std::nullopt;
@@ -70,6 +78,8 @@ public:
     void setSelText(base::TextView text) override {
         if (length_ == 0 && text.empty())
             return;
+        first_ = std::min(first_, start_);
+        tail_ = std::min(tail_, textLength() - start_ - length_);
         text_.replace(static_cast<std::size_t>(start_), static_cast<std::size_t>(length_), text);
         start_ += static_cast<std::int32_t>(text.size());
         length_ = 0;
@@ -77,22 +87,15 @@ public:
     }
     base::Text SelRTF() const override { return u"{\\rtf1 " + SelText() + u"}"; }
     void setSelRTF(base::TextView source) override { setSelText(plain(source)); }
-    void setSelFontName(base::TextView name) override {
-        commands.push_back("font " + base::toUtf8(name));
-        formatLetters();
-    }
+    void setSelFontName(base::TextView name) override { commands.push_back("font " + base::toUtf8(name)); }
     std::optional<double> SelFontSize() const override { return size; }
     void setSelFontSize(double points) override {
         if (!(points >= 1 && points <= 1638))
             throw base::Failure("Invalid property value");
         size = std::round(points * 2) / 2;
         commands.push_back("size " + base::toUtf8(base::numberText(*size)));
-        formatLetters();
     }
-    void setSelColor(std::uint32_t color) override {
-        commands.push_back("color " + std::to_string(color));
-        formatLetters();
-    }
+    void setSelColor(std::uint32_t color) override { commands.push_back("color " + std::to_string(color)); }
     platform::Setting SelBold() const override { return style("bold"); }
     void setSelBold(bool on) override { set("bold", on); }
     platform::Setting SelItalic() const override { return style("italic"); }
@@ -105,12 +108,9 @@ public:
     void setSelBullet(bool on) override { set("bullet", on); }
     void setSelAlignment(platform::ParagraphAlignment alignment) override {
         commands.push_back("align " + std::to_string(static_cast<int>(alignment)));
-        Formatted();
     }
     void LoadFile(base::TextView path) override {
         const base::Text bytes = base::fromUtf8(base::readFile(path));
-        if (bytes.size() > largestFile)
-            throw platform::TextTooLarge("The file is too large");
         commands.emplace_back("load");
         replaceAll(base::replaced(base::replaced(plain(bytes), u"\r\n", u"\n"), u"\n", u"\r\n"));
     }
@@ -148,16 +148,20 @@ public:
         commands.push_back("print source " + std::string(source));
     }
     void SetFocus() override { commands.emplace_back("focus"); }
+    void besideChanged(std::int32_t) override {
+        edited_ = true;
+        Edited();
+    }
+    void marksChanged(std::int32_t position, std::int32_t length) override {
+        marks = MarksIn(position, position + length);
+    }
+    void scrollTo(std::int32_t position, std::int32_t) override { scrolledTo = position; }
     void together(const std::function<void()>& edits) override {
         commands.emplace_back("together");
         edits();
     }
 
 private:
-    void formatLetters() {
-        if (length_ > 0)
-            Formatted();
-    }
     void tellChange() {
         edited_ = true;
         Change();
@@ -178,6 +182,8 @@ private:
         return source.starts_with(u"{\\rtf1 ") ? source.substr(7, source.size() - 8) : source;
     }
     void replaceAll(base::TextView text) {
+        Arrives(0, textLength(), {});
+        first_ = tail_ = 0;
         text_ = text;
         start_ = length_ = 0;
         tellChange();
@@ -187,17 +193,15 @@ private:
     }
     void set(const std::string& name, bool on) {
         styles[name] = on ? platform::Setting::On : platform::Setting::Off;
-        if (name == "bullet")
-            Formatted();
-        else
-            formatLetters();
         commands.push_back(name + (on ? " on" : " off"));
     }
 
     base::Text text_;
     std::int32_t start_ = 0;
     std::int32_t length_ = 0;
-    std::int32_t told_ = 0; // length of the text at the last takeChange()
+    std::int32_t told_ = 0;  // length of the text at the last takeChange()
+    std::int32_t first_ = 0; // units in front of all changes since then, and behind them
+    std::int32_t tail_ = 0;
     bool edited_ = false;
 };
 

@@ -91,6 +91,7 @@ public:
     std::string head;
     rtf::KeptTables keptTables;
     bool lastParagraphEnds = true;
+    std::string moments; // as the file had them
 
 protected:
     // Decodes pictures when they are first shown.

@@ -18,6 +18,7 @@
 #include "rtf/write/writer.h"
 
 #include <QGuiApplication>
+#include <QScrollBar>
 #include <QTextBlock>
 #include <algorithm>
 #include <cmath>
@@ -87,6 +88,8 @@ std::string withAllEnds(rtf::Document paragraphs) {
 RichTextEdit::RichTextEdit(const base::CodePage& page, QWidget* parent) : QTextEdit(parent), page_(page) {
     setFont(QFont(QStringLiteral("Arial"), 12));
     setContextMenuPolicy(Qt::PreventContextMenu);
+    viewport()->setMouseTracking(true);
+    connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { Scrolled(); });
     exchangeDocument(std::make_unique<EditorDocument>(font()));
 }
 
@@ -119,11 +122,8 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
 }
 
 void RichTextEdit::noteChange(int position, int removed, int added) {
-    if (removed == added && sameLength_ != SameLength::Replacement) {
-        if (sameLength_ == SameLength::Format)
-            Formatted();
+    if (removed == added && sameLength_ == SameLength::Format)
         return;
-    }
     stretch_.note(*document_, position, removed, added);
     changed_ = true;
     putMeasuringOff();
@@ -137,9 +137,14 @@ base::Text RichTextEdit::Text() const {
 
 void RichTextEdit::setText(base::TextView text) {
     edit(SameLength::Format, [&] {
+        arriveWhole({});
         exchangeDocument(documentOfText(text, font()));
         changed_ = true;
     });
+}
+
+void RichTextEdit::arriveWhole(const std::string& beside) const {
+    Arrives(0, textLength(), beside);
 }
 
 std::int32_t RichTextEdit::textLength() const {
@@ -310,6 +315,7 @@ void RichTextEdit::setSelAlignment(platform::ParagraphAlignment alignment) {
 void RichTextEdit::LoadFile(base::TextView path) {
     auto document = loadDocument(path, page_, font());
     edit(SameLength::Format, [&] {
+        arriveWhole(document->moments);
         exchangeDocument(std::move(document));
         changed_ = true;
     });
@@ -320,12 +326,15 @@ void RichTextEdit::SaveFile(base::TextView path) {
 }
 
 std::string RichTextEdit::source() const {
-    return rtf::write(rtfOf(*document_));
+    rtf::Document whole = rtfOf(*document_);
+    whole.moments = Beside(0, textLength());
+    return rtf::write(whole);
 }
 
 void RichTextEdit::setSource(std::string_view source) {
     auto document = documentOfRtf(rtf::read(source), font());
     edit(SameLength::Format, [&] {
+        arriveWhole(document->moments);
         exchangeDocument(std::move(document));
         changed_ = true;
     });
@@ -346,14 +355,19 @@ std::optional<platform::ParagraphChange> RichTextEdit::takeParagraphs() {
         const QTextBlock behind = document_->findBlockByNumber(range.first + range.inserted);
         const int begin = document_->findBlockByNumber(range.first).position();
         const int end = behind.isValid() ? behind.position() : document_->characterCount();
-        change.source = withAllEnds(rtfOf(*document_, {begin, end}));
+        rtf::Document part = rtfOf(*document_, {begin, end});
+        const std::int32_t first = programPosition(*document_, begin);
+        part.moments = Beside(first, programPosition(*document_, end) - first);
+        change.source = withAllEnds(std::move(part));
     }
     return change;
 }
 
 std::string RichTextEdit::takeAllParagraphs() {
     paragraphs_.take(*document_);
-    return withAllEnds(rtfOf(*document_));
+    rtf::Document whole = rtfOf(*document_);
+    whole.moments = Beside(0, textLength());
+    return withAllEnds(std::move(whole));
 }
 
 void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {
@@ -415,6 +429,11 @@ void RichTextEdit::together(const std::function<void()>& edits) {
     };
     const Block block(*this);
     edits();
+}
+
+void RichTextEdit::besideChanged(std::int32_t position) {
+    paragraphs_.note(*document_, documentPosition(*document_, position), 0);
+    Edited();
 }
 
 void RichTextEdit::SetFocus() {

@@ -15,6 +15,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <vector>
 
 namespace desktop {
 
@@ -67,6 +68,9 @@ public:
     std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override;
     void SetFocus() override;
     void together(const std::function<void()>& edits) override;
+    void besideChanged(std::int32_t position) override;
+    void marksChanged(std::int32_t position, std::int32_t length) override;
+    void scrollTo(std::int32_t position, std::int32_t length) override;
 
 protected:
     bool event(QEvent* event) override;
@@ -74,6 +78,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -88,16 +93,15 @@ protected:
     void moveSelection(const QMimeData& offer, const QTextCursor& place);
 
 private:
-    // How to interpret a document change that keeps the length of the text. Display: the document itself
-    // stays the same, as while an input method composes.
-    enum class SameLength { Format, Replacement, Display };
+    // How to interpret a document change that keeps the length of the text.
+    enum class SameLength { Format, Replacement };
 
     // Marks that an edit is running; ends with the scope, also after an exception.
     class Editing {
     public:
         Editing(RichTextEdit& control, SameLength meaning) : control_(control), before_(control.sameLength_) {
             ++control_.editing_;
-            if (meaning != SameLength::Format)
+            if (meaning == SameLength::Replacement)
                 control_.sameLength_ = meaning;
         }
         Editing(const Editing&) = delete;
@@ -116,6 +120,8 @@ private:
     template <typename Work>
     void edit(SameLength meaning, Work&& work);
     void noteChange(int position, int removed, int added);
+    // The whole text is about to be replaced by one with this beside it.
+    void arriveWhole(const std::string& beside) const;
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
     // The selection. While several edits run together, it is ahead of the one on the screen.
     QTextCursor caret() const { return ahead_ ? *ahead_ : textCursor(); }
@@ -132,6 +138,11 @@ private:
     // Runs `measure`, which replaces estimated heights by measured ones, without moving what is visible.
     void keepView(const std::function<void()>& measure);
     void paintPageBreaks(const QRect& area);
+    void paintMarks(const QRect& area);
+    // Where this part of the text is in the viewport; a rectangle for each of two lines.
+    std::vector<QRect> rectanglesOf(std::int32_t position, std::int32_t length) const;
+    // The pointer is a hand over what a click with Ctrl has a use for.
+    void showPointer(const QPoint& place, Qt::KeyboardModifiers modifiers);
     void putMeasuringOff();
     // Inserts the primary selection, which may belong to another program; `place` first moves the caret.
     void pasteSelection(const std::function<void()>& place);

@@ -66,6 +66,9 @@ std::optional<platform::EditCommand> editCommand(const QKeyEvent& event) {
     return std::nullopt;
 }
 
+// What stands beside the letters of the program's own text: a form that no other program reads.
+constexpr auto besideForm = "application/x-quillmere-beside";
+
 QByteArray rtfOffered(const QMimeData& offer) {
     for (const QByteArray& form : rtfForms())
         if (const QString type = QString::fromLatin1(form); offer.hasFormat(type))
@@ -93,6 +96,8 @@ bool RichTextEdit::event(QEvent* event) {
 void RichTextEdit::keyPressEvent(QKeyEvent* event) {
     if (!event->isAutoRepeat())
         pressed_.insert(placeOf(*event));
+    if (event->key() == Qt::Key_Control)
+        showPointer(viewport()->mapFromGlobal(QCursor::pos()), Qt::ControlModifier);
     if (platform::KeyEvent key = keyEvent(*event); key.keyCode != 0) {
         KeyDown(key);
         if (key.keyCode == 0) {
@@ -127,6 +132,8 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
 }
 
 void RichTextEdit::keyReleaseEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Control)
+        showPointer(viewport()->mapFromGlobal(QCursor::pos()), Qt::NoModifier);
     // Repeats of a held key send releases and presses that the user did not make. A key pressed elsewhere has
     // done its work there: a player key returns the focus here before it is released.
     const platform::KeyEvent key = keyEvent(*event);
@@ -140,11 +147,22 @@ void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
     const bool commits = !event->commitString().isEmpty() || event->replacementLength() > 0;
     if (commits)
         pressed_.insert(unknownPlace);
-    edit(commits ? SameLength::Replacement : SameLength::Display,
-         [&] { QTextEdit::inputMethodEvent(event); });
+    edit(commits ? SameLength::Replacement : SameLength::Format, [&] { QTextEdit::inputMethodEvent(event); });
+}
+
+void RichTextEdit::mouseMoveEvent(QMouseEvent* event) {
+    QTextEdit::mouseMoveEvent(event);
+    showPointer(event->position().toPoint(), event->modifiers());
 }
 
 void RichTextEdit::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton && event->modifiers() == Qt::ControlModifier) {
+        const int place = cursorForPosition(event->position().toPoint()).position();
+        if (CtrlClick(programPosition(*document_, place))) {
+            event->accept();
+            return;
+        }
+    }
     QTextEdit::mousePressEvent(event);
     // Qt numbers the left, right and middle buttons as the program does.
     MouseDown(static_cast<int>(event->button()) & 7);
@@ -211,6 +229,9 @@ QMimeData* RichTextEdit::createMimeDataFromSelection() const {
     offer->setText(QString::fromStdU16String(SelText()));
     offer->setData(QString::fromLatin1(rtfForms().front()),
                    QByteArray(source.data(), static_cast<qsizetype>(source.size())));
+    const std::int32_t begin = SelStart();
+    if (const std::string beside = Beside(begin, SelLength()); !beside.empty())
+        offer->setData(QString::fromLatin1(besideForm), QByteArray::fromStdString(beside));
     return offer;
 }
 
@@ -221,6 +242,8 @@ bool RichTextEdit::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void RichTextEdit::insertFromMimeData(const QMimeData* source) {
+    if (const QString form = QString::fromLatin1(besideForm); source->hasFormat(form))
+        Arrives(SelStart(), SelLength(), source->data(form).toStdString());
     edit(SameLength::Replacement, [&] {
         const std::string bytes = rtfOffered(*source).toStdString();
         if (rtf::isRtf(bytes)) {

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTimerEvent>
+#include <algorithm>
 
 namespace desktop {
 
@@ -48,6 +49,7 @@ void RichTextEdit::scrollContentsBy(int dx, int dy) {
 }
 
 void RichTextEdit::paintEvent(QPaintEvent* event) {
+    paintMarks(event->rect());
     QTextEdit::paintEvent(event);
     paintPageBreaks(event->rect());
     if (layout_->isEstimated() && !measuring_.isActive())
@@ -67,6 +69,62 @@ void RichTextEdit::paintPageBreaks(const QRect& area) {
         if (document_->pageBreakBefore(block) != PageBreak::None)
             painter.drawLine(0, top, viewport()->width(), top);
     }
+}
+
+std::vector<QRect> RichTextEdit::rectanglesOf(std::int32_t position, std::int32_t length) const {
+    QTextCursor cursor(document_);
+    cursor.setPosition(documentPosition(*document_, position));
+    const QRect first = cursorRect(cursor);
+    cursor.setPosition(documentPosition(*document_, std::int64_t{position} + length));
+    const QRect last = cursorRect(cursor);
+    if (first.top() == last.top())
+        return {QRect(QPoint(std::min(first.left(), last.left()), first.top()),
+                      QPoint(std::max(first.left(), last.left()), std::max(first.bottom(), last.bottom())))};
+    return {QRect(first.topLeft(), QPoint(viewport()->width(), first.bottom())),
+            QRect(QPoint(0, last.top()), last.bottomLeft())};
+}
+
+// Below the letters, so that they stay as they are.
+void RichTextEdit::paintMarks(const QRect& area) {
+    const auto placeAt = [&](const QPoint& point) {
+        return programPosition(*document_, cursorForPosition(point).position());
+    };
+    const auto marks = MarksIn(placeAt(area.topLeft()), placeAt(area.bottomRight()) + 1);
+    if (marks.empty())
+        return;
+    QPainter painter(viewport());
+    for (const platform::MarkedPart& mark : marks) {
+        for (const QRect& place : rectanglesOf(mark.position, mark.length)) {
+            if (mark.mark == platform::Mark::Heard) {
+                painter.fillRect(place, QColor(0xFF, 0xE0, 0x82));
+            } else {
+                const bool misspelled = mark.mark == platform::Mark::Misspelled;
+                painter.setPen(QPen(misspelled ? QColor(0xD0, 0x30, 0x30) : QColor(0x2A, 0x6F, 0xC0), 1,
+                                    misspelled ? Qt::SolidLine : Qt::DotLine));
+                painter.drawLine(place.bottomLeft(), place.bottomRight());
+            }
+        }
+    }
+}
+
+void RichTextEdit::marksChanged(std::int32_t position, std::int32_t length) {
+    for (const QRect& place : rectanglesOf(position, length))
+        viewport()->update(place.adjusted(-1, -1, 1, 1));
+}
+
+void RichTextEdit::scrollTo(std::int32_t position, std::int32_t length) {
+    QScrollBar& bar = *verticalScrollBar();
+    const int height = viewport()->height();
+    const std::vector<QRect> places = rectanglesOf(position, length);
+    // A third of the view below the top leaves room for what comes next.
+    if (places.front().top() < 0 || places.back().bottom() > height)
+        bar.setValue(bar.value() + places.front().top() - height / 3);
+}
+
+void RichTextEdit::showPointer(const QPoint& place, Qt::KeyboardModifiers modifiers) {
+    const bool hand = modifiers == Qt::ControlModifier &&
+                      Clickable(programPosition(*document_, cursorForPosition(place).position()));
+    viewport()->setCursor(hand ? Qt::PointingHandCursor : Qt::IBeamCursor);
 }
 
 void RichTextEdit::timerEvent(QTimerEvent* event) {

@@ -201,6 +201,7 @@ std::unique_ptr<EditorDocument> documentOfRtf(rtf::Document source, const QFont&
     document->pageWords = std::move(source.pageWords);
     document->head = std::move(source.head);
     document->keptTables = std::move(source.keptTables);
+    document->moments = std::move(source.moments);
     if (!source.sections.empty())
         document->sections = std::move(source.sections);
     return document;

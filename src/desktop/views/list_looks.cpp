@@ -5,7 +5,6 @@
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QStyleOptionViewItem>
 
 namespace desktop {
@@ -50,9 +49,7 @@ QSize buttonSize(const QPushButton& button) {
 }
 
 QString breakable(QString text) {
-    // Not behind the "/" that a path begins with.
-    static const QRegularExpression inside(QStringLiteral("(?<=[^\\s/])/"));
-    return text.replace(inside, QStringLiteral("/\u200B"));
+    return text.replace(QStringLiteral("/"), QStringLiteral("/\u200B"));
 }
 
 void putIn(controls::Control& control, const QRect& place) {

@@ -153,6 +153,7 @@ void Parser::enter(Destination destination, const Token& word) {
     case Destination::KeptBehind:
     case Destination::KeptHeader:
     case Destination::KeptHead:
+    case Destination::Moments:
         keep(destination, word);
         break;
     }
@@ -186,6 +187,10 @@ void Parser::keep(Destination destination, const Token& word) {
         skipRestOfGroup();
         return;
     }
+    if (destination == Destination::Moments) {
+        takeMoments(word);
+        return;
+    }
     std::string range = optional_ ? "{\\*" : "{";
     range += word.raw;
     // When the range is written again, the surrounding fallback length is 1 (\uc1).
@@ -201,6 +206,15 @@ void Parser::keep(Destination destination, const Token& word) {
         keptBefore_ += range;
     else
         placeKept(destination == Destination::KeptBehind, std::move(range));
+}
+
+// The last one counts; the brace that closes the group comes with the copy.
+void Parser::takeMoments(const Token& word) {
+    std::string& moments = builder_.document().moments;
+    moments.clear();
+    copyGroup(tokens_, word.text, moments);
+    std::erase_if(moments, [](char byte) { return byte <= ' ' || byte == '}'; });
+    closeGroup();
 }
 
 void Parser::placeKept(bool joinsPrevious, std::string range) {

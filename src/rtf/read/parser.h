@@ -32,6 +32,7 @@ private:
     void enterResult(FieldState& field);
     void skipRestOfGroup();
     void keep(Destination destination, const Token& word);
+    void takeMoments(const Token& word);
     void placeKept(bool joinsPrevious, std::string range);
 
     // Tokens

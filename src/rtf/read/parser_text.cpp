@@ -84,6 +84,7 @@ void Parser::letters(TextView text) {
     case Destination::KeptBehind:
     case Destination::KeptHeader:
     case Destination::KeptHead:
+    case Destination::Moments:
         break;
     }
 }

@@ -205,6 +205,7 @@ constexpr KnownWord words[] = {
     {"listtable", Destination::KeptHead},
     {"listoverridetable", Destination::KeptHead},
     {"info", Destination::KeptHead},
+    {"quillmoments", Destination::Moments},
     {"nonesttables", Destination::Skipped},
     {"xe", Destination::Skipped},
     {"tc", Destination::Skipped},

@@ -85,6 +85,7 @@ enum class Destination : std::uint8_t {
     KeptBehind, // belongs to the preceding kept range, if there is one
     KeptHeader, // of the section
     KeptHead,   // of the document
+    Moments,    // the program's own, see Document::moments
 };
 
 // The effect of a control word: none, one of the above, or the destination of the rest of the group.

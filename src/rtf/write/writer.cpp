@@ -22,6 +22,7 @@ public:
         head();
         for (std::size_t index = 0; index < document_.paragraphs.size(); ++index)
             paragraph(index);
+        moments();
         out_ += "}\r\n";
         return std::move(out_);
     }
@@ -29,6 +30,7 @@ public:
 private:
     void head();
     void paragraph(std::size_t index);
+    void moments();
     void paragraphEnd(std::size_t index);
     void section(std::size_t paragraph);
     void paragraphFormat(const ParagraphFormat& format);
@@ -66,6 +68,17 @@ void Writer::head() {
     out_ += document_.head;
     out_ += "{\\*\\generator Quillmere;}\r\n";
     out_ += document_.pageWords;
+}
+
+// In lines, for programs that read a file line by line.
+void Writer::moments() {
+    constexpr std::size_t lineLength = 120;
+    if (document_.moments.empty())
+        return;
+    out_ += "{\\*\\quillmoments";
+    for (std::size_t at = 0; at < document_.moments.size(); at += lineLength)
+        (out_ += "\r\n") += std::string_view(document_.moments).substr(at, lineLength);
+    out_ += '}';
 }
 
 void Writer::paragraph(std::size_t index) {

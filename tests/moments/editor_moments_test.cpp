@@ -1,0 +1,112 @@
+#include "editor/follow_sound.h"
+#include "editor/stamp_commands.h"
+#include "editor/word_sound.h"
+#include "fakes/editor_bench.h"
+
+// The moments of the editor's text, beside a recording that is at `now`.
+class EditorMomentsTest : public fakes::EditorBench {
+protected:
+    EditorMomentsTest() {
+        typing.Form_Load();
+        undoRedo.momentsHeard([this] { return std::optional(now); });
+        words.Heard = [this] { return std::optional(now); };
+        words.PlayFrom = [this](std::int32_t ms) { return played = ms, true; };
+        follow.Plays = [] { return true; };
+    }
+    // A word a second.
+    void typeWords(base::TextView typed) {
+        for (const char16_t unit : typed) {
+            now += unit == u' ' ? 1000 : 0;
+            text.type(base::TextView(&unit, 1));
+        }
+    }
+    // What a click with Ctrl on each word would play.
+    std::vector<int> heard() {
+        std::vector<int> result;
+        const base::Text all = text.Text();
+        for (std::size_t at = 0; at < all.size(); ++at) {
+            if (all[at] <= u' ' || (at > 0 && all[at - 1] > u' '))
+                continue;
+            played = -1;
+            text.CtrlClick(static_cast<std::int32_t>(at));
+            result.push_back(played);
+        }
+        return result;
+    }
+
+    int now = 1000;
+    int played = -1;
+    editor::SoundOptions options;
+    editor::WordSound words{form, undoRedo, options};
+    editor::FollowSound follow{form, words, options, desktop.loop};
+    editor::StampCommands stamps{form, undoRedo, options};
+};
+
+TEST_F(EditorMomentsTest, WordsTypedWhileARecordingIsOpen_AreHeardAgain_ThroughEditsUndoAndRedo) {
+    typeWords(u"one two three");
+    EXPECT_EQ(heard(), (std::vector{700, 1700, 2700}));
+    select(4, 4); // "two "
+    text.setSelText({});
+    EXPECT_EQ(heard(), (std::vector{700, 2700}));
+    undoRedo.EseguiUndo();
+    EXPECT_EQ(heard(), (std::vector{700, 1700, 2700}));
+    undoRedo.EseguiRedo();
+    EXPECT_EQ(heard(), (std::vector{700, 2700}));
+    now = 90'000;
+    text.setText(u"");
+    typeWords(u"other");
+    EXPECT_EQ(heard(), std::vector{89'700}) << "nothing of the document before";
+    text.setText(u"[00:00:05] loaded [00:00:15] text");
+    EXPECT_EQ(heard(), (std::vector{4700, 4700, 14'700, 14'700})) << "a stamp plays from its own time";
+}
+
+TEST_F(EditorMomentsTest, ACopyOfALayer_ComesAlongWithItsLetters) {
+    typeWords(u"one two three");
+    const std::string beside = text.Beside(4, 9); // "two three"
+    text.setText(u"new: ");
+    text.setSelStart(5);
+    text.Arrives(5, 0, beside);
+    text.setSelText(u"two three");
+    EXPECT_EQ(heard(), (std::vector{1700, 1700, 2700}));
+    EXPECT_TRUE(text.Beside(0, 4).empty()) << "letters without moments have no layer";
+}
+
+TEST_F(EditorMomentsTest, FollowedSound_MarksItsWord_AndLetsTheUserScroll) {
+    typeWords(u"one two three");
+    follow.commands().front()->Click();
+    now = 2500;
+    desktop.loop.advance(3100);
+    ASSERT_EQ(text.marks.size(), 1U);
+    EXPECT_EQ(text.marks.front(), (platform::MarkedPart{4, 3, platform::Mark::Heard}));
+    EXPECT_EQ(text.scrolledTo, 4);
+    text.Scrolled();
+    now = 3500;
+    desktop.loop.advance(100);
+    EXPECT_EQ(text.marks.front().position, 8);
+    EXPECT_EQ(text.scrolledTo, 4);
+    words.commands()[1]->Click(); // the caret to the sound
+    EXPECT_EQ(shown(), "one two |three");
+    now = 1200;
+    words.commands()[2]->Click(); // its word is heard now
+    EXPECT_EQ(heard().back(), 900);
+}
+
+TEST_F(EditorMomentsTest, Stamps_AreInsertedFromTheLayer_AndRemoved) {
+    typeWords(u"Ann: one two");
+    text.type(u"\r\n");
+    typeWords(u"Bob: three");
+    const base::Text plain = text.Text();
+    const auto& menu = stamps.commands().front()->items;
+    const std::pair<std::size_t, base::Text> rows[] = {
+        {0, u"[00:00:01] Ann: one two\r\n[00:00:03] Bob: three"},
+        {2, u"[00:00:01] Ann: one two\r\n[00:00:03] Bob: three"},
+        {1, u"[00:00:01] Ann: [00:00:02] one two\r\nBob: [00:00:04] three"},
+    };
+    options.stampSeconds = 2;
+    for (const auto& [command, expected] : rows) {
+        menu[command]->Click();
+        EXPECT_EQ(text.Text(), expected);
+        menu[4]->Click();
+        EXPECT_EQ(text.Text(), plain);
+    }
+}
