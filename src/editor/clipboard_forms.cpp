@@ -31,6 +31,7 @@ void ClipboardForms::copySelection() {
         clipboard_.SetText(form_.Combo1.tag.get());
     });
     form_.Combo2.tag = form_.RTB.SelText();
+    beside_ = form_.RTB.Beside(form_.RTB.SelStart(), form_.RTB.SelLength());
 }
 
 void ClipboardForms::mnuCopia_Click() {
@@ -51,6 +52,8 @@ void ClipboardForms::mnuIncolla_Click() {
         base::carryOn([&] { held = clipboard_.GetText(format); });
         if (held.empty())
             continue;
+        if (!beside_.empty() && (held == form_.Combo1.tag.get() || held == form_.Combo2.tag.get()))
+            form_.RTB.Arrives(form_.RTB.SelStart(), form_.RTB.SelLength(), beside_);
         base::carryOn([&] { form_.RTB.setSelRTF(held); });
         return;
     }

@@ -3,6 +3,8 @@
 #include "editor/form2.h"
 #include "platform/clipboard.h"
 
+#include <string>
+
 namespace editor {
 
 // Copy, cut and paste through one clipboard in two forms. While the editor is in front, the clipboard holds
@@ -25,6 +27,7 @@ private:
 
     Form2& form_;
     platform::Clipboard& clipboard_;
+    std::string beside_;    // what stands beside the letters that were copied last; it stays in the program
     bool ClipRtfOn = false; // the clipboard is assumed to hold the RTF form
 };
 

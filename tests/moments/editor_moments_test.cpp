@@ -1,3 +1,4 @@
+#include "editor/clipboard_forms.h"
 #include "editor/follow_sound.h"
 #include "editor/stamp_commands.h"
 #include "editor/word_sound.h"
@@ -69,6 +70,25 @@ TEST_F(EditorMomentsTest, ACopyOfALayer_ComesAlongWithItsLetters) {
     text.setSelText(u"two three");
     EXPECT_EQ(heard(), (std::vector{1700, 1700, 2700}));
     EXPECT_TRUE(text.Beside(0, 4).empty()) << "letters without moments have no layer";
+}
+
+TEST_F(EditorMomentsTest, WordsThatAreCutAndPasted_EvenIntoAnotherDocument_TakeTheirMomentsAlong) {
+    editor::ClipboardForms clipboard(form, desktop.clipboardPort);
+    typeWords(u"one two three");
+    select(0, 4);
+    clipboard.mnuTaglia_Click();
+    text.setSelStart(text.textLength());
+    typeWords(u" ");
+    clipboard.mnuIncolla_Click();
+    EXPECT_EQ(heard(), (std::vector{1700, 2700, 700}));
+    text.setText(u"other ");
+    text.setSelStart(6);
+    clipboard.mnuIncolla_Click();
+    EXPECT_EQ(heard().back(), 700);
+    desktop.clipboardPort.text = u"foreign words";
+    text.setText(u"");
+    clipboard.mnuIncolla_Click();
+    EXPECT_TRUE(text.Beside(0, text.textLength()).empty());
 }
 
 TEST_F(EditorMomentsTest, FollowedSound_MarksItsWord_AndLetsTheUserScroll) {
