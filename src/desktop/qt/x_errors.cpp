@@ -24,6 +24,14 @@ extern "C" Handler XSetErrorHandler(Handler handler) {
     return next ? next(handler ? handler : goOn) : nullptr;
 }
 
+// Overrides the function of Xlib's extensions in the same way: pictures of videos do not go through shared
+// memory. mpv waits without limit for the server's message that a shared picture was drawn, and loses it when
+// the window manager redirects the window at that moment; the video then stays black. Without shared memory,
+// a picture is a request like any other.
+extern "C" int XShmQueryExtension(void*) {
+    return 0;
+}
+
 namespace desktop {
 
 void surviveXErrors() {
