@@ -19,6 +19,7 @@
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
 #include "dictation/timed_cycle.h"
+#include "drafts/open_draft.h"
 #include "player/file_drop.h"
 #include "player/form1.h"
 #include "player/language_menu.h"
@@ -65,6 +66,7 @@ public:
 
 private:
     void wireSafety();
+    void wireDrafts();
     void Form_Initialize();
     void Form_Load(base::TextView commandLine);
     // The exit sequence. Returns true if the user cancelled it.
@@ -117,6 +119,8 @@ private:
     TranscriptMenu transcriptMenu_;
     MomentRoom moments_;
     SafetyWindows safetyWindows_;
+    drafts::Options draftOptions_;
+    drafts::OpenDraft openDraft_;
     KeysRoom keys_;
     EditorHint editorHint_;
     bool ends_ = false;

@@ -113,10 +113,18 @@ void Document::restore(const base::Text& path, std::string_view source, std::int
 }
 
 bool Document::openCopy(base::TextView path) {
+    return openUntitled([&] { form_.RTB.LoadFile(path); });
+}
+
+bool Document::openText(std::string_view source) {
+    return openUntitled([&] { form_.RTB.setSource(source); });
+}
+
+bool Document::openUntitled(const std::function<void()>& load) {
     if (!mayLoseText())
         return false;
     Replacing();
-    form_.RTB.LoadFile(path);
+    load();
     FileEditor.clear();
     base::carryOn([&] { NumeroDocumento = base::sumInt16(NumeroDocumento, 1); });
     form_.caption = form_.Lingua(96) + u" - " + untitledName();

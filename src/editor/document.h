@@ -41,6 +41,8 @@ public:
     // for a name. Returns false if the user kept the current text. Throws Failure, with the text unchanged,
     // if the file cannot be read.
     bool openCopy(base::TextView path);
+    // The same for RTF that is in no file.
+    bool openText(std::string_view source);
 
     // Updates the word for an untitled document to the new language.
     void CambiaLingua2();
@@ -64,6 +66,7 @@ public:
 private:
     void write(const base::Text& path);
     bool mayLoseText();
+    bool openUntitled(const std::function<void()>& load);
     void nowIn(const base::Text& path, const std::function<void()>& loadOrSave);
     void showName(base::TextView path);
     base::Text untitledName() const;
