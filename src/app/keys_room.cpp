@@ -24,7 +24,7 @@ void addMenu(std::vector<outside::KeyGroup::Row>& rows, const std::vector<contro
 KeysRoom::KeysRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
                    FindAndPrint& printing, lang::Words& words)
     : form1_(form1), editor_(editor), menu_(menu), words_(words), list_(words, [this] { return collect(); }) {
-    menu.add(list_.commands());
+    menu.addLast(list_.command());
     list_.Load = [this, &desktop](outside::KeysWindow& form) {
         const editor::Form2& beside = editor_.form();
         const controls::Screen& screen = form1_.screen;

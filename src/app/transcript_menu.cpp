@@ -12,11 +12,18 @@ TranscriptMenu::TranscriptMenu(editor::Form2& editor, lang::Words& words)
 
 void TranscriptMenu::add(const std::vector<controls::MenuItem*>& commands) {
     auto& items = mnuTranscript_.items;
-    if (!items.empty())
-        items.push_back(&lines_.emplace_back("mnuTranscriptLine"));
-    items.insert(items.end(), commands.begin(), commands.end());
+    std::vector<controls::MenuItem*> added = commands;
+    if (items.size() > last_)
+        added.insert(added.begin(), &lines_.emplace_back("mnuTranscriptLine"));
+    items.insert(items.end() - static_cast<std::ptrdiff_t>(last_), added.begin(), added.end());
     for (controls::MenuItem* const item : commands)
         translate(*item);
+}
+
+void TranscriptMenu::addLast(controls::MenuItem& command) {
+    const std::size_t before = mnuTranscript_.items.size();
+    add({&command});
+    last_ = mnuTranscript_.items.size() - before;
 }
 
 void TranscriptMenu::translate(controls::MenuItem& item) {

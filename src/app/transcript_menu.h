@@ -4,6 +4,7 @@
 #include "editor/form2.h"
 #include "lang/words.h"
 
+#include <cstddef>
 #include <deque>
 #include <vector>
 
@@ -19,6 +20,9 @@ public:
     // editor's window is created, which reads a menu's commands only once.
     void add(const std::vector<controls::MenuItem*>& commands);
 
+    // The same for the one command that stays at the end, behind what is added later.
+    void addLast(controls::MenuItem& command);
+
     const controls::MenuItem& menu() const { return mnuTranscript_; }
 
 private:
@@ -27,6 +31,7 @@ private:
     lang::Words& words_;
     controls::MenuItem mnuTranscript_;
     std::deque<controls::MenuItem> lines_;
+    std::size_t last_ = 0; // number of items that stay at the end
 };
 
 } // namespace app

@@ -40,7 +40,7 @@ public:
     // `collect` returns the keys as they are now, in the program's language.
     KeyList(lang::Words& words, std::function<std::vector<KeyGroup>()> collect);
 
-    std::vector<controls::MenuItem*> commands() { return {&mnuKeys_}; }
+    controls::MenuItem& command() { return mnuKeys_; }
 
     // Creates the window on the screen; called once, on first use.
     std::function<void(KeysWindow&)> Load = [](KeysWindow&) {};
