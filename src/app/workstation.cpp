@@ -2,7 +2,6 @@
 
 #include "base/carry_on.h"
 #include "player/apply_language.h"
-#include "rtf/write/writer.h"
 
 #include <ctime>
 
@@ -46,11 +45,10 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       transcriptMenu_(editor_.form(), words_), moments_(desktop, form1_, editor_, transcriptMenu_, options_),
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
-      openDraft_(desktop.eventLoop(), desktop.dialogs(), words_, desktop.codePage(), draftOptions_),
+      drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_}),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
     wireSafety();
-    wireDrafts();
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.FrameKnown = [this](double wider, double higher) { companions_.followFrame(wider, higher); };
@@ -74,22 +72,6 @@ void Workstation::wireSafety() {
                       [this](const char* reason) {
                           notices_.tell(u"The options could not be saved: %1"_en, {base::fromUtf8(reason)});
                       });
-    };
-}
-
-void Workstation::wireDrafts() {
-    options_.tie("DraftPauseMs", draftOptions_.pauseMs, 100, 60'000);
-    transcriptMenu_.add(openDraft_.commands());
-    openDraft_.Show = [this](const drafts::Transcript& transcript) {
-        if (!editor_.document().openText(rtf::write(transcript.document)))
-            return;
-        if (!editor_.form().visible)
-            form1_.mnuMostraNascondi.Click();
-        editor_.form().setFocus();
-        editor_.form().RTB.SetFocus();
-    };
-    openDraft_.Tell = [this](lang::English sentence, const base::Text& line) {
-        notices_.tell(sentence, {line});
     };
 }
 
@@ -189,7 +171,7 @@ bool Workstation::Form_Unload() {
     bookmarks_.form().visible = false;
     bookmarks_.form().Timer1.setInterval(50);
     findAndPrint_.leave();
-    openDraft_.stop();
+    drafts_.leave();
     safetyWindows_.leave();
     keys_.leave();
     form1_.WMP1.stop();

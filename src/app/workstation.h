@@ -2,6 +2,7 @@
 
 #include "app/companion_windows.h"
 #include "app/desktop.h"
+#include "app/draft_room.h"
 #include "app/editor_hint.h"
 #include "app/editor_room.h"
 #include "app/find_and_print.h"
@@ -19,7 +20,6 @@
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
 #include "dictation/timed_cycle.h"
-#include "drafts/open_draft.h"
 #include "player/file_drop.h"
 #include "player/form1.h"
 #include "player/language_menu.h"
@@ -66,7 +66,6 @@ public:
 
 private:
     void wireSafety();
-    void wireDrafts();
     void Form_Initialize();
     void Form_Load(base::TextView commandLine);
     // The exit sequence. Returns true if the user cancelled it.
@@ -119,8 +118,7 @@ private:
     TranscriptMenu transcriptMenu_;
     MomentRoom moments_;
     SafetyWindows safetyWindows_;
-    drafts::Options draftOptions_;
-    drafts::OpenDraft openDraft_;
+    DraftRoom drafts_;
     KeysRoom keys_;
     EditorHint editorHint_;
     bool ends_ = false;

@@ -76,6 +76,7 @@ struct Remark {
 
 struct Draft {
     Form form = Form::Segments;
+    Text recording; // name of its file; empty where the draft does not tell it
     std::vector<Text> speakers;
     std::vector<Segment> segments; // in the order of the file
     std::vector<Remark> remarks;   // what was odd, each fault once

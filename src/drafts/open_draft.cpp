@@ -93,7 +93,9 @@ OpenDraft::Result OpenDraft::read(const base::Text& path, TurnOptions options) {
             return !stop_;
         });
         result.remarks = draft.remarks;
+        const base::Text recording = draft.recording;
         result.transcript = transcript(turns(std::move(draft), options), {});
+        result.transcript.recording = recording;
     } catch (const Damage& damage) {
         result.damage.push_back(damage.remark());
         result.failed = true;

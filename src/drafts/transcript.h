@@ -21,6 +21,7 @@ struct TimedWord {
 struct Transcript {
     rtf::Document document;
     std::vector<TimedWord> words; // in the order of the text, without overlap
+    Text recording;               // name of its file, where the draft tells it
 };
 
 // How the text of a draft looks.

@@ -17,6 +17,11 @@ TEST_F(DraftsTest, OpenDraft_IsANewDocument_AndTellsWhatWasOdd) {
     const editor::Document& document = program->workstation().editor().document();
     EXPECT_THAT(desktop.text.source(),
                 testing::AllOf(testing::HasSubstr("Ann:"), testing::HasSubstr("there")));
+    // The words behind "Ann: " and behind the end of the first paragraph.
+    const auto& moments = program->workstation().editor().undoRedo().moments();
+    EXPECT_EQ(moments.at(5)->start, 1000);
+    EXPECT_EQ(moments.at(11), std::nullopt);
+    EXPECT_EQ(moments.at(12)->start, 1000);
     EXPECT_EQ(document.FileEditor, u"");
     EXPECT_EQ(document.TestoModificato, 1);
     EXPECT_TRUE(desktop.form2->visible);

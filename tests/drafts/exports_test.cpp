@@ -1,3 +1,4 @@
+#include "drafts/editor_text.h"
 #include "drafts/read/reader.h"
 #include "drafts/transcript.h"
 #include "drafts/write/texts.h"
@@ -94,6 +95,14 @@ TEST(DraftTurns, ComeBackFromTheDocument_WithoutStampsAndHiddenText) {
     for (const std::uint32_t begin : {0U, 16U, 28U})
         typed.words.push_back({0, {begin, begin == 16 ? 3U : 2U, {7, 8}}});
     EXPECT_EQ(shown(drafts::turns(typed)), "Ann: Yes@7-8 no@7-8");
+}
+
+TEST(DraftTurns, ComeBackFromTheEditorsSource_WithTheirMoments) {
+    const auto written = drafts::transcript(conversation(40, 60), {});
+    const auto read = drafts::transcript(drafts::source(written, {u"talk.mp3", 9, {}}));
+    EXPECT_EQ(read.document.text, written.document.text);
+    EXPECT_EQ(read.words, written.words);
+    EXPECT_EQ(read.recording, u"talk.mp3");
 }
 
 TEST(DraftExports, Json_ComesBackWithoutLoss) {

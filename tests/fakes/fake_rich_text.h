@@ -56,7 +56,9 @@ public:
         return "{\\rtf1 " + base::toUtf8(base::replaced(text_, u"\r\n", u"\\par\n")) + "}";
     }
     void setSource(std::string_view source) override {
-        setText(base::replaced(rtf::plainText(rtf::read(source)), u"\n", u"\r\n"));
+        const rtf::Document document = rtf::read(source);
+        styles.clear();
+        replaceAll(base::replaced(rtf::plainText(document), u"\n", u"\r\n"), document.moments);
     }
     void setText(base::TextView text) override {
         styles.clear();
@@ -181,8 +183,8 @@ private:
     static base::TextView plain(base::TextView source) {
         return source.starts_with(u"{\\rtf1 ") ? source.substr(7, source.size() - 8) : source;
     }
-    void replaceAll(base::TextView text) {
-        Arrives(0, textLength(), {});
+    void replaceAll(base::TextView text, const std::string& beside = {}) {
+        Arrives(0, textLength(), beside);
         first_ = tail_ = 0;
         text_ = text;
         start_ = length_ = 0;

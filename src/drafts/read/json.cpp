@@ -32,6 +32,7 @@ enum class Member : std::uint8_t {
     TurnNext,
     NewParagraph,
     Exact,
+    Recording,
 };
 
 Member memberOf(std::string_view name) {
@@ -56,6 +57,7 @@ Member memberOf(std::string_view name) {
         {"speaker_turn_next", Member::TurnNext},
         {"paragraph", Member::NewParagraph},
         {exactMember, Member::Exact},
+        {"media", Member::Recording},
     };
     const auto* const row = std::find_if(std::begin(members), std::end(members),
                                          [&](const auto& pair) { return pair.first == name; });
@@ -110,6 +112,8 @@ public:
         const std::string_view value(bytes, length);
         if (inside() == In::Root && member_ == Member::Text)
             lists_.text = value;
+        else if (inside() == In::Root && member_ == Member::Recording)
+            draft_.recording = base::fromUtf8(value);
         else if (inside() == In::Item || inside() == In::Part)
             takeString(inside() == In::Item ? item_ : part_, value);
         return true;
@@ -298,8 +302,11 @@ Draft readJson(const std::string& json, const Progress& progress) {
         throw Damage(Fault::NotJson, lineAt(json, result.Offset()));
     const bool noLists = std::all_of(lists.lists.begin(), lists.lists.end(),
                                      [](const std::vector<JsonItem>& list) { return list.empty(); });
-    if (noLists && lists.text.find("timestamp") != std::string::npos)
-        return readStampedHtml(base::fromUtf8(lists.text));
+    if (noLists && lists.text.find("timestamp") != std::string::npos) {
+        Draft stamped = readStampedHtml(base::fromUtf8(lists.text));
+        stamped.recording = draft.recording;
+        return stamped;
+    }
     if (noLists)
         throw Damage(Fault::UnknownJson, 1);
     if (!handler.hasFractions() && !lists.exact)
