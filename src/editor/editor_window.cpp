@@ -4,8 +4,6 @@
 
 namespace editor {
 
-namespace {} // namespace
-
 EditorWindow::EditorWindow(Form2& form, controls::Window& player, const controls::Screen& screen,
                            controls::MenuItem& showHideCommand)
     : form_(form), player_(player), screen_(screen), mnuMostraNascondi_(showHideCommand) {
