@@ -14,7 +14,7 @@ struct TextSheet : controls::Control {
 // The list of earlier versions as data: a resizable window. A row holds document, time, size and reason,
 // separated by tabs. The desktop positions the controls.
 struct VersionsWindow : controls::Window {
-    VersionsWindow() : Window("VersionsWindow", {0, 0, 11400, 6450}) {
+    VersionsWindow() : Window("VersionsWindow", {0, 0, 12600, 6450}) {
         lblEmpty.alignment = controls::Alignment::Centre;
         lblEmpty.foreColor = lblKept.foreColor = controls::rgb(0x5B, 0x67, 0x7A);
         cmdOpen.isDefault = true;

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Regenerates the pictures of docs/ from the program last built by ./run: the player in its states at single and double
-# size, its menus in two languages, the recorder in its states and the about box in two languages.
+# size, its menus in two languages, the recorder in its states, the about box, the quiet line and
+# the earlier versions in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/driver.sh"
 docs=$root/docs
@@ -214,8 +215,60 @@ about() {  # LANGUAGE SCALE PICTURE: with the list of libraries visible
   kill -KILL "$program"
 }
 
+# The window of earlier versions.
+versions() { # LANGUAGE X NAME WORDS...: X is the place of the last menu
+  local language=$1 x=$2 name=$3 archive version
+  shift 3
+  lay_folder
+  set_line 1 "$language.lng"
+  archive=$folder/Files/Safety/Archive
+  install -d -m 700 "$folder/Files/Safety" "$archive"
+  version() { (umask 077 && iconv -f UTF-8 -t UTF-16LE <<<"$2" | od -An -v -tu2 -w2 |
+    awk 'BEGIN { printf "{\\rtf1\\ansi\\uc0 " } $1 == 10 { printf "\\par " } $1 != 10 { printf "\\u%d ", $1 } END { print "}" }' >"$archive/$1.rtf"); }
+  version "$name.rtf $(date -d "-1 days" +%F) 16.21.07 [replaced]" "$(printf '%s\n' "$@")"
+  version "$name.rtf $(date -d "-1 days" +%F) 11.40.52 [exit]" "$1"
+  version "$name 2.rtf $(date -d "-6 days" +%F) 09.15.33 [overwritten]" "$2"
+  version "$name 3.rtf $(date -d "-13 days" +%F) 17.02.48 [structure]" "$1"
+  start_program
+  wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
+  xdotool windowactivate --sync "$window" mousemove 900 900
+  sleep 1
+  click "$x" 10
+  key Down Return
+  wait_until 10 '[[ $(xdotool getactivewindow) != "$window" ]]'
+  sleep 1
+  import -frame -window "$(xdotool getactivewindow)" "$docs/versions-${language,,}.png"
+  kill -KILL "$program"
+}
+
+# What a killed program had not saved is brought back, which the quiet line tells.
+quiet_line() { # WORDS
+  lay_folder
+  start_program
+  wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
+  xdotool windowactivate --sync "$window"
+  type_text "$1"
+  sleep 2
+  kill -KILL "$program"
+  wait_until 5 '! running'
+  start_program
+  wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
+  xdotool windowactivate --sync "$window" mousemove 900 900
+  wait_until 10 'xdotool search --onlyvisible --name ": .* 1$"'
+  sleep 0.5
+  import -window root -crop 732x640+48+48 +repage "$scratch/line.png"
+  kill -KILL "$program"
+  convert "$scratch/line.png" -fill '#8a94a3' -draw 'color 700,100 floodfill' "$docs/quiet-line.png"
+}
+
 start_display
 start_sound
+quiet_line 'Interviewer: Thomas, what does a harbour pilot do?'
+versions English 155 'Harbour pilot' 'Interviewer: Thomas, what does a harbour pilot do?' \
+  'Reed: I meet the ship out at sea and bring her in.'
+versions Russian 250 'Лоцман' 'Ведущий: Томас, чем занимается лоцман?' \
+  'Рид: Встречаю судно в море и веду его в порт.'
+[[ ${1-} != safety ]] || exit 0
 about English 1 about
 about Russian 2 about-russian
 [[ ${1-} != about ]] || exit 0

@@ -5,6 +5,7 @@
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QStyleOptionViewItem>
 
 namespace desktop {
@@ -49,7 +50,9 @@ QSize buttonSize(const QPushButton& button) {
 }
 
 QString breakable(QString text) {
-    return text.replace(QStringLiteral("/"), QStringLiteral("/\u200B"));
+    // Not behind the "/" that a path begins with.
+    static const QRegularExpression inside(QStringLiteral("(?<=[^\\s/])/"));
+    return text.replace(inside, QStringLiteral("/\u200B"));
 }
 
 void putIn(controls::Control& control, const QRect& place) {

@@ -106,7 +106,7 @@ void VersionsWindow::resizeEvent(QResizeEvent* event) {
 void VersionsWindow::align() {
     const int button = buttonSize(*close_).height();
     const QRect inside = rect().adjusted(edge, edge, -edge, -edge);
-    const int listWidth = std::max(leastList, inside.width() * 2 / 5);
+    const int listWidth = std::max(leastList, inside.width() * 9 / 20);
     const int bottom = inside.bottom() + 1 - button;
     const int below = bottom - button - 3 * edge / 2; // y coordinate below the two panes
     const QRect list(inside.left(), inside.top(), listWidth, below - edge - inside.top());
