@@ -1,3 +1,4 @@
+#include "base/files.h"
 #include "desktop/services/qt_dialogs.h"
 #include "qt_testing.h"
 
@@ -191,6 +192,35 @@ TEST_F(FileDlgTest, NameToSave_GetsItsExtension_WhateverDotsItHas) {
         });
         EXPECT_EQ(chosen, folder.text(saved));
     }
+}
+
+TEST_F(FileDlgTest, NameThatCannotBeWritten_IsRefused_WhileTheDialogStaysOpen) {
+    folder.write("folder.wav/x", "");
+    request.open = false;
+    request.extensionAlways = true;
+    request.defaultExtension = u"wav";
+    const std::string path = folder.path().string();
+    const base::Text chosen = ask([&](QFileDialog& dialog) {
+        const auto accept = [&](const std::string& name) {
+            dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))
+                ->setText(QString::fromStdString(name));
+            dynamic_cast<QDialog&>(dialog).accept();
+        };
+        for (const auto& [name, reason] :
+             {std::pair<std::string, std::string>{"/none/x", "No such file or directory"},
+              {std::string(254, 'x'), "File name too long"},
+              {path + "/folder.wav/x/y", "Not a directory"}}) {
+            whenOpen<QMessageBox>([reason = reason](QMessageBox& box) {
+                EXPECT_EQ(box.text().toStdString(), reason);
+                box.accept();
+            });
+            accept(name);
+            EXPECT_TRUE(dialog.isVisible());
+        }
+        accept(path + "/new");
+    });
+    EXPECT_EQ(chosen, folder.text("new.wav"));
+    EXPECT_FALSE(base::fileExists(chosen));
 }
 
 TEST_F(FileDlgTest, PathOver255Units_ReturnsNothing) {

@@ -1,5 +1,7 @@
 #include "desktop/services/qt_dialogs.h"
 
+#include "base/carry_on.h"
+#include "base/files.h"
 #include "desktop/qt/conversions.h"
 
 #include <QApplication>
@@ -16,6 +18,7 @@
 #include <QPointer>
 #include <QProgressDialog>
 #include <QTreeView>
+#include <cerrno>
 #include <utility>
 
 namespace desktop {
@@ -132,6 +135,63 @@ QString boxText(base::TextView text) {
     return lines.replace(QLatin1String("\r\n"), QLatin1String("\n")).replace(u'\r', u'\n');
 }
 
+Answer showBox(QWidget* owner, base::TextView text, base::TextView title, BoxStyle style) {
+    QMessageBox box(owner);
+    box.setObjectName(QStringLiteral("messageBox"));
+    // A box without a parent window cannot inherit its icon.
+    if (!box.parentWidget())
+        box.setWindowIcon(QIcon(QApplication::applicationDirPath() + QStringLiteral("/Files/quillmere.ico")));
+    box.setIcon(icon(style));
+    box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
+    box.setTextFormat(Qt::PlainText);
+    box.setText(boxText(text));
+    box.setStandardButtons(buttons(style));
+    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
+        grid->setColumnMinimumWidth(grid->columnCount() - 1, leastTextWidth);
+    // The player stays on top of all windows; a box behind it would look like a hang.
+    box.setWindowFlag(Qt::WindowStaysOnTopHint);
+    return answer(box.exec());
+}
+
+// Qt's dialog. While the file to save to cannot be written, it shows the system's message and stays open.
+class FileDialog final : public QFileDialog {
+public:
+    FileDialog(const platform::FileDialogRequest& request, QWidget* owner, const QString& folder)
+        : QFileDialog(owner, qstring(request.title), folder),
+          addedAlways_(request.extensionAlways ? u'.' + qstring(request.defaultExtension) : QString()) {}
+
+    // The chosen path with its extension.
+    QString chosen() const {
+        const QString path = selectedFiles().value(0);
+        return path.endsWith(addedAlways_, Qt::CaseInsensitive) ? path : path + addedAlways_;
+    }
+
+protected:
+    void accept() override {
+        // A folder is not chosen but opened.
+        if (acceptMode() == AcceptSave && !QFileInfo(selectedFiles().value(0)).isDir() && !isWritable())
+            return;
+        QFileDialog::accept();
+    }
+
+private:
+    bool isWritable() {
+        return base::carryOn(
+            [this] {
+                if (chosen().size() > longestPath)
+                    throw base::Failure(qt_error_string(ENAMETOOLONG).toStdString());
+                base::checkWritable(text(chosen()));
+            },
+            [this](const char* reason) {
+                // The path, which follows, is shown in the dialog.
+                const std::string_view words = reason;
+                showBox(this, base::fromUtf8(words.substr(0, words.find(": /"))), {}, BoxStyle::Exclamation);
+            });
+    }
+
+    const QString addedAlways_;
+};
+
 class ProgressWindow final : public platform::Progress {
 public:
     ProgressWindow(const QString& text, const QString& title, std::function<void()> cancelled, QWidget* owner)
@@ -173,21 +233,7 @@ private:
 } // namespace
 
 Answer QtDialogs::messageBox(base::TextView text, base::TextView title, BoxStyle style) {
-    QMessageBox box(QApplication::activeWindow());
-    box.setObjectName(QStringLiteral("messageBox"));
-    // A box without a parent window cannot inherit its icon.
-    if (!box.parentWidget())
-        box.setWindowIcon(QIcon(QApplication::applicationDirPath() + QStringLiteral("/Files/quillmere.ico")));
-    box.setIcon(icon(style));
-    box.setWindowTitle(title.empty() ? QApplication::applicationName() : qstring(title));
-    box.setTextFormat(Qt::PlainText);
-    box.setText(boxText(text));
-    box.setStandardButtons(buttons(style));
-    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
-        grid->setColumnMinimumWidth(grid->columnCount() - 1, leastTextWidth);
-    // The player stays on top of all windows; a box behind it would look like a hang.
-    box.setWindowFlag(Qt::WindowStaysOnTopHint);
-    return answer(box.exec());
+    return showBox(QApplication::activeWindow(), text, title, style);
 }
 
 std::unique_ptr<platform::Progress> QtDialogs::showProgress(base::TextView text, base::TextView title,
@@ -212,7 +258,7 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
     // If the folder no longer exists, Qt would choose an arbitrary one.
     const QString initial = qstring(request.initialFolder);
     const bool there = !initial.isEmpty() && QFileInfo(initial).isDir();
-    QFileDialog dialog(window(request.owner), qstring(request.title), there ? initial : QDir::currentPath());
+    FileDialog dialog(request, window(request.owner), there ? initial : QDir::currentPath());
     dialog.setObjectName(QStringLiteral("FileDlg"));
     dialog.setAcceptMode(request.open ? QFileDialog::AcceptOpen : QFileDialog::AcceptSave);
     dialog.setFileMode(request.open ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
@@ -229,10 +275,7 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
         dialog.selectFile(qstring(request.fileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return {};
-    QString chosen = dialog.selectedFiles().constFirst();
-    if (const QString extension = u'.' + qstring(request.defaultExtension);
-        request.extensionAlways && !chosen.endsWith(extension, Qt::CaseInsensitive))
-        chosen += extension;
+    const QString chosen = dialog.chosen();
     if (chosen.size() > longestPath)
         return {};
     QDir::setCurrent(QFileInfo(chosen).absolutePath());
