@@ -96,6 +96,9 @@ void SafetyRoom::watch() {
         if (hasUnsavedText())
             keepText(safety::Reason::Replaced);
     };
+    document.Refused = [this](const base::Text& path) {
+        tell(u"This document is too large to be shown and was not opened: %1"_en, path);
+    };
     document.SaveFailed = [this](const base::Text& reason) { saveFailed(reason); };
     bookmarks_.media.Replacing = [this](const base::Text& file, std::size_t lines) {
         marksReplaced(file, lines);

@@ -77,11 +77,22 @@ void Document::ApriDocumento(base::TextView path) {
         return;
     }
     Replacing();
-    nowIn(chosen, [&] {
-        base::carryOn([&] {
+    bool refused = false;
+    const bool loaded = base::carryOn([&] {
+        try {
             form_.RTB.LoadFile(chosen);
+        } catch (const platform::TextTooLarge&) {
+            refused = true;
+        }
+    });
+    // The next save must not overwrite a document that was never shown.
+    if (refused) {
+        Refused(chosen);
+        return;
+    }
+    nowIn(chosen, [&] {
+        if (loaded)
             Settled(Origin::Read);
-        });
     });
 }
 

@@ -52,6 +52,8 @@ public:
     std::int16_t NumeroDocumento = 1; // number of the untitled document; never decreases
     std::int16_t TestoModificato = 0; // 1 while the text has unsaved changes
 
+    // A document was too large to be shown; the previous one stays.
+    std::function<void(const base::Text& path)> Refused = [](const base::Text&) {};
     // The text is about to be replaced by another one.
     std::function<void()> Replacing = [] {};
     // The document is about to be written to the file at this path.

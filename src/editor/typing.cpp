@@ -11,6 +11,7 @@ constexpr int typingWatch = 1300; // ms
 Typing::Typing(Form2& form, Document& document, UndoRedo& undoRedo, player::Form1& player)
     : document_(document), undoRedo_(undoRedo), player_(player) {
     form.RTB.Change = [this] { RTB_Change(); };
+    form.RTB.Formatted = [this] { document_.TestoModificato = 1; };
     form.mnuAnnulla.Click = [this] { mnuAnnulla_Click(); };
     form.mnuRipeti.Click = [this] { mnuRipeti_Click(); };
 }

@@ -1,6 +1,7 @@
 // The port to the rich-text control.
 #pragma once
 
+#include "base/failure.h"
 #include "base/text.h"
 #include "platform/key_event.h"
 
@@ -55,6 +56,12 @@ struct MarkedPart {
     Mark mark = Mark::Heard;
 
     bool operator==(const MarkedPart&) const = default;
+};
+
+// A text that the control refuses because displaying it would block the program or exhaust the memory.
+class TextTooLarge : public base::Failure {
+public:
+    using Failure::Failure;
 };
 
 // One rich-text document with a selection. Positions and lengths are UTF-16 units; the end of a paragraph
@@ -125,7 +132,8 @@ public:
     virtual void setSelAlignment(ParagraphAlignment alignment) = 0;
 
     // Replaces the whole document by the file: RTF, or plain text in the system's code page, in UTF-8, or in
-    // UTF-16 with a byte-order mark. Raises Change once.
+    // UTF-16 with a byte-order mark. Raises Change once. Throws TextTooLarge for a file that it will not
+    // show.
     virtual void LoadFile(base::TextView path) = 0;
     // Writes the whole document as RTF, whatever the file's extension.
     virtual void SaveFile(base::TextView path) = 0;
@@ -165,6 +173,8 @@ public:
 
     // Called after every change of the text, including the program's own; not after a mere change of format.
     std::function<void()> Change = [] {};
+    // Called after a change of formats alone, by which Text stays the same.
+    std::function<void()> Formatted = [] {};
     // Returns true if the program handles this key in the text, before the menu shortcuts see it.
     std::function<bool(const KeyEvent&)> TakesKey = [](const KeyEvent&) { return false; };
     // What the program keeps beside the letters of a part of the text: ASCII letters, digits, "+", "/", "=";

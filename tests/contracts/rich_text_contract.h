@@ -97,11 +97,26 @@ TEST_P(RichTextContract, FormattingAndSearching_AreNoChange) {
         text.setSelBullet(true);
         text.setSelBullet(false);
     }
+    EXPECT_EQ(watch.changes, 0);
+    for (const auto& format : std::initializer_list<std::function<void()>>{
+             [&] { text.setSelBold(true); }, [&] { text.setSelFontName(u"Arial"); },
+             [&] { text.setSelFontSize(10); }, [&] { text.setSelColor(0xFF); },
+             [&] { text.setSelBullet(true); },
+             [&] { text.setSelAlignment(platform::ParagraphAlignment::Right); }}) {
+        fakes::select(text, 0, 2);
+        watch.formats = 0;
+        format();
+        EXPECT_GT(watch.formats, 0);
+    }
+    watch.formats = 0;
     text.Find(u"cd", 0, 0);
     text.setSelStart(0);
     text.setSelText(u"");
     EXPECT_EQ(watch.changes, 0);
+    text.setSelItalic(true);
+    EXPECT_EQ(watch.formats, 0) << "only the format of what is typed next";
     text.setText(u"");
+    EXPECT_EQ(watch.formats, 0);
     text.setText(u"");
     EXPECT_EQ(watch.changes, 2) << "replacing nothing by nothing is a change too";
 }

@@ -85,6 +85,32 @@ TEST_F(DocumentTest, Dialogs_SuggestTheLastFormat) {
     }
 }
 
+TEST_F(DocumentTest, FormatsAlone_AreSavedAndAskedFor_WithoutAnUndoRecord) {
+    desktop.folder.write("a.rtf", "words");
+    document.ApriDocumento(path("a.rtf"));
+    fakes::select(text, 0, 3);
+    const std::size_t records = undoRedo.ListaUndo().size();
+    text.setSelBold(true);
+    EXPECT_EQ(undoRedo.ListaUndo().size(), records);
+    dialogs.answers = {Answer::Yes};
+    EXPECT_EQ(document.askAtExit(), Document::ExitAnswer::Go);
+    EXPECT_EQ(file("a.rtf"), "{\\rtf1 words}");
+    EXPECT_EQ(document.TestoModificato, 0);
+}
+
+TEST_F(DocumentTest, DocumentTooLarge_IsNotTheTargetOfTheNextSave) {
+    desktop.folder.write("a.rtf", "small");
+    desktop.folder.write("large.rtf", "too large");
+    document.ApriDocumento(path("a.rtf"));
+    text.largestFile = 5;
+    document.ApriDocumento(path("large.rtf"));
+    text.type(u"X");
+    document.save();
+    EXPECT_EQ(file("a.rtf"), "{\\rtf1 Xsmall}");
+    EXPECT_EQ(file("large.rtf"), "too large");
+    EXPECT_EQ(form.mnuRecent1.caption.get(), path("a.rtf"));
+}
+
 TEST_F(DocumentTest, Exit_AsksAboutVisibleUnsavedText) {
     using Exit = Document::ExitAnswer;
     const std::tuple<Answer, std::deque<base::Text>, Exit> rows[] = {

@@ -25,6 +25,7 @@ public:
     bool refusesSearch = false;
     std::vector<platform::MarkedPart> marks; // of the part that was painted last
     std::int32_t scrolledTo = -1;
+    std::size_t largestFile = 1'000'000; // units
 
     void setAllStyles(platform::Setting setting) {
         for (const char* style : {"bold", "italic", "underline", "strike", "bullet"})
@@ -89,15 +90,22 @@ public:
     }
     base::Text SelRTF() const override { return u"{\\rtf1 " + SelText() + u"}"; }
     void setSelRTF(base::TextView source) override { setSelText(plain(source)); }
-    void setSelFontName(base::TextView name) override { commands.push_back("font " + base::toUtf8(name)); }
+    void setSelFontName(base::TextView name) override {
+        commands.push_back("font " + base::toUtf8(name));
+        formatLetters();
+    }
     std::optional<double> SelFontSize() const override { return size; }
     void setSelFontSize(double points) override {
         if (!(points >= 1 && points <= 1638))
             throw base::Failure("Invalid property value");
         size = std::round(points * 2) / 2;
         commands.push_back("size " + base::toUtf8(base::numberText(*size)));
+        formatLetters();
     }
-    void setSelColor(std::uint32_t color) override { commands.push_back("color " + std::to_string(color)); }
+    void setSelColor(std::uint32_t color) override {
+        commands.push_back("color " + std::to_string(color));
+        formatLetters();
+    }
     platform::Setting SelBold() const override { return style("bold"); }
     void setSelBold(bool on) override { set("bold", on); }
     platform::Setting SelItalic() const override { return style("italic"); }
@@ -110,9 +118,12 @@ public:
     void setSelBullet(bool on) override { set("bullet", on); }
     void setSelAlignment(platform::ParagraphAlignment alignment) override {
         commands.push_back("align " + std::to_string(static_cast<int>(alignment)));
+        Formatted();
     }
     void LoadFile(base::TextView path) override {
         const base::Text bytes = base::fromUtf8(base::readFile(path));
+        if (bytes.size() > largestFile)
+            throw platform::TextTooLarge("The file is too large");
         commands.emplace_back("load");
         replaceAll(base::replaced(base::replaced(plain(bytes), u"\r\n", u"\n"), u"\n", u"\r\n"));
     }
@@ -164,6 +175,10 @@ public:
     }
 
 private:
+    void formatLetters() {
+        if (length_ > 0)
+            Formatted();
+    }
     void tellChange() {
         edited_ = true;
         Change();
@@ -195,6 +210,10 @@ private:
     }
     void set(const std::string& name, bool on) {
         styles[name] = on ? platform::Setting::On : platform::Setting::Off;
+        if (name == "bullet")
+            Formatted();
+        else
+            formatLetters();
         commands.push_back(name + (on ? " on" : " off"));
     }
 

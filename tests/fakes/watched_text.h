@@ -24,6 +24,7 @@ inline std::string shown(const platform::RichText& text) {
 // Counts the changes of a text. `seen` is the text as the program finds it during the last change.
 struct WatchedText {
     explicit WatchedText(platform::RichText& text) {
+        text.Formatted = [this] { ++formats; };
         text.Change = [this, &text] {
             ++changes;
             seen = shown(text);
@@ -34,6 +35,7 @@ struct WatchedText {
     }
 
     int changes = 0;
+    int formats = 0; // changes of formats alone
     std::string seen;
     base::Text told; // the text rebuilt from the reported changes
 };

@@ -6,6 +6,7 @@
 #include "desktop/text/layout_limits.h"
 #include "desktop/text/rtf_bridge.h"
 #include "desktop/text/text_units.h"
+#include "platform/rich_text.h"
 #include "rtf/read/reader.h"
 
 #include <QStringDecoder>
@@ -20,7 +21,7 @@ namespace {
 constexpr std::uintmax_t largestFile = 100'000'000; // bytes
 
 [[noreturn]] void refuse(base::TextView path) {
-    throw base::Failure("The file is too large: " + base::toUtf8(path));
+    throw platform::TextTooLarge("The file is too large: " + base::toUtf8(path));
 }
 
 base::Text decodeUtf16(std::string_view bytes, std::size_t low, std::size_t high) {

@@ -122,8 +122,11 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
 }
 
 void RichTextEdit::noteChange(int position, int removed, int added) {
-    if (removed == added && sameLength_ == SameLength::Format)
+    if (removed == added && sameLength_ != SameLength::Replacement) {
+        if (sameLength_ == SameLength::Format)
+            Formatted();
         return;
+    }
     stretch_.note(*document_, position, removed, added);
     changed_ = true;
     putMeasuringOff();

@@ -93,15 +93,16 @@ protected:
     void moveSelection(const QMimeData& offer, const QTextCursor& place);
 
 private:
-    // How to interpret a document change that keeps the length of the text.
-    enum class SameLength { Format, Replacement };
+    // How to interpret a document change that keeps the length of the text. Display: the document itself
+    // stays the same, as while an input method composes.
+    enum class SameLength { Format, Replacement, Display };
 
     // Marks that an edit is running; ends with the scope, also after an exception.
     class Editing {
     public:
         Editing(RichTextEdit& control, SameLength meaning) : control_(control), before_(control.sameLength_) {
             ++control_.editing_;
-            if (meaning == SameLength::Replacement)
+            if (meaning != SameLength::Format)
                 control_.sameLength_ = meaning;
         }
         Editing(const Editing&) = delete;

@@ -147,7 +147,8 @@ void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
     const bool commits = !event->commitString().isEmpty() || event->replacementLength() > 0;
     if (commits)
         pressed_.insert(unknownPlace);
-    edit(commits ? SameLength::Replacement : SameLength::Format, [&] { QTextEdit::inputMethodEvent(event); });
+    edit(commits ? SameLength::Replacement : SameLength::Display,
+         [&] { QTextEdit::inputMethodEvent(event); });
 }
 
 void RichTextEdit::mouseMoveEvent(QMouseEvent* event) {

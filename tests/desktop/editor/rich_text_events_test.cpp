@@ -246,8 +246,10 @@ TEST_F(RichTextEvents, ComposedInput_ChangesTheText_WhenCommitted) {
     input({}, QStringLiteral("\u00E9"));
     EXPECT_EQ(shown(), "a\u00E9|b");
     EXPECT_EQ(changes, 2) << "one character replaced by another";
+    watch.formats = 0;
     input(QStringLiteral("x"), {});
     input({}, {});
+    EXPECT_EQ(watch.formats, 0);
     EXPECT_EQ(changes, 2) << "cancelled";
 }
 

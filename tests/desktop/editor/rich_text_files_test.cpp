@@ -64,7 +64,7 @@ TEST_F(RichText, LoadFile_WithATooLongFile_KeepsTheOldText) {
     rtb.setText(u"before");
     changes = 0;
     for (const char* const name : {"large", "line", "rtf"}) {
-        EXPECT_THROW(rtb.LoadFile(folder.text(name)), base::Failure) << name;
+        EXPECT_THROW(rtb.LoadFile(folder.text(name)), platform::TextTooLarge) << name;
         EXPECT_EQ(rtb.Text(), u"before");
         EXPECT_EQ(changes, 0);
     }
