@@ -3,12 +3,15 @@
 #include "desktop/qt/x_errors.h"
 #include "desktop/views/skin_button.h"
 
+#include <QEvent>
 #include <QFont>
 #include <QPalette>
 #include <QProxyStyle>
 #include <QSettings>
 #include <QStyleFactory>
 #include <QStyleOptionButton>
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -134,7 +137,27 @@ Application::Application(int& argc, char** argv) : QApplication(choosePlatform(a
     setQuitOnLastWindowClosed(false);
     setStyle(new SkinStyle);
     setPalette(skinPalette());
-    setFont(QFont(QStringLiteral("Arial"), interfaceFontSize));
+    keepFont();
+    installEventFilter(this);
+}
+
+bool Application::eventFilter(QObject* receiver, QEvent* event) {
+    if (event->type() == QEvent::ApplicationFontChange || event->type() == QEvent::ThemeChange)
+        keepFont();
+    return QApplication::eventFilter(receiver, event);
+}
+
+// The theme of a desktop, or a tool for fonts, sets its own font for everything, or one for a kind of
+// control: once the program runs, and again whenever the user changes it.
+void Application::keepFont() {
+    const QFont own(QStringLiteral("Arial"), interfaceFontSize);
+    // Themes have fonts for these and their kind; all are removed together.
+    static constexpr std::array kinds{"QMenuBar", "QMenu", "QToolButton", "QMessageBox", "QTipLabel"};
+    const bool changed = font() != own || std::any_of(kinds.begin(), kinds.end(), [&](const char* kind) {
+                             return QApplication::font(kind) != own;
+                         });
+    if (changed)
+        setFont(own);
 }
 
 base::Text Application::commandLine(int argc, char** argv) {

@@ -18,6 +18,13 @@ public:
 
     // The absolute path behind "--document", the transcript to open in the editor; empty when there is none.
     static base::Text documentArgument(int argc, char** argv);
+
+protected:
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
+    // Sets the program's font wherever another one has come from outside: the windows are laid out for it.
+    static void keepFont();
 };
 
 } // namespace desktop
