@@ -2,6 +2,7 @@
 
 #include "app/desktop.h"
 #include "desktop/clipboard/qt_clipboard.h"
+#include "desktop/qt/calm_windows.h"
 #include "desktop/qt/key_repeats.h"
 #include "desktop/qt/keyboard_order.h"
 #include "desktop/services/lazy_internet.h"
@@ -77,6 +78,7 @@ private:
     LazyPlayer player_;
     QtClipboard clipboard_{QClipboard::Clipboard};
     KeyRepeats keyRepeats_;
+    CalmWindows calmWindows_;
     KeyboardOrder keyboardOrder_;
     LazyWaveInput waveInput_;
     std::unique_ptr<StandardWords> words_;

@@ -37,7 +37,10 @@ bool isBlocked(const QWidget& window) {
 void giveKeyboard(QWidget& window) {
     QEvent given(keyboardGiven());
     QCoreApplication::sendEvent(&window, &given);
-    window.activateWindow();
+    // Qt would keep the request until the window appears, when it may concern another one; and a window that
+    // appears gets the focus anyway.
+    if (window.isVisible())
+        window.activateWindow();
 }
 
 KeyboardOrder::KeyboardOrder() {
