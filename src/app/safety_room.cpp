@@ -4,6 +4,7 @@
 #include "base/numbers.h"
 #include "rtf/read/reader.h"
 #include "rtf/read/structure.h"
+#include "rtf/write/writer.h"
 
 #include <ctime>
 
@@ -30,6 +31,17 @@ std::string bytesOf(const base::Text& path) {
 
 std::uint32_t checkOf(const std::string& bytes) {
     return bytes.empty() ? 0 : safety::checksum(bytes);
+}
+
+// True if the file holds the whole of the text that a journal describes: it was saved just before the program
+// was killed, or the journal could not be deleted at an exit.
+bool isSameText(const std::string& file, const std::string& source) {
+    const auto canonical = [](std::string_view rtf) {
+        rtf::Document document = rtf::read(rtf);
+        document.lastParagraphEnds = true;
+        return rtf::write(document);
+    };
+    return rtf::isRtf(file) && canonical(file) == canonical(source);
 }
 
 // Any program opens the version by its name, whatever the document is called.
@@ -79,6 +91,7 @@ void SafetyRoom::start() {
     base::carryOn([this] { base::createPrivateFolder(form1_.folder.files(u"Safety")); });
     const safety::Work work = safety::replay(safety::JournalFile::read(folder(u"Journal")));
     bringBack(work);
+    tellKeptAtExit();
     watch();
     archive_.prune(now());
 }
@@ -121,7 +134,7 @@ void SafetyRoom::settled(editor::Document::Origin origin) {
     written_ = origin == Origin::Written;
     fileCheck_ = checkOf(bytesOf(path));
     checked_ = origin == Origin::New ? base::Text() : path;
-    journal_.changed();
+    journal_.gather();
 }
 
 // The file may belong to another text, another program may have changed it, or it may contain structure that
@@ -213,10 +226,25 @@ base::Text SafetyRoom::documentName() const {
 
 void SafetyRoom::leave() {
     marksWatch_.setInterval(0);
-    if (hasUnsavedText())
-        keepText(safety::Reason::Exit);
-    journal_.close();
+    const bool kept = hasUnsavedText() && keepText(safety::Reason::Exit);
+    if (kept)
+        base::carryOn(
+            [this] { base::replacePrivateFile(folder(u"KeptAtExit"), base::toUtf8(documentName())); });
+    // What the archive could not take remains in the journal.
+    if (hasUnsavedText() && !kept && keepsArchive())
+        journal_.flush();
+    else
+        journal_.close();
     base::carryOn([this] { base::removeFile(folder(u"BringingBack")); });
+}
+
+// The run that kept it could tell nobody any more.
+void SafetyRoom::tellKeptAtExit() {
+    const base::Text document = base::fromUtf8(bytesOf(folder(u"KeptAtExit")));
+    if (document.empty())
+        return;
+    tell(u"Unsaved text was kept among the earlier versions at the last exit: %1"_en, document);
+    base::carryOn([this] { base::removeFile(folder(u"KeptAtExit")); });
 }
 
 void SafetyRoom::flush() {
@@ -275,11 +303,19 @@ void SafetyRoom::giveUp(const safety::Work& work) {
 }
 
 void SafetyRoom::bringBackText(const safety::Work& work) {
-    const std::string file = bytesOf(work.document.path);
-    fileCheck_ = work.document.fileCheck;
-    checked_ = work.document.path;
+    const base::Text& path = work.document.path;
+    const std::string file = bytesOf(path);
+    const bool changed = !file.empty() && checkOf(file) != work.document.fileCheck;
+    if (changed && isSameText(file, work.source))
+        return;
+    const bool kept =
+        changed && keep(base::afterLast(path, base::pathSeparator), file, safety::Reason::Changed);
+    // Without a path, the next save cannot overwrite the only copy of the other version.
+    const bool asNew = changed && !kept;
+    checked_ = asNew ? base::Text() : path;
+    fileCheck_ = asNew ? 0 : work.document.fileCheck;
     try {
-        editor_.document().restore(work.document.path, work.source, work.document.caret);
+        editor_.document().restore(checked_, work.source, work.document.caret);
     } catch (const base::Failure& failure) {
         keep(work.document.title, work.source, safety::Reason::Crash);
         tell(u"Unsaved work could not be brought back and is kept among the earlier versions: %1"_en,
@@ -287,14 +323,15 @@ void SafetyRoom::bringBackText(const safety::Work& work) {
         return;
     }
     unsaved_ = true;
-    if (!file.empty() && checkOf(file) != work.document.fileCheck) {
-        keep(base::afterLast(work.document.path, base::pathSeparator), file, safety::Reason::Changed);
+    if (asNew)
+        tell(u"Unsaved work was brought back as a new document, because its file has changed since: %1"_en,
+             work.document.title);
+    else if (changed)
         tell(u"Unsaved work was brought back; its file has changed since and is kept among the earlier "
              "versions: %1"_en,
              work.document.title);
-    } else {
+    else
         tell(u"Unsaved work was brought back: %1"_en, work.document.title);
-    }
     journal_.changed();
 }
 

@@ -44,6 +44,7 @@ private:
     safety::Marks marks() override;
 
     void watch();
+    void tellKeptAtExit();
     void bringBack(const safety::Work& work);
     void bringBackText(const safety::Work& work);
     void bringBackMarks(const safety::Marks& marks);

@@ -1,6 +1,6 @@
 #include "safety/journal.h"
 
-#include "base/failure.h"
+#include "base/carry_on.h"
 
 #include <algorithm>
 
@@ -10,15 +10,15 @@ namespace {
 
 constexpr int gatherAfter = 300; // ms after the first change; leaves the disk the rest of the second
 constexpr int retryAfter = 2000; // ms between attempts while the disk fails
-constexpr int idleAfter = 2000;  // ms without a change
-constexpr std::size_t leastCompacted = 1'000'000; // bytes
-constexpr std::size_t timesTheText = 4; // a journal longer than this multiple of the text is rewritten
+constexpr int checkAfter = 2000; // ms after a record was posted, for the disk's answer
+constexpr std::uint64_t leastCompacted = 1'000'000; // bytes
+constexpr std::uint64_t timesTheText = 4; // a journal longer than this multiple of the text is rewritten
 
 } // namespace
 
 Journal::Journal(platform::EventLoop& loop, platform::Worker& disk, JournalSource& source, base::Text path)
     : disk_(disk), source_(source), shared_(std::make_shared<Shared>(std::move(path))),
-      soon_(loop.alarm([this] { gather(); })), idle_(loop.alarm([this] { gatherIdle(); })) {}
+      soon_(loop.alarm([this] { gather(); })), written_(loop.alarm([this] { check(); })) {}
 
 void Journal::changed() {
     if (armed_)
@@ -30,7 +30,7 @@ void Journal::changed() {
 void Journal::gather() {
     armed_ = false;
     soon_->stop();
-    idle_->start(idleAfter);
+    written_->start(checkAfter);
     reportFailure();
     if (shared_->mustBegin.exchange(false)) {
         beginAnew(source_.wholeText());
@@ -49,16 +49,12 @@ void Journal::gather() {
         write(std::move(records), false);
 }
 
-// Rewrites a journal that has grown too long, while the user pauses.
-void Journal::gatherIdle() {
-    idle_->stop();
+void Journal::check() {
+    written_->stop();
     reportFailure();
-    if (shared_->size > std::max(leastCompacted, timesTheText * sourceSize_))
-        beginAnew(source_.wholeText());
 }
 
 void Journal::beginAnew(const std::string& source) {
-    sourceSize_ = source.size();
     lastState_.reset();
     lastMarks_.reset();
     write(framed(RecordType::Source, source) + stateRecords(), true);
@@ -80,13 +76,10 @@ std::string Journal::stateRecords() {
 void Journal::write(std::string records, bool anew) {
     disk_.post([shared = shared_, records = std::move(records), anew] {
         try {
-            if (anew) {
-                shared->file.begin(records);
-                shared->size = records.size();
-            } else {
-                shared->file.append(records);
-                shared->size += records.size();
-            }
+            if (anew)
+                shared->begin(records);
+            else
+                shared->append(records);
             shared->failed = false;
         } catch (const base::Failure& failure) {
             const std::lock_guard lock(shared->mutex);
@@ -95,6 +88,33 @@ void Journal::write(std::string records, bool anew) {
             shared->mustBegin = true;
         }
     });
+}
+
+void Journal::Shared::begin(const std::string& records) {
+    file.begin(records);
+    size = records.size();
+    mostBytes = std::max(leastCompacted, timesTheText * size);
+}
+
+void Journal::Shared::append(const std::string& records) {
+    file.append(records);
+    size += records.size();
+    if (size > mostBytes)
+        compact();
+}
+
+// Reads the file instead of asking for the whole text, so that no key has to wait. A failure loses nothing,
+// because the long file is still complete.
+void Journal::Shared::compact() {
+    mostBytes = 2 * size;
+    const Work work = replay(file.records());
+    if (!work.whole || work.source.empty())
+        mustBegin = true;
+    else
+        base::carryOn([&] {
+            begin(framed(RecordType::Source, work.source) + framed(RecordType::State, packed(work.document)) +
+                  framed(RecordType::Marks, packed(work.marks)));
+        });
 }
 
 // The disk thread cannot call into the event loop, so the timer polls for its errors. While the disk fails,
@@ -117,20 +137,20 @@ void Journal::reportFailure() {
 
 void Journal::flush() {
     gather();
-    idle_->stop();
+    written_->stop();
     disk_.drain();
 }
 
 void Journal::close() {
     soon_->stop();
-    idle_->stop();
+    written_->stop();
     armed_ = false;
     shared_->mustBegin = true;
     disk_.post([shared = shared_] {
         try {
             shared->file.remove();
         } catch (const base::Failure&) {
-            // A journal that remains is restored at the next start, so nothing is lost.
+            // On a read-only disk the next start finds it and compares the text with its file.
             return;
         }
     });

@@ -27,7 +27,8 @@ public:
 };
 
 // Writes every change of the work to the disk within one second. A change starts a timer; the timer collects
-// the changes and posts them to the disk thread. So a key press only costs starting the timer.
+// the changes and posts them to the disk thread. So a key press only costs starting the timer. The disk
+// thread rewrites a journal that has grown too long, from its own records.
 class Journal {
 public:
     Journal(platform::EventLoop& loop, platform::Worker& disk, JournalSource& source, base::Text path);
@@ -36,9 +37,11 @@ public:
 
     // Some part of the work has changed.
     void changed();
+    // Posts all pending changes at once: what was saved must not come back from an older record.
+    void gather();
     // Writes all pending changes and waits for the disk; called at the end of a session or of the process.
     void flush();
-    // No unsaved work is left: deletes the file and stops.
+    // No unsaved work is left: deletes the file, or empties it if the folder does not allow that, and stops.
     void close();
 
     // Writing a record failed. Called once per series of failures, on the event loop, with the system's
@@ -49,16 +52,20 @@ private:
     // State shared between the event loop and the disk thread.
     struct Shared {
         explicit Shared(base::Text path) : file(std::move(path)) {}
-        JournalFile file;
-        std::atomic<std::uint64_t> size = 0; // bytes
+        void begin(const std::string& records);
+        void append(const std::string& records);
+        void compact();
+
+        JournalFile file;            // this and the next two belong to the disk thread
+        std::uint64_t size = 0;      // bytes
+        std::uint64_t mostBytes = 0; // a longer file is rewritten
         std::atomic<bool> failed = false;
         std::atomic<bool> mustBegin = true; // the file lacks a record, so it must be rewritten
         std::mutex mutex;
         base::Text reason; // guarded by mutex
     };
 
-    void gather();
-    void gatherIdle();
+    void check();
     void beginAnew(const std::string& source);
     std::string stateRecords();
     void write(std::string records, bool anew);
@@ -68,10 +75,9 @@ private:
     JournalSource& source_;
     std::shared_ptr<Shared> shared_;
     std::unique_ptr<platform::Alarm> soon_;
-    std::unique_ptr<platform::Alarm> idle_;
+    std::unique_ptr<platform::Alarm> written_;
     bool armed_ = false;
     bool reported_ = false;
-    std::size_t sourceSize_ = 0; // bytes of the text when it was last written as a whole
     std::optional<DocumentState> lastState_;
     std::optional<Marks> lastMarks_;
 };

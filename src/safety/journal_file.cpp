@@ -3,7 +3,9 @@
 #include "base/carry_on.h"
 #include "base/files.h"
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 namespace safety {
 
@@ -30,7 +32,14 @@ void JournalFile::append(std::string_view records) {
 
 void JournalFile::remove() {
     file_.reset();
-    base::removeFile(path_);
+    try {
+        base::removeFile(path_);
+    } catch (const base::Failure&) {
+        std::error_code failed;
+        std::filesystem::resize_file(base::toUtf8(path_), 0, failed);
+        if (failed)
+            throw;
+    }
 }
 
 std::vector<Record> JournalFile::read(base::TextView path) {

@@ -21,8 +21,10 @@ public:
     void begin(std::string_view records);
     // Appends the records and syncs them.
     void append(std::string_view records);
-    // Deletes the file: nothing is left to restore.
+    // Deletes the file, or empties it if its folder is read-only: nothing is left to restore.
     void remove();
+    // The intact records of the file; none if it cannot be read.
+    std::vector<Record> records() const { return read(path_); }
 
     // The intact records of the file at `path`; none if it cannot be read.
     static std::vector<Record> read(base::TextView path);

@@ -89,6 +89,7 @@ TEST_F(SafetyTest, SaveOrNormalExit_RestoresNothing) {
     EXPECT_EQ(archived(), (Names{"&En97 1: exit].rtf"}));
     start();
     EXPECT_EQ(desktop->text.Text(), u"");
+    EXPECT_THAT(told(), HasSubstr("at the last exit"));
 }
 
 TEST_F(SafetyTest, DiscardedText_IsArchived) {
@@ -186,6 +187,40 @@ TEST_F(SafetyTest, FileChangedByAnotherProgram_IsArchivedToo) {
     EXPECT_EQ(desktop->form2->caption.get(), u"&En96 - a.rtf");
     EXPECT_EQ(papers.read("a.rtf"), "{\\rtf1 another program's}");
     EXPECT_EQ(archived(), (Names{"a.rtf: changed elsewhere].rtf"}));
+
+    type(u"three");
+    papers.write("a.rtf", desktop->text.source());
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"") << "the file holds all that the journal holds";
+}
+
+TEST_F(SafetyTest, SaveAndKill_WithinAMoment_RestoresNothing) {
+    const fakes::TemporaryFolder papers;
+    type(u"one");
+    desktop->dialogPort.choices = {papers.text("a.rtf")};
+    document().save();
+    type(u"two");
+    desktop->text.type(u"three");
+    document().save();
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"");
+}
+
+TEST_F(SafetyTest, ArchiveThatFails_NeitherDropsNorOverwritesWhatItShouldHaveKept) {
+    const fakes::TemporaryFolder papers;
+    type(u"one");
+    desktop->dialogPort.choices = {papers.text("a.rtf")};
+    document().save();
+    type(u"two");
+    desktop->folder.write("Files/Safety/Archive", "not a folder");
+    quit(platform::Answer::No);
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"onetwo");
+    papers.write("a.rtf", "{\\rtf1 another program's}");
+    desktop->loop.advance(1000);
+    start();
+    EXPECT_EQ(desktop->text.Text(), u"onetwo");
+    EXPECT_EQ(document().FileEditor, u"") << "the next save asks for another name";
 }
 
 TEST_F(SafetyTest, EndOfSession_AsksNothing_AndSavesAll) {

@@ -27,9 +27,12 @@ TEST_F(RichText, ParagraphChanges_Replayed_RebuildTheDocument) {
             ASSERT_TRUE(work.whole) << step;
             ASSERT_EQ(rtf::write(rtf::read(work.source)), rtf::write(rtf::read(rtb.takeAllParagraphs())))
                 << step;
+            // As the disk thread does with a long journal.
+            if (step % 50 == 0)
+                records = {{safety::RecordType::Source, work.source}};
         }
     }
-    EXPECT_GT(records.size(), 50U);
+    EXPECT_GT(records.size(), 20U);
     const base::Text before = rtb.Text();
     rtb.setSource(safety::replay(records).source);
     rtb.setSource(rtb.source());
