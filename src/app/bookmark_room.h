@@ -3,6 +3,7 @@
 #include "app/desktop.h"
 #include "bookmarks/bookmark_commands.h"
 #include "bookmarks/bookmark_window.h"
+#include "bookmarks/list_keys.h"
 #include "bookmarks/media_bookmarks.h"
 
 namespace app {
@@ -11,9 +12,10 @@ namespace app {
 class BookmarkRoom {
 public:
     BookmarkRoom(Desktop& desktop, const base::TextFiles& files, player::Form1& form1,
-                 controls::Window& form2, dictation::InputDialog& dialog)
+                 controls::Window& form2, dictation::InputDialog& dialog, lang::Words& words)
         : form3_(desktop.eventLoop()), media(table_, form3_, form1, files),
-          window(form3_, table_, form1, dialog), commands_(form1, form2, form3_, window, desktop.system()) {
+          window(form3_, table_, form1, dialog), commands_(form1, form2, form3_, window, desktop.system()),
+          listKeys_(form3_, table_, window, form1.Lingua, dialog, words) {
         desktop.show(form3_);
     }
 
@@ -42,6 +44,7 @@ public:
 
 private:
     bookmarks::BookmarkCommands commands_;
+    bookmarks::ListKeys listKeys_;
 };
 
 } // namespace app

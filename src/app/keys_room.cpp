@@ -56,7 +56,17 @@ std::vector<outside::KeyGroup> KeysRoom::collect() const {
 
     outside::KeyGroup transcript{outside::commandName(menu_.menu().caption.get()), {}};
     addMenu(transcript.rows, menu_.menu().items);
-    return {std::move(player), std::move(text), std::move(transcript)};
+
+    const lang::LanguageTable& Lingua = form1_.Lingua;
+    outside::KeyGroup marks{outside::commandName(Lingua(120)), {}};
+    marks.rows = {{u"Enter", words_(u"Jump to the bookmark"_en)},
+                  {u"Delete", outside::commandName(Lingua(100))},
+                  {u"F2", words_(u"Rename bookmark"_en)}};
+    const outside::KeyGroup::Row next = {u"F10", words_(u"Next group: toolbar, player, bookmarks, text"_en)};
+    for (outside::KeyGroup* const group : {&player, &text, &marks})
+        group->rows.push_back(next);
+    player.rows.push_back({u"Enter", words_(u"Full screen of the video"_en)});
+    return {std::move(player), std::move(text), std::move(transcript), std::move(marks)};
 }
 
 } // namespace app

@@ -24,7 +24,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
                    form1_.mnuRiga, files, folder.files(u"LastFiles.ini")),
       editor_(desktop, form1_, settings_, files, [this] { settingsFile_.Salva(); }),
       findAndPrint_(desktop, editor_.form()), input_(desktop, form1_),
-      bookmarks_(desktop, files, form1_, editor_.form(), input_.dialog),
+      bookmarks_(desktop, files, form1_, editor_.form(), input_.dialog, words_),
       recorder_(desktop, form1_, settings_, words_, files, folder),
       companions_(form1_, recentMedia_, editor_, bookmarks_, recorder_, language, words_),
       settingsFile_(files, folder, {language, form1_, editor_.form(), bookmarks_.form(), settings_}),
@@ -32,6 +32,9 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       session_(form1_, transport_, display_, companions_),
       opener_(form1_, session_, desktop.dialogs(), settings_, companions_), seekBar_(form1_, transport_),
       volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_),
+      spokenSkin_(form1_, seekBar_, volumeBar_, desktop.eventLoop(), words_),
+      spokenToolbar_(editor_.form(), editor_.keys(), words_),
+      focusRound_(form1_, editor_.form(), bookmarks_.form()),
       videoPicture_(form1_, editor_.form(), bookmarks_.form()),
       window_(form1_, editor_.form(), bookmarks_.form(), display_, settingsFile_),
       drop_(form1_, session_, desktop.dialogs(), companions_),
@@ -46,6 +49,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
       drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_}),
+      darkPage_(editor_.form(), options_, transcriptMenu_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
     wireSafety();
@@ -67,7 +71,7 @@ void Workstation::wireSafety() {
     options_.tie("VersionMegabytes", safetyOptions_.megabytes, 1, 1'000'000);
     safety_.keepsArchive = [this] { return safetyOptions_.archive; };
     safety_.archive().setLimits(safetyOptions_.days, safetyOptions_.megabytes);
-    safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = [this] {
+    safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = darkPage_.Changed = [this] {
         base::carryOn([this] { options_.save(); },
                       [this](const char* reason) {
                           notices_.tell(u"The options could not be saved: %1"_en, {base::fromUtf8(reason)});

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "app/companion_windows.h"
+#include "app/dark_page.h"
 #include "app/desktop.h"
 #include "app/draft_room.h"
 #include "app/editor_hint.h"
 #include "app/editor_room.h"
 #include "app/find_and_print.h"
+#include "app/focus_round.h"
 #include "app/input_room.h"
 #include "app/keys_room.h"
 #include "app/moment_room.h"
@@ -20,6 +22,7 @@
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
 #include "dictation/timed_cycle.h"
+#include "editor/spoken_toolbar.h"
 #include "player/file_drop.h"
 #include "player/form1.h"
 #include "player/language_menu.h"
@@ -31,6 +34,7 @@
 #include "player/settings.h"
 #include "player/skin.h"
 #include "player/speed.h"
+#include "player/spoken_skin.h"
 #include "player/transport.h"
 #include "player/video_picture.h"
 #include "player/volume_bar.h"
@@ -105,6 +109,9 @@ private:
     player::VolumeBar volumeBar_;
     player::Speed speed_;
     player::Skin skin_;
+    player::SpokenSkin spokenSkin_;
+    editor::SpokenToolbar spokenToolbar_;
+    FocusRound focusRound_;
     player::VideoPicture videoPicture_;
     player::PlayerWindow window_;
     player::FileDrop drop_;
@@ -119,6 +126,7 @@ private:
     MomentRoom moments_;
     SafetyWindows safetyWindows_;
     DraftRoom drafts_;
+    DarkPage darkPage_;
     KeysRoom keys_;
     EditorHint editorHint_;
     bool ends_ = false;

@@ -152,6 +152,9 @@ void BookmarkWindow::Timer1_Timer() {
 }
 
 void BookmarkWindow::applyLanguage() {
+    form_.List1.accessible.name = base::TogliAmp(form1_.Lingua(120));
+    form_.Command1.accessible.name = base::TogliAmp(form1_.Lingua(93));
+    form_.Command2.accessible.name = base::TogliAmp(form1_.Lingua(100));
     form_.Command1.toolTip = lang::toolTip(form1_.Lingua(93));
     form_.Command2.toolTip = lang::toolTip(form1_.Lingua(100));
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "controls/accessible.h"
 #include "controls/property.h"
 #include "platform/key_event.h"
 
@@ -59,6 +60,7 @@ struct Control : Observed {
     Property<base::Text> toolTip{this};
     Property<base::Text> pointerIcon{
         this}; // picture file of the pointer over the control; empty: the usual one
+    Accessible accessible{this};
 
     std::function<void()> Click; // empty: a click does nothing
     std::function<void()> DblClick = [] {};
@@ -85,6 +87,7 @@ struct Label : Control {
     Property<Alignment> alignment{this, Alignment::Left};
     bool autoSize = false;
     bool showsPath = false; // too long a path is elided in the middle, so that the file name stays visible
+    const Control* labels = nullptr; // the control that this label names
 };
 
 // A picture, loaded from its file when `picture` changes. If the file cannot be read, the previous picture
@@ -209,6 +212,12 @@ struct Window : Control {
 
     // Gives the window the keyboard focus; set by the window that displays it.
     std::function<void()> setFocus = [] {};
+    // Gives it to the first button of the skin or toolbar; set likewise.
+    std::function<void()> focusControls = [] {};
+    // Has screen readers speak this text; set likewise.
+    std::function<void(const base::Text&)> announce = [](const base::Text&) {};
+    // The user wants to continue in the next group of controls (F10).
+    std::function<void()> NextGroup = [] {};
     std::function<void()> Resize = [] {};
     // The window manager's frame is unknown until the window is shown, and estimated until then. Called once
     // when it is known: width and height already hold the real size, which exceeds the estimate by these

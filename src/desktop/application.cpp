@@ -112,7 +112,7 @@ QPalette skinPalette() {
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
         palette.setColor(role, ink);
-        palette.setColor(QPalette::Disabled, role, QColor(0x9A, 0xA3, 0xB0));
+        palette.setColor(QPalette::Disabled, role, QColor(0x5F, 0x69, 0x76));
     }
     palette.setColor(QPalette::ToolTipBase, Qt::white);
     palette.setColor(QPalette::Highlight, teal);

@@ -14,6 +14,7 @@ struct Form4 : controls::Window {
         // The player may be topmost, and a dialog behind it would look like a hang.
         topmost = true;
         Command1.isDefault = true;
+        Label1.labels = &Text1;
         Label1.foreColor = controls::rgb(0x1F, 0x2A, 0x44);
     }
 

@@ -16,6 +16,7 @@ enum Key {
     f7 = 118,
     f8 = 119,
     f9 = 120,
+    f10 = 121,
     f11 = 122,
     f12 = 123,
 };
@@ -81,6 +82,8 @@ void EditorKeys::RTB_KeyDown(platform::KeyEvent& key) {
         if (actsOnRelease(key.keyCode))
             key = {};
     }
+    if (key.keyCode == f10 && key.shift == 0)
+        form_.focusControls();
     for (const PressRow& row : speedRows_) {
         if (row.keyCode == key.keyCode) {
             key.keyCode = 0;

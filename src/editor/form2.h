@@ -85,6 +85,8 @@ struct Form2 : controls::Window, Form2Menu {
     controls::ComboBox Combo1{"Combo1", {7950, 90, 1965, 315}}; // font names
     controls::ComboBox Combo2{"Combo2", {9960, 90, 645, 315}};  // font sizes, points
 
+    controls::Property<bool> darkPage{this, false}; // text without a colour of its own is light
+
     std::function<void()> Print = [] {}; // prints the selection, or the whole document
 
     controls::Timer Timer1; // switches the form of the clipboard

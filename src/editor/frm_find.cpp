@@ -19,6 +19,8 @@ FrmFind::FrmFind(platform::EventLoop& loop)
     chkWholeWord.caption = u"Find Whole Word &Only";
     chkMatchCase.caption = u"Match Ca&se";
     lblFind.foreColor = lblReplace.foreColor = ink;
+    lblFind.labels = &cboFind;
+    lblReplace.labels = &cboReplace;
     cmdFind.isDefault = true;
     cmdCancel.isCancel = true;
 }

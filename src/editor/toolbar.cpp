@@ -77,6 +77,7 @@ void Toolbar::Label2_Click(int index) {
     if (index < 0 || index >= Form2::buttonCount)
         return;
     press(index);
+    form_.Label2[static_cast<std::size_t>(index)].accessible.refresh();
     Salva();
 }
 

@@ -36,6 +36,7 @@ AboutBox::AboutBox(FrmInformazioni& about, player::Form1& form1, controls::Windo
             Form_Unload();
     };
     about_.lblHomePage.caption = base::Text(makersSite);
+    about_.lblHomePage.accessible.role = controls::Role::Link;
     about_.lblHomePage.Click = [this] { lblHomePage_Click(); };
 }
 

@@ -46,8 +46,10 @@ KeyList::KeyList(lang::Words& words, std::function<std::vector<KeyGroup>()> coll
         form.visible = false;
         return false;
     };
+    form.lblSearch.labels = &form.txtSearch;
     words.follow([this, &words] {
         form.caption = words(u"Keys"_en);
+        form.List1.accessible.name = form.caption.get();
         form.lblSearch.caption = words(u"Search:"_en);
         form.cmdPrint.caption = words(u"&Print..."_en);
         form.cmdClose.caption = words(u"Close"_en);

@@ -7,6 +7,7 @@ inline constexpr int shiftKey = 1;
 inline constexpr int controlKey = 2;
 inline constexpr int altKey = 4;
 
+inline constexpr int enterKey = 13;
 inline constexpr int escapeKey = 27;
 
 // A key pressed or released. `keyCode` is the upper-case letter, the digit, 112 to 123 for F1 to F12, or the

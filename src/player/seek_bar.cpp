@@ -20,4 +20,11 @@ void SeekBar::Label2_MouseUp(const controls::MouseEvent& event) {
     form_.Timer1.Tick();
 }
 
+void SeekBar::setPosition(double seconds) {
+    if (form_.WMP1.URL().empty())
+        return;
+    form_.WMP1.setCurrentPosition(seconds);
+    form_.Timer1.Tick();
+}
+
 } // namespace player

@@ -14,6 +14,8 @@ public:
     // If the player is paused, it plays for an instant and pauses again, SecIndietro seconds before the
     // position.
     void Label2_MouseUp(const controls::MouseEvent& event);
+    // Seeks to this position in seconds; a paused player stays paused.
+    void setPosition(double seconds);
 
 private:
     Form1& form_;

@@ -127,6 +127,8 @@ void VideoPicture::VideoWindow_DblClick() {
 }
 
 void VideoPicture::VideoWindow_KeyDown(int keyCode) {
+    if (keyCode == platform::enterKey)
+        VideoWindow_DblClick();
     if (keyCode != platform::escapeKey)
         return;
     if (form_.VideoWindow.windowState == WindowState::FullScreen)

@@ -56,6 +56,16 @@ void VolumeBar::ApplicaVolume() {
     form_.WMP1.setVolume(percent);
 }
 
+void VolumeBar::setVolume(double percent) {
+    VolumeMax_ = 100;
+    form_.Image1.top =
+        form_.Image2.top + (1 - percent / VolumeMax_) * (form_.Image2.height - form_.Image1.height);
+    form_.Image1.tag = base::numberText(std::nearbyint(percent));
+    ApplicaVolume();
+    startFade();
+    form_.Timer3.setInterval(fadePeriod);
+}
+
 void VolumeBar::keepThumbOnBar() {
     const double lowest = form_.Image2.top + form_.Image2.height - form_.Image1.height;
     if (form_.Image1.top < form_.Image2.top)

@@ -17,6 +17,8 @@ public:
     void IniziaVolume();
     // Applies the volume in the thumb's tag to the player and the label.
     void ApplicaVolume();
+    // Sets the volume, 0 to 100, as the mouse does.
+    void setVolume(double percent);
 
     void Image2_MouseUp(const controls::MouseEvent& event);
     void Image1_MouseDown(const controls::MouseEvent& event);

@@ -1,5 +1,6 @@
 #include "recorder/frm_audio_rec.h"
 
+#include <cmath>
 #include <utility>
 
 namespace recorder {
@@ -37,6 +38,16 @@ FrmAudioRec::FrmAudioRec(platform::EventLoop& loop, const lang::LanguageTable& l
     }
     for (controls::Label* label : {&Label1, &Label2, &lblTime, &lblBytesWritten, &Label5})
         label->foreColor = ink;
+    Label3.labels = &lblTime;
+    Label4.labels = &lblBytesWritten;
+    Label6.labels = &cmbChannels;
+    Label7.labels = &cmbFrequency;
+    Label8.labels = &cmbBits;
+    for (controls::Fill* const meter : {&picPeakLeft, &picPeakRight}) {
+        meter->accessible.role = controls::Role::Meter;
+        meter->accessible.value = [meter] { return std::floor(100 * meter->width / ScaleWidth); };
+        meter->accessible.advances = true;
+    }
     Label5.fontBold = true;
     Label1.alignment = controls::Alignment::Right;
     Label2.alignment = controls::Alignment::Right;

@@ -81,6 +81,9 @@ void RecorderWindow::Form_Load() {
     form_.caption = Lingua(104);
     form_.Label1.caption = Lingua(107);
     form_.Label2.caption = Lingua(106);
+    form_.picPeakLeft.accessible.name = Lingua(107);
+    form_.picPeakRight.accessible.name = Lingua(106);
+    form_.txtFile.accessible.name = Lingua(105);
     form_.btnStart.caption = u'&' + Lingua(111);
     form_.btnStop.caption = Lingua(9);
     form_.cmbChannels.text = form_.cmbChannels.items->at(0);

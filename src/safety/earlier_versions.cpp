@@ -80,6 +80,7 @@ EarlierVersions::EarlierVersions(Archive& archive, Options& options, lang::Words
 
 void EarlierVersions::translate() {
     form.caption = words_(u"Earlier versions"_en);
+    form.List1.accessible.name = form.txtVersion.accessible.name = form.caption.get();
     form.lblEmpty.caption = words_(u"There are no earlier versions."_en);
     form.cmdDeleteAll.caption = words_(u"&Delete all..."_en);
     form.cmdCopy.caption = words_(u"&Save a copy..."_en);

@@ -19,6 +19,7 @@ WhatHappened::WhatHappened(Notices& notices, lang::Words& words)
     notices_.Listed = [this] { fill(); };
     words.follow([this, &words] {
         form.caption = words(u"What happened"_en);
+        form.List1.accessible.name = form.caption;
         form.lblEmpty.caption = words(u"Nothing to report."_en);
         form.cmdClose.caption = words(u"Close"_en);
         fill();

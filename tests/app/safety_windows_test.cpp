@@ -97,6 +97,10 @@ TEST_F(SafetyWindowsTest, EarlierVersions_OpenAsNew_NeverOverwrite_AndAreDeleted
 
     desktop.versions->chkKeep.value = false;
     window.chkKeep.Click();
-    EXPECT_THAT(desktop.folder.read("Files/Options.ini"),
-                testing::HasSubstr("KeepVersions=0\r\nVersionDays=30\r\nVersionMegabytes=500\r\n"));
+    command("mnuDarkPage").Click();
+    EXPECT_TRUE(command("mnuDarkPage").checked && desktop.form2->darkPage);
+    EXPECT_THAT(
+        desktop.folder.read("Files/Options.ini"),
+        testing::AllOf(testing::HasSubstr("KeepVersions=0\r\nVersionDays=30\r\nVersionMegabytes=500\r\n"),
+                       testing::HasSubstr("DarkPage=1\r\n")));
 }

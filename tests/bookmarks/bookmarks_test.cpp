@@ -185,6 +185,36 @@ TEST_F(BookmarksTest, Deletion_DropsTheLastLine_AndDesynchronisesTheLists) {
     }
 }
 
+TEST_F(BookmarksTest, ListKeys_JumpDeleteAndRename_AlsoAfterADeletion) {
+    const auto press = [this](int keyCode, int row, const base::Text& typed = {}) {
+        window.List1.listIndex = row;
+        desktop.inForm4 = [&] {
+            desktop.form4->Text1.text = typed;
+            desktop.form4->Command1.Click();
+            desktop.form4->visible = false;
+        };
+        platform::KeyEvent key{keyCode, 0};
+        window.List1.KeyDown(key);
+        EXPECT_EQ(key.keyCode, 0);
+    };
+    openLaid(line("00:00:10", "A") + line("00:00:20", "B") + line("00:00:30", "C"));
+    press(13, 1);
+    EXPECT_EQ(player.currentPosition(), 20);
+    press(113, 2, u"A later");
+    EXPECT_EQ(window.List1.listIndex, 2);
+    press(46, 0);
+    press(113, 0, u"Name");
+    EXPECT_THAT(shown(), ElementsAre(u"00:00:20  Name", u"00:00:30  A later"));
+    EXPECT_EQ(left(), line("00:00:10", "A") + line("00:00:20", "Name")) << "the deletion drops the last line";
+
+    openMedia("a.mp3");
+    add(10, u"B");
+    boxes.clear();
+    press(113, 0, u"B");
+    EXPECT_EQ(boxes.size(), 1U) << "it exists";
+    EXPECT_EQ(shown()[0], u"00:00:10  A");
+}
+
 TEST_F(BookmarksTest, CancelledExit_KeepsTheBookmarks) {
     openLaid(line("00:00:10", "A"));
     desktop.text.setText(u"unsaved");

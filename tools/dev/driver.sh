@@ -62,6 +62,16 @@ use_sound_card() {
   export ALSA_CONFIG_PATH=$scratch/asound.conf
 }
 
+# A private session bus with an accessibility bus, switched on as by a screen reader. Call it after start_display.
+start_accessibility() {
+  exec {bus_fd}< <(as_companion dbus-daemon --session --nofork --nopidfile --print-address 2>/dev/null)
+  companions+=($!)
+  read -r -t 20 -u "$bus_fd" DBUS_SESSION_BUS_ADDRESS || fail "no session bus"
+  export DBUS_SESSION_BUS_ADDRESS
+  dbus-send --print-reply --dest=org.a11y.Bus /org/a11y/bus org.freedesktop.DBus.Properties.Set \
+    string:org.a11y.Status string:IsEnabled variant:boolean:true >/dev/null || fail "no accessibility bus"
+}
+
 play_noise() {  # SECONDS
   ffmpeg -v error -f lavfi -i "anoisesrc=d=$1:a=0.9:r=44100:c=pink:seed=1" -af tremolo=f=0.5:d=0.6 -ac 2 "$scratch/noise.wav"
   as_companion paplay --device=quill "$scratch/noise.wav" &

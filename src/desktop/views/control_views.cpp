@@ -1,7 +1,9 @@
 #include "desktop/views/control_views.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/views/accessible_views.h"
 #include "desktop/views/hover_pointer.h"
+#include "desktop/views/input_views.h"
 #include "desktop/views/pictures.h"
 
 #include <QMouseEvent>
@@ -131,6 +133,7 @@ QString pathThatFits(const QString& path, const QFont& font, QSize space) {
 } // namespace
 
 ControlView::ControlView(controls::Control& control, QWidget* parent) : QWidget(parent), control_(control) {
+    prepareAccessibleViews();
     setObjectName(qstring(control.name));
     setMouseTracking(true);
     new HoverPointer(control, *this);
@@ -146,6 +149,7 @@ void ControlView::follow() {
     setAttribute(Qt::WA_TransparentForMouseEvents, !control_.enabled);
     if (const QString tip = qstring(control_.toolTip); tip != toolTip())
         setToolTip(tip);
+    followAccessible();
 }
 
 void ControlView::mousePressEvent(QMouseEvent* event) {
@@ -241,6 +245,7 @@ void LabelView::follow() {
     font.setItalic(label_.fontItalic);
     font.setUnderline(label_.fontUnderline);
     font.setStrikeOut(label_.fontStrikethru);
+    nameLabelled();
     if (caption_ == label_.caption.get() && font_ == font && color_ == label_.foreColor)
         return;
     caption_ = label_.caption;
@@ -251,6 +256,34 @@ void LabelView::follow() {
     if (label_.autoSize)
         label_.width = twips(std::ceil(QFontMetricsF(font_).horizontalAdvance(shown_)) + 2 * textMargin);
     update();
+}
+
+QString LabelView::spokenName() const {
+    const QString caption = withoutMnemonics(label_.caption);
+    const QString name = qstring(label_.accessible.name);
+    const bool isText = role() == controls::Role::Text && !caption.isEmpty();
+    if (name.isEmpty())
+        return caption;
+    return isText ? name + QStringLiteral(": ") + caption : name;
+}
+
+QWidget* LabelView::labelled() const {
+    return label_.labels ? window()->findChild<QWidget*>(qstring(label_.labels->name)) : nullptr;
+}
+
+// Qt links only labels of its own to a box.
+void LabelView::nameLabelled() {
+    QWidget* const box = labelled();
+    QString name = withoutMnemonics(label_.caption);
+    while (name.endsWith(u':') || name.endsWith(u' '))
+        name.chop(1);
+    if (box)
+        nameInput(*box, name);
+}
+
+void LabelView::showEvent(QShowEvent* event) {
+    ControlView::showEvent(event);
+    nameLabelled(); // the box may be younger than the label
 }
 
 void LabelView::paintEvent(QPaintEvent*) {

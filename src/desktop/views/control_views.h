@@ -9,12 +9,30 @@
 
 namespace desktop {
 
-// Position, visibility, tool tip, pointer and mouse events of a control.
+// Position, visibility, tool tip, pointer, mouse and keyboard of a control, and what screen readers are told.
 class ControlView : public QWidget {
 public:
     ControlView(controls::Control& control, QWidget* parent);
 
+    const controls::Control& control() const { return control_; }
+    controls::Role role() const;
+    // The name for screen readers.
+    virtual QString spokenName() const;
+    // Brings the control's state up to date and returns what else screen readers are told.
+    const controls::Accessible& accessible() const;
+    // True if keyboard and screen readers can operate the control.
+    bool isOperable() const;
+    // Does what a click does.
+    void press();
+    // Sets a slider, as far as the value is in its range.
+    void setValue(double value);
+
 protected:
+    // The role of this kind of control, unless the control has one of its own.
+    virtual controls::Role kind() const { return controls::Role::Decoration; }
+    bool event(QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     // Updates the widget after a change of the data.
     virtual void follow();
     // If false, mouse events pass to the window below, as for a disabled control.
@@ -25,7 +43,26 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    // What screen readers were last told.
+    struct Told {
+        QString name;
+        bool on = false;
+        bool operable = false;
+        double value = 0;
+    };
+
+    void followAccessible();
+    void tellValue();
+    bool moveSlider(int key);
+
     controls::Control& control_;
+    Told told_;
+};
+
+// The surface that the controls of a window lie on.
+class Ground : public QWidget {
+public:
+    using QWidget::QWidget;
 };
 
 // A picture, stretched to the control's size.
@@ -55,6 +92,7 @@ public:
     PictureButtonView(controls::PictureButton& button, QWidget* parent);
 
 protected:
+    controls::Role kind() const override { return controls::Role::Button; }
     void follow() override;
     bool takesMouse() const override { return button_.offered(); }
     double strength() const override;
@@ -78,11 +116,19 @@ class LabelView : public ControlView {
 public:
     LabelView(controls::Label& label, QWidget* parent);
 
+    QString spokenName() const override;
+    // The widget that this label names, or null.
+    QWidget* labelled() const;
+
 protected:
+    controls::Role kind() const override { return controls::Role::Text; }
+    void showEvent(QShowEvent* event) override;
     void follow() override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void nameLabelled();
+
     controls::Label& label_;
     base::Text caption_;
     QString shown_;

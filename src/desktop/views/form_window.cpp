@@ -4,6 +4,9 @@
 #include "desktop/qt/key_codes.h"
 #include "desktop/qt/keyboard_order.h"
 #include "desktop/qt/window_hints.h"
+#include "desktop/views/accessible_views.h"
+#include "desktop/views/announcer.h"
+#include "desktop/views/control_views.h"
 #include "desktop/views/menus.h"
 #include "desktop/views/pictures.h"
 
@@ -56,7 +59,8 @@ QSize& usualFrame(FormWindow::Size size) {
 } // namespace
 
 FormWindow::FormWindow(controls::Window& form, Size size, Qt::WindowFlags buttons)
-    : form_(form), size_(size), frame_(usualFrame(size)) {
+    : form_(form), size_(size), announcer_(new Announcer(*this)), frame_(usualFrame(size)) {
+    prepareAccessibleViews();
     setObjectName(qstring(form.name));
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    buttons);
@@ -67,6 +71,8 @@ void FormWindow::begin() {
         raise();
         giveKeyboard(*this);
     };
+    form_.focusControls = [this] { focusControls(); };
+    form_.announce = [this](const base::Text& text) { announcer_->speak(qstring(base::TextView(text))); };
     form_.showModal = [this] { showModal(); };
     form_.PopupMenu = [this](const controls::MenuItem& item) {
         if (auto* const menu = findChild<QMenu*>(qstring(item.name)))
@@ -254,6 +260,15 @@ void FormWindow::showModal() {
     setWindowModality(Qt::NonModal);
 }
 
+void FormWindow::focusControls() {
+    giveKeyboard(*this);
+    for (QWidget* view = nextInFocusChain(); view != this; view = view->nextInFocusChain()) {
+        if (dynamic_cast<const ControlView*>(view) && view->focusPolicy() == Qt::TabFocus &&
+            view->isVisible() && view->window() == this)
+            return view->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
 void FormWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::WindowStateChange &&
@@ -286,6 +301,11 @@ void FormWindow::dropEvent(QDropEvent* event) {
 }
 
 void FormWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::NoModifier) {
+        if (!event->isAutoRepeat())
+            form_.NextGroup();
+        return;
+    }
     // Ignores repeats: an Escape that has closed a dialog and is still held would end the program.
     if (!runShortcutByPlace(*this, *event) && !event->isAutoRepeat())
         report(form_.KeyDown, *event);

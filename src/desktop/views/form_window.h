@@ -8,6 +8,8 @@ class QEventLoop;
 
 namespace desktop {
 
+class Announcer;
+
 // A top-level window of the program. Caption, icon, position and visibility follow the data, and changes by
 // the user and the window manager are written back to the data.
 class FormWindow : public QWidget {
@@ -20,6 +22,8 @@ public:
 
     // Adds the large icons for docks and window lists; slow, so call it after the start.
     void completeIcon();
+    // True for a window that asks for something and is then closed.
+    bool isDialog() const { return windowType() == Qt::Dialog; }
 
 protected:
     // Call once the contents are laid out: positions the window and shows it if the data says so.
@@ -53,9 +57,11 @@ private:
     void correctGuess(QSize more);
     void awaitFrame(int tries);
     void showModal();
+    void focusControls();
 
     controls::Window& form_;
     Size size_;
+    Announcer* announcer_;
     QRect place_; // including the frame, as last requested or reported
     QSize frame_; // size added by the frame; a guess until the window manager reports it
     base::Text shownIcon_;

@@ -10,9 +10,11 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDropEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMimeData>
+#include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
@@ -40,6 +42,10 @@ void followControl(const controls::Control& control, QWidget& view) {
         view.setVisible(control.visible);
     if (const QString tip = qstring(control.toolTip); tip != view.toolTip())
         view.setToolTip(tip);
+    // Qt's own description would keep the blanks around the tip.
+    view.setAccessibleDescription(view.toolTip().trimmed());
+    if (const QString name = qstring(control.accessible.name); !name.isEmpty())
+        nameInput(view, name);
 }
 
 // Names the widget and keeps it in sync with its control; `follow` applies the properties specific to this
@@ -149,6 +155,18 @@ protected:
             list_.KeyUp(keyEvent(*event));
         QListView::keyReleaseEvent(event);
     }
+    void paintEvent(QPaintEvent* event) override {
+        QListView::paintEvent(event);
+        if (!hasFocus())
+            return;
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::Highlight));
+        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+    }
+    void scrollContentsBy(int dx, int dy) override {
+        QListView::scrollContentsBy(dx, dy);
+        viewport()->update(); // the ring does not scroll
+    }
 
 private:
     controls::ListBox& list_;
@@ -176,6 +194,27 @@ void pressWith(QPushButton& button, Qt::Key key, Press press) {
 }
 
 } // namespace
+
+void nameInput(QWidget& input, const QString& name) {
+    if (input.accessibleName() == name)
+        return;
+    input.setAccessibleName(name);
+    auto* const combo = qobject_cast<QComboBox*>(&input);
+    if (!combo)
+        return;
+    // Qt reports the text of such a box as its name and expects a label beside it.
+    const QString label = input.objectName() + QStringLiteral("Label");
+    auto* beside = input.parentWidget()->findChild<QLabel*>(label, Qt::FindDirectChildrenOnly);
+    if (!beside) {
+        beside = new QLabel(input.parentWidget());
+        beside->setObjectName(label);
+        beside->setBuddy(combo);
+        beside->hide();
+    }
+    beside->setText(name);
+    if (combo->lineEdit())
+        combo->lineEdit()->setAccessibleName(name);
+}
 
 QPushButton* addView(controls::CommandButton& button, QWidget& parent) {
     auto* const view = new ButtonView(&parent);
@@ -231,7 +270,8 @@ QLineEdit* addView(controls::TextBox& box, QWidget& parent) {
             view->setSelection(box.selStart, box.selLength);
     });
     box.setFocus = [view] { takeFocus(*view); };
-    QObject::connect(view, &QLineEdit::textEdited, view, [&box](const QString& typed) {
+    // Also a text that a screen reader has set, which is not "edited".
+    QObject::connect(view, &QLineEdit::textChanged, view, [&box](const QString& typed) {
         // From here on, the user controls the selection.
         box.selLength = 0;
         box.text = text(typed);

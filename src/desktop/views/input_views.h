@@ -13,6 +13,9 @@ class QWidget;
 
 namespace desktop {
 
+// Names an input control for screen readers.
+void nameInput(QWidget& input, const QString& name);
+
 QPushButton* addView(controls::CommandButton& button, QWidget& parent);
 QCheckBox* addView(controls::CheckBox& box, QWidget& parent);
 QLineEdit* addView(controls::TextBox& box, QWidget& parent);

@@ -3,6 +3,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/key_codes.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QKeySequence>
 #include <QMenu>
@@ -42,10 +43,17 @@ void addItem(QWidget& menu, controls::MenuItem& item) {
     action->setShortcut(QKeySequence::fromString(qstring(item.shortcut)));
     action->setAutoRepeat(item.repeats);
     // The program's command sets the mark, if at all; this undoes Qt's automatic toggle.
-    QObject::connect(action, &QAction::triggered, action, [action, &item] {
+    const auto run = [action, &item] {
         if (item.offered())
             item.Click();
         action->setChecked(item.checked);
+    };
+    QObject::connect(action, &QAction::triggered, action, [action, run] {
+        // The command may open a dialog, and a screen reader that triggered it waits for the end of its call.
+        if (QAccessible::isActive())
+            QMetaObject::invokeMethod(action, run, Qt::QueuedConnection);
+        else
+            run();
     });
     item.observe([action, &item] { follow(*action, item); });
     follow(*action, item);

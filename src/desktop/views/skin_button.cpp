@@ -10,6 +10,7 @@ namespace desktop {
 namespace {
 
 constexpr double roundness = 3.5; // pixels
+constexpr double ringInset = 2;   // pixels from the outline to the ring of the focus
 constexpr QColor tileTop(0xF8, 0xFC, 0xFC);
 constexpr QColor tileBottom(0xE1, 0xEF, 0xF1);
 constexpr QColor litBottom(0xC9, 0xEA, 0xEC);
@@ -36,6 +37,11 @@ void paintButtonTile(const QStyleOptionButton& button, QPainter& painter) {
     painter.setPen(QPen(!offered ? paleRim : chosen || lit || held ? teal : rim, 1));
     painter.setBrush(tile);
     painter.drawRoundedRect(place, roundness, roundness);
+    if (offered && button.state.testFlag(QStyle::State_HasFocus)) {
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(place.adjusted(ringInset, ringInset, -ringInset, -ringInset), roundness - 1,
+                                roundness - 1);
+    }
     painter.restore();
 }
 

@@ -37,6 +37,14 @@ CreditsView::CreditsView(outside::FrmInformazioni& form, QWidget* parent)
     form.Picture2.observe([this] { followPanel(); });
 }
 
+QString CreditsView::spokenName() const {
+    QStringList lines;
+    for (const outside::Library& library : form_.credits)
+        lines << qstring(library.name) + u' ' + qstring(library.version) + QStringLiteral(", ") +
+                     qstring(library.licence);
+    return lines.join(QStringLiteral("; "));
+}
+
 void CreditsView::followPanel() {
     if (shownTop_ != panelTop() && !nextFrame_.isActive())
         nextFrame_.start();

@@ -13,7 +13,10 @@ class CreditsView : public ControlView {
 public:
     CreditsView(outside::FrmInformazioni& form, QWidget* parent);
 
+    QString spokenName() const override;
+
 protected:
+    controls::Role kind() const override { return controls::Role::Text; }
     void paintEvent(QPaintEvent* event) override;
 
 private:

@@ -16,9 +16,9 @@ namespace desktop {
 namespace {
 
 // The skin with all controls on it; reports mouse moves between the controls.
-class SkinView : public QWidget {
+class SkinView : public Ground {
 public:
-    SkinView(player::Form1& form, QWidget* parent) : QWidget(parent), form_(form) {
+    SkinView(player::Form1& form, QWidget* parent) : Ground(parent), form_(form) {
         setObjectName(QStringLiteral("skin"));
         setMouseTracking(true);
         setFixedSize(pixels(player::Form1::clientWidth), pixels(player::Form1::clientHeight));

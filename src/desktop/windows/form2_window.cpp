@@ -18,6 +18,9 @@ namespace {
 
 const QColor ruleColor(0xC8, 0xCE, 0xD4);
 const QColor hoverColor(0x80, 0x80, 0x80);
+const QColor darkPage(0x1B, 0x20, 0x2B);
+const QColor quietText(0x9A, 0xA3, 0xB0);
+const QColor lightText(0xE6, 0xEA, 0xF0);
 constexpr double corner = 4; // pixels
 
 // The line below the buttons.
@@ -49,23 +52,28 @@ protected:
     }
 };
 
-// The white sheet behind the text.
+// The sheet behind the text.
 class SheetView : public ControlView {
 public:
-    using ControlView::ControlView;
+    SheetView(editor::Form2& form, QWidget* parent) : ControlView(form.Label1, parent), form_(form) {
+        form_.observe([this] { update(); });
+    }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.fillRect(rect(), ruleColor);
-        painter.fillRect(rect().adjusted(1, 1, -1, -1), Qt::white);
+        painter.fillRect(rect().adjusted(1, 1, -1, -1), form_.darkPage ? darkPage : Qt::white);
     }
+
+private:
+    editor::Form2& form_;
 };
 
 // The client area with all controls on it; reports mouse moves between the controls.
-class EditorSurface : public QWidget {
+class EditorSurface : public Ground {
 public:
-    EditorSurface(editor::Form2& form, QWidget* parent) : QWidget(parent), form_(form) {
+    EditorSurface(editor::Form2& form, QWidget* parent) : Ground(parent), form_(form) {
         setObjectName(QStringLiteral("surface"));
         setMouseTracking(true);
         // A window that is cut off at the screen's edge can still be grabbed.
@@ -73,7 +81,7 @@ public:
         // All are owned by their Qt parent; the last one added is on top.
         new PictureView(form.Image1, this);
         new RuleView(form.Line1, this);
-        new SheetView(form.Label1, this);
+        new SheetView(form, this);
         for (controls::Label& letter : form.Label3)
             new LabelView(letter, this);
         new MarkView(form.Shape1, this);
@@ -118,7 +126,20 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
         text_.setGeometry(pixels(form.RTBPlace.left), pixels(form.RTBPlace.top), pixels(form.RTBPlace.width),
                           pixels(form.RTBPlace.height));
         text_.setPlaceholderText(qstring(form.RTBPlace.hint));
+        text_.setAccessibleName(qstring(form.RTBPlace.accessible.name));
     };
+    const auto colorPage = [this, &form] {
+        QPalette page = QApplication::palette();
+        if (form.darkPage) {
+            page.setColor(QPalette::Base, darkPage);
+            page.setColor(QPalette::Text, lightText);
+            page.setColor(QPalette::PlaceholderText, quietText);
+        }
+        if (page != text_.palette())
+            text_.setPalette(page);
+    };
+    form.observe(colorPage);
+    colorPage();
     form.RTBPlace.observe(placeText);
     placeText();
     text_.show();
@@ -128,7 +149,10 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
 
 void Form2Window::keyPressEvent(QKeyEvent* event) {
     // A focused control leaves some keys unhandled, such as Escape; the window must not handle them either.
-    if (isAncestorOf(QApplication::focusWidget()))
+    QWidget* const focused = QApplication::focusWidget();
+    if (event->key() == Qt::Key_Escape && dynamic_cast<ControlView*>(focused))
+        text_.setFocus();
+    else if (isAncestorOf(focused) && event->key() != Qt::Key_F10)
         event->accept();
     else
         FormWindow::keyPressEvent(event);

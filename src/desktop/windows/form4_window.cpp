@@ -14,7 +14,7 @@ Form4Window::Form4Window(dictation::Form4& form)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    auto* const ground = new QWidget(this);
+    auto* const ground = new Ground(this);
     ground->setFixedSize(pixels(dictation::Form4::clientWidth), pixels(dictation::Form4::clientHeight));
     layout->addWidget(ground);
     new PictureView(form.Image1, ground);

@@ -14,9 +14,9 @@ namespace desktop {
 namespace {
 
 // The client area with all controls on it. All are owned by their Qt parent; the last one added is on top.
-class RecorderSurface : public QWidget {
+class RecorderSurface : public Ground {
 public:
-    RecorderSurface(recorder::FrmAudioRec& form, QWidget* parent) : QWidget(parent) {
+    RecorderSurface(recorder::FrmAudioRec& form, QWidget* parent) : Ground(parent) {
         setFixedSize(pixels(recorder::FrmAudioRec::clientWidth), pixels(recorder::FrmAudioRec::clientHeight));
         form.forEachControl([this](auto& control) { add(control); });
     }

@@ -27,7 +27,10 @@ class FrameView : public ControlView {
 public:
     FrameView(controls::Label& frame, QWidget* parent) : ControlView(frame, parent), frame_(frame) {}
 
+    QString spokenName() const override { return text(); }
+
 protected:
+    controls::Role kind() const override { return controls::Role::Text; }
     void follow() override {
         ControlView::follow();
         update();
@@ -73,7 +76,7 @@ FrmFindWindow::FrmFindWindow(editor::FrmFind& form)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    auto* const surface = new QWidget(this);
+    auto* const surface = new Ground(this);
     surface->setFixedSize(pixels(editor::FrmFind::clientWidth), pixels(editor::FrmFind::clientHeight));
     layout->addWidget(surface);
     // In tab order.

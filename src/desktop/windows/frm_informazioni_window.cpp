@@ -32,9 +32,9 @@ protected:
 };
 
 // The client area with all controls on it; reports clicks between the controls.
-class AboutSurface : public QWidget {
+class AboutSurface : public Ground {
 public:
-    AboutSurface(outside::FrmInformazioni& form, QWidget* parent) : QWidget(parent), form_(form) {
+    AboutSurface(outside::FrmInformazioni& form, QWidget* parent) : Ground(parent), form_(form) {
         setObjectName(QStringLiteral("surface"));
         setFixedSize(pixels(outside::FrmInformazioni::clientWidth),
                      pixels(outside::FrmInformazioni::clientHeight));

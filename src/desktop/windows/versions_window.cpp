@@ -65,6 +65,7 @@ void addSheet(safety::TextSheet& sheet, QWidget& parent) {
     view->document()->setDocumentMargin(sheetMargin);
     frame(*view);
     const auto follow = [view, &sheet, shown = base::Text()]() mutable {
+        view->setAccessibleName(qstring(sheet.accessible.name));
         view->setGeometry(pixels(sheet.left), pixels(sheet.top), pixels(sheet.width), pixels(sheet.height));
         if (shown == sheet.text.get())
             return;
