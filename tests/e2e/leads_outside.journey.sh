@@ -11,6 +11,7 @@ for program in xdg-open pavucontrol mate-volume-control cinnamon-settings; do
 done
 : >"$scratch/opened"
 export PATH=$scratch/bin:$PATH
+export BROWSER=xdg-open  # the system has a program for web pages
 
 # PROGRAM TARGET: expects this to be the last thing opened, in the environment that the program was started with
 opens() {
