@@ -62,7 +62,7 @@ stop_companions() {
   companions=()
 }
 
-start_display() {  # [OPTIONS] of Xvfb
+start_server() {  # [OPTIONS] of Xvfb
   local number
   exec {display_fd}< <(as_companion Xvfb -displayfd 1 -screen 0 1280x1024x24 -dpi 96 -nolisten tcp -noreset "$@" 2>/dev/null)
   companions+=($!)
@@ -72,6 +72,10 @@ start_display() {  # [OPTIONS] of Xvfb
   # A layout with most European letters: for a missing one, xdotool has to change the key map, which the program may
   # notice too late.
   setxkbmap us altgr-intl
+}
+
+start_display() {  # [OPTIONS] of Xvfb
+  start_server "$@"
   as_companion openbox --sm-disable --config-file "$dev/openbox.xml" 2>/dev/null &
   companions+=($!)
   wait_until 20 'xdotool get_num_desktops >/dev/null 2>&1' || die "openbox did not start"
