@@ -16,8 +16,9 @@ constexpr std::int32_t leastKept = 3000; // ms; who has heard no more has not be
 } // namespace
 
 MomentRoom::MomentRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
-                       OptionsFile& options)
-    : form1_(form1), editor_(editor), words_(editor.form(), editor.undoRedo(), soundOptions_),
+                       OptionsFile& options, safety::Notices& notices)
+    : form1_(form1), editor_(editor), disk_(desktop.disk()), notices_(notices),
+      words_(editor.form(), editor.undoRedo(), soundOptions_),
       follow_(editor.form(), words_, soundOptions_, desktop.eventLoop()),
       stamps_(editor.form(), editor.undoRedo(), soundOptions_),
       mnuGoOn_("mnuGoOn", u"G&o on where I stopped"_en, "Alt+End"),
@@ -32,11 +33,12 @@ MomentRoom::MomentRoom(Desktop& desktop, player::Form1& form1, EditorRoom& edito
     menu.add(commands);
     mnuGoOn_.Click = [this] { goOn(); };
     words_.PlayFrom = [this](std::int32_t ms) { return playFrom(ms); };
-    words_.Heard = [this] { return heard(); };
+    words_.Heard = [this] { return heardByWords(); };
+    words_.ToldOther = [this] { tellOther(); };
     words_.MomentSet = [this] { editor_.document().TestoModificato = 1; };
     follow_.Plays = [this] { return form1_.WMP1.playState() == platform::PlayState::Playing; };
     editor.typing().Typed = [this] { follow_.typed(); };
-    editor.undoRedo().momentsHeard([this] { return heard(); });
+    editor.undoRedo().momentsHeard([this] { return heardByWords(); });
     editor.undoRedo().Recording = [this] {
         moments::Layer layer;
         if (isOpen()) {
@@ -53,8 +55,13 @@ void MomentRoom::start() {
     watch_.setInterval(watchPeriod);
 }
 
-void MomentRoom::leave() {
+void MomentRoom::flush() {
     watch();
+    disk_.drain();
+}
+
+void MomentRoom::leave() {
+    flush();
     watch_.setInterval(0);
 }
 
@@ -68,6 +75,11 @@ std::optional<std::int32_t> MomentRoom::heard() const {
     if (!isOpen() || !there)
         return std::nullopt;
     return static_cast<std::int32_t>(std::lround(form1_.WMP1.currentPosition() * 1000));
+}
+
+// Words of another recording neither follow this one nor take moments from it.
+std::optional<std::int32_t> MomentRoom::heardByWords() const {
+    return editor_.undoRedo().isOfOtherRecording() ? std::nullopt : heard();
 }
 
 bool MomentRoom::playFrom(std::int32_t ms) {
@@ -87,7 +99,18 @@ void MomentRoom::watch() {
     }
     if (const auto position = heard(); position && *position >= leastKept)
         positions_.set(recording_, *position);
-    base::carryOn([this] { positions_.save(); });
+    positions_.save(disk_);
+    const bool isOther = editor_.undoRedo().isOfOtherRecording();
+    if (isOther && other_ != editor_.undoRedo().recordingOfMoments())
+        tellOther();
+    if (!isOther)
+        other_.clear();
+}
+
+void MomentRoom::tellOther() {
+    other_ = editor_.undoRedo().recordingOfMoments();
+    notices_.tell(u"The words of this document belong to another recording: %1"_en, {other_},
+                  &editor_.form());
 }
 
 // The recording may have been opened since the last look.

@@ -8,6 +8,7 @@
 #include "editor/stamp_commands.h"
 #include "editor/word_sound.h"
 #include "moments/last_positions.h"
+#include "safety/notices.h"
 
 #include <functional>
 
@@ -18,10 +19,12 @@ namespace app {
 class MomentRoom {
 public:
     MomentRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
-               OptionsFile& options);
+               OptionsFile& options, safety::Notices& notices);
 
     // The start is over.
     void start();
+    // Keeps the position until the disk has it.
+    void flush();
     // The exit goes.
     void leave();
 
@@ -30,13 +33,17 @@ public:
 
 private:
     std::optional<std::int32_t> heard() const;
+    std::optional<std::int32_t> heardByWords() const;
     bool isOpen() const;
     bool playFrom(std::int32_t ms);
     void watch();
     void goOn();
+    void tellOther();
 
     player::Form1& form1_;
     EditorRoom& editor_;
+    platform::Worker& disk_;
+    safety::Notices& notices_;
     editor::SoundOptions soundOptions_;
     editor::WordSound words_;
     editor::FollowSound follow_;
@@ -46,6 +53,7 @@ private:
     controls::Timer watch_;
     base::Text recording_;                // whose position is watched
     std::optional<std::int32_t> stopped_; // ms; where it was when the recording was opened
+    base::Text other_;                    // the recording of the moments, told not to be the open one
 };
 
 } // namespace app

@@ -45,7 +45,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       outside_(desktop, form1_, editor_.form(), bookmarks_.form()),
       safety_(desktop, form1_, editor_, bookmarks_, files, notices_),
       reports_(notices_, {form1_, editor_, bookmarks_, recorder_, settingsFile_, recentMedia_}),
-      transcriptMenu_(editor_.form(), words_), moments_(desktop, form1_, editor_, transcriptMenu_, options_),
+      transcriptMenu_(editor_.form(), words_),
+      moments_(desktop, form1_, editor_, transcriptMenu_, options_, notices_),
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
       drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_}),
@@ -202,6 +203,7 @@ void Workstation::keepAll() {
     if (left_)
         return;
     safety_.flush();
+    moments_.flush();
     settingsFile_.Salva();
 }
 

@@ -26,12 +26,12 @@ void ClipboardForms::Form_Load() {
 
 void ClipboardForms::copySelection() {
     base::carryOn([&] { clipboard_.Clear(); });
+    beside_ = form_.RTB.Beside(form_.RTB.SelStart(), form_.RTB.SelLength());
     base::carryOn([&] {
         form_.Combo1.tag = form_.RTB.SelRTF();
-        clipboard_.SetText(form_.Combo1.tag.get());
+        clipboard_.SetText(form_.Combo1.tag.get(), beside_);
     });
     form_.Combo2.tag = form_.RTB.SelText();
-    beside_ = form_.RTB.Beside(form_.RTB.SelStart(), form_.RTB.SelLength());
 }
 
 void ClipboardForms::mnuCopia_Click() {
@@ -52,9 +52,7 @@ void ClipboardForms::mnuIncolla_Click() {
         base::carryOn([&] { held = clipboard_.GetText(format); });
         if (held.empty())
             continue;
-        if (!beside_.empty() && (held == form_.Combo1.tag.get() || held == form_.Combo2.tag.get()))
-            form_.RTB.Arrives(form_.RTB.SelStart(), form_.RTB.SelLength(), beside_);
-        base::carryOn([&] { form_.RTB.setSelRTF(held); });
+        base::carryOn([&] { form_.RTB.insert(held, clipboard_.Beside()); });
         return;
     }
 }
@@ -64,7 +62,7 @@ void ClipboardForms::Timer1_Timer() {
         return;
     const base::Text& form = form_.active ? form_.Combo1.tag : form_.Combo2.tag;
     base::carryOn([&] { clipboard_.Clear(); });
-    base::carryOn([&] { clipboard_.SetText(form); });
+    base::carryOn([&] { clipboard_.SetText(form, beside_); });
     ClipRtfOn = form_.active;
 }
 

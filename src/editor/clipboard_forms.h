@@ -10,7 +10,7 @@ namespace editor {
 // Copy, cut and paste through one clipboard in two forms. While the editor is in front, the clipboard holds
 // the RTF source of the last copy, for the editor's own paste; while another window is in front, its plain
 // text. Each switch overwrites the clipboard, whatever it holds. The tags of the two font boxes store the two
-// forms.
+// forms. What stands beside the letters goes along in a form of its own.
 class ClipboardForms {
 public:
     ClipboardForms(Form2& form, platform::Clipboard& clipboard);
@@ -27,7 +27,7 @@ private:
 
     Form2& form_;
     platform::Clipboard& clipboard_;
-    std::string beside_;    // what stands beside the letters that were copied last; it stays in the program
+    std::string beside_;    // what stands beside the letters that were copied last
     bool ClipRtfOn = false; // the clipboard is assumed to hold the RTF form
 };
 

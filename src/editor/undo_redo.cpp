@@ -11,6 +11,13 @@ namespace editor {
 namespace {
 
 constexpr base::TextView lineBreak = u"\r\n";
+constexpr std::int32_t sameLength = 250; // ms between the lengths of one recording in two files
+
+// By the name; a renamed file is told by its length. Where a name is not known, they may be the same.
+bool mayBeOne(const moments::Layer& a, const moments::Layer& b) {
+    return a.recording.empty() || b.recording.empty() || a.recording == b.recording ||
+           (a.length > 0 && b.length > 0 && std::abs(a.length - b.length) <= sameLength);
+}
 
 } // namespace
 
@@ -31,9 +38,9 @@ UndoRedo::UndoRedo(platform::RichText& text) : RTB_(text) {
 
 const SnapshotText& UndoRedo::current() {
     const platform::TextChange change = RTB_.takeChange();
+    const std::optional<Arrival> arrival = std::exchange(arrival_, std::nullopt);
     if (change.removed == 0 && change.inserted.empty())
         return text_;
-    const std::optional<Arrival> arrival = std::exchange(arrival_, std::nullopt);
     applyToMoments(change, arrival ? &*arrival : nullptr);
     text_.replace(change.position, change.removed, change.inserted);
     return text_;
@@ -69,11 +76,15 @@ void UndoRedo::applyArrival(const platform::TextChange& change, const Arrival& a
     const bool whole = arrival.position == 0 && arrival.removed == text_.length();
     if (whole)
         layer_ = layer.value_or(moments::Layer());
-    const bool has = layer.has_value();
+    if (!whole && layer) {
+        // The words of another recording come without their moments.
+        if (!moments_.any())
+            layer_ = {layer->recording, layer->length, {}};
+        else if (!mayBeOne(*layer, layer_))
+            layer->timed = {{{static_cast<std::uint32_t>(count), {}}}};
+    }
     moments_.apply(arrival.position, arrival.removed,
-                   has ? std::move(layer->timed) : moments::momentsOfStamps(fresh));
-    if (whole && has)
-        LayerRead(layer_);
+                   layer ? std::move(layer->timed) : moments::momentsOfStamps(fresh));
 }
 
 moments::WordMoments& UndoRedo::moments() {
@@ -83,17 +94,38 @@ moments::WordMoments& UndoRedo::moments() {
 
 void UndoRedo::arrives(std::int32_t position, std::int32_t removed, const std::string& beside) {
     current();
-    arrival_ = {position, removed, beside};
+    if (position >= 0)
+        arrival_ = {position, removed, beside};
+}
+
+void UndoRedo::momentsHeard(std::function<std::optional<std::int32_t>()> heard) {
+    moments_.Heard = [this, heard = std::move(heard)] {
+        const auto ms = heard();
+        if (ms)
+            adoptRecording();
+        return ms;
+    };
+}
+
+void UndoRedo::setMoment(std::int32_t position, std::int32_t length, const moments::Moment& moment) {
+    adoptRecording();
+    moments().set(position, length, moment);
+}
+
+void UndoRedo::adoptRecording() {
+    if (moments::Layer open = Recording(); !open.recording.empty() && !isOfOtherRecording())
+        layer_ = std::move(open);
+}
+
+bool UndoRedo::isOfOtherRecording() const {
+    return !mayBeOne(Recording(), layer_) && moments_.any();
 }
 
 std::string UndoRedo::beside(std::int32_t position, std::int32_t count) {
     const SnapshotText& text = current();
     const base::Text part = text.text(position, count);
-    moments::Layer layer = Recording();
-    if (layer.recording.empty()) {
-        layer.recording = layer_.recording;
-        layer.length = layer_.length;
-    }
+    adoptRecording();
+    moments::Layer layer{layer_.recording, layer_.length, {}};
     layer.timed = moments_.timed(position, static_cast<std::int32_t>(part.size()));
     for (const auto& run : layer.timed.runs)
         if (run.moment)

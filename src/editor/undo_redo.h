@@ -48,19 +48,22 @@ public:
     std::int32_t length() { return current().length(); }
 
     // The next change replaces `removed` units at `position` by letters with these moments, as
-    // platform::RichText::Arrives reports them.
+    // platform::RichText::Arrives reports them. A position of -1: it does not come.
     void arrives(std::int32_t position, std::int32_t removed, const std::string& beside);
     // The layer of a part of the text; empty if no letter has a moment.
     std::string beside(std::int32_t position, std::int32_t count);
 
     // What is heard while a new word is begun, see moments::WordMoments::Heard.
-    void momentsHeard(std::function<std::optional<std::int32_t>()> heard) {
-        moments_.Heard = std::move(heard);
-    }
-    // The recording that new moments belong to, for the layer: its file name and its length in ms.
+    void momentsHeard(std::function<std::optional<std::int32_t>()> heard);
+    // Gives a word its moment in the open recording.
+    void setMoment(std::int32_t position, std::int32_t length, const moments::Moment& moment);
+    // The open recording, for the layer: its file name and its length in ms; an empty name for none.
     std::function<moments::Layer()> Recording = [] { return moments::Layer(); };
-    // Called after a document with a layer was opened.
-    std::function<void(const moments::Layer&)> LayerRead = [](const moments::Layer&) {};
+    // True if the moments belong to another recording than the open one. A renamed file is told by its
+    // length.
+    bool isOfOtherRecording() const;
+    // The file name of the recording that the moments belong to; empty where it is not known.
+    const base::Text& recordingOfMoments() const { return layer_.recording; }
 
     bool RegistraUndo = false; // changes are recorded, and undo and redo may run
 
@@ -73,6 +76,8 @@ private:
 
     // The control's current text.
     const SnapshotText& current();
+    // New moments belong to the open recording from now on.
+    void adoptRecording();
     void applyToMoments(const platform::TextChange& change, const Arrival* arrival);
     void applyArrival(const platform::TextChange& change, const Arrival& arrival);
     void undoLast();
@@ -89,7 +94,7 @@ private:
     std::deque<UndoElement> redo_;
     moments::WordMoments moments_;
     std::optional<Arrival> arrival_; // of the next change
-    moments::Layer layer_;           // of the document as it was opened
+    moments::Layer layer_;           // the recording that the moments belong to
 };
 
 } // namespace editor

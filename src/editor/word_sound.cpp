@@ -40,7 +40,7 @@ std::optional<WordSound::Part> WordSound::partAt(std::int32_t position) {
     for (const moments::Stamp& stamp : moments::stampsIn(text))
         if (static_cast<std::size_t>(stamp.position) <= place &&
             place <= static_cast<std::size_t>(stamp.position + stamp.length))
-            return Part{from + stamp.position, stamp.length, stamp.ms};
+            return Part{from + stamp.position, stamp.length, stamp.ms, true};
     const auto [begin, length] = moments::wordAround(text, place);
     if (length == 0)
         return std::nullopt;
@@ -66,6 +66,10 @@ std::optional<WordSound::Part> WordSound::heardPart(std::int32_t ms) {
 
 bool WordSound::hear(std::int32_t position) {
     const auto part = partAt(position);
+    if (part && !part->isStamp && text_.isOfOtherRecording()) {
+        ToldOther();
+        return true;
+    }
     return part && PlayFrom(std::max(part->ms - options_.leadMs, 0));
 }
 
@@ -86,8 +90,8 @@ void WordSound::setMoment() {
     const auto [begin, length] = moments::wordAround(text, static_cast<std::size_t>(caret - from));
     if (length == 0)
         return;
-    text_.moments().set(from + static_cast<std::int32_t>(begin), static_cast<std::int32_t>(length),
-                        moments::Moment{.start = *heard});
+    text_.setMoment(from + static_cast<std::int32_t>(begin), static_cast<std::int32_t>(length),
+                    moments::Moment{.start = *heard});
     form_.RTB.besideChanged(caret);
     MomentSet();
 }

@@ -24,6 +24,7 @@ public:
         std::int32_t position = 0;
         std::int32_t length = 0;
         std::int32_t ms = 0;
+        bool isStamp = false;
     };
 
     WordSound(Form2& form, UndoRedo& text, const SoundOptions& options);
@@ -39,6 +40,8 @@ public:
     std::function<bool(std::int32_t ms)> PlayFrom = [](std::int32_t) { return false; };
     // The place that is heard, in ms; nothing without a recording.
     std::function<std::optional<std::int32_t>()> Heard = [] { return std::nullopt; };
+    // Called when a word is to be heard that belongs to another recording than the open one.
+    std::function<void()> ToldOther = [] {};
     // Called after a word has got a moment.
     std::function<void()> MomentSet = [] {};
 

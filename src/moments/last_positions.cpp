@@ -47,13 +47,15 @@ void LastPositions::set(base::TextView recording, std::int32_t ms) {
     changed_ = true;
 }
 
-void LastPositions::save() {
+void LastPositions::save(platform::Worker& disk) {
     if (!changed_)
         return;
     base::Text text;
     for (const auto& [recording, ms] : positions_)
         text += base::numberText(ms) + u'\t' + base::oneLine(recording) + u'\n';
-    base::replacePrivateFile(path_, base::toUtf8(text));
+    disk.post([path = path_, bytes = base::toUtf8(text)] {
+        base::carryOn([&] { base::replacePrivateFile(path, bytes); });
+    });
     changed_ = false;
 }
 

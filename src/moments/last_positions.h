@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "platform/worker.h"
 
 #include <cstdint>
 #include <optional>
@@ -20,8 +21,9 @@ public:
     // The last position in this recording, in ms.
     std::optional<std::int32_t> of(base::TextView recording) const;
     void set(base::TextView recording, std::int32_t ms);
-    // Writes the file if a position has changed. Throws base::Failure, with the old file as it was.
-    void save();
+    // Writes the file by this worker if a position has changed. A failure keeps the old file, until the next
+    // change of a position.
+    void save(platform::Worker& disk);
 
 private:
     base::Text path_;

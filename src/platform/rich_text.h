@@ -111,6 +111,8 @@ public:
     // inserted as plain text.
     virtual base::Text SelRTF() const = 0;
     virtual void setSelRTF(base::TextView source) = 0;
+    // The same, with what stands beside the new letters, empty for nothing.
+    virtual void insert(base::TextView source, const std::string& beside) = 0;
 
     // Formats of the selection; without a selection, of the text typed next. Mixed values read as none or
     // Mixed.
@@ -182,8 +184,9 @@ public:
     // the program, never to other programs.
     std::function<std::string(std::int32_t position, std::int32_t length)> Beside =
         [](std::int32_t, std::int32_t) { return std::string(); };
-    // Called before the Change of an edit that brings such, or that replaces the whole document: `removed`
-    // units at `position` are replaced, and `beside` is what stands beside the new ones, empty for nothing.
+    // Called before an edit that brings such, or that replaces the whole document: `removed` units at
+    // `position` will be replaced, and `beside` is what stands beside the new ones, empty for nothing. Called
+    // again with a position of -1 if the edit failed or changed nothing.
     std::function<void(std::int32_t position, std::int32_t removed, const std::string& beside)> Arrives =
         [](std::int32_t, std::int32_t, const std::string&) {};
     // Called after every change of the text or its formats.

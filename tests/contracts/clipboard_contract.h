@@ -29,6 +29,11 @@ TEST_P(ClipboardContract, SetText_LeavesPlainTextOnly_AndClear_LeavesNothing) {
         clipboard.SetText(text);
         expectHolds(text, u"");
     }
+    clipboard.SetText(u"with more", "beside");
+    expectHolds(u"with more", u"");
+    EXPECT_EQ(clipboard.Beside(), "beside");
+    clipboard.SetText(u"with nothing");
+    EXPECT_EQ(clipboard.Beside(), "");
     bench->offer(u"plain", u"{\\rtf1 rich}");
     clipboard.Clear();
     expectHolds(u"", u"");

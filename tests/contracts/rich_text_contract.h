@@ -178,6 +178,31 @@ TEST_P(RichTextContract, LoadFile_IsOneChange_AndAFailureKeepsTheText) {
     }
 }
 
+TEST_P(RichTextContract, WhatStandsBesideLetters_ArrivesBeforeThem_OrIsWithdrawn) {
+    const fakes::TemporaryFolder folder;
+    std::vector<std::string> told;
+    text.Arrives = [&](std::int32_t position, std::int32_t removed, const std::string& beside) {
+        told.push_back(fakes::shown(text) + " " + std::to_string(position) + " " + std::to_string(removed) +
+                       " " + beside);
+    };
+    const auto expectTold = [&](const std::vector<std::string>& expected) {
+        EXPECT_EQ(std::exchange(told, {}), expected);
+    };
+    text.setText(u"abcd");
+    expectTold({"| 0 0 "});
+    fakes::select(text, 1, 2);
+    text.insert(u"xyz", "B");
+    expectTold({"a[bc]d 1 2 B"});
+    text.insert(u"plain", "");
+    text.setSelText(u".");
+    EXPECT_THROW(text.LoadFile(folder.text("none")), base::Failure);
+    expectTold({});
+    EXPECT_EQ(fakes::shown(text), "axyzplain.|d");
+    text.insert(u"", "B");
+    EXPECT_TRUE(told.empty() || told.back() == "axyzplain.|d -1 0 ") << told.back();
+    EXPECT_TRUE(text.SelRTF().find(u"moments") == base::Text::npos);
+}
+
 TEST_P(RichTextContract, Find_WithItsOptions_ReturnsTheFirstPosition) {
     constexpr int word = platform::findWholeWord;
     constexpr int exact = platform::findMatchCase;

@@ -10,18 +10,23 @@ class FakeClipboard : public platform::Clipboard {
 public:
     base::Text text;
     base::Text rtf;
+    std::string beside;
     bool held = false;
 
     void Clear() override {
         refuse();
         text.clear();
         rtf.clear();
+        beside.clear();
     }
-    void SetText(base::TextView given) override {
+    using platform::Clipboard::SetText;
+    void SetText(base::TextView given, std::string_view besideIt) override {
         refuse();
         text = given;
         rtf.clear();
+        beside = besideIt;
     }
+    std::string Beside() override { return beside; }
     base::Text GetText(platform::ClipboardFormat format) override {
         return format == platform::ClipboardFormat::Rtf ? rtf : text;
     }

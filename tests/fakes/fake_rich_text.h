@@ -90,6 +90,12 @@ public:
     }
     base::Text SelRTF() const override { return u"{\\rtf1 " + SelText() + u"}"; }
     void setSelRTF(base::TextView source) override { setSelText(plain(source)); }
+    void insert(base::TextView source, const std::string& beside) override {
+        const bool changes = length_ > 0 || !plain(source).empty();
+        if (!beside.empty() && changes)
+            Arrives(start_, length_, beside);
+        setSelRTF(source);
+    }
     void setSelFontName(base::TextView name) override {
         commands.push_back("font " + base::toUtf8(name));
         formatLetters();

@@ -66,8 +66,7 @@ TEST_F(EditorMomentsTest, ACopyOfALayer_ComesAlongWithItsLetters) {
     const std::string beside = text.Beside(4, 9); // "two three"
     text.setText(u"new: ");
     text.setSelStart(5);
-    text.Arrives(5, 0, beside);
-    text.setSelText(u"two three");
+    text.insert(u"two three", beside);
     EXPECT_EQ(heard(), (std::vector{1700, 1700, 2700}));
     EXPECT_TRUE(text.Beside(0, 4).empty()) << "letters without moments have no layer";
 }
@@ -85,7 +84,7 @@ TEST_F(EditorMomentsTest, WordsThatAreCutAndPasted_EvenIntoAnotherDocument_TakeT
     text.setSelStart(6);
     clipboard.mnuIncolla_Click();
     EXPECT_EQ(heard().back(), 700);
-    desktop.clipboardPort.text = u"foreign words";
+    desktop.clipboardPort.SetText(u"foreign words"); // of another program
     text.setText(u"");
     clipboard.mnuIncolla_Click();
     EXPECT_TRUE(text.Beside(0, text.textLength()).empty());

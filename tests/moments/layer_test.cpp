@@ -1,4 +1,4 @@
-#include "fakes/temporary_folder.h"
+#include "fakes/fake_desktop.h"
 #include "moments/alignment.h"
 #include "moments/last_positions.h"
 #include "moments/layer.h"
@@ -127,7 +127,8 @@ TEST(LastPositions, AreKeptForEachRecording_TheOldestGoFirst) {
     for (int recording = 0; recording <= static_cast<int>(moments::LastPositions::most); ++recording)
         positions.set(u"/r\n" + base::fromUtf8(std::to_string(recording)), 1000 * recording);
     positions.set(u"/r\n7", 5);
-    positions.save();
+    fakes::FakeWorker disk;
+    positions.save(disk);
     const moments::LastPositions read(folder.text("Last"));
     EXPECT_EQ(read.of(u"/r\n7"), 5);
     EXPECT_EQ(read.of(u"/r\n200"), 200'000);

@@ -84,8 +84,18 @@ void QtClipboard::Clear() {
     clipboard().clear(mode_);
 }
 
-void QtClipboard::SetText(base::TextView text) {
-    clipboard().setText(qstring(text), mode_);
+void QtClipboard::SetText(base::TextView text, std::string_view beside) {
+    auto* const offer = new QMimeData; // Qt's clipboard owns it
+    offer->setText(qstring(text));
+    if (!beside.empty())
+        offer->setData(QString::fromLatin1(besideForm),
+                       QByteArray(beside.data(), static_cast<qsizetype>(beside.size())));
+    clipboard().setMimeData(offer, mode_);
+}
+
+std::string QtClipboard::Beside() {
+    const auto held = read({besideForm}, largestOffer);
+    return held ? held->bytes.toStdString() : std::string();
 }
 
 std::optional<XSelection::Held> QtClipboard::read(const QList<QByteArray>& forms, qsizetype limit) {

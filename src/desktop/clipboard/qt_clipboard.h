@@ -10,6 +10,9 @@ namespace desktop {
 // The MIME types under which programs offer RTF; this program offers the first.
 const QList<QByteArray>& rtfForms();
 
+// The form of what stands beside the letters of this program's text. No other program reads it.
+inline constexpr auto besideForm = "application/x-quillmere-beside";
+
 // A clipboard of the desktop. Writes through Qt, but reads other programs' data directly from the X server:
 // through Qt, a hanging owner would freeze this program too.
 class QtClipboard : public platform::Clipboard {
@@ -18,8 +21,10 @@ public:
     explicit QtClipboard(QClipboard::Mode mode);
 
     void Clear() override;
-    void SetText(base::TextView text) override;
+    using platform::Clipboard::SetText;
+    void SetText(base::TextView text, std::string_view beside) override;
     base::Text GetText(platform::ClipboardFormat format) override;
+    std::string Beside() override;
 
 private:
     std::optional<XSelection::Held> read(const QList<QByteArray>& forms, qsizetype limit);

@@ -238,6 +238,28 @@ void RichTextEdit::setSelRTF(base::TextView source) {
     });
 }
 
+void RichTextEdit::insert(base::TextView source, const std::string& beside) {
+    arriving(beside, [&] { setSelRTF(source); });
+}
+
+void RichTextEdit::arriving(const std::string& beside, const std::function<void()>& work) {
+    if (beside.empty()) {
+        work();
+        return;
+    }
+    const std::int32_t before = textLength();
+    const std::int32_t removed = SelLength();
+    Arrives(SelStart(), removed, beside);
+    try {
+        work();
+    } catch (...) {
+        Arrives(-1, 0, {});
+        throw;
+    }
+    if (removed == 0 && textLength() == before)
+        Arrives(-1, 0, {});
+}
+
 void RichTextEdit::insertSource(const rtf::Document& source) {
     refuseIf(cannotBeLaidOut(source));
     replaceSelection([&](QTextCursor& cursor) { insertRtf(cursor, *document_, source); });

@@ -44,6 +44,7 @@ public:
     void setSelText(base::TextView text) override;
     base::Text SelRTF() const override;
     void setSelRTF(base::TextView source) override;
+    void insert(base::TextView source, const std::string& beside) override;
 
     void setSelFontName(base::TextView name) override;
     std::optional<double> SelFontSize() const override;
@@ -123,6 +124,8 @@ private:
     void noteChange(int position, int removed, int added);
     // The whole text is about to be replaced by one with this beside it.
     void arriveWhole(const std::string& beside) const;
+    // Runs `work`, which replaces the selection by letters with this beside them.
+    void arriving(const std::string& beside, const std::function<void()>& work);
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
     // The selection. While several edits run together, it is ahead of the one on the screen.
     QTextCursor caret() const { return ahead_ ? *ahead_ : textCursor(); }

@@ -66,9 +66,6 @@ std::optional<platform::EditCommand> editCommand(const QKeyEvent& event) {
     return std::nullopt;
 }
 
-// What stands beside the letters of the program's own text: a form that no other program reads.
-constexpr auto besideForm = "application/x-quillmere-beside";
-
 QByteArray rtfOffered(const QMimeData& offer) {
     for (const QByteArray& form : rtfForms())
         if (const QString type = QString::fromLatin1(form); offer.hasFormat(type))
@@ -243,18 +240,17 @@ bool RichTextEdit::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void RichTextEdit::insertFromMimeData(const QMimeData* source) {
-    if (const QString form = QString::fromLatin1(besideForm); source->hasFormat(form))
-        Arrives(SelStart(), SelLength(), source->data(form).toStdString());
-    edit(SameLength::Replacement, [&] {
+    const std::string beside = source->data(QString::fromLatin1(besideForm)).toStdString();
+    const auto insertForm = [&] {
         const std::string bytes = rtfOffered(*source).toStdString();
-        if (rtf::isRtf(bytes)) {
-            base::carryOn([&] { insertSource(rtf::read(bytes)); });
-        } else if (source->hasText()) {
-            base::carryOn([&] { setSelRTF(text(source->text())); });
-        } else if (source->hasHtml()) {
+        if (rtf::isRtf(bytes))
+            insertSource(rtf::read(bytes));
+        else if (source->hasText())
+            setSelRTF(text(source->text()));
+        else if (source->hasHtml())
             replaceSelection(text(QTextDocumentFragment::fromHtml(source->html()).toPlainText()));
-        }
-    });
+    };
+    edit(SameLength::Replacement, [&] { base::carryOn([&] { arriving(beside, insertForm); }); });
 }
 
 } // namespace desktop

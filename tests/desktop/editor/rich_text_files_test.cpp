@@ -36,6 +36,41 @@ TEST_F(RichText, LoadFile_DetectsTheEncoding_AndConvertsLineEndsToCrLf) {
     }
 }
 
+TEST_F(RichText, WhatStandsBesideLetters_IsSavedAndDragged_AndMarksArePainted) {
+    const fakes::TemporaryFolder folder;
+    rtb.setText(u"one\r\ntwo");
+    rtb.SaveFile(folder.text("plain"));
+    rtb.Beside = [](std::int32_t from, std::int32_t count) {
+        return std::to_string(from) + "/" + std::to_string(count);
+    };
+    std::string told;
+    rtb.Arrives = [&](std::int32_t from, std::int32_t removed, const std::string& beside) {
+        told += std::to_string(from) + " " + std::to_string(removed) + " " + beside + ";";
+    };
+    rtb.SaveFile(folder.text("file"));
+    EXPECT_NE(rtb.takeAllParagraphs().find("0/8"), std::string::npos);
+    rtb.LoadFile(folder.text("file"));
+    rtb.LoadFile(folder.text("plain"));
+    EXPECT_EQ(std::exchange(told, {}), "0 8 0/8;0 8 ;");
+    fakes::select(rtb, 0, 3);
+    const std::unique_ptr<QMimeData> offer(rtb.createMimeDataFromSelection());
+    EXPECT_EQ(offer->data(QStringLiteral("text/rtf")).indexOf("quillmoments"), -1);
+    QTextCursor end = rtb.textCursor();
+    end.movePosition(QTextCursor::End);
+    rtb.moveSelection(*offer, end);
+    EXPECT_EQ(rtb.Text(), u"\r\ntwoone");
+    EXPECT_EQ(told, "5 0 0/3;");
+    rtb.MarksIn = [](std::int32_t, std::int32_t) {
+        return std::vector{platform::MarkedPart{2, 3, platform::Mark::Heard}};
+    };
+    const QImage seen = rtb.viewport()->grab().toImage();
+    int marked = 0;
+    for (int x = 0; x < seen.width(); ++x)
+        for (int y = 0; y < seen.height(); ++y)
+            marked += seen.pixelColor(x, y) == QColor(0xFF, 0xE0, 0x82);
+    EXPECT_GT(marked, 100);
+}
+
 TEST_F(RichText, LoadFile_DropsTheFormatOfTheOldText) {
     const fakes::TemporaryFolder folder;
     folder.write("file", R"({\rtf1{\fonttbl{\f0 Courier New;}}\f0\fs40 x})");
