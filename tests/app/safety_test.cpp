@@ -1,38 +1,26 @@
-#include "app/program.h"
-#include "fakes/fake_desktop.h"
-
-#include "testing.h"
+#include "fakes/workbench.h"
 
 namespace {
 
-// Successive runs of the program in the same folder. Destroying a run without an exit simulates a kill.
-class SafetyTest : public testing::Test {
+// Successive runs of the program in the same folder.
+class SafetyTest : public fakes::WorkbenchTest {
 protected:
-    SafetyTest() { start(); }
-
+    // Destroying a run without an exit simulates a kill.
     void start() {
-        run.reset();
-        const base::Text folder = desktop ? desktop->systemPort.folder : base::Text();
-        auto next = std::make_unique<fakes::FakeDesktop>();
-        if (desktop)
-            std::filesystem::copy(desktop->folder.path(), next->folder.path(),
-                                  std::filesystem::copy_options::recursive |
-                                      std::filesystem::copy_options::overwrite_existing);
-        else
-            next->laySettingsWith({});
-        desktop = std::move(next);
-        run = std::make_unique<app::Program>(*desktop);
-        ASSERT_TRUE(run->Main(commandLine));
+        program.reset();
+        std::destroy_at(&desktop.text);
+        std::construct_at(&desktop.text);
+        ASSERT_TRUE(Workbench::start());
     }
-    app::Workstation& workstation() { return run->workstation(); }
+    app::Workstation& workstation() { return program->workstation(); }
     editor::Document& document() { return workstation().editor().document(); }
     void type(base::TextView text) {
-        desktop->text.type(text);
-        desktop->loop.advance(1000);
+        desktop.text.type(text);
+        desktop.loop.advance(1000);
     }
     void quit(platform::Answer answer) {
-        desktop->dialogPort.answers = {answer};
-        workstation().form1().Unload();
+        desktop.dialogPort.answers = {answer};
+        form().Unload();
     }
     std::vector<std::string> archived() {
         std::vector<std::string> names;
@@ -46,11 +34,6 @@ protected:
         const auto& all = workstation().notices().all();
         return all.empty() ? "" : base::toUtf8(all.front().sentence);
     }
-    bool journalExists() { return base::fileExists(desktop->folder.text("Files/Safety/Journal")); }
-
-    std::unique_ptr<fakes::FakeDesktop> desktop;
-    std::unique_ptr<app::Program> run;
-    base::Text commandLine;
 };
 
 using testing::Contains;
@@ -62,75 +45,75 @@ using Names = std::vector<std::string>;
 } // namespace
 
 TEST_F(SafetyTest, Kill_RestoresTextCaretAndModifiedFlag) {
-    desktop->text.setText(u"");
+    desktop.text.setText(u"");
     type(u"first\r\nsecond");
-    desktop->text.setSelStart(3);
+    desktop.text.setSelStart(3);
     type(u"X");
     start();
-    EXPECT_EQ(desktop->text.Text(), u"firXst\r\nsecond");
-    EXPECT_EQ(desktop->text.SelStart(), 4);
+    EXPECT_EQ(desktop.text.Text(), u"firXst\r\nsecond");
+    EXPECT_EQ(desktop.text.SelStart(), 4);
     EXPECT_EQ(document().TestoModificato, 1);
-    EXPECT_EQ(desktop->form2->caption.get(), u"&En96 - &En97 1");
-    desktop->loop.advance(1000);
+    EXPECT_EQ(desktop.form2->caption.get(), u"&En96 - &En97 1");
+    desktop.loop.advance(1000);
     start();
-    EXPECT_EQ(desktop->text.Text(), u"firXst\r\nsecond") << "killed again before anything was typed";
+    EXPECT_EQ(desktop.text.Text(), u"firXst\r\nsecond") << "killed again before anything was typed";
 }
 
 TEST_F(SafetyTest, SaveOrNormalExit_RestoresNothing) {
     type(u"saved");
-    desktop->dialogPort.choices = {desktop->folder.text("a.rtf")};
+    desktop.dialogPort.choices = {desktop.folder.text("a.rtf")};
     document().save();
-    desktop->loop.advance(1000);
+    desktop.loop.advance(1000);
     start();
-    EXPECT_EQ(desktop->text.Text(), u"") << "the journal knows that the text is saved";
+    EXPECT_EQ(desktop.text.Text(), u"") << "the journal knows that the text is saved";
     type(u"given up");
     quit(platform::Answer::No);
-    EXPECT_FALSE(journalExists());
+    EXPECT_FALSE(base::fileExists(desktop.folder.text("Files/Safety/Journal")));
     EXPECT_EQ(archived(), (Names{"&En97 1: exit].rtf"}));
     start();
-    EXPECT_EQ(desktop->text.Text(), u"");
+    EXPECT_EQ(desktop.text.Text(), u"");
     EXPECT_THAT(told(), HasSubstr("at the last exit"));
 }
 
 TEST_F(SafetyTest, DiscardedText_IsArchived) {
     type(u"replaced by a new one");
-    desktop->dialogPort.answers = {platform::Answer::No};
+    desktop.dialogPort.answers = {platform::Answer::No};
     document().newDocument();
     EXPECT_EQ(archived(), (Names{"&En97 1: replaced].rtf"}));
 
     type(u"mine");
-    desktop->folder.write("b.rtf", "{\\rtf1 theirs}");
-    desktop->dialogPort.answers = {platform::Answer::Yes};
-    desktop->dialogPort.choices = {desktop->folder.text("b.rtf")};
+    desktop.folder.write("b.rtf", "{\\rtf1 theirs}");
+    desktop.dialogPort.answers = {platform::Answer::Yes};
+    desktop.dialogPort.choices = {desktop.folder.text("b.rtf")};
     document().save();
     EXPECT_EQ(archived().front(), "b.rtf: replaced].rtf");
 
     type(u"lost");
-    desktop->form2->visible = false;
-    workstation().form1().Unload();
+    desktop.form2->visible = false;
+    form().Unload();
     EXPECT_EQ(archived().size(), 3U) << "the exit does not ask about a hidden editor";
 }
 
 TEST_F(SafetyTest, FileWrittenInPlace_IsArchived_SettingsOnlyUntilWritten) {
-    const std::filesystem::path folder = desktop->folder.path();
+    const std::filesystem::path folder = desktop.folder.path();
     type(u"mine");
-    desktop->dialogPort.choices = {desktop->folder.text("c.rtf")};
+    desktop.dialogPort.choices = {desktop.folder.text("c.rtf")};
     document().save();
     std::filesystem::create_hard_link(folder / "c.rtf", folder / "d.rtf");
     std::filesystem::create_hard_link(folder / "Files/Quillmere.ini", folder / "Files/b.ini");
     type(u"more");
     document().save();
-    EXPECT_NE(desktop->folder.read("d.rtf").find("more"), std::string::npos);
+    EXPECT_NE(desktop.folder.read("d.rtf").find("more"), std::string::npos);
     EXPECT_EQ(archived(), (Names{"c.rtf: written over].rtf"}));
-    workstation().form1().Unload();
+    form().Unload();
     EXPECT_EQ(std::filesystem::hard_link_count(folder / "Files/Quillmere.ini"), 2U);
     EXPECT_EQ(archived().size(), 1U);
 }
 
 TEST_F(SafetyTest, OverwrittenFile_IsArchived_IfItHeldMoreThanTheText) {
-    const base::Text path = desktop->folder.text("a.rtf");
+    const base::Text path = desktop.folder.text("a.rtf");
     const auto saveBehind = [&](const std::string& bytes, auto between) {
-        desktop->folder.write("a.rtf", bytes);
+        desktop.folder.write("a.rtf", bytes);
         document().ApriDocumento(path);
         between();
         type(u"x");
@@ -139,7 +122,7 @@ TEST_F(SafetyTest, OverwrittenFile_IsArchived_IfItHeldMoreThanTheText) {
     };
     EXPECT_THAT(saveBehind("{\\rtf1 plain}", [] {}), IsEmpty());
     EXPECT_THAT(saveBehind("{\\rtf1\\trowd a\\cell\\row}", [] {}), ElementsAre("a.rtf: structure].rtf"));
-    EXPECT_THAT(saveBehind("{\\rtf1 1}", [&] { desktop->folder.write("a.rtf", "theirs"); }),
+    EXPECT_THAT(saveBehind("{\\rtf1 1}", [&] { desktop.folder.write("a.rtf", "theirs"); }),
                 Contains("a.rtf: overwritten].txt"));
     EXPECT_THAT(saveBehind("{\\rtf1 2}", [&] { document().newDocument(); }), Contains("a.rtf: replaced].rtf"))
         << "the new text has the path of the old one";
@@ -148,86 +131,83 @@ TEST_F(SafetyTest, OverwrittenFile_IsArchived_IfItHeldMoreThanTheText) {
 
 TEST_F(SafetyTest, FailedSave_IsArchivedAndReported_AlthoughTheFlagIsCleared) {
     type(u"x");
-    desktop->folder.write("gone/a.rtf", "");
-    desktop->dialogPort.answers = {platform::Answer::Yes};
-    desktop->dialogPort.choices = {desktop->folder.text("gone/a.rtf")};
-    std::filesystem::remove_all(desktop->folder.path() / "gone");
+    desktop.folder.write("gone/a.rtf", "");
+    desktop.dialogPort.answers = {platform::Answer::Yes};
+    desktop.dialogPort.choices = {desktop.folder.text("gone/a.rtf")};
+    std::filesystem::remove_all(desktop.folder.path() / "gone");
     document().save();
     EXPECT_EQ(document().TestoModificato, 0);
     EXPECT_THAT(told(), HasSubstr("could not be saved and is kept"));
     EXPECT_EQ(archived(), (Names{"a.rtf: save failed].rtf"}));
-    desktop->loop.advance(1000);
+    desktop.loop.advance(1000);
     start();
-    EXPECT_EQ(desktop->text.Text(), u"x");
+    EXPECT_EQ(desktop.text.Text(), u"x");
 }
 
 TEST_F(SafetyTest, TextThatCrashesTheProgramTwice_IsNotRestoredAThirdTime) {
     type(u"deadly");
     for (int tries = 0; tries < 2; ++tries) {
         start();
-        EXPECT_EQ(desktop->text.Text(), u"deadly") << tries;
+        EXPECT_EQ(desktop.text.Text(), u"deadly") << tries;
     }
     start();
-    EXPECT_EQ(desktop->text.Text(), u"");
+    EXPECT_EQ(desktop.text.Text(), u"");
     EXPECT_EQ(archived(), (Names{"&En97 1: crash].rtf"}));
     type(u"harmless");
     start();
-    EXPECT_EQ(desktop->text.Text(), u"harmless") << "the next text is counted anew";
+    EXPECT_EQ(desktop.text.Text(), u"harmless") << "the next text is counted anew";
 }
 
 TEST_F(SafetyTest, FileChangedByAnotherProgram_IsArchivedToo) {
-    const fakes::TemporaryFolder papers;
     type(u"one");
-    desktop->dialogPort.choices = {papers.text("a.rtf")};
+    desktop.dialogPort.choices = {desktop.folder.text("a.rtf")};
     document().save();
     type(u"two");
-    papers.write("a.rtf", "{\\rtf1 another program's}");
+    desktop.folder.write("a.rtf", "{\\rtf1 another program's}");
     start();
-    EXPECT_EQ(desktop->text.Text(), u"onetwo");
-    EXPECT_EQ(desktop->form2->caption.get(), u"&En96 - a.rtf");
-    EXPECT_EQ(papers.read("a.rtf"), "{\\rtf1 another program's}");
+    EXPECT_EQ(desktop.text.Text(), u"onetwo");
+    EXPECT_EQ(desktop.form2->caption.get(), u"&En96 - a.rtf");
+    EXPECT_EQ(desktop.folder.read("a.rtf"), "{\\rtf1 another program's}");
     EXPECT_EQ(archived(), (Names{"a.rtf: changed elsewhere].rtf"}));
 
     type(u"three");
-    papers.write("a.rtf", desktop->text.source());
+    desktop.folder.write("a.rtf", desktop.text.source());
     start();
-    EXPECT_EQ(desktop->text.Text(), u"") << "the file holds all that the journal holds";
+    EXPECT_EQ(desktop.text.Text(), u"") << "the file holds all that the journal holds";
 }
 
 TEST_F(SafetyTest, SaveAndKill_WithinAMoment_RestoresNothing) {
-    const fakes::TemporaryFolder papers;
     type(u"one");
-    desktop->dialogPort.choices = {papers.text("a.rtf")};
+    desktop.dialogPort.choices = {desktop.folder.text("a.rtf")};
     document().save();
     type(u"two");
-    desktop->text.type(u"three");
+    desktop.text.type(u"three");
     document().save();
     start();
-    EXPECT_EQ(desktop->text.Text(), u"");
+    EXPECT_EQ(desktop.text.Text(), u"");
 }
 
 TEST_F(SafetyTest, ArchiveThatFails_NeitherDropsNorOverwritesWhatItShouldHaveKept) {
-    const fakes::TemporaryFolder papers;
     type(u"one");
-    desktop->dialogPort.choices = {papers.text("a.rtf")};
+    desktop.dialogPort.choices = {desktop.folder.text("a.rtf")};
     document().save();
     type(u"two");
-    desktop->folder.write("Files/Safety/Archive", "not a folder");
+    desktop.folder.write("Files/Safety/Archive", "not a folder");
     quit(platform::Answer::No);
     start();
-    EXPECT_EQ(desktop->text.Text(), u"onetwo");
-    papers.write("a.rtf", "{\\rtf1 another program's}");
-    desktop->loop.advance(1000);
+    EXPECT_EQ(desktop.text.Text(), u"onetwo");
+    desktop.folder.write("a.rtf", "{\\rtf1 another program's}");
+    desktop.loop.advance(1000);
     start();
-    EXPECT_EQ(desktop->text.Text(), u"onetwo");
+    EXPECT_EQ(desktop.text.Text(), u"onetwo");
     EXPECT_EQ(document().FileEditor, u"") << "the next save asks for another name";
 }
 
 TEST_F(SafetyTest, EndOfSession_AsksNothing_AndSavesAll) {
-    desktop->text.type(u"at the last moment");
+    desktop.text.type(u"at the last moment");
     workstation().endSession();
-    EXPECT_TRUE(desktop->systemPort.ended);
-    EXPECT_TRUE(desktop->dialogPort.boxes.empty());
+    EXPECT_TRUE(desktop.systemPort.ended);
+    EXPECT_TRUE(desktop.dialogPort.boxes.empty());
     start();
-    EXPECT_EQ(desktop->text.Text(), u"at the last moment");
+    EXPECT_EQ(desktop.text.Text(), u"at the last moment");
 }

@@ -33,18 +33,14 @@ public:
     std::deque<base::Text> choices;                  // cancels if empty
     std::deque<std::optional<std::uint32_t>> colors; // cancels if empty
     std::vector<std::uint32_t> colorStarts;
-    std::function<void()> whileOpen = [] {};
-    std::function<void()> cancelProgress; // of the last progress window
 
     platform::Answer messageBox(base::TextView text, base::TextView title,
                                 platform::BoxStyle style) override {
         boxes.push_back({base::Text(text), base::Text(title), style});
-        whileOpen();
         return next(answers, platform::Answer::OK);
     }
     std::unique_ptr<platform::Progress> showProgress(base::TextView, base::TextView,
-                                                     std::function<void()> cancelled) override {
-        cancelProgress = std::move(cancelled);
+                                                     std::function<void()>) override {
         return std::make_unique<NoProgress>();
     }
     std::optional<std::uint32_t> ShowColor(std::string_view, std::uint32_t start) override {
@@ -53,7 +49,6 @@ public:
     }
     base::Text FileDlg(const platform::FileDialogRequest& request) override {
         requests.push_back(request);
-        whileOpen();
         return next(choices, base::Text());
     }
 
