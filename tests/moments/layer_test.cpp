@@ -28,21 +28,19 @@ std::vector<int> starts(const Timed& timed, base::TextView text) {
 
 TEST(Layer, OfTheSameText_ComesBackWhole_AndOfAChangedOneWordByWord) {
     const base::Text text = u"\r\nI know, a word.\r\nbéla end";
-    const moments::Layer layer{u"Ö.mp3",
-                               61'000,
-                               {{{2, {}},
-                                 {1, Moment{.start = 9000}},
-                                 {1, {}},
-                                 {2, Moment{.start = 500, .end = 900}},
-                                 {3, Moment{.start = 700, .confidence = 0}},
-                                 {1, {}},
-                                 {1, {}},
-                                 {1, {}},
-                                 {5, Moment{.start = 2000, .end = 2500, .confidence = 88}},
-                                 {2, {}},
-                                 {4, Moment{.start = 3000}},
-                                 {1, {}},
-                                 {3, {}}}}};
+    moments::Layer layer{u"Ö.mp3", 61'000, {}};
+    const std::pair<std::uint32_t, std::optional<Moment>> runs[] = {{2, {}},
+                                                                    {1, Moment{9000}},
+                                                                    {1, {}},
+                                                                    {2, Moment{500, 900}},
+                                                                    {3, Moment{700, Moment::noEnd, 0}},
+                                                                    {3, {}},
+                                                                    {5, Moment{2000, 2500, 88}},
+                                                                    {2, {}},
+                                                                    {4, Moment{3000}},
+                                                                    {4, {}}};
+    for (const auto& [length, moment] : runs)
+        layer.timed.runs.push_back({length, moment});
     const std::string packed = moments::pack(layer, text);
     EXPECT_EQ(packed.find_first_not_of("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/="),
               std::string::npos);
@@ -75,12 +73,10 @@ TEST(Layer, OfTheSameText_ComesBackWhole_AndOfAChangedOneWordByWord) {
 
 TEST(Alignment, OfALongText_WithWordsChangedMovedAndAdded_PairsTheRest) {
     std::mt19937 random(3);
-    std::vector<std::uint16_t> old;
-    for (int word = 0; word < 50'000; ++word)
-        old.push_back(static_cast<std::uint16_t>(random() % 3000));
-    std::vector<std::uint16_t> fresh;
+    std::vector<std::uint16_t> old, fresh;
     std::vector<std::size_t> expected;
-    for (std::size_t word = 0; word < old.size(); ++word) {
+    for (std::size_t word = 0; word < 50'000; ++word) {
+        old.push_back(static_cast<std::uint16_t>(random() % 3000));
         const auto chance = random() % 50;
         if (chance == 0)
             continue;

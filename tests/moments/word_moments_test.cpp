@@ -10,28 +10,31 @@ namespace {
 constexpr int unknown = -2; // what the rules for new letters say is tested elsewhere
 constexpr int none = -1;
 
-// A text that keeps a moment with each letter: the start of its word, in ms.
-struct Plain {
-    base::Text text;
-    std::vector<int> starts;
-};
+// A text whose letters keep their moment beside them: the start of their word, in ms.
+using Plain = std::vector<std::pair<char16_t, int>>;
 
 Plain transcript(int words, int firstStart) {
     Plain plain;
     for (int word = 0; word < words; ++word) {
-        plain.text += base::fromUtf8(std::to_string(10'000 + word));
-        plain.starts.resize(plain.text.size(), firstStart + 300 * word);
-        plain.text += word % 40 == 39 ? u"\r\n" : u" "; // the blanks have no moment
-        plain.starts.resize(plain.text.size(), none);
+        for (const char digit : std::to_string(10'000 + word))
+            plain.emplace_back(digit, firstStart + 300 * word);
+        plain.emplace_back(word % 40 == 39 ? u'\n' : u' ', none);
     }
     return plain;
 }
 
 Timed timed(const Plain& plain) {
     Timed timed;
-    for (const int start : plain.starts)
+    for (const auto& [letter, start] : plain)
         timed.runs.push_back({1, start == none ? std::nullopt : std::optional(Moment{.start = start})});
     return timed;
+}
+
+base::Text text(const Plain& plain) {
+    base::Text text;
+    for (const auto& [letter, start] : plain)
+        text += letter;
+    return text;
 }
 
 // The moments beside the plain text, with records of both.
@@ -39,32 +42,32 @@ class Both {
 public:
     Both() { exchange(transcript(5000, 0)); }
 
-    std::size_t place() { return random_() % (now.text.size() + 1); }
-    std::size_t upTo(std::size_t limit) { return random_() % (limit + 1); }
-    base::Text letters(std::size_t most) {
+    int size() const { return static_cast<int>(now.size()); }
+    int upTo(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit + 1)); }
+    base::Text letters(int most) {
         base::Text text;
-        for (std::size_t i = upTo(most); i > 0; --i)
-            text += u"xyz \r\n"[random_() % 4];
+        for (int i = upTo(most); i > 0; --i)
+            text += u"xyz "[upTo(3)];
         return text;
     }
+    Plain part(int at, int count) const { return {now.begin() + at, now.begin() + at + count}; }
 
     // As the editor tells it: now and then a stretch that is larger than the change.
-    void edit(std::size_t at, std::size_t removed, const base::Text& inserted) {
-        const std::size_t margin = std::min(at, upTo(3));
-        const base::Text before = now.text.substr(at - margin, margin);
-        tell(at - margin, before + now.text.substr(at, removed), before + inserted);
-        replace(at, removed, {inserted, std::vector<int>(inserted.size(), unknown)});
+    void edit(int at, int removed, const base::Text& inserted) {
+        const int margin = std::min(at, upTo(3));
+        const base::Text before = text(part(at - margin, margin));
+        tell(at - margin, before + text(part(at, removed)), before + inserted);
+        Plain fresh;
+        for (const char16_t letter : inserted)
+            fresh.emplace_back(letter, unknown);
+        replace(at, removed, fresh);
     }
-    void paste(std::size_t at, std::size_t removed, const Timed& moments, const Plain& pasted) {
-        tested.apply(static_cast<int>(at), static_cast<int>(removed), moments);
+    void paste(int at, int removed, const Timed& moments, const Plain& pasted) {
+        tested.apply(at, removed, moments);
         replace(at, removed, pasted);
     }
-    Plain part(std::size_t at, std::size_t count) const {
-        const auto from = now.starts.begin() + static_cast<std::ptrdiff_t>(at);
-        return {now.text.substr(at, count), {from, from + static_cast<std::ptrdiff_t>(count)}};
-    }
     void exchange(const Plain& by) {
-        paste(0, now.text.size(), timed(by), by);
+        paste(0, size(), timed(by), by);
         record();
     }
     void record() {
@@ -91,11 +94,12 @@ public:
         done_.push_back(undone_.back());
         undone_.pop_back();
     }
-    int differences(std::size_t from, std::size_t count) const {
+    int differences(int from, int count) const {
         int differences = 0;
-        for (std::size_t at = from; at < std::min(from + count, now.text.size()); ++at) {
-            const auto moment = tested.at(static_cast<int>(at));
-            differences += now.starts[at] != unknown && now.starts[at] != (moment ? moment->start : none);
+        for (int at = std::max(from, 0); at < std::min(from + count, size()); ++at) {
+            const int start = now[static_cast<std::size_t>(at)].second;
+            const auto moment = tested.at(at);
+            differences += start != unknown && start != (moment ? moment->start : none);
         }
         return differences;
     }
@@ -104,37 +108,27 @@ public:
     WordMoments tested;
 
 private:
-    void tell(std::size_t at, const base::Text& removed, const base::Text& inserted) {
-        const auto unit = [&](std::size_t place) {
-            return place < now.text.size() ? now.text[place] : u'\0';
-        };
-        tested.apply({static_cast<int>(at), removed, inserted, at > 0 ? unit(at - 1) : u'\0',
-                      unit(at + removed.size())});
+    void tell(int at, const base::Text& removed, const base::Text& inserted) {
+        const auto end = now.begin() + at + std::ssize(removed);
+        tested.apply({at, removed, inserted, at > 0 ? now.begin()[at - 1].first : u'\0',
+                      end < now.end() ? end->first : u'\0'});
     }
-    void replace(std::size_t at, std::size_t removed, const Plain& by) {
-        now.text.replace(at, removed, by.text);
-        const auto from = now.starts.begin() + static_cast<std::ptrdiff_t>(at);
-        const auto behind = now.starts.erase(from, from + static_cast<std::ptrdiff_t>(removed));
-        now.starts.insert(behind, by.starts.begin(), by.starts.end());
+    void replace(int at, int removed, const Plain& by) {
+        const auto behind = now.erase(now.begin() + at, now.begin() + at + removed);
+        now.insert(behind, by.begin(), by.end());
     }
     // Puts back what stood there, and takes out what stands there now.
     void goTo(const Plain& other, void (WordMoments::*putBack)(std::int32_t)) {
-        const auto least = std::min(now.text.size(), other.text.size());
-        const auto alike = [&](std::size_t here, std::size_t there) {
-            return now.text[here] == other.text[there] && now.starts[here] == other.starts[there];
-        };
-        std::size_t same = 0;
-        while (same < least && alike(same, same))
-            ++same;
-        std::size_t tail = 0;
-        while (tail < least - same && alike(now.text.size() - 1 - tail, other.text.size() - 1 - tail))
-            ++tail;
-        const base::Text gone = now.text.substr(same, now.text.size() - same - tail);
-        const base::Text back = other.text.substr(same, other.text.size() - same - tail);
-        (tested.*putBack)(static_cast<std::int32_t>(same));
-        tell(same, {}, back);
-        now.text.insert(same, back);
-        tell(same + back.size(), gone, {});
+        const auto [here, there] = std::ranges::mismatch(now, other);
+        const auto [hereEnd, thereEnd] = std::mismatch(now.rbegin(), std::reverse_iterator(here),
+                                                       other.rbegin(), std::reverse_iterator(there));
+        const Plain gone(here, hereEnd.base());
+        const Plain back(there, thereEnd.base());
+        const int same = static_cast<int>(here - now.begin());
+        (tested.*putBack)(same);
+        tell(same, {}, text(back));
+        replace(same, 0, back);
+        tell(same + static_cast<int>(back.size()), text(gone), {});
         now = other;
     }
 
@@ -148,56 +142,38 @@ private:
 TEST(WordMoments, TenThousandEdits_OfEveryKind_LeaveEachLetterTheMomentThatItHad) {
     Both both;
     for (int step = 0; step < 10'000; ++step) {
-        const std::size_t at = both.place();
-        const std::size_t rest = both.now.text.size() - at;
-        switch (both.upTo(13)) {
-        case 0:
-        case 1:
-        case 2:
-        case 3: // typed, also over a selection
+        const int at = both.upTo(both.size());
+        const int rest = both.size() - at;
+        const int kind = both.upTo(13);
+        if (kind < 4) { // typed, also over a selection
             both.edit(at, both.upTo(8) == 0 ? std::min(both.upTo(20), rest) : 0, both.letters(3));
-            break;
-        case 4:
-        case 5: // deleted
+        } else if (kind < 6) { // deleted
             both.edit(at, std::min(both.upTo(12), rest), {});
-            break;
-        case 6:
-        case 7: { // cut and pasted, or dragged
-            const std::size_t count = std::min(both.upTo(200), rest);
+        } else if (kind < 8) { // cut and pasted, or dragged
+            const int count = std::min(both.upTo(200), rest);
             const Plain cut = both.part(at, count);
-            const Timed moments = both.tested.timed(static_cast<int>(at), static_cast<int>(count));
+            const Timed moments = both.tested.timed(at, count);
             both.paste(at, count, {}, {});
             both.record();
-            both.paste(both.place(), 0, moments, cut);
-            break;
-        }
-        case 8: // replaced in many places
-            for (std::size_t hit = both.now.text.find(u"37", at), hits = 0;
-                 hit != base::Text::npos && hits < 5; hit = both.now.text.find(u"37", hit + 5), ++hits) {
+            both.paste(both.upTo(both.size()), 0, moments, cut);
+        } else if (kind == 8) { // replaced in many places
+            for (int hit = at; hit < std::min(at + 100, both.size() - 2); hit += 20) {
                 both.edit(hit, 2, u"wxyz");
                 both.record();
             }
-            break;
-        case 9:
-        case 10:
-            both.undo();
+        } else if (kind < 12) {
+            kind == 11 ? both.redo() : both.undo();
             continue;
-        case 11:
-            both.redo();
-            continue;
-        default: // another document now and then, or none
-            if (step % 100 == 0)
-                both.exchange(step % 300 == 0 ? Plain() : transcript(5000, step));
+        } else if (step % 100 == 0) { // another document now and then, or none
+            both.exchange(step % 300 == 0 ? Plain() : transcript(5000, step));
         }
         // The control may tell of two changes at once.
         if (both.upTo(3) == 0)
-            both.edit(both.place(), 0, both.letters(2));
+            both.edit(both.upTo(both.size()), 0, both.letters(2));
         both.record();
-        const std::size_t place = at > 20 ? at - 20 : 0;
-        ASSERT_EQ(both.tested.length(), static_cast<int>(both.now.text.size())) << step;
-        ASSERT_EQ(both.differences(place, 60), 0) << step;
-        ASSERT_EQ(both.differences(both.place(), 60), 0) << step;
-        ASSERT_EQ(step % 200 == 0 ? both.differences(0, both.now.text.size()) : 0, 0) << step;
+        ASSERT_EQ(both.tested.length(), both.size()) << step;
+        ASSERT_EQ(both.differences(at - 20, 60) + both.differences(both.upTo(both.size()), 60), 0) << step;
+        ASSERT_EQ(step % 200 == 0 ? both.differences(0, both.size()) : 0, 0) << step;
     }
 }
 
