@@ -126,17 +126,6 @@ TEST_F(DictationTest, Close_EndsTheCycle_WithoutMovingTheFocus) {
     EXPECT_EQ(state(), "on paused idle");
 }
 
-TEST_F(DictationTest, Typing_ExtendsAPhase_ByAtMostOneTimerPeriod) {
-    openTalk();
-    startCycle();
-    loop.advance(4900);
-    form.Timer6.setInterval(1300);
-    loop.advance(1300);
-    EXPECT_TRUE(form.isPlaying());
-    loop.advance(1300);
-    EXPECT_FALSE(form.isPlaying());
-}
-
 // 40 s are 40000 ms, an overflow of the 16-bit period: the statement that sets it is skipped.
 TEST(DictationPeriods, Over16Bits_KeepThePreviousPeriod) {
     fakes::Workbench longPause({{22, "40"}, {23, "1"}});

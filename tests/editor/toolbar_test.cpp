@@ -24,13 +24,6 @@ TEST_F(ToolbarTest, Buttons_ActOnTheSelection_AndReturnTheFocus) {
     EXPECT_EQ(text.SelBold(), platform::Setting::Off);
 }
 
-TEST_F(ToolbarTest, Letters_LieOnTheirButtons) {
-    std::string places;
-    for (const controls::Label& letter : form.Label3)
-        places += base::toUtf8(base::numberText(letter.left) + u"," + base::numberText(letter.top) + u" ");
-    EXPECT_EQ(places, "2880,90 3300,80 3720,80 4140,80 ");
-}
-
 TEST_F(ToolbarTest, SizeStep_WithMixedSizesOrBelowTheMinimum_ChangesNothing) {
     text.size.reset();
     toolbar.Label2_Click(11);

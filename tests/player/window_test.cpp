@@ -139,6 +139,7 @@ TEST_F(VideoPictureTest, Window_ReopensAtItsPosition_AndMinimisesWithThePlayer) 
     show({640, 360});
     form().VideoBox.DblClick();
     EXPECT_EQ(window.caption.get(), u"dropped.mp4");
+    EXPECT_EQ(form().mnuRecent1.caption.get(), desktop.folder.text("talk.mp4")) << "a drop is not listed";
     EXPECT_EQ(window.icon.get(), form().icon.get());
     window.left = 1500;
     window.width = 6000;

@@ -4,9 +4,6 @@
 
 namespace {
 
-using desktop::BlockHeight;
-using desktop::BlockHeights;
-
 class EditorLayout : public tests::RichText {
 protected:
     EditorLayout() {
@@ -29,52 +26,6 @@ protected:
 };
 
 } // namespace
-
-TEST(BlockHeights, ThousandChanges_EqualThoseOfAPlainList) {
-    std::mt19937 random(3);
-    const auto upTo = [&](int limit) {
-        return static_cast<int>(random() % static_cast<unsigned>(limit + 1));
-    };
-    BlockHeights heights;
-    std::vector<BlockHeight> plain;
-    for (int round = 0; round < 1000; ++round) {
-        const int first = upTo(heights.count());
-        const int removed = upTo(std::min(heights.count() - first, round % 100 == 0 ? 9999 : 3));
-        std::vector<BlockHeight> added(static_cast<std::size_t>(upTo(round % 50 == 0 ? 3000 : 4)));
-        for (BlockHeight& height : added)
-            height = {upTo(2), upTo(20), upTo(100), upTo(3) > 0};
-        heights.replace(first, removed, added);
-        plain.erase(plain.begin() + first, plain.begin() + first + removed);
-        plain.insert(plain.begin() + first, added.begin(), added.end());
-        ASSERT_EQ(heights.count(), std::ssize(plain));
-        if (plain.empty())
-            continue;
-        const int changed = upTo(heights.count() - 1);
-        heights.set(changed, plain[static_cast<std::size_t>(changed)] = {1, 2, upTo(200), true});
-        const int at = upTo(heights.count() - 1);
-        int top = 0;
-        for (int i = 0; i < at; ++i)
-            top += plain[static_cast<std::size_t>(i)].whole();
-        ASSERT_EQ(heights.top(at), top);
-        if (plain[static_cast<std::size_t>(at)].whole() > 0) {
-            ASSERT_EQ(heights.at(top), at);
-        }
-        const int next = heights.nextEstimate(at);
-        const auto isEstimate = [](const BlockHeight& height) { return !height.measured; };
-        auto expected = std::find_if(plain.begin() + at, plain.end(), isEstimate);
-        if (expected == plain.end())
-            expected = std::find_if(plain.begin(), plain.end(), isEstimate);
-        ASSERT_EQ(next, expected == plain.end() ? -1 : expected - plain.begin());
-    }
-    int total = 0;
-    int width = 0;
-    for (const BlockHeight& height : plain) {
-        total += height.whole();
-        width = std::max(width, height.width);
-    }
-    EXPECT_EQ(heights.total(), total);
-    EXPECT_EQ(heights.width(), width);
-}
 
 TEST_F(EditorLayout, LongText_AfterManyEdits_HasTheHeightOfAFreshLayout) {
     rtb.setText(lines(3000));

@@ -1,4 +1,4 @@
-// The reported changes are sufficient to rebuild the document.
+// The reported changes are sufficient to rebuild the text and the document.
 #include "rich_text_fixture.h"
 #include "rtf/read/reader.h"
 #include "rtf/write/writer.h"
@@ -13,6 +13,7 @@ TEST_F(RichText, ParagraphChanges_Replayed_RebuildTheDocument) {
     std::vector<safety::Record> records = {{safety::RecordType::Source, rtb.takeParagraphs()->source}};
     for (int step = 0; step < steps; ++step) {
         edits.edit(rtb);
+        ASSERT_EQ(watch.told, rtb.Text()) << step;
         // Several changes may be reported as one.
         if (edits.upTo(2) == 0 && step != steps - 1)
             continue;

@@ -29,8 +29,9 @@ protected:
     static std::string name(const char* what, const platform::KeyEvent& key) {
         return std::string(what) + ' ' + std::to_string(key.keyCode) + '/' + std::to_string(key.shift);
     }
-    bool send(QEvent::Type type, int key, Qt::KeyboardModifiers held = {}, bool repeated = false) {
-        QKeyEvent event(type, key, held, QString(), repeated);
+    bool send(QEvent::Type type, int key, Qt::KeyboardModifiers held = {}, bool repeated = false,
+              const QString& text = {}, quint32 place = 0) {
+        QKeyEvent event(type, key, held, place, 0, 0, text, repeated);
         event.ignore();
         QApplication::sendEvent(&rtb, &event);
         return event.isAccepted();
@@ -108,8 +109,7 @@ TEST_F(RichTextEvents, KeyRelease_IsReportedOnce_AndOnlyAfterItsPress) {
 
 TEST_F(RichTextEvents, HeldKey_RepeatsInTheText_OnlyIfPressedThere) {
     const auto press = [&](const QString& letter, bool repeated) {
-        QKeyEvent event(QEvent::KeyPress, Qt::Key_X, {}, 24, 0, 0, letter, repeated);
-        QApplication::sendEvent(&rtb, &event);
+        send(QEvent::KeyPress, Qt::Key_X, {}, repeated, letter);
     };
     press(QStringLiteral("a"), true);
     EXPECT_EQ(shown(), "|") << "pressed in a dialog that it closed";
@@ -166,12 +166,10 @@ TEST_F(RichTextEvents, NonLatinLetter_WithControl_IsTheLatinLetterOfItsKey) {
         {Qt::Key_Q, 38, true, {"down 81/2"}},
     };
     for (const auto& row : rows) {
-        QKeyEvent ahead(QEvent::ShortcutOverride, row.key, Qt::ControlModifier, row.place, 0, 0);
-        ahead.ignore();
-        QApplication::sendEvent(&rtb, &ahead);
-        EXPECT_EQ(ahead.isAccepted(), row.ofText) << row.key;
-        QKeyEvent press(QEvent::KeyPress, row.key, Qt::ControlModifier, row.place, 0, 0);
-        QApplication::sendEvent(&rtb, &press);
+        EXPECT_EQ(send(QEvent::ShortcutOverride, row.key, Qt::ControlModifier, false, {}, row.place),
+                  row.ofText)
+            << row.key;
+        send(QEvent::KeyPress, row.key, Qt::ControlModifier, false, {}, row.place);
         EXPECT_EQ(heard(), row.told) << row.key;
     }
 }
@@ -214,10 +212,9 @@ TEST_F(RichTextEvents, Change_IsReportedOncePerKey_IfTheTextChanged) {
         rtb.setText(u"ab\r\nc");
         select(row.start, row.length);
         changes = 0;
-        QKeyEvent event(QEvent::KeyPress, row.key, row.held, row.text);
-        QApplication::sendEvent(&rtb, &event);
+        EXPECT_TRUE(send(QEvent::KeyPress, row.key, row.held, false, row.text))
+            << "otherwise the window would handle it: " << row.key;
         EXPECT_EQ(shown(), row.after);
-        EXPECT_TRUE(event.isAccepted()) << "otherwise the window would handle it: " << row.key;
         EXPECT_EQ(changes, row.expected) << row.after;
         EXPECT_TRUE(changes == 0 || watch.seen == row.after) << "reported with the old text: " << watch.seen;
     }

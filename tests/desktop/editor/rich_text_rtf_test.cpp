@@ -188,19 +188,6 @@ TEST_F(RichText, SetSelRTF_InsertsTheParagraphEnds_AsOneChange) {
     }
 }
 
-TEST_F(RichText, SelRTF_OfASelection_HasFormatsAndParagraphEnds) {
-    rtb.setSelRTF(u"{\\rtf1 a{\\b bc}d\\par\\qc e\\par f}");
-    for (const auto& [start, length] : {std::pair{0, 2}, {1, 2}, {3, 3}, {4, 2}, {2, 6}, {9, 1}}) {
-        select(start, length);
-        desktop::RichTextEdit other(base::CodePage(1252));
-        other.setSelRTF(rtb.SelRTF());
-        EXPECT_EQ(other.Text(), rtb.SelText());
-        other.setSelStart(0);
-        other.setSelLength(other.textLength());
-        EXPECT_EQ(other.SelBold(), rtb.SelBold()) << start;
-    }
-}
-
 TEST_F(RichText, Paste_InsideAParagraph_KeepsTheAlignmentOfTheRest) {
     const auto alignment = [&](int paragraph) {
         return rtb.document()->findBlockByNumber(paragraph).blockFormat().alignment();
