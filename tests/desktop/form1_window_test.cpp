@@ -1,21 +1,12 @@
 #include "desktop/windows/form1_window.h"
 
-#include "desktop/qt/conversions.h"
 #include "desktop/qt/event_stop.h"
 #include "desktop/services/qt_event_loop.h"
-#include "eventually.h"
 #include "fakes/fake_player.h"
-#include "fakes/temporary_folder.h"
-#include "fakes/virtual_loop.h"
+#include "qt_testing.h"
 
-#include <QApplication>
-#include <QImage>
-#include <QScreen>
+#include <QDragEnterEvent>
 #include <QSignalSpy>
-#include <QTest>
-#include <QWindow>
-#include <gtest/gtest.h>
-#include <optional>
 
 using desktop::qstring;
 
@@ -140,6 +131,27 @@ TEST_F(Form1WindowTest, Mouse_IsReportedInTwips_AndClicksIfReleasedInside) {
     EXPECT_EQ(clicks, 0);
     drag(form.cmdPlay, {5, 5}, {40, 40}, Qt::LeftButton);
     EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(Form1WindowTest, Drop_TakesLocalFiles_AndRefusesAWebAddress) {
+    std::vector<base::Text> dropped;
+    form.acceptsDrops = true;
+    form.Drop = [&](const std::vector<base::Text>& paths) { dropped = paths; };
+    show();
+    const std::pair<const char*, std::vector<base::Text>> rows[] = {
+        {"https://example.org/a.mp3", {}},
+        {"file:///t/one%20%FF.mp3\r\nhttps://example.org/\r\nfile://here/b.mp3\r\nfile:/c\r\n",
+         {u"/t/one " + base::fromUtf8("\xFF") + u".mp3", u"/b.mp3", u"/c"}}};
+    for (const auto& [list, taken] : rows) {
+        QMimeData data;
+        data.setData(QStringLiteral("text/uri-list"), list);
+        QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&*window, &enter);
+        EXPECT_EQ(enter.isAccepted(), !taken.empty());
+        QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&*window, &event);
+        EXPECT_EQ(dropped, taken);
+    }
 }
 
 TEST_F(Form1WindowTest, LongPath_IsShortened_ButKeepsTheFileName) {

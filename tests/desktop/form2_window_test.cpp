@@ -1,15 +1,9 @@
 #include "desktop/windows/form2_window.h"
 
-#include "desktop/qt/conversions.h"
 #include "desktop/text/rich_text_edit.h"
 #include "editor/editor_window.h"
-#include "eventually.h"
-#include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
-
-#include <QApplication>
-#include <QTest>
-#include <gtest/gtest.h>
+#include "qt_testing.h"
 
 using desktop::qstring;
 using fakes::eventually;

@@ -41,7 +41,6 @@ offer() {  # FORM: offers the input on the clipboard from another process
   companions+=("$owner")
   expect_soon "another program has the clipboard" 10 'held -t $form | head -c 100 | cmp -sn 100 - "$scratch/offer"'
 }
-speed() { glance 16 $((130 + $(skin_top))) 40 18; }
 
 begin
 start_on_sample
@@ -55,25 +54,6 @@ xdotool keydown F5
 expect_stays "a held F5 does nothing" 1 playing
 xdotool keyup F5
 expect_soon "its release pauses" 10 resting
-at=$(rest_position)
-key F7
-expect_soon "F7 steps forward" 10 '(( $(position) >= at + 45 ))'
-key F6
-expect_soon "F6 steps back" 10 '(( $(position) <= at + 5 ))'
-before=$(rest_position)
-normal=$(speed)
-xdotool keydown F4
-settle 1000 speed >/dev/null  # wait for the keyboard's repeat delay
-xdotool keyup F4
-began=$(now)
-key F5
-expect_soon "ten seconds of the recording" 10 '(( $(position) > before + 100 ))'
-(($(now) - began < 6000)) || fail "a held F4 does not sweep the speed"
-screenshot faster
-key F5
-xdotool keydown F3
-settle 1000 speed >/dev/null
-xdotool keyup F3
 
 key alt+t
 expect_soon "the text with its time stamp" 10 '[[ $(text) == "one two[00:00:"* ]]'
