@@ -35,21 +35,17 @@ TEST(LazyPlayer, Versions_ComeFromItsModule) {
 TEST(LazyInternet, Read_UsesItsModule_AndReturnsNothingWithoutIt) {
     EXPECT_EQ(desktop::LazyInternet(LAID_MODULES "/internet.so").read("data:,001015003", "Quillmere"),
               "001015003");
-    for (const char* module : {"/nowhere/internet.so", "libc.so.6"}) {
-        desktop::LazyInternet internet(module);
-        EXPECT_EQ(internet.read("data:,001015003", "Quillmere"), "");
-        EXPECT_FALSE(internet.isHanging());
-    }
+    desktop::LazyInternet none("/nowhere/internet.so");
+    EXPECT_EQ(none.read("data:,001015003", "Quillmere"), "");
+    EXPECT_FALSE(none.isHanging());
 }
 
 TEST(LazyWaveInput, WithoutItsModule_RefusesEveryDevice_WithAReason) {
-    for (const char* module : {"/nowhere/capture.so", "libc.so.6"}) {
-        desktop::LazyWaveInput device(module);
-        int answer = 0;
-        device.open({}, [&](int result) { answer = result; });
-        EXPECT_NE(answer, 0);
-        EXPECT_NE(device.errorText(0), u"") << module;
-        EXPECT_NE(device.start(), 0);
-        device.close();
-    }
+    desktop::LazyWaveInput device("/nowhere/capture.so");
+    int answer = 0;
+    device.open({}, [&](int result) { answer = result; });
+    EXPECT_NE(answer, 0);
+    EXPECT_NE(device.errorText(0), u"");
+    EXPECT_NE(device.start(), 0);
+    device.close();
 }

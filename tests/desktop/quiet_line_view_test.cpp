@@ -1,10 +1,8 @@
 #include "desktop/windows/quiet_line_view.h"
 
-#include "desktop/qt/conversions.h"
+#include "qt_testing.h"
 
 #include <QAccessible>
-#include <QTest>
-#include <gtest/gtest.h>
 
 TEST(QuietLineView, HasTheSizeOfItsText_IsAnAlert_AndTakesNoFocus) {
     safety::QuietLineWindow form;

@@ -1,7 +1,6 @@
 #include "contracts/internet_contract.h"
 #include "https_reader.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QSslCertificate>
@@ -205,10 +204,4 @@ TEST(HttpsReader, SystemsProxy_IsUsed) {
     qputenv("http_proxy", proxy.address("http", "").c_str());
     EXPECT_EQ(readFrom("http://version.example/ver.txt"), "001015003");
     qunsetenv("http_proxy");
-}
-
-int main(int argc, char* argv[]) {
-    testing::InitGoogleTest(&argc, argv);
-    const QCoreApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }

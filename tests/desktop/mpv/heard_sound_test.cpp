@@ -109,9 +109,6 @@ TEST_F(HeardSoundTest, EndOfFile_PlaysToTheLastSample_AndPlayOrStopRestartsAtThe
     player_->setCurrentPosition(length - 0.6);
     ASSERT_TRUE(eventually([&] { return player_->playState() == PlayState::Stopped; }));
     EXPECT_NEAR(lastHeard(length), length, 0.02);
-    EXPECT_EQ(player_->currentPosition(), 0);
-    EXPECT_EQ(player_->currentPositionString(), u"");
-    EXPECT_EQ(player_->durationString(), u"00:20");
     for (int round = 0; round < 2; ++round) {
         player_->play();
         expectHeardFrom(0);

@@ -1,21 +1,153 @@
-#include "capture_fixture.h"
+// Recordings in separate processes, with or without a private sound server.
 #include "contracts/wave_input_contract.h"
+#include "desktop/eventually.h"
+#include "desktop/mpv/pulse_daemon.h"
+#include "fakes/temporary_folder.h"
 #include "portaudio_input.h"
-#include "recorder/cut_off_recordings.h"
-#include "recorder/wav_repair.h"
 
 #include <csignal>
 #include <gmock/gmock.h>
-
-using capture::Format;
-using RealCapture = capture::CaptureFixture;
+#include <random>
 
 namespace {
 
+struct Format {
+    int rate, bits, channels;
+
+    std::size_t bytesPerSecond() const {
+        return static_cast<std::size_t>(rate) * static_cast<std::size_t>(bits * channels) / 8;
+    }
+    std::string name() const {
+        return "f" + std::to_string(rate) + "_" + std::to_string(bits) + "_" + std::to_string(channels);
+    }
+};
+
+std::vector<Format> allFormats() {
+    std::vector<Format> formats;
+    for (const int rate : {48000, 44100, 22050, 11025, 8000}) {
+        for (const int bits : {16, 8}) {
+            for (const int channels : {2, 1})
+                formats.push_back({rate, bits, channels});
+        }
+    }
+    return formats;
+}
+
+std::string noise(std::size_t size) {
+    std::minstd_rand random(static_cast<unsigned>(size));
+    std::string bytes(size, '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random() >> 8U);
+    return bytes;
+}
+
+std::unique_ptr<QProcess> run(const char* program, const std::vector<std::string>& arguments,
+                              const std::string& variable = {}, const std::string& value = {}) {
+    auto process = std::make_unique<QProcess>();
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!variable.empty())
+        environment.insert(QString::fromStdString(variable), QString::fromStdString(value));
+    process->setProcessEnvironment(environment);
+    listening::run(*process, program, arguments);
+    return process;
+}
+
+std::string outputOf(QProcess& process) {
+    EXPECT_TRUE(process.waitForFinished(30000));
+    return process.readAllStandardOutput().toStdString();
+}
+
+// The output of a program, without line ends.
+std::string said(const char* program, const std::vector<std::string>& arguments) {
+    const auto process = run(program, arguments);
+    return QString::fromStdString(outputOf(*process)).simplified().toStdString();
+}
+
+// From now on, this is ALSA's whole configuration.
+void useAlsa(const fakes::TemporaryFolder& folder, const std::string& configuration) {
+    folder.write("asound.conf", configuration);
+    qputenv("ALSA_CONFIG_PATH", (folder.path() / "asound.conf").c_str());
+}
+
+// An ALSA device that returns the bytes of a file as fast as it is read.
+std::string fileDevice(const std::string& file) {
+    return R"(pcm.!default { type file slave.pcm "null" file "/dev/null" infile ")" + file +
+           R"(" format "raw" } pcm.null { type null })";
+}
+
+class RealCapture : public testing::Test {
+protected:
+    RealCapture() {
+        listening::liveIn(path(""));
+        useAlsa("pcm.!default { type pulse }\nctl.!default { type pulse }\n");
+    }
+    void TearDown() override { end(server); }
+    static void end(const std::unique_ptr<QProcess>& process) {
+        if (!process)
+            return;
+        process->kill();
+        process->waitForFinished();
+    }
+
+    std::string path(const std::string& name) const { return (folder.path() / name).string(); }
+    void useAlsa(const std::string& configuration) const { ::useAlsa(folder, configuration); }
+    // Starts a sound server with one sink per format, whose monitors are recorded.
+    void startServer(const std::vector<Format>& formats) {
+        std::vector<std::string> sinks;
+        sinks.reserve(formats.size());
+        for (const Format& format : formats)
+            sinks.push_back(format.name() + " rate=" + std::to_string(format.rate) + " format=" +
+                            sampleFormat(format) + " channels=" + std::to_string(format.channels));
+        server = std::make_unique<QProcess>();
+        listening::runPulse(*server, path(""), sinks);
+        fakes::eventually([] { return !said(PACTL, {"get-default-sink"}).empty(); });
+    }
+    std::unique_ptr<QProcess> play(const Format& format, const std::string& file) const {
+        return run(PACAT, {"--playback", "--raw", "--latency-msec=500", "--device=" + format.name(),
+                           "--rate=" + std::to_string(format.rate), "--format=" + sampleFormat(format),
+                           "--channels=" + std::to_string(format.channels), path(file)});
+    }
+    std::unique_ptr<QProcess> record(const Format& format, std::size_t buffers,
+                                     const std::string& file) const {
+        return run(RECORDING_PROCESS,
+                   {path(""), std::to_string(buffers), std::to_string(format.channels),
+                    std::to_string(format.bits), std::to_string(format.rate), path(file)},
+                   "PULSE_SOURCE", format.name() + ".monitor");
+    }
+    void waitForSound(const std::string& file, std::size_t bytes) const {
+        fakes::eventually([&] { return folder.read(file).size() >= bytes; }, 10'000);
+    }
+    static std::string sampleFormat(const Format& format) { return format.bits == 8 ? "u8" : "s16le"; }
+
+    // The number of samples that match `played`, from its first noise to the end of the last whole buffer;
+    // negative: the number of wrong samples. Ignores the known end effects: one zero byte over the first
+    // sample and one after the last.
+    static long alike(const std::string& file, const std::string& played, const Format& format) {
+        if (file.size() < 44 + 8192 + 1 || file.back() != '\0')
+            return 0;
+        const std::string sound = file.substr(45, file.size() - 46);
+        const char silence = format.bits == 8 ? '\x80' : '\0';
+        const std::size_t first = sound.find_first_not_of(silence);
+        if (first == std::string::npos)
+            return 0;
+        const std::string key = sound.substr(first, 64);
+        const std::size_t at = played.find(key);
+        if (at == std::string::npos)
+            return -1;
+        long count = 0, wrong = 0;
+        for (std::size_t i = first; i < sound.size(); ++i)
+            (at + i - first < played.size() && sound[i] == played[at + i - first]) ? ++count : ++wrong;
+        return wrong > 0 ? -wrong : count * 8 / format.bits;
+    }
+
+    fakes::TemporaryFolder folder;
+    std::unique_ptr<QProcess> server;
+};
+
 struct PortAudioBench : contracts::WaveInputBench {
-    PortAudioBench() { capture::useAlsa(folder, capture::fileDevice("/dev/zero")); }
+    PortAudioBench() { useAlsa(folder, fileDevice("/dev/zero")); }
     platform::WaveInput& device() override { return input; }
-    void takeDeviceAway() override { capture::useAlsa(folder, ""); }
+    void takeDeviceAway() override { useAlsa(folder, ""); }
     void listen() override { fakes::runLoop(1); }
 
     fakes::TemporaryFolder folder;
@@ -31,18 +163,18 @@ INSTANTIATE_TEST_SUITE_P(PortAudio, WaveInputContract, testing::Values(make<Wave
 } // namespace contracts
 
 TEST_F(RealCapture, SoundServer_EveryFormat_RecordsWhatWasPlayed) {
-    const auto formats = capture::allFormats();
+    const auto formats = allFormats();
     startServer(formats);
     std::vector<std::unique_ptr<QProcess>> recordings;
     std::vector<std::unique_ptr<QProcess>> players;
     for (const Format& format : formats) {
-        folder.write(format.name(), capture::noise(format.bytesPerSecond() * 8));
+        folder.write(format.name(), noise(format.bytesPerSecond() * 8));
         players.push_back(play(format, format.name()));
         recordings.push_back(record(format, format.bytesPerSecond() * 3 / 8192 + 1, format.name() + ".wav"));
     }
     for (std::size_t i = 0; i < formats.size(); ++i) {
         const Format& format = formats[i];
-        const std::string told = capture::outputOf(*recordings[i]);
+        const std::string told = outputOf(*recordings[i]);
         EXPECT_THAT(told, testing::HasSubstr(" 0 losses")) << format.name();
         EXPECT_GT(alike(folder.read(format.name() + ".wav"), folder.read(format.name()), format),
                   format.rate * format.channels)
@@ -58,12 +190,12 @@ TEST_F(RealCapture, HangingServer_IsReported_WithoutBlockingTheLoop) {
     ::kill(static_cast<pid_t>(server->processId()), SIGSTOP);
     const auto recording = record(format, 90, "a.wav");
     EXPECT_TRUE(recording->waitForReadyRead(3000)) << "start returns without waiting for the device";
-    EXPECT_EQ(capture::outputOf(*recording), "started\n0 buffers, 0 losses\nDevice unavailable\n");
+    EXPECT_EQ(outputOf(*recording), "started\n0 buffers, 0 losses\nDevice unavailable\n");
 }
 
 TEST_F(RealCapture, VanishedOrHangingDevice_ReportsNothing_AndKeepsTheRecording) {
     const Format format{44100, 16, 2};
-    folder.write("noise", capture::noise(format.bytesPerSecond() * 6));
+    folder.write("noise", noise(format.bytesPerSecond() * 6));
     for (const std::string end : {"killed", "suspended", "stopped"}) {
         const std::string wav = end + ".wav";
         startServer({format});
@@ -71,38 +203,13 @@ TEST_F(RealCapture, VanishedOrHangingDevice_ReportsNothing_AndKeepsTheRecording)
         const auto recording = record(format, 60, wav);
         waitForSound(wav, format.bytesPerSecond() * 3 / 2);
         if (end == "suspended")
-            capture::said(PACTL, {"suspend-sink", format.name(), "1"});
+            said(PACTL, {"suspend-sink", format.name(), "1"});
         else
             ::kill(static_cast<pid_t>(server->processId()), end == "killed" ? SIGKILL : SIGSTOP);
-        const std::string told = capture::outputOf(*recording);
+        const std::string told = outputOf(*recording);
         EXPECT_EQ(recording->exitCode(), 0) << end << told;
         EXPECT_GT(alike(folder.read(wav), folder.read("noise"), format), format.rate) << end;
-        CaptureFixture::end(player);
-        CaptureFixture::end(server);
+        RealCapture::end(player);
+        RealCapture::end(server);
     }
-}
-
-TEST_F(RealCapture, KilledRecording_IsRepaired_ExceptItsLastSecond) {
-    const Format format{22050, 16, 1};
-    startServer({format});
-    folder.write("noise", capture::noise(format.bytesPerSecond() * 6));
-    const auto player = play(format, "noise");
-    const auto recording = record(format, 1000, "a.wav");
-    waitForSound("a.wav", format.bytesPerSecond() * 2);
-    ::kill(static_cast<pid_t>(recording->processId()), SIGKILL);
-    recording->waitForFinished();
-    const std::string damaged = folder.read("a.wav");
-    ASSERT_EQ(damaged.substr(0, 44), std::string(44, '\0'));
-    const base::TextFiles files{base::CodePage(1252)};
-    const recorder::RecordingJournal journal(files, folder.text("Recordings.ini"));
-    ASSERT_EQ(journal.entries().size(), 1U);
-    const auto noted = journal.entries().front();
-    ASSERT_TRUE(recorder::isCutOff(noted.path));
-    const recorder::RepairedCopy copy =
-        recorder::repairCutOff(noted.path, noted.format, [](double) { return true; });
-    EXPECT_EQ(copy.path, folder.text("a repaired.wav"));
-    EXPECT_EQ(folder.read("a.wav"), damaged) << "the original is unchanged";
-    EXPECT_GT(alike(folder.read("a repaired.wav"), folder.read("noise"), format), format.rate)
-        << "at most the last second is lost";
-    end(player);
 }
