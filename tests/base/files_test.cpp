@@ -64,16 +64,19 @@ TEST_F(FilesTest, Replace_FollowsADanglingLink) {
     EXPECT_EQ(fs::status(folder.path() / "sub/real").permissions(), fs::perms(0600));
 }
 
-TEST_F(FilesTest, Replace_WithAnImpossibleName_ReportsTheReason_AndLeavesNoFile) {
+TEST_F(FilesTest, CheckWritable_ReportsTheReason_AndLeavesNoFile) {
     folder.write("file", "x");
-    for (const auto& [name, reason] : {std::pair<std::string, std::string>{"", "directory"},
+    for (const auto& [name, reason] : {std::pair<std::string, std::string>{"file", ""},
+                                       {"new", ""},
+                                       {"", "Is a directory"},
                                        {"file/x", "Not a directory"},
                                        {"none/x", "No such file"},
                                        {std::string(256, 'x'), "name too long"}}) {
         std::string told;
-        base::carryOn([&, n = name] { base::replaceFile(folder.text(n), "y"); },
+        base::carryOn([&, n = name] { base::checkWritable(folder.text(n)); },
                       [&](const char* words) { told = words; });
         EXPECT_THAT(told, testing::HasSubstr(reason)) << name;
+        EXPECT_EQ(told.empty(), reason.empty()) << told;
     }
     EXPECT_EQ(fileCount(), 1);
 }
@@ -139,7 +142,8 @@ TEST_F(FilesTest, Replace_OnAFullDisk_KeepsTheOldFile) {
     EXPECT_EQ(fileCount(), 1);
 }
 
-TEST_F(FilesTest, ReadFailure_HasTheSystemsErrorMessage) {
+TEST_F(FilesTest, Failures_HaveTheSystemsErrorMessage) {
+    EXPECT_THROW(base::replaceFile(folder.text("no/such/folder"), ""), base::Failure);
     EXPECT_THAT([&] { base::readFile(folder.text("missing")); },
                 testing::ThrowsMessage<base::Failure>(testing::HasSubstr("No such file")));
 }
