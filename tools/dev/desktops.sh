@@ -35,7 +35,7 @@ keyboard_in() {  # WINDOW
 }
 
 keyboard_returns() {  # WINDOW [SECONDS]: prints nothing, or who has the keyboard instead
-  wait_until "${2:-3}" "keyboard_in $1" && ! wait_until 1 "! keyboard_in $1" || echo "keyboard in: $(active)"
+  wait_until "${2:-5}" "keyboard_in $1" && ! wait_until 1 "! keyboard_in $1" || echo "keyboard in: $(active)"
 }
 
 outer_box() {  # WINDOW: left, top, right and bottom with the frame
@@ -44,7 +44,7 @@ outer_box() {  # WINDOW: left, top, right and bottom with the frame
   frame=$(xprop -id "$1" _NET_FRAME_EXTENTS | sed 's/.*= //; s/,//g; /:/s/.*/0 0 0 0/')
   read -r X Y < <(xwininfo -id "$1" | awk '/Absolute/ { print $NF }' | xargs)
   # shellcheck disable=SC2086
-  set -- $frame
+  set -- ${frame:-0 0 0 0}
   echo $((X - $1)) $((Y - $3)) $((X + WIDTH + $2)) $((Y + HEIGHT + $4))
 }
 
@@ -84,7 +84,7 @@ through_box() {  # CLOSE OPEN...
   fi
   sleep 0.3  # like a hand; a box that has just come may not have taken its first key yet
   key "$1"
-  if ! wait_until 3 "[[ ! \$(xdotool search --onlyvisible --name . 2>/dev/null | grep -x $box) ]]"; then
+  if ! wait_until 10 "[[ ! \$(xdotool search --onlyvisible --name . 2>/dev/null | grep -x $box) ]]"; then
     echo "does not close"
     key "$1"
     return
