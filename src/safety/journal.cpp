@@ -10,7 +10,7 @@ namespace {
 
 constexpr int gatherAfter = 300; // ms after the first change; leaves the disk the rest of the second
 constexpr int retryAfter = 2000; // ms between attempts while the disk fails
-constexpr int checkAfter = 2000; // ms after a record was posted, for the disk's answer
+constexpr int checkAfter = 300;  // ms between looks whether the disk has written
 constexpr std::uint64_t leastCompacted = 1'000'000; // bytes
 constexpr std::uint64_t timesTheText = 4; // a journal longer than this multiple of the text is rewritten
 
@@ -24,7 +24,8 @@ void Journal::changed() {
     if (armed_)
         return;
     armed_ = true;
-    soon_->start(shared_->failed ? retryAfter : gatherAfter);
+    retrying_ = shared_->failed;
+    soon_->start(retrying_ ? retryAfter : gatherAfter);
 }
 
 void Journal::gather() {
@@ -50,8 +51,13 @@ void Journal::gather() {
 }
 
 void Journal::check() {
+    if (shared_->pending > 0)
+        return;
     written_->stop();
     reportFailure();
+    // The retry has succeeded, so what was typed meanwhile need not wait for another one.
+    if (!shared_->failed && std::exchange(retrying_, false) && armed_)
+        soon_->start(gatherAfter);
 }
 
 void Journal::beginAnew(const std::string& source) {
@@ -74,6 +80,7 @@ std::string Journal::stateRecords() {
 }
 
 void Journal::write(std::string records, bool anew) {
+    ++shared_->pending;
     disk_.post([shared = shared_, records = std::move(records), anew] {
         try {
             if (anew)
@@ -87,6 +94,7 @@ void Journal::write(std::string records, bool anew) {
             shared->failed = true;
             shared->mustBegin = true;
         }
+        --shared->pending;
     });
 }
 

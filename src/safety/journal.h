@@ -56,9 +56,10 @@ private:
         void append(const std::string& records);
         void compact();
 
-        JournalFile file;            // this and the next two belong to the disk thread
-        std::uint64_t size = 0;      // bytes
-        std::uint64_t mostBytes = 0; // a longer file is rewritten
+        JournalFile file;             // this and the next two belong to the disk thread
+        std::uint64_t size = 0;       // bytes
+        std::uint64_t mostBytes = 0;  // a longer file is rewritten
+        std::atomic<int> pending = 0; // writes that are not done yet
         std::atomic<bool> failed = false;
         std::atomic<bool> mustBegin = true; // the file lacks a record, so it must be rewritten
         std::mutex mutex;
@@ -77,6 +78,7 @@ private:
     std::unique_ptr<platform::Alarm> soon_;
     std::unique_ptr<platform::Alarm> written_;
     bool armed_ = false;
+    bool retrying_ = false; // armed for longer, because the disk fails
     bool reported_ = false;
     std::optional<DocumentState> lastState_;
     std::optional<Marks> lastMarks_;

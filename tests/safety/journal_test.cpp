@@ -147,6 +147,10 @@ TEST_F(JournalTest, FailingDisk_IsReportedOnce_AndGetsTheWholeTextLater) {
     loop.advance(10'000);
     EXPECT_EQ(reasons.size(), 1U);
     std::filesystem::remove(folder.path() / "Journal");
-    loop.advance(3'000);
+    for (int tenth = 0; tenth < 30; ++tenth) {
+        change(0, 1, {"typed on " + std::to_string(tenth)});
+        loop.advance(100);
+    }
+    loop.advance(400);
     expectRestored();
 }
