@@ -92,6 +92,50 @@ void WordMoments::apply(const TextEdit& told) {
     }
     const auto back = takenBack(static_cast<std::uint32_t>(edit.inserted.size()));
     replace(position, removed, back ? *back : pieceOfWords(edit));
+    if (!back)
+        trustTouched(edit);
+}
+
+// A recogniser's doubt is about its own letters.
+void WordMoments::trustTouched(const TextEdit& edit) {
+    const auto touches = [](char16_t first, char16_t second) {
+        return first != 0 && second != 0 && inOneWord(first, second);
+    };
+    const auto end = [](base::TextView text, bool front) {
+        return text.empty() ? u'\0' : front ? text.front() : text.back();
+    };
+    const std::uint32_t position = unsignedOf(edit.position);
+    const bool splits = edit.removed.empty() && touches(edit.before, edit.behind);
+    if (splits || touches(edit.before, end(edit.inserted, true)) ||
+        touches(edit.before, end(edit.removed, true)))
+        trust(position - 1);
+    if (splits || touches(end(edit.inserted, false), edit.behind) ||
+        touches(end(edit.removed, false), edit.behind))
+        trust(position + static_cast<std::uint32_t>(edit.inserted.size()));
+}
+
+void WordMoments::trust(std::uint32_t position) {
+    const std::uint32_t all = store_.length(root_);
+    const std::uint32_t number = position < all ? numberAt(position) : 0;
+    const std::uint32_t sure = trusted(number);
+    if (sure == number)
+        return;
+    auto [begin, run] = store_.runAt(root_, position);
+    std::uint32_t end = begin + run.length;
+    while (begin > 0 && numberAt(begin - 1) == number)
+        begin = store_.runAt(root_, begin - 1).first;
+    while (end < all && numberAt(end) == number)
+        end += store_.runAt(root_, end).second.length;
+    set(static_cast<std::int32_t>(begin), static_cast<std::int32_t>(end - begin), store_.moment(sure));
+}
+
+// The number of the same moment without a doubt.
+std::uint32_t WordMoments::trusted(std::uint32_t number) {
+    if (number == 0 || store_.moment(number).confidence == Moment::noConfidence)
+        return number;
+    Moment moment = store_.moment(number);
+    moment.confidence = Moment::noConfidence;
+    return store_.add(moment);
 }
 
 void WordMoments::apply(std::int32_t position, std::int32_t removed, const Timed& inserted) {
@@ -173,7 +217,7 @@ WordMoments::Piece WordMoments::pieceOfWords(const TextEdit& edit) {
     return store_.piece(runs);
 }
 
-std::vector<std::uint32_t> WordMoments::momentsOfReplaced(const TextEdit& edit) const {
+std::vector<std::uint32_t> WordMoments::momentsOfReplaced(const TextEdit& edit) {
     const std::uint32_t position = unsignedOf(edit.position);
     const auto removed = static_cast<std::uint32_t>(edit.removed.size());
     if (removed == 0 || store_.timedFrom(root_, position) >= position + removed)
@@ -192,11 +236,14 @@ std::vector<std::uint32_t> WordMoments::momentsOfReplaced(const TextEdit& edit) 
     if (fresh.size() <= 1 || numbers.size() == 1) {
         const auto first =
             std::find_if(numbers.begin(), numbers.end(), [](auto number) { return number != 0; });
-        return {first == numbers.end() ? 0 : *first};
+        return {first == numbers.end() ? 0 : trusted(*first)};
     }
     std::vector<std::uint32_t> result;
-    for (const std::size_t match : align(old, fresh))
-        result.push_back(match == unmatched ? 0 : numbers[match]);
+    for (const std::size_t match : align(old, fresh)) {
+        const bool same = match != unmatched && old[match] == fresh[result.size()];
+        const std::uint32_t number = match == unmatched ? 0 : numbers[match];
+        result.push_back(same ? number : trusted(number));
+    }
     return result;
 }
 

@@ -33,8 +33,8 @@ struct Timed {
 };
 
 // Which moment each letter of the text has, through every change. A moment goes with its letters. Letters
-// that come to a word have the word's; a word that takes the place of another has that one's. Positions are
-// UTF-16 units, as platform::RichText counts them.
+// that come to a word have the word's; a word that takes the place of another has that one's; a word that is
+// changed has no confidence any more. Positions are UTF-16 units, as platform::RichText counts them.
 class WordMoments {
 public:
     WordMoments() = default;
@@ -111,7 +111,10 @@ private:
     std::optional<Piece> takenBack(std::uint32_t count);
     Piece pieceOfWords(const TextEdit& edit);
     // For each word of the new letters the moment of the old word that it stands for, 0 for none.
-    std::vector<std::uint32_t> momentsOfReplaced(const TextEdit& edit) const;
+    std::vector<std::uint32_t> momentsOfReplaced(const TextEdit& edit);
+    void trustTouched(const TextEdit& edit);
+    void trust(std::uint32_t position);
+    std::uint32_t trusted(std::uint32_t number);
     std::uint32_t momentOfNewWord(std::uint32_t position, std::uint32_t removed);
     std::uint32_t numberAt(std::uint32_t position) const;
     std::uint32_t firstNumber(std::uint32_t begin, std::uint32_t end) const;
