@@ -9,13 +9,40 @@ namespace app {
 DraftRoom::DraftRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
                      Parts parts)
     : form1_(form1), editor_(editor),
-      openDraft_(desktop.eventLoop(), desktop.dialogs(), parts.words, desktop.codePage(), options_) {
+      openDraft_(desktop.eventLoop(), desktop.dialogs(), parts.words, desktop.codePage(), options_),
+      export_(editor.form().RTB, desktop.dialogs(), parts.words, options_),
+      doubts_(editor.form(), editor.undoRedo(), doubtOptions_, parts.words, desktop.eventLoop()) {
     parts.options.tie("DraftPauseMs", options_.pauseMs, 100, 60'000);
-    menu.add(openDraft_.commands());
+    parts.options.tie("ExportStamps", options_.exportStamps);
+    parts.options.tie("ExportSpeakers", options_.exportSpeakers);
+    parts.options.tie("DoubtPercent", doubtOptions_.percent, 0, 101);
+    std::vector<controls::MenuItem*> commands = openDraft_.commands();
+    for (const auto& more : {export_.commands(), doubts_.commands()})
+        commands.insert(commands.end(), more.begin(), more.end());
+    menu.add(commands);
+    doubts_.start();
+    doubts_.PlayFrom = [&moments = parts.moments](std::int32_t ms) { return moments.playFrom(ms); };
+    doubts_.Kept = [this] { editor_.document().TestoModificato = 1; };
+    editor.typing().Typed = [this, others = editor.typing().Typed] {
+        others();
+        doubts_.changed();
+    };
+    export_.DocumentPath = [this] { return editor_.document().FileEditor; };
+    export_.Tell = [this, &notices = parts.notices](lang::English sentence,
+                                                    const std::vector<base::Text>& pieces) {
+        notices.tell(sentence, pieces, &editor_.form());
+    };
+    editor.form().acceptsDrops = true;
+    editor.form().Drop = [this](const std::vector<base::Text>& paths) { openDraft_.open(paths.front()); };
     openDraft_.Show = [this](const drafts::Transcript& transcript) { show(transcript); };
     openDraft_.Tell = [&notices = parts.notices](lang::English sentence, const base::Text& line) {
         notices.tell(sentence, {line});
     };
+}
+
+void DraftRoom::leave() {
+    openDraft_.stop();
+    doubts_.leave();
 }
 
 void DraftRoom::show(const drafts::Transcript& transcript) {

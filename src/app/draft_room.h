@@ -2,9 +2,12 @@
 
 #include "app/desktop.h"
 #include "app/editor_room.h"
+#include "app/moment_room.h"
 #include "app/options_file.h"
 #include "app/transcript_menu.h"
+#include "drafts/export.h"
 #include "drafts/open_draft.h"
+#include "editor/doubts.h"
 #include "lang/words.h"
 #include "safety/notices.h"
 
@@ -18,12 +21,18 @@ public:
         OptionsFile& options;
         lang::Words& words;
         safety::Notices& notices;
+        MomentRoom& moments;
     };
 
     DraftRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu, Parts parts);
 
+    // The options were read.
+    void start() { export_.start(); }
     // The exit goes.
-    void leave() { openDraft_.stop(); }
+    void leave();
+
+    // The user changed an option.
+    std::function<void()>& OptionsChanged() { return export_.OptionsChanged; }
 
 private:
     void show(const drafts::Transcript& transcript);
@@ -31,7 +40,10 @@ private:
     player::Form1& form1_;
     EditorRoom& editor_;
     drafts::Options options_;
+    editor::DoubtOptions doubtOptions_;
     drafts::OpenDraft openDraft_;
+    drafts::Export export_;
+    editor::Doubts doubts_;
 };
 
 } // namespace app

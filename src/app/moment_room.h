@@ -28,6 +28,9 @@ public:
     // The exit goes.
     void leave();
 
+    // Plays the open recording from there; false without one.
+    bool playFrom(std::int32_t ms);
+
     // The user changed an option.
     std::function<void()>& OptionsChanged() { return follow_.OptionsChanged; }
 
@@ -35,7 +38,6 @@ private:
     std::optional<std::int32_t> heard() const;
     std::optional<std::int32_t> heardByWords() const;
     bool isOpen() const;
-    bool playFrom(std::int32_t ms);
     void watch();
     void goOn();
     void tellOther();

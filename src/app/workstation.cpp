@@ -49,7 +49,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       moments_(desktop, form1_, editor_, transcriptMenu_, options_, notices_),
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
-      drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_}),
+      drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, moments_}),
       darkPage_(editor_.form(), options_, transcriptMenu_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
@@ -72,12 +72,14 @@ void Workstation::wireSafety() {
     options_.tie("VersionMegabytes", safetyOptions_.megabytes, 1, 1'000'000);
     safety_.keepsArchive = [this] { return safetyOptions_.archive; };
     safety_.archive().setLimits(safetyOptions_.days, safetyOptions_.megabytes);
-    safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = darkPage_.Changed = [this] {
-        base::carryOn([this] { options_.save(); },
-                      [this](const char* reason) {
-                          notices_.tell(u"The options could not be saved: %1"_en, {base::fromUtf8(reason)});
-                      });
-    };
+    safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = drafts_.OptionsChanged() =
+        darkPage_.Changed = [this] {
+            base::carryOn([this] { options_.save(); },
+                          [this](const char* reason) {
+                              notices_.tell(u"The options could not be saved: %1"_en,
+                                            {base::fromUtf8(reason)});
+                          });
+        };
 }
 
 void Workstation::Form_Initialize() {
@@ -108,6 +110,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
         opener_.ApriMedia(commandLine.substr(1, commandLine.size() > 2 ? commandLine.size() - 2 : 0));
     safety_.start();
     moments_.start();
+    drafts_.start();
     recorder_.searchCutOff();
     if (start.checkUpdate == 1)
         ends_ = outside_.updateCheck().ControllaAggiornamenti();

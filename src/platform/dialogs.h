@@ -32,9 +32,10 @@ struct FileDialogRequest {
     base::Text fileName;         // proposed name
     base::Text defaultExtension; // without a point; appended to a name that has no extension
     bool extensionAlways =
-        false;             // appended to every name that does not end in it, even one with another extension
-    base::Text filter;     // pairs of a name and its patterns ("*.a;*.b"), all joined by NUL characters
-    bool allMedia = false; // adds another filter after those: all playable media
+        false; // appended to every name that does not end in it, even one with another extension
+    bool extensionOfFilter = false; // choosing another filter makes its first pattern's the default extension
+    base::Text filter;        // pairs of a name and its patterns ("*.a;*.b"), all joined by NUL characters
+    bool allMedia = false;    // adds another filter after those: all playable media
     base::Text initialFolder; // empty: the current directory
 };
 

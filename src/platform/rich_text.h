@@ -64,6 +64,9 @@ public:
     using Failure::Failure;
 };
 
+// Forms of other programs that the control's library writes.
+enum class ExportForm { Html, OpenDocument };
+
 // One rich-text document with a selection. Positions and lengths are UTF-16 units; the end of a paragraph
 // counts as two (CR LF). A position outside the text is clamped; one inside a pair means the position before
 // it. A line break inside a paragraph is the single unit U+000B; a picture or another object is U+FFFC. On an
@@ -145,6 +148,10 @@ public:
     virtual void SelPrint(PrintDevice& hDC) = 0;
     // Prints this RTF in the same way, without touching the document.
     virtual void printSource(std::string_view source, PrintDevice& device) = 0;
+
+    // Returns this RTF as a file of another form, without touching the document. Hidden text and objects that
+    // are no pictures are left out.
+    virtual std::string exported(std::string_view source, ExportForm form) = 0;
 
     // The first position at or after `start` (default: the caret) where `text` is found, -1 if nowhere.
     // Selects the hit unless findNoHighlight is set.

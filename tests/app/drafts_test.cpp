@@ -5,10 +5,12 @@ protected:
     void openDraft(const std::string& bytes) {
         desktop.folder.write("draft", bytes);
         desktop.dialogPort.choices.push_back(desktop.folder.text("draft"));
-        for (controls::MenuItem* const item : desktop.form2->menuBar.back()->items) {
-            if (item->name == "mnuOpenDraft")
-                item->Click();
-        }
+        command("mnuOpenDraft").Click();
+    }
+    controls::MenuItem& command(std::string_view name) {
+        const auto& items = desktop.form2->menuBar.back()->items;
+        return **std::find_if(items.begin(), items.end(),
+                              [&](const auto* item) { return item->name == name; });
     }
 };
 
@@ -40,4 +42,59 @@ TEST_F(DraftsTest, ADamagedFile_ChangesNothing) {
     desktop.dialogPort.answers.push_back(platform::Answer::Cancel); // keeps the unsaved text
     openDraft("1\n00:00:01,000 --> 00:00:02,000\na");
     EXPECT_EQ(desktop.text.Text(), u"mine");
+}
+
+TEST_F(DraftsTest, Export_WritesTheFormOfTheName_AndTellsWhatItLacks) {
+    openDraft("WEBVTT\n\n00:01.000 --> 00:02.500\n<v Ann>Hello there");
+    const auto exported = [&](const std::string& name) {
+        desktop.dialogPort.choices.push_back(desktop.folder.text(name));
+        command("mnuExport").Click();
+        return desktop.folder.read(name);
+    };
+    const auto told = [&] { return program->workstation().notices().all().front().parts; };
+    EXPECT_EQ(exported("a.srt"), "1\r\n00:00:01,000 --> 00:00:02,500\r\nAnn: Hello there\r\n\r\n");
+    EXPECT_EQ(told(), std::vector<base::Text>{u"a.srt"});
+    EXPECT_EQ(exported("a.txt"), "Ann: Hello there\n");
+    EXPECT_EQ(told(), (std::vector<base::Text>{u"a.txt", u"the times of the words"}));
+    command("mnuPlainText").items[0]->Click();
+    desktop.dialogPort.answers.push_back(platform::Answer::No);
+    EXPECT_EQ(exported("a.txt"), "Ann: Hello there\n") << "which the user kept";
+    desktop.dialogPort.answers.push_back(platform::Answer::Yes);
+    EXPECT_EQ(exported("a.txt"), "[00:00:01] Ann: Hello there\n");
+    boxes.clear();
+    EXPECT_EQ(exported("a.xyz"), "");
+    desktop.text.setText(u"typed");
+    EXPECT_EQ(exported("b.vtt"), "");
+    EXPECT_EQ(boxes.size(), 2U);
+}
+
+TEST_F(DraftsTest, DoubtfulWords_AreMarked_Visited_AndSettledByTypingOrByACommand) {
+    open("talk.mp3", 60);
+    openDraft(
+        R"({"words":[{"word":"one","start":1,"end":2,"score":0.4},{"word":"two","start":2,"end":3,"score":0.9},)"
+        R"({"word":"three","start":3,"end":4,"score":0.1},{"word":"four","start":4,"end":5,"score":0.2}]})");
+    const auto marked = [&] {
+        std::vector<std::int32_t> places;
+        for (const platform::MarkedPart& part : desktop.text.MarksIn(0, desktop.text.textLength()))
+            places.push_back(part.position);
+        return places;
+    };
+    EXPECT_EQ(desktop.text.Text(), u"one two three four");
+    EXPECT_EQ(marked(), (std::vector{0, 8, 14}));
+    desktop.loop.advance(500);
+    EXPECT_THAT(base::toUtf8(command("mnuNextDoubt").caption.get()), testing::HasSubstr("(3)"));
+
+    desktop.text.setSelStart(3);
+    command("mnuNextDoubt").Click();
+    EXPECT_EQ(desktop.text.SelText(), u"three");
+    EXPECT_EQ(player.currentPosition(), 2.5);
+    desktop.text.type(u"t");
+    desktop.text.type(u"ree");
+    EXPECT_EQ(marked(), (std::vector{0, 13}));
+    command("mnuNextDoubt").Click();
+    EXPECT_EQ(desktop.text.SelText(), u"four");
+    command("mnuKeepWord").Click();
+    command("mnuDoubtBefore").Click();
+    EXPECT_EQ(desktop.text.SelText(), u"one");
+    EXPECT_EQ(marked(), std::vector{0});
 }

@@ -54,7 +54,9 @@ public:
         return source();
     }
     std::string source() const override {
-        return "{\\rtf1 " + base::toUtf8(base::replaced(text_, u"\r\n", u"\\par\n")) + "}";
+        const std::string beside = Beside(0, textLength());
+        return "{\\rtf1 " + base::toUtf8(base::replaced(text_, u"\r\n", u"\\par\n")) +
+               (beside.empty() ? "" : "{\\*\\quillmoments " + beside + "}") + "}";
     }
     void setSource(std::string_view source) override {
         const rtf::Document document = rtf::read(source);
@@ -64,6 +66,10 @@ public:
     void setText(base::TextView text) override {
         styles.clear();
         replaceAll(text);
+    }
+    std::string exported(std::string_view source, platform::ExportForm form) override {
+        commands.emplace_back(form == platform::ExportForm::Html ? "html" : "odt");
+        return std::string(source);
     }
     std::int32_t textLength() const override { return static_cast<std::int32_t>(text_.size()); }
     std::int32_t SelStart() const override { return start_; }

@@ -270,6 +270,10 @@ base::Text QtDialogs::FileDlg(const platform::FileDialogRequest& request) {
                           (request.allMedia ? QStringList(allMedia()) : QStringList()));
     dialog.setWindowFlag(Qt::WindowStaysOnTopHint);
     completeNames(dialog, qstring(request.defaultExtension));
+    if (request.extensionOfFilter)
+        QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+            dialog.setDefaultSuffix(filter.section(QStringLiteral("*."), 1, 1).section(u')', 0, 0));
+        });
     fitColumns(dialog);
     if (!request.fileName.empty())
         dialog.selectFile(qstring(request.fileName));

@@ -7,6 +7,7 @@
 #include "desktop/qt/keyboard_order.h"
 #include "desktop/qt/notice.h"
 #include "desktop/qt/print_device.h"
+#include "desktop/text/export_document.h"
 #include "desktop/text/layout_limits.h"
 #include "desktop/text/load_document.h"
 #include "desktop/text/pages.h"
@@ -418,6 +419,10 @@ void RichTextEdit::print(rtf::Document source, platform::PrintDevice& hDC) const
         notify("This file could not be written: %1", QString::fromUtf8(failure.what()));
         throw;
     }
+}
+
+std::string RichTextEdit::exported(std::string_view source, platform::ExportForm form) {
+    return exportDocument(rtf::read(source), form, font());
 }
 
 std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t> start, int options) {

@@ -66,6 +66,7 @@ public:
     void SaveFile(base::TextView path) override;
     void SelPrint(platform::PrintDevice& hDC) override;
     void printSource(std::string_view source, platform::PrintDevice& device) override;
+    std::string exported(std::string_view source, platform::ExportForm form) override;
     std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override;
     void SetFocus() override;
     void together(const std::function<void()>& edits) override;

@@ -234,7 +234,9 @@ QMimeData* RichTextEdit::createMimeDataFromSelection() const {
 }
 
 bool RichTextEdit::canInsertFromMimeData(const QMimeData* source) const {
-    // A file is no text, although Qt offers its name as text.
+    // A file is no text, although Qt and file managers offer its name as text: its window may want it.
+    if (source->data(QStringLiteral("text/uri-list")).startsWith("file:"))
+        return false;
     return source->hasFormat(QStringLiteral("text/plain")) || source->hasHtml() ||
            !rtfOffered(*source).isEmpty();
 }
