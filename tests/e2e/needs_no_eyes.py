@@ -89,6 +89,7 @@ def session():
     wait(10, "the new name", lambda: marks[0].name == "00:00:20  Second name")
 
     choose_file(find("push button", "Save"), "Save document as", f"{folder}/session.rtf", "Save")
+    find("frame", "Text Editor - session.rtf")
     press(find("menu item", "File", within=find("frame", "Quillmere")))
     press(find("menu item", "Exit"))
 

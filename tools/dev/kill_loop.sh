@@ -327,7 +327,8 @@ save_and_quit() {
     wait_until 5 'xdotool search --onlyvisible --name "^Save document as$" >/dev/null 2>&1' || key ctrl+s
     save_as
   fi
-  switch_to Quillmere
+  # An activation is lost when another window has just closed: find_player repeats it.
+  find_player 20 || fail "the player cannot be activated"
   key ctrl+q
   wait_until 20 '! running || box' || problem "hangs at the exit"
   ! running
