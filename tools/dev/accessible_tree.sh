@@ -57,6 +57,8 @@ windows() {  # LANGUAGE
   choose $player "$(entry 6)" "$(entry 93)"
   tree Question "$(entry 93)"
   choose "$(entry 93)" "$(entry 20)"
+  # The bookmark arrives once the question has closed.
+  wait_until 10 'tree Bookmarks "$(entry 120)" | grep -q "list item"' || fail "no bookmark"
   tree Bookmarks "$(entry 120)"
   choose "$editor" "$(entry 47)" "$(entry 59)"
   tree Replace "$(entry 59).*"
