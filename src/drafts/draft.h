@@ -103,7 +103,7 @@ private:
     Remark remark_;
 };
 
-// The user gave the work up.
+// Thrown when the user cancels the reading of a draft.
 class Cancelled : public base::Failure {
 public:
     Cancelled() : Failure("cancelled") {}

@@ -15,8 +15,8 @@
 
 namespace drafts {
 
-// Asks for a file and writes the transcript in the form that its name ends in. Tells what the form cannot
-// hold. A file that cannot be written stays as it was.
+// Asks for a file and writes the transcript in the format of the file's extension. Reports what that format
+// cannot store. A file that cannot be written stays unchanged.
 class Export {
 public:
     Export(platform::RichText& text, platform::Dialogs& dialogs, const lang::Words& words, Options& options);

@@ -80,50 +80,6 @@ SnapshotStore::Owned SnapshotStore::build(base::TextView text) {
     return makeNode(left, build(text.substr(half)));
 }
 
-std::pair<SnapshotStore::Owned, SnapshotStore::Owned> SnapshotStore::sides(Owned id) {
-    const std::pair both(retain(nodes_[id].left), retain(nodes_[id].right));
-    release(id);
-    return both;
-}
-
-SnapshotStore::Owned SnapshotStore::join(Owned left, Owned right) {
-    if (left == 0 || right == 0)
-        return left | right;
-    if (height(left) > height(right) + 1) {
-        const auto [outer, inner] = sides(left);
-        return balancedToTheLeft(outer, join(inner, right));
-    }
-    if (height(right) > height(left) + 1) {
-        const auto [inner, outer] = sides(right);
-        return balancedToTheRight(join(left, inner), outer);
-    }
-    return makeNode(left, right);
-}
-
-// Makes a node whose right side may be too high by one.
-SnapshotStore::Owned SnapshotStore::balancedToTheLeft(Owned left, Owned right) {
-    if (height(right) <= height(left) + 1)
-        return makeNode(left, right);
-    const auto [inner, outer] = sides(right);
-    if (height(inner) <= height(outer))
-        return makeNode(makeNode(left, inner), outer);
-    const auto [first, second] = sides(inner);
-    const Owned newLeft = makeNode(left, first);
-    return makeNode(newLeft, makeNode(second, outer));
-}
-
-// The mirror image of balancedToTheLeft.
-SnapshotStore::Owned SnapshotStore::balancedToTheRight(Owned left, Owned right) {
-    if (height(left) <= height(right) + 1)
-        return makeNode(left, right);
-    const auto [outer, inner] = sides(left);
-    if (height(inner) <= height(outer))
-        return makeNode(outer, makeNode(inner, right));
-    const auto [first, second] = sides(inner);
-    const Owned newLeft = makeNode(outer, first);
-    return makeNode(newLeft, makeNode(second, right));
-}
-
 SnapshotStore::Owned SnapshotStore::replaced(Id id, std::uint32_t position, std::uint32_t removed,
                                              base::TextView inserted) {
     const std::uint32_t all = length(id);

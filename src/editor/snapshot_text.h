@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/balanced_tree.h"
 #include "base/text.h"
 
 #include <array>
@@ -13,7 +14,9 @@ namespace editor {
 // The shared storage of the snapshots of one text: a persistent tree of short pieces. Changing a text copies
 // only the path to the changed piece, about 300 bytes per typed letter. Full copies would take 40 GB for a
 // hundred thousand letters typed into 200 KB. Snapshots must not outlive their store.
-class SnapshotStore {
+class SnapshotStore : private base::BalancedTree<SnapshotStore> {
+    friend class base::BalancedTree<SnapshotStore>;
+
 public:
     SnapshotStore() = default;
     SnapshotStore(const SnapshotStore&) = delete;
@@ -82,12 +85,6 @@ private:
     Owned makeNode(Owned left, Owned right);
     // Builds a balanced tree of this text.
     Owned build(base::TextView text);
-    // Concatenates the two texts.
-    Owned join(Owned left, Owned right);
-    Owned balancedToTheLeft(Owned left, Owned right);
-    Owned balancedToTheRight(Owned left, Owned right);
-    // The two sides of a node, which is released.
-    std::pair<Owned, Owned> sides(Owned id);
     Owned replaced(Id id, std::uint32_t position, std::uint32_t removed, base::TextView inserted);
     void copy(Id id, std::uint32_t position, std::uint32_t count, char16_t*& to) const;
 

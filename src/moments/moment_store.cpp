@@ -129,50 +129,6 @@ MomentStore::Owned MomentStore::build(const Run* runs, std::size_t count) {
     return join(left, build(runs + half, count - half));
 }
 
-std::pair<MomentStore::Owned, MomentStore::Owned> MomentStore::sides(Owned id) {
-    const std::pair both(retain(nodes_[id].left), retain(nodes_[id].right));
-    release(id);
-    return both;
-}
-
-MomentStore::Owned MomentStore::join(Owned left, Owned right) {
-    if (left == 0 || right == 0)
-        return left | right;
-    if (height(left) > height(right) + 1) {
-        const auto [outer, inner] = sides(left);
-        return balancedToTheLeft(outer, join(inner, right));
-    }
-    if (height(right) > height(left) + 1) {
-        const auto [inner, outer] = sides(right);
-        return balancedToTheRight(join(left, inner), outer);
-    }
-    return makeNode(left, right);
-}
-
-// A node whose right side may be too high by one.
-MomentStore::Owned MomentStore::balancedToTheLeft(Owned left, Owned right) {
-    if (height(right) <= height(left) + 1)
-        return makeNode(left, right);
-    const auto [inner, outer] = sides(right);
-    if (height(inner) <= height(outer))
-        return makeNode(makeNode(left, inner), outer);
-    const auto [first, second] = sides(inner);
-    const Owned newLeft = makeNode(left, first);
-    return makeNode(newLeft, makeNode(second, outer));
-}
-
-// The same in the mirror.
-MomentStore::Owned MomentStore::balancedToTheRight(Owned left, Owned right) {
-    if (height(left) <= height(right) + 1)
-        return makeNode(left, right);
-    const auto [outer, inner] = sides(left);
-    if (height(inner) <= height(outer))
-        return makeNode(outer, makeNode(inner, right));
-    const auto [first, second] = sides(inner);
-    const Owned newLeft = makeNode(outer, first);
-    return makeNode(newLeft, makeNode(second, right));
-}
-
 // Letters of one moment in the place of others.
 MomentStore::Owned MomentStore::exchanged(Id id, std::uint32_t position, std::uint32_t removed,
                                           std::uint32_t inserted, std::uint32_t moment) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/balanced_tree.h"
 #include "moments/moment.h"
 
 #include <array>
@@ -21,7 +22,9 @@ struct Run {
 // The letters of a text with their moments, and pieces taken out of it, as balanced trees over runs that
 // share what they have in common. It gives out trees by number; who holds one gives it back by `release`.
 // Moments are never dropped: a word that undo brings back still has its own.
-class MomentStore {
+class MomentStore : private base::BalancedTree<MomentStore> {
+    friend class base::BalancedTree<MomentStore>;
+
 public:
     // A tree by its number. 0 is the empty one.
     using Id = std::uint32_t;
@@ -154,10 +157,6 @@ private:
     Owned makeLeaves(const Runs& runs);
     Owned makeNode(Owned left, Owned right);
     Owned build(const Run* runs, std::size_t count);
-    Owned join(Owned left, Owned right);
-    Owned balancedToTheLeft(Owned left, Owned right);
-    Owned balancedToTheRight(Owned left, Owned right);
-    std::pair<Owned, Owned> sides(Owned id);
     Owned exchanged(Id id, std::uint32_t position, std::uint32_t removed, std::uint32_t inserted,
                     std::uint32_t moment);
     bool visit(Id id, std::uint32_t at, std::uint32_t from, std::uint32_t end, const Take& take) const;

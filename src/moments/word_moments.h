@@ -58,7 +58,7 @@ public:
     // Gives these letters the moments; their lengths add up to no more than the rest of the text.
     void set(std::int32_t position, const Timed& timed);
 
-    // Of one letter.
+    // The moment of one letter, or none.
     std::optional<Moment> at(std::int32_t position) const;
     // The first moment of the letters from `begin` to `end`: that of the word which they are.
     std::optional<Moment> first(std::int32_t begin, std::int32_t end) const;

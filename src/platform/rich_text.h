@@ -38,7 +38,7 @@ struct TextChange {
 };
 
 // A change in paragraphs: `removed` paragraphs from number `first` (from 0) were replaced by those of
-// `source`, which is RTF, or empty if they were only removed. `whole`: the source is the whole text.
+// the RTF in `source`; it is empty if they were only removed. With `whole`, it is the whole text.
 struct ParagraphChange {
     std::uint32_t first = 0;
     std::uint32_t removed = 0;
