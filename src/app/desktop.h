@@ -8,6 +8,7 @@
 #include "outside/frm_informazioni.h"
 #include "outside/key_list.h"
 #include "platform/clipboard.h"
+#include "platform/decoder.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
 #include "platform/internet.h"
@@ -42,6 +43,7 @@ public:
     // cannot print.
     virtual platform::Printer& printer() = 0;
     virtual platform::WaveInput& waveInput() = 0;
+    virtual platform::Decoder& decoder() = 0;
     virtual platform::Internet& internet() = 0;
     virtual platform::Shell& shell() = 0;
     // The thread for work that blocks on the disk.

@@ -5,6 +5,7 @@
 #include "desktop/qt/calm_windows.h"
 #include "desktop/qt/key_repeats.h"
 #include "desktop/qt/keyboard_order.h"
+#include "desktop/services/lazy_decoder.h"
 #include "desktop/services/lazy_internet.h"
 #include "desktop/services/lazy_module.h"
 #include "desktop/services/lazy_player.h"
@@ -45,6 +46,7 @@ public:
     platform::RichText& richText() override { return text_; }
     platform::Printer& printer() override;
     platform::WaveInput& waveInput() override { return waveInput_; }
+    platform::Decoder& decoder() override { return decoder_; }
     platform::Internet& internet() override { return internet_; }
     platform::Worker& disk() override { return disk_; }
     platform::Shell& shell() override { return shell_; }
@@ -81,6 +83,7 @@ private:
     CalmWindows calmWindows_;
     KeyboardOrder keyboardOrder_;
     LazyWaveInput waveInput_;
+    LazyDecoder decoder_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
     LazyModule<platform::Printer> printing_;

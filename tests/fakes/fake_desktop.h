@@ -2,6 +2,7 @@
 
 #include "app/desktop.h"
 #include "fakes/fake_clipboard.h"
+#include "fakes/fake_decoder.h"
 #include "fakes/fake_player.h"
 #include "fakes/fake_printer.h"
 #include "fakes/fake_rich_text.h"
@@ -135,6 +136,7 @@ public:
     FakeRichText text;
     FakePrinter printerPort;
     FakeWaveInput device;
+    FakeDecoder decoderPort;
     player::Form1* form1 = nullptr;
     recorder::FrmAudioRec* recorder = nullptr; // null until opened
     editor::Form2* form2 = nullptr;
@@ -203,6 +205,7 @@ public:
     platform::RichText& richText() override { return text; }
     platform::Printer& printer() override { return printerPort; }
     platform::WaveInput& waveInput() override { return device; }
+    platform::Decoder& decoder() override { return decoderPort; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     platform::Internet& internet() override { return internetPort; }
     platform::Shell& shell() override { return shellPort; }

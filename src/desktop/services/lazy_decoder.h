@@ -1,0 +1,25 @@
+#pragma once
+
+#include "desktop/services/lazy_module.h"
+#include "platform/decoder.h"
+
+#include <QTimer>
+
+namespace desktop {
+
+// The decoder of recordings, through a module that the first conversion loads. If the module cannot be
+// loaded, each conversion fails.
+class LazyDecoder : public platform::Decoder {
+public:
+    // `module` is the path of the module, in UTF-8.
+    explicit LazyDecoder(std::string module);
+
+    void start(const base::Text& recording, const base::Text& wav) override;
+    void cancel() override;
+
+private:
+    LazyModule<platform::Decoder> module_;
+    QTimer fails_; // reports the missing module from the event loop
+};
+
+} // namespace desktop
