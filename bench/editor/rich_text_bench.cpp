@@ -12,6 +12,7 @@
 #include <QTextBlock>
 #include <chrono>
 #include <functional>
+#include <limits>
 #include <malloc.h>
 
 namespace {
@@ -85,10 +86,14 @@ void measureOpening(desktop::RichTextEdit& rtb, QTextEdit& bare, const base::Tex
         bare.viewport()->repaint();
     });
     for (const char* const name : {"long.rtf", "long.txt"}) {
-        const double time = best(3, [&] {
-            rtb.LoadFile(folder.text(name));
-            rtb.viewport()->repaint();
-        });
+        double time = std::numeric_limits<double>::max();
+        for (int round = 0; round < 3; ++round) {
+            time = std::min(time, milliseconds([&] {
+                                rtb.LoadFile(folder.text(name));
+                                rtb.viewport()->repaint();
+                            }));
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // the document before
+        }
         printRow(std::string("5 MB opened to first paint, ") + name, "%.0f ms", time, openingGoal,
                  bench::measure("%.0f ms", bareTime));
         if (name == std::string_view("long.rtf"))

@@ -116,7 +116,9 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     setDocument(document_);
     // Otherwise Qt would continue to type in the format of the old text.
     setTextCursor(QTextCursor(document_));
-    delete before;
+    // Deleting a large document takes a fifth of the time that opening one takes: not before the first paint.
+    if (before != nullptr)
+        before->deleteLater();
     stretch_.noteAll(*document_);
     paragraphs_.noteAll();
     Edited();
