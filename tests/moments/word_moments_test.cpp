@@ -1,4 +1,4 @@
-#include "moments/word_moments.h"
+#include "moments/plain_text.h"
 #include "testing.h"
 
 using moments::Moment;
@@ -7,67 +7,32 @@ using moments::WordMoments;
 
 namespace {
 
-constexpr int unknown = -2; // what the rules for new letters say is tested elsewhere
-constexpr int none = -1;
-
-// A text whose letters keep their moment beside them: the start of their word, in ms.
-using Plain = std::vector<std::pair<char16_t, int>>;
-
-Plain transcript(int words, int firstStart) {
-    Plain plain;
-    for (int word = 0; word < words; ++word) {
-        for (const char digit : std::to_string(10'000 + word))
-            plain.emplace_back(digit, firstStart + 300 * word);
-        plain.emplace_back(word % 40 == 39 ? u'\n' : u' ', none);
-    }
-    return plain;
-}
-
-Timed timed(const Plain& plain) {
-    Timed timed;
-    for (const auto& [letter, start] : plain)
-        timed.runs.push_back({1, start == none ? std::nullopt : std::optional(Moment{.start = start})});
-    return timed;
-}
-
-base::Text text(const Plain& plain) {
-    base::Text text;
-    for (const auto& [letter, start] : plain)
-        text += letter;
-    return text;
-}
-
 // The moments beside the plain text, with records of both.
 class Both {
 public:
-    Both() { exchange(transcript(5000, 0)); }
+    Both() { exchange(plain::transcript(5000, 0)); }
 
-    int size() const { return static_cast<int>(now.size()); }
-    int upTo(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit + 1)); }
-    base::Text letters(int most) {
+    std::size_t upTo(std::size_t limit) { return random_() % (limit + 1); }
+    base::Text letters(std::size_t most) {
         base::Text text;
-        for (int i = upTo(most); i > 0; --i)
+        for (std::size_t i = upTo(most); i > 0; --i)
             text += u"xyz "[upTo(3)];
         return text;
     }
-    Plain part(int at, int count) const { return {now.begin() + at, now.begin() + at + count}; }
 
     // As the editor tells it: now and then a stretch that is larger than the change.
-    void edit(int at, int removed, const base::Text& inserted) {
-        const int margin = std::min(at, upTo(3));
-        const base::Text before = text(part(at - margin, margin));
-        tell(at - margin, before + text(part(at, removed)), before + inserted);
-        Plain fresh;
-        for (const char16_t letter : inserted)
-            fresh.emplace_back(letter, unknown);
-        replace(at, removed, fresh);
+    void edit(std::size_t at, std::size_t removed, const base::Text& inserted) {
+        const std::size_t margin = std::min(at, upTo(3));
+        const base::Text before = now.letters.substr(at - margin, margin);
+        tell(at - margin, before + now.letters.substr(at, removed), before + inserted);
+        now.replace(at, removed, plain::edited(inserted));
     }
-    void paste(int at, int removed, const Timed& moments, const Plain& pasted) {
-        tested.apply(at, removed, moments);
-        replace(at, removed, pasted);
+    void paste(std::size_t at, std::size_t removed, const Timed& moments, const plain::Text& pasted) {
+        tested.apply(static_cast<int>(at), static_cast<int>(removed), moments);
+        now.replace(at, removed, pasted);
     }
-    void exchange(const Plain& by) {
-        paste(0, size(), timed(by), by);
+    void exchange(const plain::Text& by) {
+        paste(0, now.size(), plain::timed(by), by);
         record();
     }
     void record() {
@@ -94,47 +59,39 @@ public:
         done_.push_back(undone_.back());
         undone_.pop_back();
     }
-    int differences(int from, int count) const {
-        int differences = 0;
-        for (int at = std::max(from, 0); at < std::min(from + count, size()); ++at) {
-            const int start = now[static_cast<std::size_t>(at)].second;
-            const auto moment = tested.at(at);
-            differences += start != unknown && start != (moment ? moment->start : none);
-        }
+    int differences(std::size_t from, std::size_t count) const {
+        const std::size_t end = std::min(from + count, now.size());
+        const std::vector<int> seen =
+            plain::startsOf(tested.timed(static_cast<int>(from), static_cast<int>(end - from)));
+        const int* const starts = now.starts.data() + from;
+        int differences = seen.size() != end - from;
+        for (std::size_t at = 0; at < seen.size(); ++at)
+            differences += starts[at] != plain::unknown && starts[at] != seen[at];
         return differences;
     }
 
-    Plain now;
+    plain::Text now;
     WordMoments tested;
 
 private:
-    void tell(int at, const base::Text& removed, const base::Text& inserted) {
-        const auto end = now.begin() + at + std::ssize(removed);
-        tested.apply({at, removed, inserted, at > 0 ? now.begin()[at - 1].first : u'\0',
-                      end < now.end() ? end->first : u'\0'});
-    }
-    void replace(int at, int removed, const Plain& by) {
-        const auto behind = now.erase(now.begin() + at, now.begin() + at + removed);
-        now.insert(behind, by.begin(), by.end());
+    void tell(std::size_t at, const base::Text& removed, const base::Text& inserted) {
+        const std::size_t end = at + removed.size();
+        tested.apply({static_cast<int>(at), removed, inserted, at > 0 ? now.letters[at - 1] : u'\0',
+                      end < now.size() ? now.letters[end] : u'\0'});
     }
     // Puts back what stood there, and takes out what stands there now.
-    void goTo(const Plain& other, void (WordMoments::*putBack)(std::int32_t)) {
-        const auto [here, there] = std::ranges::mismatch(now, other);
-        const auto [hereEnd, thereEnd] = std::mismatch(now.rbegin(), std::reverse_iterator(here),
-                                                       other.rbegin(), std::reverse_iterator(there));
-        const Plain gone(here, hereEnd.base());
-        const Plain back(there, thereEnd.base());
-        const int same = static_cast<int>(here - now.begin());
-        (tested.*putBack)(same);
-        tell(same, {}, text(back));
-        replace(same, 0, back);
-        tell(same + static_cast<int>(back.size()), text(gone), {});
+    void goTo(const plain::Text& other, void (WordMoments::*putBack)(std::int32_t)) {
+        const auto [begin, gone, back] = plain::difference(now, other);
+        (tested.*putBack)(static_cast<int>(begin));
+        tell(begin, {}, other.letters.substr(begin, back));
+        now.replace(begin, 0, other.part(begin, back));
+        tell(begin + back, now.letters.substr(begin + back, gone), {});
         now = other;
     }
 
     std::mt19937 random_{11};
-    std::deque<Plain> done_;
-    std::vector<Plain> undone_;
+    std::deque<plain::Text> done_;
+    std::vector<plain::Text> undone_;
 };
 
 } // namespace
@@ -142,22 +99,22 @@ private:
 TEST(WordMoments, TenThousandEdits_OfEveryKind_LeaveEachLetterTheMomentThatItHad) {
     Both both;
     for (int step = 0; step < 10'000; ++step) {
-        const int at = both.upTo(both.size());
-        const int rest = both.size() - at;
-        const int kind = both.upTo(13);
+        const std::size_t at = both.upTo(both.now.size());
+        const std::size_t rest = both.now.size() - at;
+        const std::size_t kind = both.upTo(13);
         if (kind < 4) { // typed, also over a selection
             both.edit(at, both.upTo(8) == 0 ? std::min(both.upTo(20), rest) : 0, both.letters(3));
         } else if (kind < 6) { // deleted
             both.edit(at, std::min(both.upTo(12), rest), {});
         } else if (kind < 8) { // cut and pasted, or dragged
-            const int count = std::min(both.upTo(200), rest);
-            const Plain cut = both.part(at, count);
-            const Timed moments = both.tested.timed(at, count);
+            const std::size_t count = std::min(both.upTo(200), rest);
+            const plain::Text cut = both.now.part(at, count);
+            const Timed moments = both.tested.timed(static_cast<int>(at), static_cast<int>(count));
             both.paste(at, count, {}, {});
             both.record();
-            both.paste(both.upTo(both.size()), 0, moments, cut);
+            both.paste(both.upTo(both.now.size()), 0, moments, cut);
         } else if (kind == 8) { // replaced in many places
-            for (int hit = at; hit < std::min(at + 100, both.size() - 2); hit += 20) {
+            for (std::size_t hit = at; hit + 2 < std::min(at + 100, both.now.size()); hit += 20) {
                 both.edit(hit, 2, u"wxyz");
                 both.record();
             }
@@ -165,16 +122,16 @@ TEST(WordMoments, TenThousandEdits_OfEveryKind_LeaveEachLetterTheMomentThatItHad
             kind == 11 ? both.redo() : both.undo();
             continue;
         } else if (step % 100 == 0) { // another document now and then, or none
-            both.exchange(step % 300 == 0 ? Plain() : transcript(5000, step));
+            both.exchange(step % 300 == 0 ? plain::Text() : plain::transcript(5000, step));
         }
         // The control may tell of two changes at once.
-        const int other = both.upTo(both.size());
+        const std::size_t other = both.upTo(both.now.size());
         if (both.upTo(3) == 0)
-            both.edit(other, std::min(both.upTo(3), both.size() - other), both.letters(2));
+            both.edit(other, std::min(both.upTo(3), both.now.size() - other), both.letters(2));
         both.record();
-        ASSERT_EQ(both.tested.length(), both.size()) << step;
-        ASSERT_EQ(both.differences(at - 20, 60) + both.differences(both.upTo(both.size()), 60), 0) << step;
-        ASSERT_EQ(step % 200 == 0 ? both.differences(0, both.size()) : 0, 0) << step;
+        ASSERT_EQ(both.tested.length(), std::ssize(both.now.letters)) << step;
+        ASSERT_EQ(both.differences(at > 20 ? std::min(at - 20, both.now.size()) : 0, 60), 0) << step;
+        ASSERT_EQ(step % 10 == 0 ? both.differences(0, both.now.size()) : 0, 0) << step;
     }
 }
 
