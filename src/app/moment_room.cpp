@@ -1,6 +1,8 @@
 #include "app/moment_room.h"
 
 #include "base/carry_on.h"
+#include "drafts/letters.h"
+#include "drafts/names.h"
 
 #include <cmath>
 
@@ -12,6 +14,14 @@ namespace {
 
 constexpr int watchPeriod = 2000;        // ms
 constexpr std::int32_t leastKept = 3000; // ms; who has heard no more has not begun
+
+// A name may also stand alone, above what was said.
+base::TextView speakerOf(base::TextView paragraph) {
+    const base::TextView text = drafts::stripped(paragraph);
+    if (text.ends_with(u':') && drafts::isName(text.substr(0, text.size() - 1)))
+        return text.substr(0, text.size() - 1);
+    return drafts::nameAtHead(text).name;
+}
 
 } // namespace
 
@@ -36,6 +46,7 @@ MomentRoom::MomentRoom(Desktop& desktop, player::Form1& form1, EditorRoom& edito
     words_.Heard = [this] { return heardByWords(); };
     words_.ToldOther = [this] { tellOther(); };
     words_.MomentSet = [this] { editor_.document().TestoModificato = 1; };
+    stamps_.SpeakerOf = speakerOf;
     follow_.Plays = [this] { return form1_.WMP1.playState() == platform::PlayState::Playing; };
     editor.typing().Typed = [this] { follow_.typed(); };
     editor.undoRedo().momentsHeard([this] { return heardByWords(); });

@@ -2,9 +2,9 @@
 
 #include "base/carry_on.h"
 #include "lang/words.h"
-#include "moments/stamps.h"
 #include "moments/word_units.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace editor {
@@ -13,18 +13,13 @@ using lang::operator""_en;
 
 namespace {
 
-constexpr std::size_t longestName = 40; // units of a speaker's name in front of its colon
-
-// The speaker with whom a paragraph begins, be it behind a stamp; empty for none.
-base::TextView speakerOf(base::TextView paragraph) {
+// The paragraph without the stamp that it begins with.
+base::TextView behindStamp(base::TextView paragraph) {
     if (const auto stamp = moments::stampAt(paragraph, 0))
         paragraph.remove_prefix(static_cast<std::size_t>(stamp->length));
     while (!paragraph.empty() && moments::isBlank(paragraph.front()))
         paragraph.remove_prefix(1);
-    const auto colon = paragraph.find(u':');
-    const bool isName = colon != base::TextView::npos && colon > 0 && colon <= longestName &&
-                        (colon + 1 == paragraph.size() || moments::isBlank(paragraph[colon + 1]));
-    return isName ? paragraph.substr(0, colon) : base::TextView();
+    return paragraph;
 }
 
 } // namespace
@@ -44,58 +39,80 @@ StampCommands::StampCommands(Form2& form, UndoRedo& text, const SoundOptions& op
     mnuStampRemove.Click = [this] { remove(); };
 }
 
-// From the end to the beginning, so that the places before a stamp stay what they are.
-void StampCommands::insert(Places places) {
-    const base::Text text = text_.letters(0, text_.length());
-    std::vector<std::pair<std::int32_t, std::int32_t>> stamps; // place and time
+std::vector<moments::Stamp> StampCommands::stampsFor(Places places, base::TextView text) {
+    std::vector<moments::Stamp> stamps;
     base::Text speaker;
     std::int64_t next = 0; // ms of the next stamp at even distances
-    std::size_t paragraph = base::Text::npos;
-    moments::forEachWord(text, [&](std::size_t begin, base::TextView word) {
-        const auto newline = begin == 0 ? base::Text::npos : text.rfind(u'\n', begin - 1);
-        const std::size_t first = newline == base::Text::npos ? 0 : newline + 1;
-        const bool begins = std::exchange(paragraph, first) != first;
-        if (places != Places::Seconds && !begins)
-            return;
-        const auto place = static_cast<std::int32_t>(begin);
-        const auto moment = text_.moments().estimate(place, place + static_cast<std::int32_t>(word.size()));
-        if (!moment || moments::stampAt(text, begin))
-            return;
-        if (places == Places::Speakers) {
-            const base::TextView name = speakerOf(base::TextView(text).substr(first));
-            if (name.empty() || name == speaker)
+    const std::int64_t step = std::int64_t{options_.stampSeconds} * 1000;
+    for (std::size_t first = 0; first < text.size();) {
+        const base::TextView paragraph =
+            text.substr(first, std::min(text.find(u'\n', first), text.size()) - first);
+        bool begins = true;
+        moments::forEachWord(paragraph, [&](std::size_t at, base::TextView word) {
+            if (!std::exchange(begins, false) && places != Places::Seconds)
                 return;
-            speaker = name;
-        }
-        if (places == Places::Seconds) {
-            if (moment->start < next)
+            const auto old = moments::stampAt(paragraph, at);
+            const auto place = static_cast<std::int32_t>(first + at);
+            const auto moment =
+                old ? std::optional(moments::Moment{.start = old->ms})
+                    : text_.moments().estimate(place, place + static_cast<std::int32_t>(word.size()));
+            if (!moment)
                 return;
-            const std::int64_t step = std::int64_t{options_.stampSeconds} * 1000;
-            next = (moment->start / step + 1) * step;
-        }
-        stamps.emplace_back(place, moment->start);
-    });
-    form_.RTB.together([&] {
-        for (auto stamp = stamps.rbegin(); stamp != stamps.rend(); ++stamp)
-            base::carryOn([&] {
-                form_.RTB.setSelStart(stamp->first);
-                form_.RTB.setSelText(moments::stampText(stamp->second));
-            });
-    });
+            if (places == Places::Speakers) {
+                const base::TextView name = SpeakerOf(behindStamp(paragraph.substr(at)));
+                if (name.empty() || name == speaker)
+                    return;
+                speaker = name;
+            }
+            if (places == Places::Seconds) {
+                if (moment->start < next)
+                    return;
+                next = (moment->start / step + 1) * step;
+            }
+            if (!old)
+                stamps.push_back({place, 0, moment->start});
+        });
+        first += paragraph.size() + 1;
+    }
+    return stamps;
+}
+
+void StampCommands::insert(Places places) {
+    const base::Text text = text_.letters(0, text_.length());
+    std::vector<Edit> edits;
+    for (const moments::Stamp& stamp : stampsFor(places, text))
+        edits.push_back({stamp.position, 0, moments::stampText(stamp.ms)});
+    change(edits);
 }
 
 void StampCommands::remove() {
     const base::Text text = text_.letters(0, text_.length());
-    const std::vector<moments::Stamp> stamps = moments::stampsIn(text);
-    form_.RTB.together([&] {
-        for (auto stamp = stamps.rbegin(); stamp != stamps.rend(); ++stamp)
+    std::vector<Edit> edits;
+    for (const moments::Stamp& stamp : moments::stampsIn(text)) {
+        const auto behind = static_cast<std::size_t>(stamp.position + stamp.length);
+        edits.push_back(
+            {stamp.position, stamp.length + (behind < text.size() && text[behind] == u' ' ? 1 : 0), {}});
+    }
+    change(edits);
+}
+
+// From the end to the beginning, so that the places before an edit stay what they are. The caret stays with
+// its letter. A stamp is no word that is heard.
+void StampCommands::change(const std::vector<Edit>& edits) {
+    platform::RichText& rtb = form_.RTB;
+    std::int32_t caret = rtb.SelStart();
+    text_.asOneStep([&] {
+        for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit)
             base::carryOn([&] {
-                const auto behind = static_cast<std::size_t>(stamp->position + stamp->length);
-                form_.RTB.setSelStart(stamp->position);
-                form_.RTB.setSelLength(stamp->length +
-                                       (behind < text.size() && text[behind] == u' ' ? 1 : 0));
-                form_.RTB.setSelText({});
+                rtb.setSelStart(edit->position);
+                rtb.setSelLength(edit->removed);
+                rtb.setSelText(edit->inserted);
+                const auto added = static_cast<std::int32_t>(edit->inserted.size());
+                text_.moments().set(edit->position, added, std::nullopt);
+                if (edit->position <= caret)
+                    caret += added - std::min(edit->removed, caret - edit->position);
             });
+        rtb.setSelStart(caret);
     });
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "editor/word_sound.h"
+#include "moments/stamps.h"
 
 namespace editor {
 
@@ -11,11 +12,25 @@ public:
 
     std::vector<controls::MenuItem*> commands() { return {&mnuStamps}; }
 
+    // The name of the speaker with whom a paragraph begins; empty for none.
+    std::function<base::TextView(base::TextView paragraph)> SpeakerOf = [](base::TextView) {
+        return base::TextView();
+    };
+
 private:
     enum class Places { Paragraphs, Seconds, Speakers };
 
+    struct Edit {
+        std::int32_t position = 0;
+        std::int32_t removed = 0; // UTF-16 units
+        base::Text inserted;
+    };
+
     void insert(Places places);
     void remove();
+    // The stamps to be inserted, of length 0, in order.
+    std::vector<moments::Stamp> stampsFor(Places places, base::TextView text);
+    void change(const std::vector<Edit>& edits);
 
     controls::MenuItem mnuStamps;
     controls::MenuItem mnuStampParagraphs;

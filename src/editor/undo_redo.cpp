@@ -137,22 +137,43 @@ void UndoRedo::record() {
     redo_.clear();
     const SnapshotText& text = current();
     moments_.record();
-    undo_.push_back({RTB_.SelStart(), text.length(), text});
+    undo_.push_back({RTB_.SelStart(), text.length(), text, std::exchange(joins_, inStep_)});
+}
+
+void UndoRedo::asOneStep(const std::function<void()>& edits) {
+    struct Step {
+        explicit Step(UndoRedo& of) : records(of) { records.inStep_ = true; }
+        ~Step() { records.inStep_ = records.joins_ = false; }
+        UndoRedo& records;
+    };
+    const Step step(*this);
+    RTB_.together(edits);
 }
 
 void UndoRedo::EseguiUndo() {
     if (undo_.size() >= 2 && RegistraUndo) {
         RegistraUndo = false;
-        current();
-        moments_.undoing();
-        undoLast();
-        current();
-        moments_.undone();
-        redo_.push_back(std::move(undo_.back()));
-        undo_.pop_back();
+        if (undo_.back().joined)
+            RTB_.together([this] {
+                while (undo_.back().joined)
+                    undoRecord();
+                undoRecord();
+            });
+        else
+            undoRecord();
     }
     RegistraUndo = true;
     RTB_.SetFocus();
+}
+
+void UndoRedo::undoRecord() {
+    current();
+    moments_.undoing();
+    undoLast();
+    current();
+    moments_.undone();
+    redo_.push_back(std::move(undo_.back()));
+    undo_.pop_back();
 }
 
 void UndoRedo::undoLast() {
@@ -173,14 +194,24 @@ void UndoRedo::undoLast() {
 void UndoRedo::EseguiRedo() {
     if (!redo_.empty() && RegistraUndo) {
         RegistraUndo = false;
-        redoLast();
-        current();
-        moments_.redone();
-        undo_.push_back(std::move(redo_.back()));
-        redo_.pop_back();
+        const auto goesOn = [this] { return !redo_.empty() && redo_.back().joined; };
+        redoRecord();
+        if (goesOn())
+            RTB_.together([&] {
+                while (goesOn())
+                    redoRecord();
+            });
     }
     RegistraUndo = true;
     RTB_.SetFocus();
+}
+
+void UndoRedo::redoRecord() {
+    redoLast();
+    current();
+    moments_.redone();
+    undo_.push_back(std::move(redo_.back()));
+    redo_.pop_back();
 }
 
 void UndoRedo::redoLast() {

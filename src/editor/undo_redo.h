@@ -17,6 +17,7 @@ struct UndoElement {
     std::int32_t SelStart = 0; // the caret after the change
     std::int32_t TextLen = 0;  // length of Text
     SnapshotText Text;
+    bool joined = false; // undone and redone together with the record before
 };
 
 // The text by which two successive states differ: the part of the longer one that ends before `posizione`
@@ -32,6 +33,9 @@ public:
 
     // Records the current text after a change, and clears the redo list.
     void record();
+
+    // The changes that these edits cause are recorded one by one, but undone and redone together.
+    void asOneStep(const std::function<void()>& edits);
 
     void EseguiUndo();
     void EseguiRedo();
@@ -80,6 +84,9 @@ private:
     void adoptRecording();
     void applyToMoments(const platform::TextChange& change, const Arrival* arrival);
     void applyArrival(const platform::TextChange& change, const Arrival& arrival);
+    // Both move one record to the other list.
+    void undoRecord();
+    void redoRecord();
     void undoLast();
     void redoLast();
     // takeOut removes a range; putIn inserts text and leaves it selected unless it is a letter or a line
@@ -95,6 +102,8 @@ private:
     moments::WordMoments moments_;
     std::optional<Arrival> arrival_; // of the next change
     moments::Layer layer_;           // the recording that the moments belong to
+    bool inStep_ = false;            // several changes are one step
+    bool joins_ = false;             // the next one joins the record before
 };
 
 } // namespace editor

@@ -1,3 +1,4 @@
+#include "drafts/names.h"
 #include "editor/clipboard_forms.h"
 #include "editor/follow_sound.h"
 #include "editor/stamp_commands.h"
@@ -110,22 +111,41 @@ TEST_F(EditorMomentsTest, FollowedSound_MarksItsWord_AndLetsTheUserScroll) {
     EXPECT_EQ(heard().back(), 900);
 }
 
-TEST_F(EditorMomentsTest, Stamps_AreInsertedFromTheLayer_AndRemoved) {
+TEST_F(EditorMomentsTest, Stamps_AreInsertedFromTheLayer_AndRemoved_EachInOneStep) {
+    stamps.SpeakerOf = [](base::TextView paragraph) { return drafts::nameAtHead(paragraph).name; };
     typeWords(u"Ann: one two");
-    text.type(u"\r\n");
-    typeWords(u"Bob: three");
+    for (const base::TextView paragraph : {u"Ann: and more", u"Bob: three"}) {
+        text.type(u"\r\n");
+        typeWords(paragraph);
+    }
     const base::Text plain = text.Text();
+    const std::vector<int> times = heard();
     const auto& menu = stamps.commands().front()->items;
     const std::pair<std::size_t, base::Text> rows[] = {
-        {0, u"[00:00:01] Ann: one two\r\n[00:00:03] Bob: three"},
-        {2, u"[00:00:01] Ann: one two\r\n[00:00:03] Bob: three"},
-        {1, u"[00:00:01] Ann: [00:00:02] one two\r\nBob: [00:00:04] three"},
+        {0, u"[00:00:01] Ann: one two\r\n[00:00:03] Ann: and more\r\n[00:00:05] Bob: three"},
+        {2, u"[00:00:01] Ann: one two\r\nAnn: and more\r\n[00:00:05] Bob: three"},
+        {1, u"[00:00:01] Ann: [00:00:02] one two\r\nAnn: [00:00:04] and more\r\nBob: [00:00:06] three"},
     };
     options.stampSeconds = 2;
+    now = 2500;
     for (const auto& [command, expected] : rows) {
+        text.setSelStart(9); // "two"
         menu[command]->Click();
+        EXPECT_EQ(text.Text(), expected);
+        EXPECT_EQ(text.Text().substr(static_cast<std::size_t>(text.SelStart()), 3), u"two");
+        EXPECT_EQ(undoRedo.moments().at(0), std::nullopt) << "a stamp is no word that is heard";
+        menu[command]->Click();
+        EXPECT_EQ(text.Text(), expected) << "where there are stamps, none are added";
+        undoRedo.EseguiUndo();
+        EXPECT_EQ(text.Text(), plain);
+        EXPECT_EQ(heard(), times);
+        undoRedo.EseguiRedo();
         EXPECT_EQ(text.Text(), expected);
         menu[4]->Click();
         EXPECT_EQ(text.Text(), plain);
+        undoRedo.EseguiUndo();
+        EXPECT_EQ(text.Text(), expected);
+        undoRedo.EseguiUndo();
     }
+    EXPECT_EQ(heard(), times);
 }
