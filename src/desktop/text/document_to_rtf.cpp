@@ -162,30 +162,52 @@ private:
 } // namespace
 
 rtf::Document rtfOf(const EditorDocument& document) {
-    Extraction extraction(document);
-    rtf::DocumentBuilder& builder = extraction.builder();
-    builder.section() = document.sections.front();
-    // If a paragraph with a section mark was split, both halves carry the mark: the first one counts.
-    std::vector<bool> begun(document.sections.size(), false);
-    begun.front() = true;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        extraction.addParagraph(block, {0, document.characterCount()});
-        if (block.next().isValid() && extraction.addPageBreak(block.next()))
-            continue;
-        const auto section = static_cast<std::size_t>(block.next().blockFormat().intProperty(SectionIndex));
-        if (section >= begun.size() || begun[section]) {
-            builder.endParagraph(extraction.takeParagraph());
-            continue;
-        }
-        begun[section] = true;
-        builder.endSection(extraction.takeParagraph());
-        builder.section() = document.sections[section];
-    }
-    rtf::Document whole = builder.finish(document.lastParagraphEnds);
+    FileMap map;
+    return rtfOf(document, map);
+}
+
+rtf::Document rtfOf(const EditorDocument& document, FileMap& map) {
+    map = {{}, std::vector<int>(document.sections.size(), -1)};
+    rtf::Document whole = rtfOf(document, 0, document.blockCount(), map);
+    whole.lastParagraphEnds = document.lastParagraphEnds;
     whole.pageWords = document.pageWords;
     whole.head = document.head;
     whole.keptTables = document.keptTables;
     return whole;
+}
+
+rtf::Document rtfOf(const EditorDocument& document, int first, int end, FileMap& map) {
+    Extraction extraction(document);
+    rtf::DocumentBuilder& builder = extraction.builder();
+    // If a paragraph with a section mark was split, both halves carry the mark: the first one counts.
+    const auto begins = [&](std::size_t section, int paragraph) {
+        if (section >= map.sections.size() || map.sections[section] != -1)
+            return false;
+        map.sections[section] = paragraph;
+        return true;
+    };
+    const auto marked = [](const QTextBlock& block) {
+        return static_cast<std::size_t>(block.blockFormat().intProperty(SectionIndex));
+    };
+    QTextBlock block = document.findBlockByNumber(first);
+    if (const std::size_t section = first == 0 ? 0 : marked(block); begins(section, first))
+        builder.section() = document.sections[section];
+    for (int next = first + 1; next <= end; ++next) {
+        extraction.addParagraph(block, {0, document.characterCount()});
+        block = block.next();
+        if (next < end && extraction.addPageBreak(block)) {
+            map.rests.push_back(next);
+        } else if (next < end && begins(marked(block), next)) {
+            builder.endSection(extraction.takeParagraph());
+            builder.section() = document.sections[marked(block)];
+        } else {
+            builder.endParagraph(extraction.takeParagraph());
+        }
+    }
+    rtf::Document part = builder.finish(true);
+    if (!part.kept.empty())
+        part.keptTables = document.keptTables;
+    return part;
 }
 
 rtf::Document rtfOf(const EditorDocument& document, TextRange range) {

@@ -78,8 +78,6 @@ public:
     // The break in front of a paragraph. If the user has split the paragraph, both halves carry the mark: the
     // first one counts.
     PageBreak pageBreakBefore(const QTextBlock& block) const;
-    // True once the document has had a page break.
-    bool hasPageBreaks() const { return pageBreaks_ > 0; }
     // Gives the format of a paragraph that is about to be inserted a page break of its own.
     void breakPage(QTextBlockFormat& format) { format.setProperty(PageBreakNumber, ++pageBreaks_); }
     // Splits the paragraph at the cursor by a page break; the new paragraph begins with the format `letters`.

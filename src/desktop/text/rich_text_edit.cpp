@@ -111,6 +111,8 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
         paragraphs_.note(*document_, position, added);
         if (!ahead_)
             noteChange(position, removed, added);
+        else if (together_ && position <= together_->begin && position + added >= together_->end)
+            together_.reset();
         Edited();
     });
     setDocument(document_);
@@ -135,6 +137,13 @@ void RichTextEdit::noteChange(int position, int removed, int added) {
     putMeasuringOff();
     if (editing_ == 0)
         edit(SameLength::Format, [] {});
+}
+
+void RichTextEdit::noteTogether(int start, int removed, int added) {
+    paragraphs_.note(*document_, start, added);
+    const TextRange before = together_.value_or(TextRange{start, start});
+    together_ = {std::min(before.begin, start), std::max(before.end, start + removed) + added - removed};
+    noteChange(start, removed, added);
 }
 
 base::Text RichTextEdit::Text() const {
@@ -220,7 +229,7 @@ void RichTextEdit::replaceSelection(const std::function<void(QTextCursor&)>& ins
     const int removed = cursor.selectionEnd() - start;
     insert(cursor);
     if (const int added = document_->characterCount() - before + removed; ahead_ && removed + added > 0)
-        noteChange(start, removed, added);
+        noteTogether(start, removed, added);
     setCaret(cursor);
 }
 
@@ -371,29 +380,25 @@ void RichTextEdit::setSource(std::string_view source) {
 std::optional<platform::ParagraphChange> RichTextEdit::takeParagraphs() {
     if (!paragraphs_.changed())
         return std::nullopt;
-    // After a page break inside of a paragraph, Qt's paragraph numbers differ from those of the RTF.
-    if (document_->hasPageBreaks())
-        return platform::ParagraphChange{0, 0, takeAllParagraphs(), true};
     const ChangedParagraphs::Range range = paragraphs_.take(*document_);
-    if (range.whole)
+    auto changed = range.whole ? std::nullopt : filed_.take(*document_, range);
+    if (!changed)
         return platform::ParagraphChange{0, 0, takeAllParagraphs(), true};
-    platform::ParagraphChange change{
-        static_cast<std::uint32_t>(range.first), static_cast<std::uint32_t>(range.removed), {}, false};
-    if (range.inserted > 0) {
-        const QTextBlock behind = document_->findBlockByNumber(range.first + range.inserted);
-        const int begin = document_->findBlockByNumber(range.first).position();
+    platform::ParagraphChange change{changed->first, changed->removed, {}, false};
+    if (changed->begin < changed->end) {
+        const QTextBlock behind = document_->findBlockByNumber(changed->end);
         const int end = behind.isValid() ? behind.position() : document_->characterCount();
-        rtf::Document part = rtfOf(*document_, {begin, end});
-        const std::int32_t first = programPosition(*document_, begin);
-        part.moments = Beside(first, programPosition(*document_, end) - first);
-        change.source = withAllEnds(std::move(part));
+        const std::int32_t first =
+            programPosition(*document_, document_->findBlockByNumber(changed->begin).position());
+        changed->part.moments = Beside(first, programPosition(*document_, end) - first);
+        change.source = withAllEnds(std::move(changed->part));
     }
     return change;
 }
 
 std::string RichTextEdit::takeAllParagraphs() {
     paragraphs_.take(*document_);
-    rtf::Document whole = rtfOf(*document_);
+    rtf::Document whole = filed_.takeAll(*document_);
     whole.moments = Beside(0, textLength());
     return withAllEnds(std::move(whole));
 }
@@ -454,6 +459,7 @@ void RichTextEdit::together(const std::function<void()>& edits) {
         }
         ~Block() {
             cursor.endEditBlock();
+            rtb.completeReport();
             rtb.setTextCursor(*std::exchange(rtb.ahead_, std::nullopt));
         }
         RichTextEdit& rtb;
@@ -461,6 +467,12 @@ void RichTextEdit::together(const std::function<void()>& edits) {
     };
     const Block block(*this);
     edits();
+}
+
+// If paragraphs have bullets, the range that Qt reports for several edits may end too early.
+void RichTextEdit::completeReport() {
+    if (const auto range = std::exchange(together_, std::nullopt))
+        document_->markContentsDirty(range->begin, range->end - range->begin);
 }
 
 void RichTextEdit::besideChanged(std::int32_t position) {

@@ -6,6 +6,7 @@
 #include "desktop/text/changed_stretch.h"
 #include "desktop/text/editor_document.h"
 #include "desktop/text/editor_layout.h"
+#include "desktop/text/file_paragraphs.h"
 #include "desktop/text/text_units.h"
 #include "platform/rich_text.h"
 
@@ -123,6 +124,8 @@ private:
     template <typename Work>
     void edit(SameLength meaning, Work&& work);
     void noteChange(int position, int removed, int added);
+    void noteTogether(int start, int removed, int added);
+    void completeReport();
     // The whole text is about to be replaced by one with this beside it.
     void arriveWhole(const std::string& beside) const;
     // Runs `work`, which replaces the selection by letters with this beside them.
@@ -162,9 +165,11 @@ private:
     bool changed_ = false;
     ChangedStretch stretch_;          // changes not yet taken
     ChangedParagraphs paragraphs_;    // likewise, formats included
+    FileParagraphs filed_;            // as taken before
     std::set<std::uint64_t> pressed_; // keys (by physical position) pressed in the text and not yet released
     QtClipboard selection_{QClipboard::Selection};
-    std::optional<QTextCursor> ahead_; // set only while edits run together
+    std::optional<QTextCursor> ahead_;  // set only while edits run together
+    std::optional<TextRange> together_; // what these have changed, until Qt has reported all of it
 };
 
 // Used only in the control's own source files.
