@@ -11,7 +11,8 @@
 
 namespace platform {
 
-// The kinds of message box that the program shows. The numbers combine icon and buttons.
+// The kinds of message box that the program shows. The numbers combine icon, buttons and default button; that
+// is the first one unless the name says otherwise.
 enum class BoxStyle {
     Plain = 0,
     Critical = 16,
@@ -19,6 +20,7 @@ enum class BoxStyle {
     Exclamation = 48,
     YesNoExclamation = 52,
     YesNoInformation = 68,
+    YesNoExclamationDefaultNo = 308,
     YesNoCancelExclamation = 51
 };
 

@@ -192,7 +192,7 @@ void EarlierVersions::saveCopy() {
 
 void EarlierVersions::deleteAll() {
     if (dialogs_.messageBox(words_(u"Delete all earlier versions? Nothing brings them back."_en), {},
-                            platform::BoxStyle::YesNoExclamation) != platform::Answer::Yes)
+                            platform::BoxStyle::YesNoExclamationDefaultNo) != platform::Answer::Yes)
         return;
     try {
         archive_.removeAll();

@@ -69,25 +69,31 @@ protected:
 
 } // namespace
 
-TEST(MessageBox, EachStyle_HasItsButtons_AndEscapeGivesTheSafeAnswer) {
+TEST(MessageBox, EachStyle_HasItsButtons_AndAnswersToEscapeAndEnter) {
     using Box = QMessageBox;
     const struct {
         BoxStyle style;
         Box::Icon icon;
         Box::StandardButtons buttons;
         Answer escape;
+        Answer enter;
     } rows[] = {
-        {BoxStyle::Exclamation, Box::Warning, Box::Ok, Answer::OK},
-        {BoxStyle::YesNoInformation, Box::Information, Box::Yes | Box::No, Answer::No},
-        {BoxStyle::YesNoCancelExclamation, Box::Warning, Box::Yes | Box::No | Box::Cancel, Answer::Cancel},
+        {BoxStyle::Exclamation, Box::Warning, Box::Ok, Answer::OK, Answer::OK},
+        {BoxStyle::YesNoInformation, Box::Information, Box::Yes | Box::No, Answer::No, Answer::Yes},
+        {BoxStyle::YesNoExclamationDefaultNo, Box::Warning, Box::Yes | Box::No, Answer::No, Answer::No},
+        {BoxStyle::YesNoCancelExclamation, Box::Warning, Box::Yes | Box::No | Box::Cancel, Answer::Cancel,
+         Answer::Yes},
     };
     for (const auto& row : rows) {
-        whenOpen<Box>([&](Box& box) {
-            EXPECT_EQ(box.icon(), row.icon);
-            EXPECT_EQ(box.standardButtons(), row.buttons);
-            QTest::keyClick(&box, Qt::Key_Escape);
-        });
-        EXPECT_EQ(desktop::QtDialogs().messageBox(u"Text", u"", row.style), row.escape);
+        for (const auto& [key, answer] :
+             {std::pair(Qt::Key_Escape, row.escape), {Qt::Key_Return, row.enter}}) {
+            whenOpen<Box>([&, pressed = key](Box& box) {
+                EXPECT_EQ(box.icon(), row.icon);
+                EXPECT_EQ(box.standardButtons(), row.buttons);
+                QTest::keyClick(&box, pressed);
+            });
+            EXPECT_EQ(desktop::QtDialogs().messageBox(u"Text", u"", row.style), answer);
+        }
     }
 }
 

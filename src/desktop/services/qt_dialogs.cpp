@@ -36,6 +36,7 @@ QMessageBox::StandardButtons buttons(BoxStyle style) {
     switch (style) {
     case BoxStyle::YesNoExclamation:
     case BoxStyle::YesNoInformation:
+    case BoxStyle::YesNoExclamationDefaultNo:
         return QMessageBox::Yes | QMessageBox::No;
     case BoxStyle::YesNoCancelExclamation:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -59,6 +60,7 @@ QMessageBox::Icon icon(BoxStyle style) {
         return QMessageBox::Information;
     case BoxStyle::Exclamation:
     case BoxStyle::YesNoExclamation:
+    case BoxStyle::YesNoExclamationDefaultNo:
     case BoxStyle::YesNoCancelExclamation:
         break;
     }
@@ -146,6 +148,8 @@ Answer showBox(QWidget* owner, base::TextView text, base::TextView title, BoxSty
     box.setTextFormat(Qt::PlainText);
     box.setText(boxText(text));
     box.setStandardButtons(buttons(style));
+    if (style == BoxStyle::YesNoExclamationDefaultNo)
+        box.setDefaultButton(QMessageBox::No);
     if (auto* const grid = qobject_cast<QGridLayout*>(box.layout()))
         grid->setColumnMinimumWidth(grid->columnCount() - 1, leastTextWidth);
     // The player stays on top of all windows; a box behind it would look like a hang.
