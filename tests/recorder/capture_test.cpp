@@ -146,7 +146,7 @@ TEST_F(CaptureTest, FullDisk_ReportsNothing_AndKeepsWhatWasRecorded) {
 }
 
 TEST_F(CaptureTest, Peaks_AreMeasuredInOneMillisecondOfThePreviousBuffer) {
-    // Channels, bits, and the left and right peaks of a buffer that begins 101, 102, 103, ...
+    // Channels, bits per sample, and the left and right peak of a buffer whose bytes count up from 101.
     const std::tuple<std::int16_t, std::int16_t, int, int> rows[] = {
         {2, 16, 126 * 256 + 125, 0x10000 - (128 * 256 + 127)}, {1, 8, 128 - 101, 128 - 101}};
     int left = -1, right = -1;
