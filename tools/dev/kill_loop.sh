@@ -155,7 +155,8 @@ whole_recording() { # FILE MS: holds at least so much
 
 lay_round() {
   if [[ $mode == full || $mode == readonly ]]; then
-    ! mountpoint -q "$scratch/disk" || umount "$scratch/disk"
+    # A program that was killed just before may still hold it.
+    ! mountpoint -q "$scratch/disk" || wait_until 10 'umount "$scratch/disk" 2>/dev/null' || fail "the disk stays busy"
     mkdir -p "$scratch/disk"
     mount -t tmpfs -o size=$(($(du -sk "$PORTABLE_DIR" | cut -f1) + 6000))k none "$scratch/disk" 2>/dev/null ||
       { echo "no small file system can be mounted here"; exit 77; }
@@ -295,7 +296,7 @@ start_again() {
   ! grep -aqs "w$round" "$folder/Files/Safety/Journal" || journaled=yes
   [[ $mode != display ]] || new_display
   change_elsewhere
-  before=$(cksum "$document" 2>/dev/null || true)
+  before=$(document_sum)
   if [[ $mode == kill ]] && chance 4; then # a second time, while it restores the work
     launch_only
     sleep "0.$((RANDOM % 9 + 1))"
@@ -310,34 +311,38 @@ start_again() {
     wait_until 15 '[[ -e "$folder/Rec 01 repaired.wav" ]]' || problem "no repaired recording"
   fi
   use_editor
-  [[ $(cksum "$document" 2>/dev/null || true) == "$before" ]] || problem "the start has touched the document"
-  # A key that comes before the windows of the start have settled goes to another one: try twice.
-  save_and_quit || { answer_box Escape && save_and_quit; } || { problem "the exit asks" && answer_box alt+n; }
+  [[ $(document_sum) == "$before" ]] || problem "the start has touched the document"
+  save_restored
+  quit_or_answer
   await_end 20
   expect_code 0
   [[ $mode != readonly ]] || mount -o remount,rw "$folder"
 }
-# Saves and exits; fails if the exit asks.
-save_and_quit() {
-  use_editor
+document_sum() { cksum "$document" 2>/dev/null || true; }
+# A killed program may have saved everything before. In an empty editor, which counts as changed, Ctrl+S would open a
+# dialog.
+save_restored() {
   expect_soon "the editor has the keyboard" 10 '[[ $(xdotool getwindowfocus) == "$window" ]]'
-  key ctrl+s
-  # A restored untitled text asks for its name.
-  if [[ ! -e $document && $journaled == yes ]]; then
-    wait_until 5 'xdotool search --onlyvisible --name "^Save document as$" >/dev/null 2>&1' || key ctrl+s
+  # A key that comes before the windows of the start have settled goes to another one: press it again.
+  if [[ $(xdotool getwindowname "$window") == *" - ${document##*/}" ]]; then
+    expect_soon "the document is saved" 10 'key ctrl+s; wait_until 2 document_changed'
+  elif [[ ! -e $document && $journaled == yes ]]; then
+    expect_soon "the dialog opens" 10 'key ctrl+s; wait_until 3 asks_for_name'
     save_as
   fi
-  # An activation is lost when another window has just closed: find_player repeats it.
-  find_player 20 || fail "the player cannot be activated"
-  key ctrl+q
-  wait_until 20 '! running || box' || problem "hangs at the exit"
-  # While the program ends, its last window may be taken for a box.
-  wait_until 3 '! running'
 }
-answer_box() { # KEY: until the box is closed
-  # Once: with the box closed, a second Escape would reach the player, which exits.
-  key "$1"
-  wait_until 10 '! box'
+document_changed() { [[ $(document_sum) != "$before" ]]; }
+asks_for_name() { xdotool search --onlyvisible --name "^Save document as$" >/dev/null 2>&1; }
+quit_or_answer() {
+  local try
+  for try in 1 2 3; do
+    find_player 20 || fail "the player cannot be activated"
+    key ctrl+q
+    # While the program ends, its last window may be taken for a box.
+    ! wait_until 5 '! running || box' || ! wait_until 3 '! running' || return 0
+    ! box || { problem "the exit asks" && key alt+n && return 0; }
+    [[ ! ${KEEP_DIR-} ]] || import -window root "$scratch/quit$try.png"
+  done
 }
 launch_only() {
   as_companion "$folder/quillmere" >>"$scratch/program.log" 2>&1 &
