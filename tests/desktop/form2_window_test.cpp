@@ -1,9 +1,12 @@
 #include "desktop/windows/form2_window.h"
 
 #include "desktop/text/rich_text_edit.h"
+#include "desktop/views/menus.h"
 #include "editor/editor_window.h"
 #include "fakes/virtual_loop.h"
 #include "qt_testing.h"
+
+#include <QMenu>
 
 using desktop::qstring;
 using fakes::eventually;
@@ -74,4 +77,17 @@ TEST_F(Form2WindowTest, Escape_InTheTextOrABox_DoesNotReachTheWindow) {
     QApplication::focusWidget()->clearFocus();
     QTest::keyClick(&window, Qt::Key_Escape);
     EXPECT_EQ(told, 1);
+}
+
+TEST_F(Form2WindowTest, AMenuInsideAMenu_OpensItsCommands) {
+    controls::MenuItem bar{"bar"}, within{"within"}, inner{"inner"};
+    int runs = 0;
+    inner.Click = [&] { ++runs; };
+    within.items = {&inner};
+    bar.items = {&within};
+    const desktop::MenuBar menus({&bar}, nullptr);
+    const auto* const opened = menus.findChild<QMenu*>(QStringLiteral("within"));
+    ASSERT_TRUE(opened);
+    opened->actions().front()->trigger();
+    EXPECT_EQ(runs, 1);
 }

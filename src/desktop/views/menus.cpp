@@ -36,7 +36,7 @@ void follow(QAction& action, const controls::MenuItem& item) {
     action.setChecked(item.checked);
 }
 
-void addItem(QWidget& menu, controls::MenuItem& item) {
+void addCommand(QWidget& menu, controls::MenuItem& item) {
     auto* const action = new QAction(&menu);
     action->setObjectName(qstring(item.name));
     action->setSeparator(item.caption.get() == separatorCaption);
@@ -60,23 +60,25 @@ void addItem(QWidget& menu, controls::MenuItem& item) {
     menu.addAction(action);
 }
 
+// Adds a command, or a menu with its commands.
+void addItem(QWidget& above, controls::MenuItem& item) {
+    if (item.items.empty())
+        return addCommand(above, item);
+    auto* const menu = new QMenu(&above);
+    menu->setObjectName(qstring(item.name));
+    menu->setSeparatorsCollapsible(false);
+    for (controls::MenuItem* const inner : item.items)
+        addItem(*menu, *inner);
+    item.observe([menu, &item] { follow(*menu->menuAction(), item); });
+    follow(*menu->menuAction(), item);
+    above.addAction(menu->menuAction());
+}
+
 } // namespace
 
 MenuBar::MenuBar(const std::vector<controls::MenuItem*>& menus, QWidget* parent) : QMenuBar(parent) {
-    for (controls::MenuItem* const item : menus) {
-        if (item->items.empty()) {
-            addItem(*this, *item);
-            continue;
-        }
-        auto* const menu = new QMenu(this);
-        menu->setObjectName(qstring(item->name));
-        menu->setSeparatorsCollapsible(false);
-        for (controls::MenuItem* const inner : item->items)
-            addItem(*menu, *inner);
-        item->observe([menu, item] { follow(*menu->menuAction(), *item); });
-        follow(*menu->menuAction(), *item);
-        addMenu(menu);
-    }
+    for (controls::MenuItem* const item : menus)
+        addItem(*this, *item);
 }
 
 void MenuBar::paintEvent(QPaintEvent* event) {
