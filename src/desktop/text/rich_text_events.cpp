@@ -13,6 +13,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTextDocumentFragment>
 
 namespace desktop {
@@ -120,9 +121,12 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
             EditKey(*command);
         return;
     }
+    const int scrolled = verticalScrollBar()->value();
     // A key pressed without a selection replaces nothing, but it may remove a bullet.
     if (isControlsOwn(*event))
         edit(sameLengthNow(), [&] { QTextEdit::keyPressEvent(event); });
+    if (verticalScrollBar()->value() != scrolled)
+        Scrolled();
     // Otherwise the window would act on some keys: Escape ends the program, Shift+Tab moves the focus to a
     // control.
     event->accept();
@@ -155,8 +159,7 @@ void RichTextEdit::mouseMoveEvent(QMouseEvent* event) {
 
 void RichTextEdit::mousePressEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton && event->modifiers() == Qt::ControlModifier) {
-        const int place = cursorForPosition(event->position().toPoint()).position();
-        if (CtrlClick(programPosition(*document_, place))) {
+        if (const auto letter = letterAt(event->position().toPoint()); letter && CtrlClick(*letter)) {
             event->accept();
             return;
         }

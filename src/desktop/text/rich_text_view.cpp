@@ -121,9 +121,15 @@ void RichTextEdit::scrollTo(std::int32_t position, std::int32_t length) {
         bar.setValue(bar.value() + places.front().top() - height / 3);
 }
 
+std::optional<std::int32_t> RichTextEdit::letterAt(const QPoint& point) const {
+    const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    const int letter = layout_->hitTest(point + scrolled, Qt::ExactHit);
+    return letter < 0 ? std::nullopt : std::optional(programPosition(*document_, letter));
+}
+
 void RichTextEdit::showPointer(const QPoint& place, Qt::KeyboardModifiers modifiers) {
-    const bool hand = modifiers == Qt::ControlModifier &&
-                      Clickable(programPosition(*document_, cursorForPosition(place).position()));
+    const auto letter = modifiers == Qt::ControlModifier ? letterAt(place) : std::nullopt;
+    const bool hand = letter && Clickable(*letter);
     viewport()->setCursor(hand ? Qt::PointingHandCursor : Qt::IBeamCursor);
 }
 

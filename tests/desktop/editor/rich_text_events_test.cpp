@@ -316,3 +316,17 @@ TEST_F(RichTextEvents, MousePress_IsReportedWithItsButton_AndFocusLossOnce) {
     loseKeyboard(Qt::ActiveWindowFocusReason);
     EXPECT_EQ(heard(), Told{"lost"});
 }
+
+TEST_F(RichTextEvents, ClickWithCtrl_IsReportedForALetter_ButNotBesideTheText) {
+    rtb.setText(u"ab\r\ncd");
+    rtb.CtrlClick = [this](std::int32_t position) {
+        told.push_back("hear " + std::to_string(position));
+        return true;
+    };
+    QTextCursor last(rtb.document());
+    last.movePosition(QTextCursor::End);
+    const QPoint behind = rtb.cursorRect(last).center();
+    for (const int distance : {-4, 40})
+        QTest::mouseClick(rtb.viewport(), Qt::LeftButton, Qt::ControlModifier, behind + QPoint(distance, 0));
+    EXPECT_EQ(heard(), (Told{"hear 5", "mouse 1"}));
+}
