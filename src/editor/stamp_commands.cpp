@@ -96,23 +96,18 @@ void StampCommands::remove() {
     change(edits);
 }
 
-// From the end to the beginning, so that the places before an edit stay what they are. The caret stays with
-// its letter. A stamp is no word that is heard.
+// From the end to the beginning, so that the places before an edit stay what they are. A stamp is no word
+// that is heard.
 void StampCommands::change(const std::vector<Edit>& edits) {
-    platform::RichText& rtb = form_.RTB;
-    std::int32_t caret = rtb.SelStart();
     text_.asOneStep([&] {
         for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit)
             base::carryOn([&] {
-                rtb.setSelStart(edit->position);
-                rtb.setSelLength(edit->removed);
-                rtb.setSelText(edit->inserted);
-                const auto added = static_cast<std::int32_t>(edit->inserted.size());
-                text_.moments().set(edit->position, added, std::nullopt);
-                if (edit->position <= caret)
-                    caret += added - std::min(edit->removed, caret - edit->position);
+                form_.RTB.setSelStart(edit->position);
+                form_.RTB.setSelLength(edit->removed);
+                form_.RTB.setSelText(edit->inserted);
+                text_.moments().set(edit->position, static_cast<std::int32_t>(edit->inserted.size()),
+                                    std::nullopt);
             });
-        rtb.setSelStart(caret);
     });
 }
 

@@ -42,6 +42,9 @@ const SnapshotText& UndoRedo::current() {
     if (change.removed == 0 && change.inserted.empty())
         return text_;
     applyToMoments(change, arrival ? &*arrival : nullptr);
+    if (caret_ && change.position <= *caret_)
+        *caret_ += static_cast<std::int32_t>(change.inserted.size()) -
+                   std::min(change.removed, *caret_ - change.position);
     text_.replace(change.position, change.removed, change.inserted);
     return text_;
 }
@@ -147,14 +150,24 @@ void UndoRedo::asOneStep(const std::function<void()>& edits) {
         UndoRedo& records;
     };
     const Step step(*this);
-    RTB_.together(edits);
+    inOneStep(edits);
+}
+
+void UndoRedo::inOneStep(const std::function<void()>& edits) {
+    RTB_.together([&] {
+        current();
+        caret_ = RTB_.SelStart();
+        edits();
+        current();
+        RTB_.setSelStart(std::exchange(caret_, std::nullopt).value_or(0));
+    });
 }
 
 void UndoRedo::EseguiUndo() {
     if (undo_.size() >= 2 && RegistraUndo) {
         RegistraUndo = false;
         if (undo_.back().joined)
-            RTB_.together([this] {
+            inOneStep([this] {
                 while (undo_.back().joined)
                     undoRecord();
                 undoRecord();
@@ -194,13 +207,15 @@ void UndoRedo::undoLast() {
 void UndoRedo::EseguiRedo() {
     if (!redo_.empty() && RegistraUndo) {
         RegistraUndo = false;
-        const auto goesOn = [this] { return !redo_.empty() && redo_.back().joined; };
-        redoRecord();
+        const auto goesOn = [this] { return redo_.size() > 1 && redo_[redo_.size() - 2].joined; };
         if (goesOn())
-            RTB_.together([&] {
+            inOneStep([&] {
                 while (goesOn())
                     redoRecord();
+                redoRecord();
             });
+        else
+            redoRecord();
     }
     RegistraUndo = true;
     RTB_.SetFocus();

@@ -34,7 +34,8 @@ public:
     // Records the current text after a change, and clears the redo list.
     void record();
 
-    // The changes that these edits cause are recorded one by one, but undone and redone together.
+    // The changes that these edits cause are recorded one by one, but undone and redone together. The caret
+    // stays with its letter.
     void asOneStep(const std::function<void()>& edits);
 
     void EseguiUndo();
@@ -84,6 +85,8 @@ private:
     void adoptRecording();
     void applyToMoments(const platform::TextChange& change, const Arrival* arrival);
     void applyArrival(const platform::TextChange& change, const Arrival& arrival);
+    // Runs these edits with one update of the display; the caret stays with its letter.
+    void inOneStep(const std::function<void()>& edits);
     // Both move one record to the other list.
     void undoRecord();
     void redoRecord();
@@ -100,10 +103,11 @@ private:
     std::deque<UndoElement> undo_;
     std::deque<UndoElement> redo_;
     moments::WordMoments moments_;
-    std::optional<Arrival> arrival_; // of the next change
-    moments::Layer layer_;           // the recording that the moments belong to
-    bool inStep_ = false;            // several changes are one step
-    bool joins_ = false;             // the next one joins the record before
+    std::optional<Arrival> arrival_;    // of the next change
+    moments::Layer layer_;              // the recording that the moments belong to
+    std::optional<std::int32_t> caret_; // of a step, followed through its changes
+    bool inStep_ = false;               // several changes are one step
+    bool joins_ = false;                // the next one joins the record before
 };
 
 } // namespace editor

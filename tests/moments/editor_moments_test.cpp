@@ -138,6 +138,7 @@ TEST_F(EditorMomentsTest, Stamps_AreInsertedFromTheLayer_AndRemoved_EachInOneSte
         EXPECT_EQ(text.Text(), expected) << "where there are stamps, none are added";
         undoRedo.EseguiUndo();
         EXPECT_EQ(text.Text(), plain);
+        EXPECT_EQ(text.SelStart(), 9);
         EXPECT_EQ(heard(), times);
         undoRedo.EseguiRedo();
         EXPECT_EQ(text.Text(), expected);
