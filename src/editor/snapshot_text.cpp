@@ -5,15 +5,6 @@
 
 namespace editor {
 
-template <typename Thing>
-std::uint32_t SnapshotStore::Slab<Thing>::take() {
-    if (free_ != 0)
-        return std::exchange(free_, (*this)[free_].length);
-    if (next_ / blockSize >= blocks_.size())
-        blocks_.push_back(std::make_unique_for_overwrite<Thing[]>(blockSize));
-    return next_++;
-}
-
 std::uint32_t SnapshotStore::length(Id id) const {
     return id == 0 ? 0 : isLeaf(id) ? leaf(id).length : nodes_[id].length;
 }

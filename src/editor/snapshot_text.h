@@ -1,13 +1,12 @@
 #pragma once
 
 #include "base/balanced_tree.h"
+#include "base/slab.h"
 #include "base/text.h"
 
 #include <array>
 #include <cstdint>
-#include <memory>
 #include <utility>
-#include <vector>
 
 namespace editor {
 
@@ -52,27 +51,6 @@ private:
         Id right;
     };
 
-    // A pool of objects of one type, numbered from 1, in blocks that never move.
-    template <typename Thing>
-    class Slab {
-    public:
-        Thing& operator[](std::uint32_t number) { return blocks_[number / blockSize][number % blockSize]; }
-        const Thing& operator[](std::uint32_t number) const {
-            return blocks_[number / blockSize][number % blockSize];
-        }
-        std::uint32_t take();
-        void giveBack(std::uint32_t number) { (*this)[number].length = std::exchange(free_, number); }
-        std::size_t bytes() const { return blocks_.size() * blockSize * sizeof(Thing); }
-
-    private:
-        static constexpr std::uint32_t blockSize = 4096;
-
-        std::vector<std::unique_ptr<Thing[]>> blocks_;
-        std::uint32_t free_ =
-            0; // head of the free list; the `length` of a free object is the number of the next one
-        std::uint32_t next_ = 1; // lowest number never used
-    };
-
     static bool isLeaf(Id id) { return (id & leafFlag) != 0; }
     const Leaf& leaf(Id id) const { return leaves_[id & ~leafFlag]; }
     std::uint32_t length(Id id) const;
@@ -88,8 +66,8 @@ private:
     Owned replaced(Id id, std::uint32_t position, std::uint32_t removed, base::TextView inserted);
     void copy(Id id, std::uint32_t position, std::uint32_t count, char16_t*& to) const;
 
-    Slab<Leaf> leaves_;
-    Slab<Node> nodes_;
+    base::Slab<Leaf> leaves_;
+    base::Slab<Node> nodes_;
 };
 
 // One state of a text. Copying is free and shares everything. A change leaves all copies as they are; its

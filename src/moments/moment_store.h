@@ -1,11 +1,11 @@
 #pragma once
 
 #include "base/balanced_tree.h"
+#include "base/slab.h"
 #include "moments/moment.h"
 
 #include <array>
 #include <functional>
-#include <memory>
 #include <utility>
 #include <vector>
 
@@ -109,37 +109,6 @@ private:
         Span span;
     };
 
-    // Things of one kind by number, from 1 on, in blocks that never move.
-    template <typename Thing>
-    class Slab {
-    public:
-        Thing& operator[](std::uint32_t number) { return blocks_[number / blockSize][number % blockSize]; }
-        const Thing& operator[](std::uint32_t number) const {
-            return blocks_[number / blockSize][number % blockSize];
-        }
-        std::uint32_t take() {
-            if (!free_.empty()) {
-                const std::uint32_t number = free_.back();
-                free_.pop_back();
-                return number;
-            }
-            if (next_ / blockSize >= blocks_.size())
-                blocks_.push_back(std::make_unique_for_overwrite<Thing[]>(blockSize));
-            return next_++;
-        }
-        void giveBack(std::uint32_t number) { free_.push_back(number); }
-        std::size_t bytes() const {
-            return blocks_.size() * blockSize * sizeof(Thing) + free_.capacity() * sizeof(std::uint32_t);
-        }
-
-    private:
-        static constexpr std::uint32_t blockSize = 1024;
-
-        std::vector<std::unique_ptr<Thing[]>> blocks_;
-        std::vector<std::uint32_t> free_;
-        std::uint32_t next_ = 1;
-    };
-
     // Runs on their way into leaves: those that follow each other with one moment are joined.
     struct Runs {
         std::array<Run, 2 * capacity + 3> runs;
@@ -162,9 +131,9 @@ private:
     bool visit(Id id, std::uint32_t at, std::uint32_t from, std::uint32_t end, const Take& take) const;
     void heard(Id id, std::uint32_t at, std::int32_t ms, std::pair<std::int32_t, std::uint32_t>& best) const;
 
-    Slab<Leaf> leaves_;
-    Slab<Node> nodes_;
-    Slab<Moment> moments_;
+    base::Slab<Leaf> leaves_;
+    base::Slab<Node> nodes_;
+    base::Slab<Moment> moments_;
 };
 
 } // namespace moments
