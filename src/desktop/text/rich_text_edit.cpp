@@ -1,18 +1,12 @@
 #include "desktop/text/rich_text_edit.h"
 
 #include "base/failure.h"
-#include "base/files.h"
 #include "desktop/clipboard/rtf_source.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/keyboard_order.h"
-#include "desktop/qt/notice.h"
-#include "desktop/qt/print_device.h"
-#include "desktop/text/export_document.h"
 #include "desktop/text/layout_limits.h"
 #include "desktop/text/load_document.h"
-#include "desktop/text/pages.h"
 #include "desktop/text/rtf_bridge.h"
-#include "desktop/text/selection_formats.h"
 #include "desktop/text/text_search.h"
 #include "desktop/text/text_units.h"
 #include "rtf/read/reader.h"
@@ -22,15 +16,11 @@
 #include <QScrollBar>
 #include <QTextBlock>
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace desktop {
 
 namespace {
-
-constexpr double smallestSize = 1;   // points
-constexpr double largestSize = 1638; // points
 
 // Shows the wait cursor while a text is inserted that takes noticeable time.
 class Hourglass {
@@ -151,15 +141,15 @@ base::Text RichTextEdit::Text() const {
 }
 
 void RichTextEdit::setText(base::TextView text) {
-    edit(SameLength::Format, [&] {
-        arriveWhole({});
-        exchangeDocument(documentOfText(text, font()));
-        changed_ = true;
-    });
+    replaceWhole(documentOfText(text, font()));
 }
 
-void RichTextEdit::arriveWhole(const std::string& beside) const {
-    Arrives(0, textLength(), beside);
+void RichTextEdit::replaceWhole(std::unique_ptr<EditorDocument> document) {
+    edit(SameLength::Format, [&] {
+        Arrives(0, textLength(), document->moments);
+        exchangeDocument(std::move(document));
+        changed_ = true;
+    });
 }
 
 std::int32_t RichTextEdit::textLength() const {
@@ -277,106 +267,6 @@ void RichTextEdit::insertSource(const rtf::Document& source) {
     replaceSelection([&](QTextCursor& cursor) { insertRtf(cursor, *document_, source); });
 }
 
-void RichTextEdit::setSelFontName(base::TextView name) {
-    QTextCharFormat format;
-    nameFont(format, qstring(name));
-    format.setProperty(Charset, 0);
-    mergeCurrentCharFormat(format);
-}
-
-std::optional<double> RichTextEdit::SelFontSize() const {
-    return letterSize(textCursor());
-}
-
-void RichTextEdit::setSelFontSize(double points) {
-    if (!(points >= smallestSize && points <= largestSize))
-        throw base::Failure("a font has from 1 to 1638 points");
-    QTextCharFormat format;
-    format.setFontPointSize(std::round(points * 2) / 2);
-    mergeCurrentCharFormat(format);
-}
-
-void RichTextEdit::setSelColor(std::uint32_t color) {
-    QTextCharFormat format;
-    format.setForeground(QColor(color));
-    mergeCurrentCharFormat(format);
-}
-
-platform::Setting RichTextEdit::SelBold() const {
-    return letterStyle(textCursor(), LetterStyle::Bold);
-}
-
-void RichTextEdit::setSelBold(bool on) {
-    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Bold, on));
-}
-
-platform::Setting RichTextEdit::SelItalic() const {
-    return letterStyle(textCursor(), LetterStyle::Italic);
-}
-
-void RichTextEdit::setSelItalic(bool on) {
-    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Italic, on));
-}
-
-platform::Setting RichTextEdit::SelUnderline() const {
-    return letterStyle(textCursor(), LetterStyle::Underline);
-}
-
-void RichTextEdit::setSelUnderline(bool on) {
-    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Underline, on));
-}
-
-platform::Setting RichTextEdit::SelStrikeThru() const {
-    return letterStyle(textCursor(), LetterStyle::StrikeThru);
-}
-
-void RichTextEdit::setSelStrikeThru(bool on) {
-    mergeCurrentCharFormat(withLetterStyle(LetterStyle::StrikeThru, on));
-}
-
-platform::Setting RichTextEdit::SelBullet() const {
-    return bullets(textCursor());
-}
-
-void RichTextEdit::setSelBullet(bool on) {
-    setBullets(textCursor(), on);
-}
-
-void RichTextEdit::setSelAlignment(platform::ParagraphAlignment alignment) {
-    using platform::ParagraphAlignment;
-    desktop::setAlignment(textCursor(), alignment == ParagraphAlignment::Right    ? Qt::AlignRight
-                                        : alignment == ParagraphAlignment::Centre ? Qt::AlignHCenter
-                                                                                  : Qt::AlignLeft);
-}
-
-void RichTextEdit::LoadFile(base::TextView path) {
-    auto document = loadDocument(path, page_, font());
-    edit(SameLength::Format, [&] {
-        arriveWhole(document->moments);
-        exchangeDocument(std::move(document));
-        changed_ = true;
-    });
-}
-
-void RichTextEdit::SaveFile(base::TextView path) {
-    base::replaceFile(path, source());
-}
-
-std::string RichTextEdit::source() const {
-    rtf::Document whole = rtfOf(*document_);
-    whole.moments = Beside(0, textLength());
-    return rtf::write(whole);
-}
-
-void RichTextEdit::setSource(std::string_view source) {
-    auto document = documentOfRtf(rtf::read(source), font());
-    edit(SameLength::Format, [&] {
-        arriveWhole(document->moments);
-        exchangeDocument(std::move(document));
-        changed_ = true;
-    });
-}
-
 std::optional<platform::ParagraphChange> RichTextEdit::takeParagraphs() {
     if (!paragraphs_.changed())
         return std::nullopt;
@@ -401,35 +291,6 @@ std::string RichTextEdit::takeAllParagraphs() {
     rtf::Document whole = filed_.takeAll(*document_);
     whole.moments = Beside(0, textLength());
     return withAllEnds(std::move(whole));
-}
-
-void RichTextEdit::SelPrint(platform::PrintDevice& hDC) {
-    if (document_->isEmpty())
-        return;
-    const TextRange range = selectedRange();
-    const bool all = range.begin == range.end;
-    print(all ? rtfOf(*document_) : rtfOf(*document_, range), hDC);
-}
-
-void RichTextEdit::printSource(std::string_view source, platform::PrintDevice& device) {
-    print(rtf::read(source), device);
-}
-
-void RichTextEdit::print(rtf::Document source, platform::PrintDevice& hDC) const {
-    const auto pages = documentOfRtf(std::move(source), font());
-    auto& device = static_cast<QtPrintDevice&>(hDC);
-    printPages(*pages, device.paper());
-    try {
-        device.finish();
-    } catch (const base::Failure& failure) {
-        // The callers ignore this failure, and unlike missing paper a missing file would stay unnoticed.
-        notify("This file could not be written: %1", QString::fromUtf8(failure.what()));
-        throw;
-    }
-}
-
-std::string RichTextEdit::exported(std::string_view source, platform::ExportForm form) {
-    return exportDocument(rtf::read(source), form, font());
 }
 
 std::int32_t RichTextEdit::Find(base::TextView text, std::optional<std::int32_t> start, int options) {

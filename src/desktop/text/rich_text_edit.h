@@ -126,11 +126,11 @@ private:
     void noteChange(int position, int removed, int added);
     void noteTogether(int start, int removed, int added);
     void completeReport();
-    // The whole text is about to be replaced by one with this beside it.
-    void arriveWhole(const std::string& beside) const;
     // Runs `work`, which replaces the selection by letters with this beside them.
     void arriving(const std::string& beside, const std::function<void()>& work);
     void exchangeDocument(std::unique_ptr<EditorDocument> document);
+    // Replaces the whole text, as one change.
+    void replaceWhole(std::unique_ptr<EditorDocument> document);
     // The selection. While several edits run together, it is ahead of the one on the screen.
     QTextCursor caret() const { return ahead_ ? *ahead_ : textCursor(); }
     void setCaret(const QTextCursor& cursor);
