@@ -7,7 +7,6 @@
 #include "table.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <rapidjson/reader.h>
 #include <string>
@@ -47,21 +46,8 @@ std::string recogniserJson() {
     return json + "\n  ],\n  \"language\": \"en\"\n}\n";
 }
 
-// In ms.
-double bestOfFive(const auto& work) {
-    double best = 1e9;
-    for (int run = 0; run < 5; ++run) {
-        const auto start = std::chrono::steady_clock::now();
-        work();
-        best = std::min(
-            best,
-            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
-    }
-    return best;
-}
-
 double parsedAlone(const std::string& json) {
-    return bestOfFive([&] {
+    return bench::bestOfFive([&] {
         rapidjson::StringStream stream(json.c_str());
         rapidjson::BaseReaderHandler<> handler;
         rapidjson::Reader().Parse<rapidjson::kParseIterativeFlag | rapidjson::kParseNanAndInfFlag>(stream,
@@ -82,25 +68,25 @@ int main() {
     const base::CodePage page;
     std::vector<drafts::Turn> turns;
     const double bare = parsedAlone(json);
-    const double read = bestOfFive([&] { turns = drafts::turns(drafts::read(json, page), {}); });
+    const double read = bench::bestOfFive([&] { turns = drafts::turns(drafts::read(json, page), {}); });
     const std::string size = bench::measure("%.1f MB", static_cast<double>(json.size()) / 1e6);
     show("JSON of a recogniser read, " + size, read, 1000, bench::measure("%.1f ms", bare),
          bench::measure("x %.2f", read / bare));
 
     drafts::Transcript transcript;
-    show("made into a document", bestOfFive([&] { transcript = drafts::transcript(turns, {}); }), 0);
-    show("read from a document", bestOfFive([&] { turns = drafts::turns(transcript); }), 0);
+    show("made into a document", bench::bestOfFive([&] { transcript = drafts::transcript(turns, {}); }), 0);
+    show("read from a document", bench::bestOfFive([&] { turns = drafts::turns(transcript); }), 0);
     drafts::Captions captions;
-    show("cut into subtitles", bestOfFive([&] { captions = drafts::captions(turns, {}); }), 1000);
+    show("cut into subtitles", bench::bestOfFive([&] { captions = drafts::captions(turns, {}); }), 1000);
     const std::pair<const char*, std::string> exported[] = {
         {"SubRip", drafts::subRip(captions.captions)},
         {"WebVTT", drafts::webVtt(captions.captions)},
         {"JSON", drafts::json(turns)},
         {"plain text with stamps", drafts::plainText(turns, {.stamps = true, .speakers = true})}};
-    show("SubRip written", bestOfFive([&] { drafts::subRip(captions.captions); }), 1000);
-    show("WebVTT written", bestOfFive([&] { drafts::webVtt(captions.captions); }), 1000);
-    show("JSON written", bestOfFive([&] { drafts::json(turns); }), 1000);
+    show("SubRip written", bench::bestOfFive([&] { drafts::subRip(captions.captions); }), 1000);
+    show("WebVTT written", bench::bestOfFive([&] { drafts::webVtt(captions.captions); }), 1000);
+    show("JSON written", bench::bestOfFive([&] { drafts::json(turns); }), 1000);
     for (const auto& [form, bytes] : exported)
         show(std::string(form) + " read again",
-             bestOfFive([&] { drafts::turns(drafts::read(bytes, page), {}); }), 1000);
+             bench::bestOfFive([&] { drafts::turns(drafts::read(bytes, page), {}); }), 1000);
 }

@@ -5,7 +5,6 @@
 #include "table.h"
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <string>
 
@@ -35,19 +34,6 @@ std::string transcript(std::size_t bytes) {
     return rtf + '}';
 }
 
-// In ms.
-double bestOfFive(const auto& work) {
-    double best = 1e9;
-    for (int run = 0; run < 5; ++run) {
-        const auto start = std::chrono::steady_clock::now();
-        work();
-        best = std::min(
-            best,
-            std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count());
-    }
-    return best;
-}
-
 } // namespace
 
 int main() {
@@ -57,9 +43,9 @@ int main() {
     for (const std::size_t size : {largest / 4, largest / 2, largest}) {
         const std::string bytes = transcript(size);
         rtf::Document document;
-        const double read = bestOfFive([&] { document = rtf::read(bytes); });
+        const double read = bench::bestOfFive([&] { document = rtf::read(bytes); });
         std::string written;
-        const double write = bestOfFive([&] { written = rtf::write(document); });
+        const double write = bench::bestOfFive([&] { written = rtf::write(document); });
         if (rtf::read(written) != document)
             return std::puts("what was written reads differently"), 1;
         if (readQuarter == 0) {

@@ -1,11 +1,15 @@
 # shellcheck shell=bash disable=SC2016,SC2154
 # A bare Debian 12 in the folder $room, to try in it what has to work on a fresh machine. Sourcing it starts nothing.
 
-# Runs the calling script again in namespaces of its own: mounts and stray processes disappear with it.
-in_namespaces() {  # ARGUMENTS of the script
+# Runs the calling script again in namespaces of its own: mounts and stray processes disappear with it. Sets $where, the
+# script's first argument or a folder for temporary files, and $room in it.
+begin_room() {  # ARGUMENTS of the script
   ((EUID == 0)) || die "only root can change into another root folder"
   command -v debootstrap >/dev/null || die "install first: debootstrap"
   [[ ${IN_BARE_DEBIAN-} ]] || IN_BARE_DEBIAN=yes exec unshare --mount --pid --fork --kill-child "$0" "$@"
+  where=${1:-${TMPDIR:-/tmp}/cleanroom}
+  where=$(mkdir -p "$where" && cd "$where" && pwd)
+  room=$where/room
 }
 
 # The minimal system is cached as $where/base.tar for the next time.

@@ -11,11 +11,7 @@ set -euo pipefail
 source "$(dirname "$0")/common.sh"
 source "$dev/bare_debian.sh"
 
-in_namespaces "$@"
-
-where=${1:-${TMPDIR:-/tmp}/cleanroom}
-where=$(mkdir -p "$where" && cd "$where" && pwd)
-room=$where/room
+begin_room "$@"
 lay_bare_debian
 
 git clone -q --no-hardlinks "$root" "$room/root/quillmere"

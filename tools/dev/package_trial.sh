@@ -9,11 +9,7 @@
 set -euo pipefail
 source "$(dirname "$0")/common.sh"
 source "$dev/bare_debian.sh"
-in_namespaces "$@"
-
-where=${1:-${TMPDIR:-/tmp}/cleanroom}
-where=$(mkdir -p "$where" && cd "$where" && pwd)
-room=$where/room
+begin_room "$@"
 out=$root/build/package
 deb=$(echo "$out"/quillmere_*.deb)
 tarball=$(echo "$out"/quillmere-*.tar.gz)
