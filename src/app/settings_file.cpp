@@ -9,9 +9,9 @@ namespace app {
 
 namespace {
 
-constexpr std::int16_t leastPhase = 3;    // seconds
-constexpr std::int16_t defaultPhase = 7;  // seconds, for a phase below the least
-constexpr double farthest = 32767 * 15.0; // twips: the largest 16-bit number of pixels
+constexpr std::int16_t leastPhase = 3;                       // seconds
+constexpr std::int16_t defaultPhase = 7;                     // seconds, for a phase below the least
+constexpr double farthest = 32767 * controls::twipsPerPixel; // twips: the largest 16-bit number of pixels
 constexpr base::TextView fileName = u"Quillmere.ini";
 
 base::Text textField(base::FieldReader& fields) {

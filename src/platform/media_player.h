@@ -11,10 +11,10 @@ namespace platform {
 // The values of MediaPlayer::playState that the program tests or displays.
 enum class PlayState { Undefined = 0, Stopped = 1, Paused = 2, Playing = 3, Transitioning = 9 };
 
-// The size of a video picture in pixels, with square pixels.
+// The size in twips at which a video picture has its own pixels, and these are square.
 struct PictureSize {
-    int width = 0;
-    int height = 0;
+    double width = 0;
+    double height = 0;
 
     bool exists() const { return width > 0 && height > 0; }
 };

@@ -4,7 +4,7 @@ namespace player {
 
 namespace {
 
-constexpr double homePlace = 50 * controls::twipsPerPixel;
+constexpr double homePlace = 750; // twips from the corner of the screen
 
 } // namespace
 

@@ -7,11 +7,10 @@ namespace player {
 
 namespace {
 
-using controls::twipsPerPixel;
 using controls::WindowState;
 
-constexpr double gap = 300;        // twips left free around the picture, about a window's frame
-constexpr double leastWidth = 160; // pixels; if less is free, the window covers other windows
+constexpr double gap = 300;         // twips left free around the picture, about a window's frame
+constexpr double leastWidth = 2400; // twips; if less is free, the window covers other windows
 
 bool isSeen(const controls::Window& window) {
     return window.visible && window.windowState != WindowState::Minimised;
@@ -76,12 +75,11 @@ void VideoPicture::placeWindow(platform::PictureSize picture) {
         scale = scaleIn(area, picture);
     } else {
         // Keeps the position and width of the user's window, with the proportions of this picture.
-        scale = std::min(window.width / (picture.width * twipsPerPixel),
-                         std::max(form_.screen.height - gap - window.top, gap) /
-                             (picture.height * twipsPerPixel));
+        scale = std::min(window.width / picture.width,
+                         std::max(form_.screen.height - gap - window.top, gap) / picture.height);
     }
-    window.width = std::round(picture.width * twipsPerPixel * scale);
-    window.height = std::round(picture.height * twipsPerPixel * scale);
+    window.width = std::round(picture.width * scale);
+    window.height = std::round(picture.height * scale);
     placedFor_ = picture;
 }
 
@@ -108,7 +106,7 @@ VideoPicture::Area VideoPicture::roomiest(platform::PictureSize picture) const {
         *std::max_element(std::begin(areas), std::end(areas), [&](const Area& a, const Area& b) {
             return scaleIn(a, picture) < scaleIn(b, picture);
         });
-    if (scaleIn(best, picture) * picture.width >= std::min<double>(leastWidth, picture.width))
+    if (scaleIn(best, picture) * picture.width >= std::min(leastWidth, picture.width))
         return best;
     const double left = std::min(form_.left + form_.width + gap, right / 2);
     return {left, std::min<double>(form_.top, bottom / 2), right, bottom};
@@ -116,9 +114,9 @@ VideoPicture::Area VideoPicture::roomiest(platform::PictureSize picture) const {
 
 // At most 1: the picture is never enlarged.
 double VideoPicture::scaleIn(const Area& area, platform::PictureSize picture) const {
-    return std::clamp(std::min((area.right - area.left) / (picture.width * twipsPerPixel),
-                               (area.bottom - area.top) / (picture.height * twipsPerPixel)),
-                      0.0, 1.0);
+    return std::clamp(
+        std::min((area.right - area.left) / picture.width, (area.bottom - area.top) / picture.height), 0.0,
+        1.0);
 }
 
 void VideoPicture::VideoWindow_DblClick() {

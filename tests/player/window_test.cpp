@@ -76,10 +76,10 @@ TEST_F(PlayerWindowTest, Language_IsTheNameAfterTheLastLangFolder) {
     EXPECT_EQ(desktop.dialogPort.requests[1].title, u"&I") << "the entry without its last three characters";
 }
 
-class VideoPictureTest : public PlayerWindowTest {
-protected:
-    void show(platform::PictureSize size) {
-        player.picture = size;
+struct VideoPictureTest : PlayerWindowTest {
+    // A picture of this many pixels.
+    void show(int width, int height) {
+        player.picture = {width * 15., height * 15.};
         player.PictureChanged();
     }
 
@@ -92,8 +92,8 @@ TEST_F(VideoPictureTest, Video_MovesFromItsBoxToItsWindowAndBack) {
     const std::function<void()> doubleClick = [&] { window.DblClick(); };
     const std::function<void()> escape = [&] { window.KeyDown(escapeKey); };
     const std::function<void()> close = [&] { window.Unload(); };
-    const std::function<void()> picture = [&] { show({640, 480}); };
-    const std::function<void()> soundAlone = [&] { show({}); };
+    const std::function<void()> picture = [&] { show(640, 480); };
+    const std::function<void()> soundAlone = [&] { show(0, 0); };
     const std::pair<std::function<void()>, std::string> road[] = {
         {toWindow, ""},          {picture, "box"},      {toWindow, "window"}, {doubleClick, "full"},
         {doubleClick, "window"}, {doubleClick, "full"}, {picture, "full"},    {escape, "window"},
@@ -115,7 +115,7 @@ TEST_F(VideoPictureTest, Window_OpensInTheVideosAspectRatio_WithoutCoveringOther
             ASSERT_TRUE(start());
             desktop.form3->visible = marks;
             form().mnuPrimoPiano.Click(); // moves the windows to distinct places
-            show({width, height});
+            show(width, height);
             form().VideoBox.DblClick();
             const controls::Window& opened = form().VideoWindow;
             for (const controls::Window* const other :
@@ -136,7 +136,7 @@ TEST_F(VideoPictureTest, Window_OpensInTheVideosAspectRatio_WithoutCoveringOther
 TEST_F(VideoPictureTest, Window_ReopensAtItsPosition_AndMinimisesWithThePlayer) {
     open("talk.mp4", 60);
     form().Drop({desktop.layMedia("dropped.mp4", 60)});
-    show({640, 360});
+    show(640, 360);
     form().VideoBox.DblClick();
     EXPECT_EQ(window.caption.get(), u"dropped.mp4");
     EXPECT_EQ(form().mnuRecent1.caption.get(), desktop.folder.text("talk.mp4")) << "a drop is not listed";
@@ -154,14 +154,14 @@ TEST_F(VideoPictureTest, Window_ReopensAtItsPosition_AndMinimisesWithThePlayer) 
     form().windowState = controls::WindowState::Normal;
     EXPECT_TRUE(window.visible);
     window.Unload();
-    show({480, 480});
+    show(480, 480);
     form().VideoBox.DblClick();
     EXPECT_EQ(window.height, 6000) << "the width stays, the aspect ratio follows the video";
 }
 
 TEST_F(VideoPictureTest, FullScreen_KeepsTheFocus_UnlessTheEditorIsActive) {
     open("talk.mp4", 60);
-    show({640, 360});
+    show(640, 360);
     int focused = 0;
     desktop.form2->setFocus = [&] { ++focused; };
     form().VideoBox.DblClick();

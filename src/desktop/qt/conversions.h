@@ -4,14 +4,25 @@
 #include "base/text.h"
 #include "controls/controls.h"
 
+#include <QRect>
 #include <QString>
 #include <cmath>
 #include <string_view>
 
 namespace desktop {
 
+inline double pixelsOfTwips(double twips) {
+    return twips / controls::twipsPerPixel;
+}
+
+// To whole pixels.
 inline int pixels(double twips) {
-    return static_cast<int>(std::lround(twips / controls::twipsPerPixel));
+    return static_cast<int>(std::lround(pixelsOfTwips(twips)));
+}
+
+// The position and size of a control in pixels.
+inline QRect placeOf(const controls::Control& control) {
+    return {pixels(control.left), pixels(control.top), pixels(control.width), pixels(control.height)};
 }
 
 inline double twips(double pixels) {

@@ -33,10 +33,6 @@ inline constexpr int bulletIndent = 360;
 // at once; therefore it gets both. With `shown` false, the text keeps the look of the default font.
 void nameFont(QTextCharFormat& format, const QString& name, bool shown = true);
 
-inline double pixelsOfTwips(std::int32_t twips) {
-    return twips / 15.0;
-}
-
 // The lists that the paragraphs of one edit join when they get bullets. Qt walks the whole list whenever a
 // paragraph joins or leaves it, so a new list, which looks the same, begins after some hundred paragraphs.
 class BulletLists {

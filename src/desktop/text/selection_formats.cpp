@@ -1,5 +1,6 @@
 #include "desktop/text/selection_formats.h"
 
+#include "desktop/qt/conversions.h"
 #include "desktop/text/editor_document.h"
 
 #include <QTextBlock>

@@ -18,10 +18,6 @@ constexpr double fadedStrength = 0.35;
 constexpr int textMargin = 1;     // pixels: some letters extend beyond their advance width
 constexpr double mostMissing = 4; // pixels
 
-QRect place(const controls::Control& control) {
-    return {pixels(control.left), pixels(control.top), pixels(control.width), pixels(control.height)};
-}
-
 controls::MouseEvent mouseEvent(const QMouseEvent& event, Qt::MouseButtons buttons) {
     // Qt numbers the left, right and middle buttons as the program does.
     return {static_cast<int>(buttons.toInt() & 7U), twips(event.position().x()), twips(event.position().y())};
@@ -141,14 +137,18 @@ ControlView::ControlView(controls::Control& control, QWidget* parent) : QWidget(
     ControlView::follow();
 }
 
+void followControl(const controls::Control& control, QWidget& view) {
+    view.setGeometry(placeOf(control));
+    if (view.isHidden() == control.visible)
+        view.setVisible(control.visible);
+    if (const QString tip = qstring(control.toolTip); tip != view.toolTip())
+        view.setToolTip(tip);
+}
+
 void ControlView::follow() {
-    setGeometry(place(control_));
-    if (isHidden() == control_.visible)
-        setVisible(control_.visible);
+    followControl(control_, *this);
     // Over a disabled control, the mouse reaches what lies below.
     setAttribute(Qt::WA_TransparentForMouseEvents, !control_.enabled);
-    if (const QString tip = qstring(control_.toolTip); tip != toolTip())
-        setToolTip(tip);
     followAccessible();
 }
 

@@ -9,6 +9,9 @@
 
 namespace desktop {
 
+// Applies what the widgets of all controls have in common: position, size, visibility and tool tip.
+void followControl(const controls::Control& control, QWidget& view);
+
 // Position, visibility, tool tip, pointer, mouse and keyboard of a control, and what screen readers are told.
 class ControlView : public QWidget {
 public:

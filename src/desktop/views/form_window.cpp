@@ -171,7 +171,7 @@ void FormWindow::followTopmost() {
 void FormWindow::followPlace() {
     // Compare with the last requested or reported position, not with the actual one, which is undefined until
     // the window manager has placed the window.
-    const QRect wanted(pixels(form_.left), pixels(form_.top), pixels(form_.width), pixels(form_.height));
+    const QRect wanted = placeOf(form_);
     const QRect before = std::exchange(place_, wanted);
     if (wanted.topLeft() != before.topLeft())
         move(wanted.topLeft());

@@ -3,6 +3,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/key_codes.h"
 #include "desktop/qt/keyboard_order.h"
+#include "desktop/views/control_views.h"
 #include "desktop/views/hover_pointer.h"
 
 #include <QAbstractItemView>
@@ -33,15 +34,10 @@ QStringList strings(const std::vector<base::Text>& texts) {
     return list;
 }
 
-// Applies the properties that all controls have.
-void followControl(const controls::Control& control, QWidget& view) {
-    view.setGeometry(pixels(control.left), pixels(control.top), pixels(control.width),
-                     pixels(control.height));
+// Applies the properties that all input controls have.
+void followInput(const controls::Control& control, QWidget& view) {
+    followControl(control, view);
     view.setEnabled(control.enabled);
-    if (view.isHidden() == control.visible)
-        view.setVisible(control.visible);
-    if (const QString tip = qstring(control.toolTip); tip != view.toolTip())
-        view.setToolTip(tip);
     // Qt's own description would keep the blanks around the tip.
     view.setAccessibleDescription(view.toolTip().trimmed());
     if (const QString name = qstring(control.accessible.name); !name.isEmpty())
@@ -55,7 +51,7 @@ void tie(View& view, Data& control, Follow follow) {
     view.setObjectName(qstring(control.name));
     new HoverPointer(control, view);
     const auto takeOver = [&view, &control, follow] {
-        followControl(control, view);
+        followInput(control, view);
         follow();
     };
     takeOver();

@@ -43,7 +43,7 @@ private:
 };
 
 controls::Box areaOf(const controls::Control& window) {
-    const QRect place(pixels(window.left), pixels(window.top), pixels(window.width), pixels(window.height));
+    const QRect place = placeOf(window);
     const auto shown = [&](const QScreen* screen) {
         const QRect part = screen->geometry() & place;
         return part.width() * part.height();

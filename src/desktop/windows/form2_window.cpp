@@ -123,8 +123,7 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
     text_.setObjectName(qstring(form.RTBPlace.name));
     text_.setFrameShape(QFrame::NoFrame);
     const auto placeText = [this, &form] {
-        text_.setGeometry(pixels(form.RTBPlace.left), pixels(form.RTBPlace.top), pixels(form.RTBPlace.width),
-                          pixels(form.RTBPlace.height));
+        text_.setGeometry(placeOf(form.RTBPlace));
         text_.setPlaceholderText(qstring(form.RTBPlace.hint));
         text_.setAccessibleName(qstring(form.RTBPlace.accessible.name));
     };

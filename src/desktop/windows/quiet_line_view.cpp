@@ -52,7 +52,7 @@ void QuietLineView::follow() {
         if (isVisible())
             announce();
     }
-    setGeometry(pixels(form_.left), pixels(form_.top), pixels(form_.width), pixels(form_.height));
+    setGeometry(placeOf(form_));
     if (isHidden() == form_.visible) {
         setVisible(form_.visible);
         if (form_.visible)

@@ -66,7 +66,7 @@ void addSheet(safety::TextSheet& sheet, QWidget& parent) {
     frame(*view);
     const auto follow = [view, &sheet, shown = base::Text()]() mutable {
         view->setAccessibleName(qstring(sheet.accessible.name));
-        view->setGeometry(pixels(sheet.left), pixels(sheet.top), pixels(sheet.width), pixels(sheet.height));
+        view->setGeometry(placeOf(sheet));
         if (shown == sheet.text.get())
             return;
         shown = sheet.text;

@@ -170,13 +170,13 @@ void VideoScreen::putInto(QWidget& window, QRect place) {
 
 // The video in its own aspect ratio, centred in its box: no black bars on the white skin.
 QRect VideoScreen::boxOnPlayer() const {
-    const QRect box(
-        skin_.mapTo(&playerWindow_, QPoint(pixels(form_.VideoBox.left), pixels(form_.VideoBox.top))),
-        QSize(pixels(form_.VideoBox.width), pixels(form_.VideoBox.height)));
+    const QRect inSkin = placeOf(form_.VideoBox);
+    const QRect box(skin_.mapTo(&playerWindow_, inSkin.topLeft()), inSkin.size());
     const platform::PictureSize picture = form_.WMP1.pictureSize();
     if (!picture.exists())
         return box;
-    QRect shown(QPoint(0, 0), QSize(picture.width, picture.height).scaled(box.size(), Qt::KeepAspectRatio));
+    QRect shown(QPoint(0, 0),
+                QSize(pixels(picture.width), pixels(picture.height)).scaled(box.size(), Qt::KeepAspectRatio));
     shown.moveCenter(box.center());
     return shown;
 }

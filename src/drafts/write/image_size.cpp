@@ -6,7 +6,7 @@ namespace drafts {
 
 namespace {
 
-constexpr int twipsInPixel = 15;
+constexpr int twipsInPixel = 1440 / 96; // RTF counts 1440 to the inch, pictures have 96 pixels
 constexpr ImageSize unknown{1440, 1440};
 constexpr int mostPixels = 20'000;
 

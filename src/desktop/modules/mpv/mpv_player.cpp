@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/numbers.h"
+#include "controls/controls.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -209,7 +210,7 @@ void MpvPlayer::setPicture(platform::PictureSize size) {
 }
 
 void MpvPlayer::pictureKnown(int width, int height) {
-    setPicture({width, height});
+    setPicture({width * controls::twipsPerPixel, height * controls::twipsPerPixel});
 }
 
 void MpvPlayer::applyPause() {
