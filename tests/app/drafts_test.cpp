@@ -1,7 +1,6 @@
 #include "fakes/workbench.h"
 
-class DraftsTest : public fakes::WorkbenchTest {
-protected:
+struct DraftsTest : fakes::WorkbenchTest {
     void openDraft(const std::string& bytes) {
         desktop.folder.write("draft", bytes);
         desktop.dialogPort.choices.push_back(desktop.folder.text("draft"));

@@ -1,10 +1,7 @@
 #include "fakes/workbench.h"
 
-namespace {
-
 // Successive runs of the program in the same folder.
-class SafetyTest : public fakes::WorkbenchTest {
-protected:
+struct SafetyTest : fakes::WorkbenchTest {
     // Destroying a run without an exit simulates a kill.
     void start() {
         program.reset();
@@ -17,6 +14,14 @@ protected:
     void type(base::TextView text) {
         desktop.text.type(text);
         desktop.loop.advance(1000);
+    }
+    void saveAs(const std::string& name) {
+        desktop.dialogPort.choices = {desktop.folder.text(name)};
+        document().save();
+    }
+    void expectAfterStart(base::TextView text) {
+        start();
+        EXPECT_EQ(desktop.text.Text(), text);
     }
     void quit(platform::Answer answer) {
         desktop.dialogPort.answers = {answer};
@@ -42,36 +47,35 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using Names = std::vector<std::string>;
 
-} // namespace
-
 TEST_F(SafetyTest, Kill_RestoresTextCaretAndModifiedFlag) {
     desktop.text.setText(u"");
     type(u"first\r\nsecond");
     desktop.text.setSelStart(3);
     type(u"X");
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"firXst\r\nsecond");
+    expectAfterStart(u"firXst\r\nsecond");
     EXPECT_EQ(desktop.text.SelStart(), 4);
     EXPECT_EQ(document().TestoModificato, 1);
     EXPECT_EQ(desktop.form2->caption.get(), u"&En96 - &En97 1");
     desktop.loop.advance(1000);
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"firXst\r\nsecond") << "killed again before anything was typed";
+    expectAfterStart(u"firXst\r\nsecond"); // killed again before anything was typed
 }
 
 TEST_F(SafetyTest, SaveOrNormalExit_RestoresNothing) {
     type(u"saved");
-    desktop.dialogPort.choices = {desktop.folder.text("a.rtf")};
-    document().save();
+    saveAs("a.rtf");
     desktop.loop.advance(1000);
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"") << "the journal knows that the text is saved";
+    expectAfterStart(u""); // the journal knows that the text is saved
+    type(u"one");
+    saveAs("b.rtf");
+    type(u"two");
+    desktop.text.type(u"three");
+    document().save(); // and killed within a moment
+    expectAfterStart(u"");
     type(u"given up");
     quit(platform::Answer::No);
     EXPECT_FALSE(base::fileExists(desktop.folder.text("Files/Safety/Journal")));
     EXPECT_EQ(archived(), (Names{"&En97 1: exit].rtf"}));
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"");
+    expectAfterStart(u"");
     EXPECT_THAT(told(), HasSubstr("at the last exit"));
 }
 
@@ -84,8 +88,7 @@ TEST_F(SafetyTest, DiscardedText_IsArchived) {
     type(u"mine");
     desktop.folder.write("b.rtf", "{\\rtf1 theirs}");
     desktop.dialogPort.answers = {platform::Answer::Yes};
-    desktop.dialogPort.choices = {desktop.folder.text("b.rtf")};
-    document().save();
+    saveAs("b.rtf");
     EXPECT_EQ(archived().front(), "b.rtf: replaced].rtf");
 
     type(u"lost");
@@ -97,8 +100,7 @@ TEST_F(SafetyTest, DiscardedText_IsArchived) {
 TEST_F(SafetyTest, FileWrittenInPlace_IsArchived_SettingsOnlyUntilWritten) {
     const std::filesystem::path folder = desktop.folder.path();
     type(u"mine");
-    desktop.dialogPort.choices = {desktop.folder.text("c.rtf")};
-    document().save();
+    saveAs("c.rtf");
     std::filesystem::create_hard_link(folder / "c.rtf", folder / "d.rtf");
     std::filesystem::create_hard_link(folder / "Files/Quillmere.ini", folder / "Files/b.ini");
     type(u"more");
@@ -140,66 +142,44 @@ TEST_F(SafetyTest, FailedSave_IsArchivedAndReported_AlthoughTheFlagIsCleared) {
     EXPECT_THAT(told(), HasSubstr("could not be saved and is kept"));
     EXPECT_EQ(archived(), (Names{"a.rtf: save failed].rtf"}));
     desktop.loop.advance(1000);
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"x");
+    expectAfterStart(u"x");
 }
 
 TEST_F(SafetyTest, TextThatCrashesTheProgramTwice_IsNotRestoredAThirdTime) {
     type(u"deadly");
-    for (int tries = 0; tries < 2; ++tries) {
-        start();
-        EXPECT_EQ(desktop.text.Text(), u"deadly") << tries;
-    }
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"");
+    expectAfterStart(u"deadly");
+    expectAfterStart(u"deadly");
+    expectAfterStart(u"");
     EXPECT_EQ(archived(), (Names{"&En97 1: crash].rtf"}));
     type(u"harmless");
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"harmless") << "the next text is counted anew";
+    expectAfterStart(u"harmless"); // the next text is counted anew
 }
 
 TEST_F(SafetyTest, FileChangedByAnotherProgram_IsArchivedToo) {
     type(u"one");
-    desktop.dialogPort.choices = {desktop.folder.text("a.rtf")};
-    document().save();
+    saveAs("a.rtf");
     type(u"two");
     desktop.folder.write("a.rtf", "{\\rtf1 another program's}");
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"onetwo");
+    expectAfterStart(u"onetwo");
     EXPECT_EQ(desktop.form2->caption.get(), u"&En96 - a.rtf");
     EXPECT_EQ(desktop.folder.read("a.rtf"), "{\\rtf1 another program's}");
     EXPECT_EQ(archived(), (Names{"a.rtf: changed elsewhere].rtf"}));
 
     type(u"three");
     desktop.folder.write("a.rtf", desktop.text.source());
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"") << "the file holds all that the journal holds";
-}
-
-TEST_F(SafetyTest, SaveAndKill_WithinAMoment_RestoresNothing) {
-    type(u"one");
-    desktop.dialogPort.choices = {desktop.folder.text("a.rtf")};
-    document().save();
-    type(u"two");
-    desktop.text.type(u"three");
-    document().save();
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"");
+    expectAfterStart(u""); // the file holds all that the journal holds
 }
 
 TEST_F(SafetyTest, ArchiveThatFails_NeitherDropsNorOverwritesWhatItShouldHaveKept) {
     type(u"one");
-    desktop.dialogPort.choices = {desktop.folder.text("a.rtf")};
-    document().save();
+    saveAs("a.rtf");
     type(u"two");
     desktop.folder.write("Files/Safety/Archive", "not a folder");
     quit(platform::Answer::No);
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"onetwo");
+    expectAfterStart(u"onetwo");
     desktop.folder.write("a.rtf", "{\\rtf1 another program's}");
     desktop.loop.advance(1000);
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"onetwo");
+    expectAfterStart(u"onetwo");
     EXPECT_EQ(document().FileEditor, u"") << "the next save asks for another name";
 }
 
@@ -208,6 +188,5 @@ TEST_F(SafetyTest, EndOfSession_AsksNothing_AndSavesAll) {
     workstation().endSession();
     EXPECT_TRUE(desktop.systemPort.ended);
     EXPECT_TRUE(desktop.dialogPort.boxes.empty());
-    start();
-    EXPECT_EQ(desktop.text.Text(), u"at the last moment");
+    expectAfterStart(u"at the last moment");
 }

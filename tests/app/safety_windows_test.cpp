@@ -5,8 +5,7 @@
 
 using lang::operator""_en;
 
-class SafetyWindowsTest : public fakes::WorkbenchTest {
-protected:
+struct SafetyWindowsTest : fakes::WorkbenchTest {
     controls::MenuItem& command(std::string_view name) {
         for (controls::MenuItem* const item : desktop.form2->menuBar.back()->items) {
             if (item->name == name)

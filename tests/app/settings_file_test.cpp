@@ -3,8 +3,7 @@
 namespace fs = std::filesystem;
 
 // Starts the program with various settings files.
-class SettingsFileTest : public fakes::WorkbenchTest {
-protected:
+struct SettingsFileTest : fakes::WorkbenchTest {
     void startWith(const std::map<int, std::string>& lines) {
         desktop.laySettingsWith(lines);
         ASSERT_TRUE(start());
@@ -71,11 +70,11 @@ TEST_F(SettingsFileTest, Editor_IsCutOffAtTheScreenEdge_UnlessItBeginsBeyond) {
 TEST_F(SettingsFileTest, ButtonsOfTheEditor_AndTheirMenus_Save) {
     startWith({});
     for (controls::MenuItem* const item : {&desktop.form2->mnuSalva, &desktop.form2->mnuStampa}) {
-        desktop.laySettings({"rubbish"});
+        desktop.folder.write("Files/Quillmere.ini", "rubbish\r\n");
         item->Click();
         EXPECT_EQ(desktop.savedLine(1), "English.lng") << item->name;
     }
-    desktop.laySettings({"rubbish"});
+    desktop.folder.write("Files/Quillmere.ini", "rubbish\r\n");
     desktop.form2->Label2[4].Click();
     EXPECT_EQ(desktop.savedLine(1), "English.lng");
 }
@@ -88,7 +87,7 @@ TEST_F(SettingsFileTest, ShortBrokenOrUnwritableFile_NeverStopsTheStart) {
     EXPECT_TRUE(start());
     EXPECT_EQ(std::ranges::count(saved(), '\n'), 25);
 
-    desktop.laySettings({"English.lng", "80", "561"});
+    desktop.folder.write("Files/Quillmere.ini", "English.lng\r\n80\r\n561\r\n");
     EXPECT_TRUE(start());
     EXPECT_EQ(savedLine(21), "7");
     EXPECT_TRUE(form().mnuPrimoPiano.checked);

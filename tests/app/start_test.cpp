@@ -1,7 +1,6 @@
 #include "fakes/workbench.h"
 
-class StartTest : public fakes::WorkbenchTest {
-protected:
+struct StartTest : fakes::WorkbenchTest {
     StartTest() { desktop.form1 = nullptr; } // left from the start before the test
 };
 
@@ -74,7 +73,7 @@ TEST_F(StartTest, EveryMenuCommand_HasItsRoutine_WhenFirstShown) {
 TEST_F(StartTest, Close_SavesStopsAndEnds) {
     desktop.laySettingsWith({{8, "0"}, {23, "1"}});
     ASSERT_TRUE(start(u'"' + desktop.layMedia("a.mp3", 60) + u'"'));
-    desktop.laySettings({"rubbish"});
+    desktop.folder.write("Files/Quillmere.ini", "rubbish\r\n");
     EXPECT_FALSE(form().Unload());
     EXPECT_TRUE(desktop.systemPort.ended);
     EXPECT_EQ(player.commands.back(), "stop");

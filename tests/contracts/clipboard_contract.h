@@ -12,8 +12,7 @@ struct ClipboardBench {
     virtual void offer(base::TextView text, base::TextView rtf) = 0;
 };
 
-class ClipboardContract : public Contract<ClipboardBench> {
-protected:
+struct ClipboardContract : Contract<ClipboardBench> {
     void expectHolds(base::TextView text, base::TextView rtf) {
         EXPECT_EQ(clipboard.GetText(platform::ClipboardFormat::Text), text);
         EXPECT_EQ(clipboard.GetText(platform::ClipboardFormat::Rtf), rtf);

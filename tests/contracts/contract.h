@@ -10,8 +10,7 @@ namespace contracts {
 
 // Runs on each bench it is instantiated with. A bench holds one port and everything its tests need.
 template <typename Bench>
-class Contract : public testing::TestWithParam<std::unique_ptr<Bench> (*)()> {
-protected:
+struct Contract : testing::TestWithParam<std::unique_ptr<Bench> (*)()> {
     const std::unique_ptr<Bench> bench = testing::TestWithParam<std::unique_ptr<Bench> (*)()>::GetParam()();
 };
 

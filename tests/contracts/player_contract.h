@@ -19,8 +19,7 @@ struct PlayerBench {
 
 using platform::PlayState;
 
-class PlayerContract : public Contract<PlayerBench> {
-protected:
+struct PlayerContract : Contract<PlayerBench> {
     template <typename Condition>
     bool eventually(Condition condition) {
         for (int i = 0; i < 5000 && !condition(); ++i)

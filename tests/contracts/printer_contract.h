@@ -11,8 +11,7 @@ struct PrinterBench {
     virtual platform::Printer& printer() = 0;
 };
 
-class PrinterContract : public Contract<PrinterBench> {
-protected:
+struct PrinterContract : Contract<PrinterBench> {
     platform::Printer& printer = bench->printer();
 };
 

@@ -17,8 +17,7 @@ struct RichTextBench {
     virtual bool foldsCaseOf(base::TextView text) = 0;
 };
 
-class RichTextContract : public Contract<RichTextBench> {
-protected:
+struct RichTextContract : Contract<RichTextBench> {
     // Expects this text and selection, reached by exactly one reported change.
     void expectOneChange(const char* after) {
         EXPECT_EQ(fakes::shown(text), after);
@@ -55,22 +54,18 @@ TEST_P(RichTextContract, SelStart_AtAnyPosition_SnapsToTheNearestValidOneBefore)
 }
 
 TEST_P(RichTextContract, Edit_IsOneChange_AndLeavesTheCaretAfterIt) {
-    const struct {
-        int start, length;
-        base::TextView text;
-        const char* after;
-    } rows[] = {
+    const std::tuple<int, int, base::TextView, const char*> rows[] = {
         {1, 0, u"x\r\ny", "ax/y|b/cd"},  {1, 4, u"", "a|d"},
         {2, 0, u"\r\n", "ab/|/cd"},      {0, 99, u"all", "all|"},
         {6, 0, u"{00} ", "ab/cd{00} |"}, {0, 2, u"zz", "zz|/cd"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [start, length, written, after] : rows) {
         for (const auto write : {&platform::RichText::setSelText, &platform::RichText::setSelRTF}) {
             text.setText(u"ab\r\ncd");
             expectOneChange("|ab/cd");
-            fakes::select(text, row.start, row.length);
-            (text.*write)(row.text);
-            expectOneChange(row.after);
+            fakes::select(text, start, length);
+            (text.*write)(written);
+            expectOneChange(after);
         }
     }
     // A selection read as RTF can be inserted again; an empty one inserts nothing.
@@ -206,10 +201,7 @@ TEST_P(RichTextContract, WhatStandsBesideLetters_ArrivesBeforeThem_OrIsWithdrawn
 TEST_P(RichTextContract, Find_WithItsOptions_ReturnsTheFirstPosition) {
     constexpr int word = platform::findWholeWord;
     constexpr int exact = platform::findMatchCase;
-    const struct {
-        base::TextView text, wanted;
-        int start, options, expected;
-    } rows[] = {
+    const std::tuple<base::TextView, base::TextView, int, int, int> rows[] = {
         {u"one two one", u"one", 1, 0, 8},
         {u"one two one", u"one", -5, 0, 0},
         {u"one two one", u"one", 9, 0, -1},
@@ -239,14 +231,14 @@ TEST_P(RichTextContract, Find_WithItsOptions_ReturnsTheFirstPosition) {
         {u"x\r\na\r\nb\r\na\r\nc", u"a\r\nc", 0, 0, 9},
         {u"ab\u000Bcd", u"b\u000Bc", 0, 0, 1},
     };
-    for (const auto& row : rows) {
-        if (!bench->foldsCaseOf(row.text))
+    for (const auto& [whole, wanted, start, options, expected] : rows) {
+        if (!bench->foldsCaseOf(whole))
             continue;
-        text.setText(row.text);
-        SCOPED_TRACE("\"" + base::toUtf8(row.wanted) + "\" in \"" + base::toUtf8(row.text) + "\"");
-        EXPECT_EQ(text.Find(row.wanted, row.start, row.options), row.expected);
-        EXPECT_EQ(text.SelLength(), row.expected >= 0 ? static_cast<std::int32_t>(row.wanted.size()) : 0);
-        EXPECT_EQ(text.SelStart(), std::max(row.expected, 0));
+        text.setText(whole);
+        SCOPED_TRACE("\"" + base::toUtf8(wanted) + "\" in \"" + base::toUtf8(whole) + "\"");
+        EXPECT_EQ(text.Find(wanted, start, options), expected);
+        EXPECT_EQ(text.SelLength(), expected >= 0 ? static_cast<std::int32_t>(wanted.size()) : 0);
+        EXPECT_EQ(text.SelStart(), std::max(expected, 0));
     }
 }
 

@@ -14,8 +14,7 @@ struct WaveInputBench {
 
 using platform::WaveBuffer;
 
-class WaveInputContract : public Contract<WaveInputBench> {
-protected:
+struct WaveInputContract : Contract<WaveInputBench> {
     WaveInputContract() {
         for (WaveBuffer& buffer : buffers)
             buffer.lpData.resize(8192);

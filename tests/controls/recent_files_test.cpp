@@ -2,8 +2,7 @@
 #include "fakes/temporary_folder.h"
 #include "testing.h"
 
-class RecentFilesTest : public testing::Test {
-protected:
+struct RecentFilesTest : testing::Test {
     RecentFilesTest() { reset(); }
 
     void reset() {
@@ -58,12 +57,7 @@ TEST_F(RecentFilesTest, NameWithALineBreak_RoundTrips) {
 }
 
 TEST_F(RecentFilesTest, Load_AcceptsAnyFile) {
-    struct Row {
-        std::string bytes;
-        bool markBefore;
-        std::string expected;
-    };
-    const Row rows[] = {
+    const std::tuple<std::string, bool, std::string> rows[] = {
         {"/a,b.mp3\r\nmnuRecent2\r\nmnuRecent3\r\nmnuRecent4\r\n", false,
          "/a,b.mp3+ mnuRecent2 mnuRecent3 mnuRecent4 line"},
         {"only\r\n", false, "only+ only+ only+ only+ line"},
@@ -72,11 +66,11 @@ TEST_F(RecentFilesTest, Load_AcceptsAnyFile) {
         {"\r\n\r\n\r\n\r\n", false, "mnuRecent1 mnuRecent2 mnuRecent3 mnuRecent4 "},
         {"a\nb\nc\nd\ne\n", false, "a+ b+ c+ d+ line"},
     };
-    for (const Row& row : rows) {
+    for (const auto& [bytes, markBefore, expected] : rows) {
         reset();
-        folder.write("list.ini", row.bytes);
-        list.load(row.markBefore);
-        EXPECT_EQ(shown(), row.expected) << row.bytes;
+        folder.write("list.ini", bytes);
+        list.load(markBefore);
+        EXPECT_EQ(shown(), expected) << bytes;
     }
 }
 

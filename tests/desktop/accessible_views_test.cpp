@@ -11,11 +11,8 @@
 using desktop::qstring;
 using fakes::eventually;
 
-namespace {
-
 // One drawn control of each role on a ground.
-class AccessibleViewsTest : public testing::Test {
-protected:
+struct AccessibleViewsTest : testing::Test {
     AccessibleViewsTest() {
         logo.accessible.role = controls::Role::Decoration;
         play.Click = [this] { play.accessible.on = !play.accessible.on.get(); };
@@ -50,8 +47,6 @@ protected:
     controls::Picture volume{"volume", {0, 900, 600, 300}};
     desktop::Ground ground;
 };
-
-} // namespace
 
 TEST_F(AccessibleViewsTest, Tree_HasRoleNameStateAndLinks_AndNoDecoration) {
     QAccessibleInterface* const parent = QAccessible::queryAccessibleInterface(&ground);

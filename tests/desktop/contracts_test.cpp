@@ -8,8 +8,6 @@
 
 namespace contracts {
 
-namespace {
-
 struct EditBench : RichTextBench {
     platform::RichText& text() override { return edit; }
     bool foldsCaseOf(base::TextView) override { return true; }
@@ -34,8 +32,6 @@ struct QtPrinterBench : PrinterBench {
 
     desktop::QtPrinter qt;
 };
-
-} // namespace
 
 INSTANTIATE_TEST_SUITE_P(Qt, RichTextContract, testing::Values(make<RichTextBench, EditBench>));
 INSTANTIATE_TEST_SUITE_P(Qt, ClipboardContract, testing::Values(make<ClipboardBench, QtClipboardBench>));

@@ -10,8 +10,7 @@
 
 using desktop::qstring;
 
-class Form1WindowTest : public testing::Test {
-protected:
+struct Form1WindowTest : testing::Test {
     Form1WindowTest() { paint("play.jpg", Qt::black); }
 
     void paint(const std::string& name, const QColor& color, int side = 10) {

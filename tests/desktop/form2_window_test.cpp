@@ -11,11 +11,8 @@
 using desktop::qstring;
 using fakes::eventually;
 
-namespace {
-
 // The editor window on the offscreen platform, with its routines.
-class Form2WindowTest : public testing::Test {
-protected:
+struct Form2WindowTest : testing::Test {
     Form2WindowTest() {
         screen.width = screen.height = 30000;
         form.top = 1500;
@@ -41,8 +38,6 @@ protected:
     editor::EditorWindow routines{form, player, screen, command};
     desktop::Form2Window window{form, text};
 };
-
-} // namespace
 
 TEST_F(Form2WindowTest, Resize_ByUserOrProgram_ResizesTheText) {
     EXPECT_TRUE(eventually([&] { return window.frameGeometry().size() == QSize(728, 347); }))

@@ -8,8 +8,7 @@
 
 namespace {
 
-class FrmFindWindow : public testing::Test {
-protected:
+struct FrmFindWindow : testing::Test {
     FrmFindWindow() {
         form.cmdFind.Click = [this] { pressed += "find "; };
         form.cmdReplace.Click = [this] { pressed += "replace "; };

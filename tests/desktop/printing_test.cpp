@@ -15,8 +15,7 @@ constexpr int textEnd = 748; // dots; A4 width minus 20 mm
 constexpr QRgb teal = 0x0E7C86;
 
 // Prints on the printer that writes PDF files.
-class Printing : public testing::Test {
-protected:
+struct Printing : testing::Test {
     Printing() {
         settings.file = folder.text("out.pdf");
         printer.setPrinter(desktop::pdfPrinter);

@@ -1,11 +1,8 @@
 #include "desktop/services/qt_system.h"
 #include "qt_testing.h"
 
-namespace {
-
 // Another process of this program, and the facts that it reports.
-class OtherProcess : public QProcess {
-public:
+struct OtherProcess : QProcess {
     explicit OtherProcess(const QString& locale = QStringLiteral("C.UTF-8")) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("LC_ALL"), locale);
@@ -20,8 +17,6 @@ public:
     }
     QStringList facts{};
 };
-
-} // namespace
 
 TEST(QtSystem, SecondInstance_IsRefused_UntilTheFirstIsGone) {
     std::optional<desktop::QtSystem> here(std::in_place);
@@ -46,19 +41,16 @@ TEST(QtSystem, SecondInstance_IsRefused_UntilTheFirstIsGone) {
 }
 
 TEST(QtSystem, UserLocale_GivesCountryAndCodePage) {
-    const struct {
-        const char* locale;
-        const char* country;
-        const char* byteE5; // decoded in the code page of the language
-    } rows[] = {
+    // The locale, its country, and the byte E5 in the code page of its language.
+    const std::tuple<const char*, const char*, const char*> rows[] = {
         {"en_GB.UTF-8", "United Kingdom", "å"},
         {"ru_RU.UTF-8", "Russia", "е"},
         {"fr_FR@euro", "France", "å"},
         {"C.UTF-8", "", "å"},
     };
-    for (const auto& row : rows) {
-        const OtherProcess process(QString::fromLatin1(row.locale));
-        EXPECT_EQ(process.facts.value(1), QString::fromUtf8(row.country)) << row.locale;
-        EXPECT_EQ(process.facts.value(2), QString::fromUtf8(row.byteE5)) << row.locale;
+    for (const auto& [locale, country, byteE5] : rows) {
+        const OtherProcess process(QString::fromLatin1(locale));
+        EXPECT_EQ(process.facts.value(1), QString::fromUtf8(country)) << locale;
+        EXPECT_EQ(process.facts.value(2), QString::fromUtf8(byteE5)) << locale;
     }
 }

@@ -1,8 +1,7 @@
 #include "fakes/workbench.h"
 
 // Play phases last 5 s, pauses 3 s, steps back 2 s; typing extends a phase.
-class DictationTest : public fakes::WorkbenchTest {
-protected:
+struct DictationTest : fakes::WorkbenchTest {
     void openTalk() {
         open("talk.mp3", 600);
         loop.advance(player.loadingTime);
@@ -60,6 +59,10 @@ TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
         EXPECT_EQ(form.mnuPlay.caption.get(), form.cmdPlay.tag.get());
     }
     EXPECT_NEAR(player.currentPosition(), 6, 0.01) << "a cycle advances by the play time minus the step back";
+    form.mnuChiudi.Click();
+    desktop.form2->setFocus = [] { ADD_FAILURE() << "nothing is playing, so the focus must not move"; };
+    loop.advance(30000);
+    EXPECT_EQ(state(), "on paused idle");
 }
 
 // All transitions of the cycle. A new phase has its full length; if the user is typing, the end of a phase is
@@ -117,25 +120,14 @@ TEST_F(DictationTest, Cycle_Transitions) {
     }
 }
 
-TEST_F(DictationTest, Close_EndsTheCycle_WithoutMovingTheFocus) {
-    openTalk();
-    startCycle();
-    form.mnuChiudi.Click();
-    desktop.form2->setFocus = [] { ADD_FAILURE() << "nothing is playing, so the focus must not move"; };
-    loop.advance(30000);
-    EXPECT_EQ(state(), "on paused idle");
-}
-
 // 40 s are 40000 ms, an overflow of the 16-bit period: the statement that sets it is skipped.
 TEST(DictationPeriods, Over16Bits_KeepThePreviousPeriod) {
-    fakes::Workbench longPause({{22, "40"}, {23, "1"}});
-    longPause.open("a.mp3", 600);
-    longPause.desktop.loop.advance(5000);
-    EXPECT_FALSE(longPause.form().isPlaying());
-    EXPECT_EQ(longPause.form().Timer5.interval(), 5000);
-
-    fakes::Workbench longPlay({{21, "40"}, {23, "1"}});
-    longPlay.open("a.mp3", 600);
-    longPlay.desktop.loop.advance(60000);
-    EXPECT_TRUE(longPlay.form().isPlaying()) << "no period was set before, so no phase ends";
+    // The line of the period, and whether no phase ends because no period was set before.
+    for (const auto& [line, endless] : {std::pair{22, false}, {21, true}}) {
+        fakes::Workbench bench({{line, "40"}, {23, "1"}});
+        bench.open("a.mp3", 600);
+        bench.desktop.loop.advance(endless ? 60000 : 5000);
+        EXPECT_EQ(bench.form().isPlaying(), endless);
+        EXPECT_TRUE(endless || bench.form().Timer5.interval() == 5000);
+    }
 }

@@ -1,15 +1,14 @@
 #include "fakes/workbench.h"
 
 // Pauses step back 2 s, steps are 5 s, phases 5 s and 3 s.
-class InputDialogTest : public fakes::WorkbenchTest {
-protected:
+struct InputDialogTest : fakes::WorkbenchTest {
     InputDialogTest() { speakPlainly(); }
 
     // Runs the command, which opens the dialog; types the text and presses OK.
-    void answer(controls::MenuItem& command, base::TextView typed) {
+    void answer(controls::MenuItem& command, const base::Text& typed) {
         boxes.clear();
         desktop.inForm4 = [&, typed] {
-            dialog.Text1.text = base::Text(typed);
+            dialog.Text1.text = typed;
             dialog.Command1.Click();
             EXPECT_FALSE(dialog.visible) << base::toUtf8(typed);
         };

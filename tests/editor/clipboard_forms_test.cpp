@@ -2,8 +2,7 @@
 #include "fakes/editor_bench.h"
 #include "fakes/fake_clipboard.h"
 
-class ClipboardFormsTest : public fakes::EditorBench {
-protected:
+struct ClipboardFormsTest : fakes::EditorBench {
     ClipboardFormsTest() {
         form.active = true;
         forms.Form_Load();

@@ -5,8 +5,7 @@ using editor::Document;
 using platform::Answer;
 
 // The editor right after its start.
-class DocumentTest : public fakes::EditorBench {
-protected:
+struct DocumentTest : fakes::EditorBench {
     DocumentTest() {
         document.Form_Load();
         form.visible = true;

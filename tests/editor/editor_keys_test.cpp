@@ -3,8 +3,7 @@
 #include "fakes/editor_bench.h"
 
 // Every command logs its name; a style logs what it did to the text.
-class EditorKeysTest : public fakes::EditorBench {
-protected:
+struct EditorKeysTest : fakes::EditorBench {
     EditorKeysTest() {
         for (const std::vector<controls::MenuItem*>& bar : {form1.menuBar, form.menuBar})
             for (const controls::MenuItem* menu : bar)

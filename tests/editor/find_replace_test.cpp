@@ -3,8 +3,7 @@
 
 using testing::ElementsAre;
 
-class FindReplaceTest : public fakes::EditorBench {
-protected:
+struct FindReplaceTest : fakes::EditorBench {
     // The text with its selection, the state shown by the captions, and the messages since the last call.
     std::string seen() {
         std::string told = shown();
@@ -29,49 +28,44 @@ protected:
 };
 
 TEST_F(FindReplaceTest, Buttons_FollowTheStateInTheirCaptions) {
-    struct Row {
-        base::TextView text, wanted, with;
-        const char* ticks; // w: whole words, c: match case
-        const char* presses;
-        const char* expected;
-    };
-    const Row rows[] = {
-        {u"one two one", u"one", u"", "", "FFFF", "[one] two one next <En66>"},
-        {u"one two one", u"three", u"", "", "FF", "|one two one top <En65> <En65>"},
-        {u"one two one", u"one", u"", "", "FvF", "one two [one] next"},
-        {u"one two one", u"one", u"", "", "FFCF", "[one] two one next"},
-        {u"ones One one", u"one", u"", "w", "F", "ones [One] one next"},
-        {u"ones One one", u"one", u"", "c", "FF", "ones One [one] next"},
-        {u"one", u"", u"x", "", "FRR", "|one top <En65> <En65> <En65>"},
-        {u"", u"one", u"x", "", "FRA", "| top <En65> <En65> <En67 /0 En68>"},
-        {u"a/b", u"/", u"", "", "F", "a[/]b next"},
-        // The first press of Replace only finds.
-        {u"one two one", u"one", u"1", "", "R", "[one] two one top armed"},
-        {u"one two one", u"one", u"1", "", "RRRR", "1 two 1| top armed <En65>"},
-        // After a replacement the search options change: "whole words" becomes "match case", and "match case"
-        // becomes "no highlight".
-        {u"one Ones ones one", u"one", u"1", "w", "RR", "1 Ones [one]s one top armed"},
-        {u"one One one", u"one", u"1", "c", "RR", "1| One one top armed"},
-        {u"one ones", u"one", u"1", "wc", "FRR", "1| ones next armed"},
-        // Replace All starts at the caret and ignores both options; it replaces the selection even if nothing
-        // is found.
-        {u"one two One ones", u"one", u"1", "wc", "A", "1 two 1 1|s top <En67 /3 En68>"},
-        {u"one two one", u"one", u"1", "", "vA", "one two 1| top <En67 /1 En68>"},
-        {u"one two one", u" one ", u" one one ", "", "A", "one one two one one| top <En67 /2 En68>"},
-        {u"one two one", u"", u"1", "", "A", "|one two one top <En67 /0 En68>"},
-        {u"one two", u"six", u"6", "", "sA", "one 6| top <En67 /1 En68>"},
-    };
-    for (const Row& row : rows) {
-        text.setText(base::replaced(row.text, u"/", u"\r\n"));
+    // Ticks: w is whole words, c match case.
+    const std::tuple<base::TextView, base::TextView, base::TextView, const char*, const char*, const char*>
+        rows[] = {
+            {u"one two one", u"one", u"", "", "FFFF", "[one] two one next <En66>"},
+            {u"one two one", u"three", u"", "", "FF", "|one two one top <En65> <En65>"},
+            {u"one two one", u"one", u"", "", "FvF", "one two [one] next"},
+            {u"one two one", u"one", u"", "", "FFCF", "[one] two one next"},
+            {u"ones One one", u"one", u"", "w", "F", "ones [One] one next"},
+            {u"ones One one", u"one", u"", "c", "FF", "ones One [one] next"},
+            {u"one", u"", u"x", "", "FRR", "|one top <En65> <En65> <En65>"},
+            {u"", u"one", u"x", "", "FRA", "| top <En65> <En65> <En67 /0 En68>"},
+            {u"a/b", u"/", u"", "", "F", "a[/]b next"},
+            // The first press of Replace only finds.
+            {u"one two one", u"one", u"1", "", "R", "[one] two one top armed"},
+            {u"one two one", u"one", u"1", "", "RRRR", "1 two 1| top armed <En65>"},
+            // After a replacement the search options change: "whole words" becomes "match case", and "match
+            // case" becomes "no highlight".
+            {u"one Ones ones one", u"one", u"1", "w", "RR", "1 Ones [one]s one top armed"},
+            {u"one One one", u"one", u"1", "c", "RR", "1| One one top armed"},
+            {u"one ones", u"one", u"1", "wc", "FRR", "1| ones next armed"},
+            // Replace All starts at the caret and ignores both options; it replaces the selection even if
+            // nothing is found.
+            {u"one two One ones", u"one", u"1", "wc", "A", "1 two 1 1|s top <En67 /3 En68>"},
+            {u"one two one", u"one", u"1", "", "vA", "one two 1| top <En67 /1 En68>"},
+            {u"one two one", u" one ", u" one one ", "", "A", "one one two one one| top <En67 /2 En68>"},
+            {u"one two one", u"", u"1", "", "A", "|one two one top <En67 /0 En68>"},
+            {u"one two", u"six", u"6", "", "sA", "one 6| top <En67 /1 En68>"},
+        };
+    for (const auto& [whole, wanted, with, ticks, presses, expected] : rows) {
+        text.setText(base::replaced(whole, u"/", u"\r\n"));
         routines.cmdCancel_Click();
         form.mnuSostituisci.Click();
-        find.cboFind.text = base::replaced(row.wanted, u"/", u"\r\n");
-        find.cboReplace.text = base::Text(row.with);
-        find.chkWholeWord.value = std::string_view(row.ticks).find('w') != std::string_view::npos;
-        find.chkMatchCase.value = std::string_view(row.ticks).find('c') != std::string_view::npos;
-        press(row.presses);
-        EXPECT_EQ(seen(), row.expected)
-            << row.presses << " for " << base::toUtf8(row.wanted) << ' ' << row.ticks;
+        find.cboFind.text = base::replaced(wanted, u"/", u"\r\n");
+        find.cboReplace.text = base::Text(with);
+        find.chkWholeWord.value = std::string_view(ticks).find('w') != std::string_view::npos;
+        find.chkMatchCase.value = std::string_view(ticks).find('c') != std::string_view::npos;
+        press(presses);
+        EXPECT_EQ(seen(), expected) << presses << " for " << base::toUtf8(wanted) << ' ' << ticks;
     }
 }
 

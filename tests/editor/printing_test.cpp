@@ -4,8 +4,7 @@
 using testing::Contains;
 using testing::ElementsAre;
 
-class PrintingTest : public fakes::EditorBench {
-protected:
+struct PrintingTest : fakes::EditorBench {
     // Prints, with this printer chosen in the dialog; "" cancels the dialog.
     void print(const base::Text& name, int copies = 1) {
         printer.answer.reset();
@@ -23,14 +22,8 @@ protected:
 };
 
 TEST_F(PrintingTest, Print_ChoosesAndRestoresThePrinter) {
-    struct Row {
-        std::vector<base::Text> installed;
-        base::Text current;
-        base::Text chosen;
-        const char* dialog; // the dialog's initial printer
-        base::Text after;
-    };
-    const Row rows[] = {
+    // Installed, current, chosen, offered first by the dialog, current afterwards.
+    const std::tuple<std::vector<base::Text>, base::Text, base::Text, const char*, base::Text> rows[] = {
         {{u"Office", u"Hall", u"PDF"}, u"Office", u"Hall", "Office", u"Hall"},
         {{u"Office", u"Hall", u"PDF"}, u"Office", u"", "Office", u"Office"},
         // The last printer whose name contains the current name wins; a cancel restores the first one.
@@ -39,14 +32,13 @@ TEST_F(PrintingTest, Print_ChoosesAndRestoresThePrinter) {
         // A printer that is not installed changes nothing.
         {{u"Office", u"PDF"}, u"Office", u"office", "Office", u"Office"},
     };
-    for (const Row& row : rows) {
-        printer.installed = row.installed;
-        printer.current = row.current;
-        print(row.chosen);
-        EXPECT_THAT(printer.commands,
-                    Contains(testing::StartsWith(std::string("dialog ") + row.dialog + " x")));
-        EXPECT_EQ(printer.current, row.after);
-        EXPECT_EQ(text.commands.size(), row.chosen.empty() ? 0U : 1U);
+    for (const auto& [installed, current, chosen, dialog, after] : rows) {
+        printer.installed = installed;
+        printer.current = current;
+        print(chosen);
+        EXPECT_THAT(printer.commands, Contains(testing::StartsWith(std::string("dialog ") + dialog + " x")));
+        EXPECT_EQ(printer.current, after);
+        EXPECT_EQ(text.commands.size(), chosen.empty() ? 0U : 1U);
     }
 }
 

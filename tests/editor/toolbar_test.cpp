@@ -3,8 +3,7 @@
 
 using testing::ElementsAre;
 
-class ToolbarTest : public fakes::EditorBench {
-protected:
+struct ToolbarTest : fakes::EditorBench {
     ToolbarTest() { toolbar.Form_Load(); }
 
     editor::Toolbar toolbar{form, document, desktop.systemPort, dialogs};

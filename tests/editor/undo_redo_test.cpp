@@ -2,8 +2,7 @@
 #include "fakes/editor_bench.h"
 
 // That the real text control reports its changes exactly is tested with the control.
-class UndoRedoTest : public fakes::EditorBench {
-protected:
+struct UndoRedoTest : fakes::EditorBench {
     UndoRedoTest() {
         toolbar.Form_Load();
         typing.Form_Load();
@@ -36,28 +35,24 @@ TEST_F(UndoRedoTest, TypedCharacters_AreUndoneOneByOne_AndRedoneUntilTheNextOne)
 }
 
 TEST_F(UndoRedoTest, RestoredText_IsSelected_UnlessASingleCharacterOrLineEnd) {
-    struct Row {
-        std::int32_t start, length;
-        base::TextView by;
-        std::string after, undone, redone;
-    };
-    const Row rows[] = {
-        {2, 3, u"", "on|wo/3", "on[e t]wo/3", "on|wo/3"},
-        {1, 1, u"", "o|e two/3", "on|e two/3", "o|e two/3"},
-        {3, 0, u"xyz", "onexyz| two/3", "one| two/3", "one[xyz] two/3"},
-        // Known limits of the design: a replacement of equal length is no difference, otherwise only the
-        // difference in length is undone.
-        {0, 3, u"ten", "ten| two/3", "ten| two/3", "ten| two/3"},
-        {0, 3, u"eleven", "eleven| two/3", "ele| two/3", "ele[ven] two/3"},
-        {0, 3, u"x", "x| two/3", "x[ne] two/3", "x| two/3"},
-    };
-    for (const Row& row : rows) {
+    const std::tuple<std::int32_t, std::int32_t, base::TextView, std::string, std::string, std::string>
+        rows[] = {
+            {2, 3, u"", "on|wo/3", "on[e t]wo/3", "on|wo/3"},
+            {1, 1, u"", "o|e two/3", "on|e two/3", "o|e two/3"},
+            {3, 0, u"xyz", "onexyz| two/3", "one| two/3", "one[xyz] two/3"},
+            // Known limits of the design: a replacement of equal length is no difference, otherwise only the
+            // difference in length is undone.
+            {0, 3, u"ten", "ten| two/3", "ten| two/3", "ten| two/3"},
+            {0, 3, u"eleven", "eleven| two/3", "ele| two/3", "ele[ven] two/3"},
+            {0, 3, u"x", "x| two/3", "x[ne] two/3", "x| two/3"},
+        };
+    for (const auto& [start, length, by, after, undone, redone] : rows) {
         text.setText(u"one two\r\n3");
-        select(row.start, row.length);
-        text.setSelText(row.by);
-        EXPECT_EQ(shown(), row.after);
-        EXPECT_EQ(undo(), row.undone) << row.after;
-        EXPECT_EQ(redo(), row.redone) << row.after;
+        select(start, length);
+        text.setSelText(by);
+        EXPECT_EQ(shown(), after);
+        EXPECT_EQ(undo(), undone) << after;
+        EXPECT_EQ(redo(), redone) << after;
     }
 }
 

@@ -10,8 +10,6 @@
 
 namespace contracts {
 
-namespace {
-
 struct FakePlayerBench : PlayerBench {
     FakePlayerBench() { fake.lengths[u"/a.wav"] = 4; }
     platform::MediaPlayer& player() override { return fake; }
@@ -65,8 +63,6 @@ struct FakeInternetBench : InternetBench {
 
     fakes::FakeInternet fake;
 };
-
-} // namespace
 
 INSTANTIATE_TEST_SUITE_P(Fake, PlayerContract, testing::Values(make<PlayerBench, FakePlayerBench>));
 INSTANTIATE_TEST_SUITE_P(Fake, RichTextContract, testing::Values(make<RichTextBench, FakeRichTextBench>));

@@ -8,8 +8,7 @@
 namespace fakes {
 
 // The editor's document on fakes, with language entries "&En0" to "&En135".
-class EditorBench : public testing::Test {
-protected:
+struct EditorBench : testing::Test {
     EditorBench() {
         Lingua.FileLingua = u"English.lng";
         Lingua.load();

@@ -67,8 +67,7 @@ private:
     }
 };
 
-class FakeSystem : public platform::System {
-public:
+struct FakeSystem : platform::System {
     base::Text folder;
     base::Text country = u"United Kingdom";
     base::Text decimalSign = u".";
@@ -93,8 +92,7 @@ public:
 };
 
 // Serves the pages that the test has prepared and records the requests.
-class FakeInternet : public platform::Internet {
-public:
+struct FakeInternet : platform::Internet {
     std::map<std::string, std::string> pages; // by address
     std::vector<std::string> reads;           // as "agent address"
 
@@ -105,8 +103,7 @@ public:
 };
 
 // A shell that records what it opens.
-class FakeShell : public platform::Shell {
-public:
+struct FakeShell : platform::Shell {
     std::vector<std::string> opened; // UTF-8; or "sound settings"
 
     void open(base::TextView target) override { opened.push_back(base::toUtf8(target)); }
@@ -114,8 +111,7 @@ public:
 };
 
 // A worker without a thread: work runs when posted.
-class FakeWorker : public platform::Worker {
-public:
+struct FakeWorker : platform::Worker {
     void post(std::function<void()> work) override { work(); }
     void drain() override {}
 };
@@ -168,19 +164,13 @@ public:
             bytes += "123" + (others.contains(n) ? others.at(n) : before + std::to_string(n)) + "\r\n";
         folder.write("Files/Lang/" + name, bytes);
     }
-    void laySettings(const std::vector<std::string>& lines) const {
-        std::string bytes;
-        for (const std::string& line : lines)
-            bytes += line + "\r\n";
-        folder.write("Files/Quillmere.ini", bytes);
-    }
     // Settings with steps of 5 s, 2 s back, phases of 5 s and 3 s, except for these lines (counted from 1).
     void laySettingsWith(std::map<int, std::string> lines) const {
         lines.insert({{1, "English.lng"}, {2, "80"}, {3, "561"}, {4, "5"}, {5, "2"}, {7, ""}});
         lines.insert({{21, "5"}, {22, "3"}, {25, "1"}});
         std::string bytes;
         for (int line = 1; line <= 25; ++line)
-            bytes += (lines.contains(line) ? lines.at(line) : "0") + "\r\n";
+            bytes += lines.insert({line, "0"}).first->second + "\r\n";
         folder.write("Files/Quillmere.ini", bytes);
     }
     std::string savedLine(int line) const {

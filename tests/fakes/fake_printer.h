@@ -10,8 +10,7 @@
 namespace fakes {
 
 // Printers without paper. Records the calls and answers the dialog as the test has prepared.
-class FakePrinter : public platform::Printer, private platform::PrintDevice {
-public:
+struct FakePrinter : platform::Printer, private platform::PrintDevice {
     std::vector<base::Text> installed{u"Office", u"PDF file"};
     base::Text current = u"Office";
     platform::PrinterSettings now;

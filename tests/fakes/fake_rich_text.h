@@ -31,7 +31,6 @@ public:
         for (const char* style : {"bold", "italic", "underline", "strike", "bullet"})
             styles[style] = setting;
     }
-
     // Types at the caret, like the user.
     void type(base::TextView typed) { setSelText(typed); }
 
@@ -102,22 +101,15 @@ public:
             Arrives(start_, length_, beside);
         setSelRTF(source);
     }
-    void setSelFontName(base::TextView name) override {
-        commands.push_back("font " + base::toUtf8(name));
-        formatLetters();
-    }
+    void setSelFontName(base::TextView name) override { format("font " + base::toUtf8(name)); }
     std::optional<double> SelFontSize() const override { return size; }
     void setSelFontSize(double points) override {
         if (!(points >= 1 && points <= 1638))
             throw base::Failure("Invalid property value");
         size = std::round(points * 2) / 2;
-        commands.push_back("size " + base::toUtf8(base::numberText(*size)));
-        formatLetters();
+        format("size " + base::toUtf8(base::numberText(*size)));
     }
-    void setSelColor(std::uint32_t color) override {
-        commands.push_back("color " + std::to_string(color));
-        formatLetters();
-    }
+    void setSelColor(std::uint32_t color) override { format("color " + std::to_string(color)); }
     platform::Setting SelBold() const override { return style("bold"); }
     void setSelBold(bool on) override { set("bold", on); }
     platform::Setting SelItalic() const override { return style("italic"); }
@@ -129,8 +121,7 @@ public:
     platform::Setting SelBullet() const override { return style("bullet"); }
     void setSelBullet(bool on) override { set("bullet", on); }
     void setSelAlignment(platform::ParagraphAlignment alignment) override {
-        commands.push_back("align " + std::to_string(static_cast<int>(alignment)));
-        Formatted();
+        format("align " + std::to_string(static_cast<int>(alignment)), true);
     }
     void LoadFile(base::TextView path) override {
         const base::Text bytes = base::fromUtf8(base::readFile(path));
@@ -152,13 +143,12 @@ public:
         const auto isLetter = [&](std::size_t at) {
             return at < all.size() && all[at] > u' ' && all[at] < 0x80;
         };
-        std::size_t at = wanted.empty()
-                             ? base::Text::npos
-                             : all.find(wanted, static_cast<std::size_t>(nearest(start.value_or(start_))));
+        auto at = static_cast<std::size_t>(nearest(start.value_or(start_)));
+        at = all.find(wanted, at);
         while (at != base::Text::npos && (options & platform::findWholeWord) != 0 &&
-               ((at > 0 && isLetter(at - 1)) || isLetter(at + wanted.size())))
+               (isLetter(at - 1) || isLetter(at + wanted.size())))
             at = all.find(wanted, at + 1);
-        if (at == base::Text::npos)
+        if (wanted.empty() || at == base::Text::npos)
             return -1;
         if ((options & platform::findNoHighlight) == 0) {
             start_ = static_cast<std::int32_t>(at);
@@ -187,8 +177,10 @@ public:
     }
 
 private:
-    void formatLetters() {
-        if (length_ > 0)
+    // Without a selection, only paragraphs get a format.
+    void format(const std::string& command, bool ofParagraph = false) {
+        commands.push_back(command);
+        if (ofParagraph || length_ > 0)
             Formatted();
     }
     void tellChange() {
@@ -222,11 +214,7 @@ private:
     }
     void set(const std::string& name, bool on) {
         styles[name] = on ? platform::Setting::On : platform::Setting::Off;
-        if (name == "bullet")
-            Formatted();
-        else
-            formatLetters();
-        commands.push_back(name + (on ? " on" : " off"));
+        format(name + (on ? " on" : " off"), name == "bullet");
     }
 
     base::Text text_;

@@ -8,8 +8,7 @@ namespace fakes {
 
 // The whole program on fakes, started without a recording, with language entries "&En0" to "&En135". Steps
 // are 5 s, every pause steps back 2 s.
-class Workbench {
-public:
+struct Workbench {
     explicit Workbench(const std::map<int, std::string>& settings = {}) {
         desktop.laySettingsWith(settings);
         EXPECT_TRUE(start());

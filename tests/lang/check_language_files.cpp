@@ -49,8 +49,7 @@ static char16_t plainLetter(char16_t c) {
     return (low >= u'a' && low <= u'z') || (low >= 0x430 && low <= 0x44F) ? low : 0;
 }
 
-class LanguageFile : public testing::TestWithParam<std::string> {
-protected:
+struct LanguageFile : testing::TestWithParam<std::string> {
     void SetUp() override {
         std::ifstream in(fs::path(folder) / (GetParam() + ".lng"), std::ios::binary);
         bytes.assign(std::istreambuf_iterator<char>(in), {});

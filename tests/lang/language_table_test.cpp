@@ -3,8 +3,7 @@
 #include "lang/language_table.h"
 #include "testing.h"
 
-class LanguageTableTest : public testing::Test {
-protected:
+struct LanguageTableTest : testing::Test {
     void load(const std::string& bytes) {
         folder.write("Files/Lang/x.lng", bytes);
         Lingua.FileLingua = u"x.lng";

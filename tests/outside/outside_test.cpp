@@ -3,16 +3,14 @@
 
 using testing::ElementsAre;
 
-class OutsideTest : public fakes::WorkbenchTest {
-protected:
+struct OutsideTest : fakes::WorkbenchTest {
     std::vector<std::string>& opened = desktop.shellPort.opened;
 };
 
 const std::string versionPage = "https://sites.brackenloft.example/site/brackenloftfreeware/ver_qmr.txt";
 
 // Starts the program again with the update check turned on.
-class UpdateCheckTest : public OutsideTest {
-protected:
+struct UpdateCheckTest : OutsideTest {
     UpdateCheckTest() {
         desktop.laySettingsWith({{24, "1"}});
         desktop.layLanguage("English.lng", 136, {{131, "New & <BR>good?<BR>"}});
@@ -51,21 +49,16 @@ TEST_F(UpdateCheckTest, AnswerYes_OpensThePage_AndEndsWithoutSaving) {
     EXPECT_EQ(desktop.folder.read("Files/Quillmere.ini"), settings);
 }
 
-TEST(Version, Digits_HaveThreePlacesEach_AndNumbersFrom100OnAreOmitted) {
-    EXPECT_EQ(outside::Version({9, 10, 99}).digits(), "009010099");
-    EXPECT_EQ(outside::Version({1, 100, 2}).digits(), "001002");
-}
-
-TEST(Links, Guide_DependsOnTheLanguageFile_IgnoringCase) {
-    const std::pair<base::TextView, base::TextView> rows[] = {
-        {u"ITALIANO.LNG", u"it"},
-        {u"Russian.lng", u"ru"},
-        {u"polish.lng", u"pl"},
-        {u"Italiano.lngx", u"en"},
-        {u"", u"en"},
-    };
+TEST(Links, GuideDependsOnTheLanguageFile_VersionsHaveThreeDigitsForEachNumberBelow100) {
+    const std::pair<base::TextView, base::TextView> rows[] = {{u"ITALIANO.LNG", u"it"},
+                                                              {u"Russian.lng", u"ru"},
+                                                              {u"polish.lng", u"pl"},
+                                                              {u"Italiano.lngx", u"en"},
+                                                              {u"", u"en"}};
     for (const auto& [file, code] : rows)
         EXPECT_EQ(outside::guideLanguage(file), code);
+    EXPECT_EQ(outside::Version({9, 10, 99}).digits() + outside::Version({1, 100, 2}).digits(),
+              "009010099001002");
 }
 
 TEST_F(OutsideTest, Commands_OpenTheirPages_AndMinimiseThePlayer) {
@@ -85,8 +78,7 @@ TEST_F(OutsideTest, Commands_OpenTheirPages_AndMinimiseThePlayer) {
     }
 }
 
-class AboutBoxTest : public OutsideTest {
-protected:
+struct AboutBoxTest : OutsideTest {
     outside::FrmInformazioni& open() {
         form().mnuInfo.Click();
         return *desktop.about;

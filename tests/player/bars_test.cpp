@@ -2,8 +2,7 @@
 
 using testing::ElementsAre;
 
-class VolumeBarTest : public fakes::WorkbenchTest {
-protected:
+struct VolumeBarTest : fakes::WorkbenchTest {
     // Drags the thumb to `y` for one tick of its timer.
     void drag(double y, int button = 1) {
         thumb.MouseMove({0, 180, 100});

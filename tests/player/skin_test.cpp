@@ -1,8 +1,7 @@
 #include "fakes/workbench.h"
 
 // Moves the mouse over the skin and checks what each handler highlights, resets and leaves alone.
-class SkinTest : public fakes::WorkbenchTest {
-protected:
+struct SkinTest : fakes::WorkbenchTest {
     struct Button {
         controls::PictureButton* control;
         int* flag;

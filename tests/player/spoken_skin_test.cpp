@@ -2,8 +2,7 @@
 
 using testing::ElementsAre;
 
-class SpokenSkinTest : public fakes::WorkbenchTest {
-protected:
+struct SpokenSkinTest : fakes::WorkbenchTest {
     SpokenSkinTest() {
         form().announce = [this](const base::Text& text) { heard.push_back(text); };
         open("a.mp3", 65);

@@ -2,8 +2,7 @@
 
 using testing::ElementsAre;
 
-class TransportTest : public fakes::WorkbenchTest {
-protected:
+struct TransportTest : fakes::WorkbenchTest {
     void openAt(double seconds) {
         open("talk.mp3", 180);
         desktop.loop.advance(player.loadingTime + static_cast<int>(seconds * 1000));

@@ -6,8 +6,7 @@
 using testing::IsEmpty;
 using namespace std::literals;
 
-class CaptureTest : public testing::Test {
-protected:
+struct CaptureTest : testing::Test {
     CaptureTest() { engine.AggancioCattura(true); }
 
     // Records this many full buffers into "a.wav"; returns its bytes.

@@ -9,8 +9,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-class RecorderTest : public fakes::WorkbenchTest {
-protected:
+struct RecorderTest : fakes::WorkbenchTest {
     recorder::FrmAudioRec& open() {
         form().mnuRegistra.Click();
         return *desktop.recorder;
@@ -157,14 +156,16 @@ TEST_F(RecorderTest, OverwriteQuestion_NoKeepsTheFile_YesReplacesIt_EvenWhilePla
     opener().ApriMedia(desktop.folder.text("talk.wav"));
     EXPECT_EQ(player.commands.size() - before, 2U) << "paused, and nothing is loaded";
     desktop.device.fill();
+    form().Drop({desktop.folder.text("talk.wav")});
+    program->workstation().recorder().cutOff().finish();
+    EXPECT_EQ(player.URL(), desktop.folder.text("talk.wav")) << "a running recording is not repaired";
     window.btnStop.Click();
     EXPECT_TRUE(isWhole("talk.wav", 1));
     opener().ApriMedia(desktop.folder.text("talk.wav"));
     EXPECT_EQ(player.URL(), desktop.folder.text("talk.wav")) << "it plays once finished";
 }
 
-class CutOffTest : public RecorderTest {
-protected:
+struct CutOffTest : RecorderTest {
     // Creates what a crash leaves behind: an empty header, then `bytes` of sound.
     void leave(const std::string& name, std::size_t bytes, const std::string& note = {}) {
         desktop.folder.write(name, std::string(44, '\0') + std::string(bytes, 'a'));
@@ -272,13 +273,5 @@ TEST_F(CutOffTest, OpenedDamagedFile_PlaysItsRepairedCopy_AndTheScanContinues) {
     finish();
     EXPECT_EQ(form().Label4.tag.get(), desktop.folder.text("opened repaired.wav"));
     EXPECT_EQ(told(), before) << "it was reported already";
-    EXPECT_THAT(boxes, IsEmpty());
-}
-
-TEST_F(CutOffTest, RunningRecording_IsLeftAlone) {
-    record("talk.wav");
-    desktop.device.fill();
-    form().Drop({desktop.folder.text("talk.wav")});
-    EXPECT_EQ(player.URL(), desktop.folder.text("talk.wav"));
     EXPECT_THAT(boxes, IsEmpty());
 }

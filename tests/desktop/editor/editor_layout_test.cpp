@@ -4,8 +4,7 @@
 
 namespace {
 
-class EditorLayout : public tests::RichText {
-protected:
+struct EditorLayout : tests::RichText {
     EditorLayout() {
         rtb.resize(300, 200);
         rtb.show();

@@ -21,11 +21,9 @@ TEST_F(RichText, Style_OfASelection_IsOnOffOrMixed) {
         {&Edit::SelItalic, &Edit::setSelItalic},
         {&Edit::SelUnderline, &Edit::setSelUnderline},
         {&Edit::SelStrikeThru, &Edit::setSelStrikeThru}};
-    const struct {
-        int start, length;
-        Setting expected;
-    } rows[] = {{1, 2, Setting::On},  {0, 2, Setting::Mixed}, {0, 9, Setting::Mixed}, {7, 5, Setting::On},
-                {4, 3, Setting::Off}, {2, 0, Setting::On},    {1, 0, Setting::Off}};
+    const std::tuple<int, int, Setting> rows[] = {
+        {1, 2, Setting::On},  {0, 2, Setting::Mixed}, {0, 9, Setting::Mixed}, {7, 5, Setting::On},
+        {4, 3, Setting::Off}, {2, 0, Setting::On},    {1, 0, Setting::Off}};
     for (const auto& [read, write] : styles) {
         // In "abcd", "ef" and an empty paragraph, "bc" and "f" have the style.
         rtb.setText(u"abcd\r\nef\r\n");
@@ -35,9 +33,9 @@ TEST_F(RichText, Style_OfASelection_IsOnOffOrMixed) {
             select(plain, 1);
             (rtb.*write)(false);
         }
-        for (const auto& row : rows) {
-            select(row.start, row.length);
-            EXPECT_EQ((rtb.*read)(), row.expected) << row.start << ", " << row.length;
+        for (const auto& [start, length, expected] : rows) {
+            select(start, length);
+            EXPECT_EQ((rtb.*read)(), expected) << start << ", " << length;
         }
     }
     select(0, 1);

@@ -6,11 +6,8 @@
 
 using tests::RichText;
 
-namespace {
-
 // Logs what reaches the program: "down 70/2", "up 116/0".
-class RichTextEvents : public RichText {
-protected:
+struct RichTextEvents : RichText {
     RichTextEvents() {
         rtb.TakesKey = [](const platform::KeyEvent& key) {
             return key.keyCode >= 112 ||
@@ -64,47 +61,43 @@ protected:
     Told told;
 };
 
-} // namespace
-
-TEST_F(RichTextEvents, KeyPressAndRelease_AreReportedWithTheirCodes) {
-    const struct {
-        int key;
-        Qt::KeyboardModifiers held;
-        Told told;
-    } rows[] = {
-        {Qt::Key_F4, Qt::ShiftModifier | Qt::KeypadModifier, {"down 115/1", "up 115/1"}},
-        {Qt::Key_Z, Qt::ControlModifier | Qt::AltModifier, {"down 90/6", "up 90/6"}},
-        {Qt::Key_Return, {}, {"down 13/0", "up 13/0"}},
-        {Qt::Key_Dead_Acute, {}, {}},
+TEST_F(RichTextEvents, Keys_AreReportedWithTheirCodes_ReleasesOnceAfterTheirPress_EditShortcutsAsCommands) {
+    constexpr auto press = QEvent::KeyPress, release = QEvent::KeyRelease,
+                   override = QEvent::ShortcutOverride;
+    constexpr auto lost = QEvent::FocusOut; // another control gets the focus
+    constexpr auto control = Qt::ControlModifier, shift = Qt::ShiftModifier;
+    // The events of a key; true for those of a held one.
+    const std::tuple<int, Qt::KeyboardModifiers, std::vector<std::pair<QEvent::Type, bool>>, Told> rows[] = {
+        {Qt::Key_F4, shift | Qt::KeypadModifier, {{press, 0}, {release, 0}}, {"down 115/1", "up 115/1"}},
+        {Qt::Key_Z, control | Qt::AltModifier, {{press, 0}, {release, 0}}, {"down 90/6", "up 90/6"}},
+        {Qt::Key_Return, {}, {{press, 0}, {release, 0}}, {"down 13/0", "up 13/0"}},
+        {Qt::Key_Dead_Acute, {}, {{press, 0}, {release, 0}}, {}},
+        // A held key repeats its press; the X server also repeats its release.
+        {Qt::Key_F3,
+         {},
+         {{press, 0}, {release, 1}, {press, 1}, {release, 0}},
+         {"down 114/0", "down 114/0", "up 114/0"}},
+        // A player key that returned the focus before it was released.
+        {Qt::Key_F5, {}, {{release, 0}, {press, 1}, {release, 0}}, {"down 116/0"}},
+        // A key pressed here, whose press went to a menu.
+        {Qt::Key_S, control, {{override, 0}, {release, 0}}, {"up 83/2"}},
+        {Qt::Key_F6, {}, {{press, 0}, {lost, 0}, {release, 0}}, {"down 117/0", "lost"}},
+        {Qt::Key_Z, control, {{press, 0}}, {"down 90/2", "edit 0"}},
+        {Qt::Key_Z, control | shift, {{press, 0}}, {"down 90/3", "edit 1"}},
+        {Qt::Key_Delete, shift, {{press, 0}}, {"down 46/1", "edit 2"}},
+        {Qt::Key_Insert, control, {{press, 0}}, {"down 45/2", "edit 3"}},
+        {Qt::Key_Insert, shift, {{press, 0}}, {"down 45/1", "edit 4"}},
     };
-    for (const auto& row : rows) {
-        send(QEvent::KeyPress, row.key, row.held);
-        send(QEvent::KeyRelease, row.key, row.held);
-        EXPECT_EQ(heard(), row.told);
+    rtb.setText(u"ab");
+    select(0, 1);
+    for (const auto& [key, held, events, expected] : rows) {
+        changes = 0;
+        for (const auto& [type, repeated] : events)
+            type == lost ? loseKeyboard(Qt::MouseFocusReason)
+                         : static_cast<void>(send(type, key, held, repeated));
+        EXPECT_EQ(heard(), expected);
+        EXPECT_TRUE(changes == 0 || key == Qt::Key_Return) << key;
     }
-}
-
-TEST_F(RichTextEvents, KeyRelease_IsReportedOnce_AndOnlyAfterItsPress) {
-    // A held key repeats its press; the X server also repeats its release.
-    send(QEvent::KeyPress, Qt::Key_F3);
-    send(QEvent::KeyRelease, Qt::Key_F3, {}, true);
-    send(QEvent::KeyPress, Qt::Key_F3, {}, true);
-    send(QEvent::KeyRelease, Qt::Key_F3);
-    EXPECT_EQ(heard(), (Told{"down 114/0", "down 114/0", "up 114/0"}));
-    // A player key that returned the focus before it was released.
-    send(QEvent::KeyRelease, Qt::Key_F5);
-    send(QEvent::KeyPress, Qt::Key_F5, {}, true);
-    send(QEvent::KeyRelease, Qt::Key_F5);
-    EXPECT_EQ(heard(), Told{"down 116/0"});
-    // A key pressed here, whose press went to a menu.
-    send(QEvent::ShortcutOverride, Qt::Key_S, Qt::ControlModifier);
-    send(QEvent::KeyRelease, Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(heard(), Told{"up 83/2"});
-    // A key pressed here, after which another control got the focus.
-    send(QEvent::KeyPress, Qt::Key_F6);
-    loseKeyboard(Qt::MouseFocusReason);
-    send(QEvent::KeyRelease, Qt::Key_F6);
-    EXPECT_EQ(heard(), (Told{"down 117/0", "lost"}));
 }
 
 TEST_F(RichTextEvents, HeldKey_RepeatsInTheText_OnlyIfPressedThere) {
@@ -125,38 +118,11 @@ TEST_F(RichTextEvents, HeldKey_RepeatsInTheText_OnlyIfPressedThere) {
     EXPECT_EQ(shown(), "bcef|") << "the press went to an input method";
 }
 
-TEST_F(RichTextEvents, PlatformEditShortcuts_AreReported_AndChangeNothingThemselves) {
-    const struct {
-        int key;
-        Qt::KeyboardModifiers held;
-        platform::EditCommand command;
-    } rows[] = {
-        {Qt::Key_Z, Qt::ControlModifier, platform::EditCommand::Undo},
-        {Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier, platform::EditCommand::Redo},
-        {Qt::Key_Delete, Qt::ShiftModifier, platform::EditCommand::Cut},
-        {Qt::Key_Insert, Qt::ControlModifier, platform::EditCommand::Copy},
-        {Qt::Key_Insert, Qt::ShiftModifier, platform::EditCommand::Paste},
-    };
-    rtb.setText(u"ab");
-    select(0, 1);
-    changes = 0;
-    for (const auto& row : rows) {
-        EXPECT_TRUE(send(QEvent::KeyPress, row.key, row.held));
-        EXPECT_EQ(heard().back(), "edit " + std::to_string(static_cast<int>(row.command)));
-        EXPECT_EQ(changes, 0);
-    }
-}
-
-TEST_F(RichTextEvents, NonLatinLetter_WithControl_IsTheLatinLetterOfItsKey) {
+TEST_F(RichTextEvents, KeysOfTheText_OverrideMenus_AndANonLatinLetterIsTheLatinOneOfItsKey) {
     QAction selectAll(&rtb);
     selectAll.setShortcut(Qt::CTRL | Qt::Key_A);
     QObject::connect(&selectAll, &QAction::triggered, &rtb, [this] { told.emplace_back("menu"); });
-    const struct {
-        int key;
-        quint32 place;
-        bool ofText;
-        Told told;
-    } rows[] = {
+    const std::tuple<int, quint32, bool, Told> rows[] = {
         {0x421, 54, true, {"down 67/2"}}, // Cyrillic
         {0x424, 38, false, {"down 65/2", "menu"}},
         {0x3A9, 55, true, {"down 86/2"}}, // Greek
@@ -164,31 +130,18 @@ TEST_F(RichTextEvents, NonLatinLetter_WithControl_IsTheLatinLetterOfItsKey) {
         {Qt::Key_Comma, 25, false, {}},   // Latin layout
         {Qt::Key_Odiaeresis, 38, false, {}},
         {Qt::Key_Q, 38, true, {"down 81/2"}},
+        {Qt::Key_S, 39, false, {"down 83/2"}},
+        {Qt::Key_F12, 96, true, {"down 123/2"}},
     };
-    for (const auto& row : rows) {
-        EXPECT_EQ(send(QEvent::ShortcutOverride, row.key, Qt::ControlModifier, false, {}, row.place),
-                  row.ofText)
-            << row.key;
-        send(QEvent::KeyPress, row.key, Qt::ControlModifier, false, {}, row.place);
-        EXPECT_EQ(heard(), row.told) << row.key;
+    for (const auto& [key, place, ofText, expected] : rows) {
+        EXPECT_EQ(send(QEvent::ShortcutOverride, key, Qt::ControlModifier, false, {}, place), ofText) << key;
+        send(QEvent::KeyPress, key, Qt::ControlModifier, false, {}, place);
+        EXPECT_EQ(heard(), expected) << key;
     }
 }
 
-TEST_F(RichTextEvents, MenuShortcuts_AreOverridden_OnlyByKeysOfTheText) {
-    EXPECT_TRUE(send(QEvent::ShortcutOverride, Qt::Key_O, Qt::ControlModifier));
-    EXPECT_TRUE(send(QEvent::ShortcutOverride, Qt::Key_F12));
-    EXPECT_FALSE(send(QEvent::ShortcutOverride, Qt::Key_S, Qt::ControlModifier));
-    EXPECT_FALSE(send(QEvent::ShortcutOverride, Qt::Key_F, Qt::AltModifier));
-}
-
 TEST_F(RichTextEvents, Change_IsReportedOncePerKey_IfTheTextChanged) {
-    const struct {
-        int key;
-        Qt::KeyboardModifiers held;
-        QString text;
-        int start, length, expected;
-        const char* after;
-    } rows[] = {
+    const std::tuple<int, Qt::KeyboardModifiers, QString, int, int, int, const char*> rows[] = {
         {Qt::Key_X, {}, QStringLiteral("x"), 1, 0, 1, "ax|b/c"},
         {Qt::Key_X, {}, QStringLiteral("x"), 0, 1, 1, "x|b/c"},
         {Qt::Key_Return, {}, QStringLiteral("\r"), 1, 0, 1, "a/|b/c"},
@@ -208,15 +161,15 @@ TEST_F(RichTextEvents, Change_IsReportedOncePerKey_IfTheTextChanged) {
         {Qt::Key_Backtab, Qt::ShiftModifier, {}, 1, 0, 0, "a|b/c"},
         {Qt::Key_Escape, {}, QStringLiteral("\33"), 1, 0, 0, "a|b/c"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [key, held, text, start, length, expected, after] : rows) {
         rtb.setText(u"ab\r\nc");
-        select(row.start, row.length);
+        select(start, length);
         changes = 0;
-        EXPECT_TRUE(send(QEvent::KeyPress, row.key, row.held, false, row.text))
-            << "otherwise the window would handle it: " << row.key;
-        EXPECT_EQ(shown(), row.after);
-        EXPECT_EQ(changes, row.expected) << row.after;
-        EXPECT_TRUE(changes == 0 || watch.seen == row.after) << "reported with the old text: " << watch.seen;
+        EXPECT_TRUE(send(QEvent::KeyPress, key, held, false, text))
+            << "otherwise the window would handle it: " << key;
+        EXPECT_EQ(shown(), after);
+        EXPECT_EQ(changes, expected) << after;
+        EXPECT_TRUE(changes == 0 || watch.seen == after) << "reported with the old text: " << watch.seen;
     }
 }
 
@@ -231,23 +184,20 @@ TEST_F(RichTextEvents, Backspace_BeforeABullet_RemovesIt_WithoutATextChange) {
 
 TEST_F(RichTextEvents, ComposedInput_ChangesTheText_WhenCommitted) {
     rtb.setText(u"ab");
-    rtb.setSelStart(1);
-    changes = 0;
-    input(QStringLiteral("ni"), {});
-    EXPECT_EQ(rtb.Text(), u"ab");
-    EXPECT_EQ(changes, 0);
-    input({}, QStringLiteral("\u4F60"));
-    EXPECT_EQ(shown(), "a\u4F60|b");
-    EXPECT_EQ(changes, 1);
-    select(1, 1);
-    input({}, QStringLiteral("\u00E9"));
-    EXPECT_EQ(shown(), "a\u00E9|b");
-    EXPECT_EQ(changes, 2) << "one character replaced by another";
-    watch.formats = 0;
-    input(QStringLiteral("x"), {});
-    input({}, {});
+    select(0, 1);
+    watch.formats = changes = 0;
+    const std::tuple<QString, QString, const char*, int> road[] = {
+        {QStringLiteral("ni"), {}, "|b", 1}, // composing replaces the selection
+        {{}, QStringLiteral("\u4F60"), "\u4F60|b", 2},
+        {QStringLiteral("x"), {}, "\u4F60|b", 2},
+        {{}, {}, "\u4F60|b", 2}, // cancelled
+        {{}, QStringLiteral("\u00E9"), "\u4F60\u00E9|b", 3}};
+    for (const auto& [composed, committed, after, count] : road) {
+        input(composed, committed);
+        EXPECT_EQ(shown(), after);
+        EXPECT_EQ(changes, count);
+    }
     EXPECT_EQ(watch.formats, 0);
-    EXPECT_EQ(changes, 2) << "cancelled";
 }
 
 TEST_F(RichTextEvents, Drop_IsOneChange_WithFormatsFromRtfOnly) {
@@ -256,47 +206,39 @@ TEST_F(RichTextEvents, Drop_IsOneChange_WithFormatsFromRtfOnly) {
     select(0, 1);
     const std::unique_ptr<QMimeData> own(rtb.createMimeDataFromSelection());
     EXPECT_EQ(own->text(), QStringLiteral("x"));
-    const struct {
-        const char* type;
-        QByteArray bytes;
-        base::TextView after;
-        bool bold;
-    } rows[] = {
+    const std::tuple<const char*, QByteArray, base::TextView, bool> rows[] = {
         {"text/rtf", own->data(QStringLiteral("text/rtf")), u"abx", true},
         {"text/plain", "x\ny", u"abx\r\ny", false},
         {"text/html", "<p><b>x</b> &amp; y</p>", u"abx & y", false},
         {"text/uri-list", "file:///tmp/a.mp3", u"ab", false},
         {"image/png", "PNG", u"ab", false},
     };
-    for (const auto& row : rows) {
+    for (const auto& [type, bytes, after, bold] : rows) {
         rtb.setText(u"ab");
         changes = 0;
         QMimeData data;
-        data.setData(QString::fromLatin1(row.type), row.bytes);
+        data.setData(QString::fromLatin1(type), bytes);
         drop(data);
-        EXPECT_EQ(rtb.Text(), row.after) << row.type;
-        EXPECT_EQ(changes, row.after == u"ab" ? 0 : 1) << row.type;
+        EXPECT_EQ(rtb.Text(), after) << type;
+        EXPECT_EQ(changes, after == u"ab" ? 0 : 1) << type;
         select(2, 1);
-        EXPECT_EQ(rtb.SelBold() == platform::Setting::On, row.bold) << row.type;
+        EXPECT_EQ(rtb.SelBold() == platform::Setting::On, bold) << type;
     }
 }
 
 TEST_F(RichTextEvents, DragWithinTheText_IsARemovalAndAnInsertion) {
-    const struct {
-        int start, length;
-        Told changes;
-    } rows[] = {
+    const std::tuple<int, int, Told> rows[] = {
         {0, 1, {"|b/cd", "b/cda|"}}, {1, 4, {"a|d", "adb/c|"}}, {4, 2, {}}, // onto itself
     };
-    for (const auto& row : rows) {
+    for (const auto& [start, length, reported] : rows) {
         rtb.setText(u"ab\r\ncd");
-        select(row.start, row.length);
+        select(start, length);
         rtb.Change = [&] { told.push_back(shown()); };
         QTextCursor end(rtb.document());
         end.movePosition(QTextCursor::End);
         const std::unique_ptr<QMimeData> dragged(rtb.createMimeDataFromSelection());
         rtb.moveSelection(*dragged, end);
-        EXPECT_EQ(heard(), row.changes);
+        EXPECT_EQ(heard(), reported);
         rtb.Change = [] {};
     }
 }

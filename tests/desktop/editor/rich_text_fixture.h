@@ -10,8 +10,7 @@
 namespace tests {
 
 // Makes the control's drag and drop functions public.
-class Control : public desktop::RichTextEdit {
-public:
+struct Control : desktop::RichTextEdit {
     using RichTextEdit::createMimeDataFromSelection;
     using RichTextEdit::moveSelection;
     using RichTextEdit::RichTextEdit;
@@ -78,8 +77,7 @@ private:
 };
 
 // A text control whose changes are counted.
-class RichText : public testing::Test {
-protected:
+struct RichText : testing::Test {
     void select(int start, int length) { fakes::select(rtb, start, length); }
     std::string shown() const { return fakes::shown(rtb); }
 

@@ -129,19 +129,16 @@ TEST_F(RichText, HiddenText_HasNoWidth_AndDoesNotHideTextTypedAfterIt) {
 }
 
 TEST_F(RichText, PageBreaks_AreWrittenOnce_AfterAnyEditOfTheirParagraphs) {
-    const struct {
-        int start, length;
-        base::TextView typed;
-        std::string saved; // "|" is a page break within a paragraph, "^" one in front of it
-    } rows[] = {
+    // What is saved: "|" is a page break within a paragraph, "^" one in front of it.
+    const std::tuple<int, int, base::TextView, std::string> rows[] = {
         {4, 0, u"\r\n", "a|b\n\n^c\n"}, {3, 0, u"\r\n", "a|\nb\n^c\n"}, {1, 2, u"", "ab\n^c\n"},
         {7, 0, u"\r\n", "a|b\n^c\n\n"}, {0, 3, u"", "b\n^c\n"},
     };
-    for (const auto& row : rows) {
+    for (const auto& [start, length, typed, expected] : rows) {
         rtb.setText(u"");
         rtb.setSelRTF(u"{\\rtf1 a\\page b\\par\\pagebb c\\par}");
-        select(row.start, row.length);
-        rtb.setSelText(row.typed);
+        select(start, length);
+        rtb.setSelText(typed);
         select(0, rtb.textLength());
         const rtf::Document saved = rtf::read(base::toUtf8(rtb.SelRTF()));
         std::string written;
@@ -153,19 +150,14 @@ TEST_F(RichText, PageBreaks_AreWrittenOnce_AfterAnyEditOfTheirParagraphs) {
             at += paragraph.length;
             written += '\n';
         }
-        EXPECT_EQ(written, row.saved);
+        EXPECT_EQ(written, expected);
     }
 }
 
 TEST_F(RichText, SetSelRTF_InsertsTheParagraphEnds_AsOneChange) {
     const base::Text nothing = rtb.SelRTF();
     const base::Text nul(u"\0x\0", 3);
-    const struct {
-        base::TextView text;
-        int start, length;
-        base::TextView source;
-        const char* after;
-    } rows[] = {
+    const std::tuple<base::TextView, int, int, base::TextView, const char*> rows[] = {
         {u"ab", 1, 0, u"{\\rtf1 x}", "ax|b"},
         {u"ab", 1, 0, u"{\\rtf1 x\\par}", "ax/|b"},
         {u"ab", 1, 0, u"{\\rtf1 x\\par y}", "ax/y|b"},
@@ -178,13 +170,13 @@ TEST_F(RichText, SetSelRTF_InsertsTheParagraphEnds_AsOneChange) {
         {u"a\r\nb", 0, 3, u"{\\rtf1 x\\par}", "x/|b"},
         {u"", 0, 0, u"{\\rtf1 cut {\\b of", "cut of|"},
     };
-    for (const auto& row : rows) {
-        rtb.setText(row.text);
-        select(row.start, row.length);
+    for (const auto& [text, start, length, source, after] : rows) {
+        rtb.setText(text);
+        select(start, length);
         changes = 0;
-        rtb.setSelRTF(row.source);
-        EXPECT_EQ(shown(), row.after) << base::toUtf8(row.source);
-        EXPECT_EQ(changes, row.source == nothing && row.length == 0 ? 0 : 1) << base::toUtf8(row.source);
+        rtb.setSelRTF(source);
+        EXPECT_EQ(shown(), after) << base::toUtf8(source);
+        EXPECT_EQ(changes, source == nothing && length == 0 ? 0 : 1) << base::toUtf8(source);
     }
 }
 

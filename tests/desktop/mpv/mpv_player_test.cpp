@@ -10,8 +10,6 @@
 
 namespace contracts {
 
-namespace {
-
 struct MpvBench : PlayerBench {
     platform::MediaPlayer& player() override { return mpv; }
     base::Text recording() override { return u"" MEDIA_FOLDER "/noise.wav"; }
@@ -20,8 +18,6 @@ struct MpvBench : PlayerBench {
 
     desktop::MpvPlayer mpv{{"null"}};
 };
-
-} // namespace
 
 INSTANTIATE_TEST_SUITE_P(Mpv, PlayerContract, testing::Values(make<PlayerBench, MpvBench>));
 
@@ -37,8 +33,7 @@ using platform::PlayState;
 constexpr double wavLength = 4.0;
 
 // A player, and a folder that contains a.wav.
-class MpvPlayerTest : public testing::Test {
-protected:
+struct MpvPlayerTest : testing::Test {
     MpvPlayerTest() { folder_.write("a.wav", wav_); }
 
     bool reaches(PlayState state) {

@@ -22,17 +22,6 @@ struct Format {
     }
 };
 
-std::vector<Format> allFormats() {
-    std::vector<Format> formats;
-    for (const int rate : {48000, 44100, 22050, 11025, 8000}) {
-        for (const int bits : {16, 8}) {
-            for (const int channels : {2, 1})
-                formats.push_back({rate, bits, channels});
-        }
-    }
-    return formats;
-}
-
 std::string noise(std::size_t size) {
     std::minstd_rand random(static_cast<unsigned>(size));
     std::string bytes(size, '\0');
@@ -41,13 +30,8 @@ std::string noise(std::size_t size) {
     return bytes;
 }
 
-std::unique_ptr<QProcess> run(const char* program, const std::vector<std::string>& arguments,
-                              const std::string& variable = {}, const std::string& value = {}) {
+std::unique_ptr<QProcess> run(const char* program, const std::vector<std::string>& arguments) {
     auto process = std::make_unique<QProcess>();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    if (!variable.empty())
-        environment.insert(QString::fromStdString(variable), QString::fromStdString(value));
-    process->setProcessEnvironment(environment);
     listening::run(*process, program, arguments);
     return process;
 }
@@ -75,8 +59,7 @@ std::string fileDevice(const std::string& file) {
            R"(" format "raw" } pcm.null { type null })";
 }
 
-class RealCapture : public testing::Test {
-protected:
+struct RealCapture : testing::Test {
     RealCapture() {
         listening::liveIn(path(""));
         useAlsa("pcm.!default { type pulse }\nctl.!default { type pulse }\n");
@@ -109,10 +92,9 @@ protected:
     }
     std::unique_ptr<QProcess> record(const Format& format, std::size_t buffers,
                                      const std::string& file) const {
-        return run(RECORDING_PROCESS,
-                   {path(""), std::to_string(buffers), std::to_string(format.channels),
-                    std::to_string(format.bits), std::to_string(format.rate), path(file)},
-                   "PULSE_SOURCE", format.name() + ".monitor");
+        qputenv("PULSE_SOURCE", (format.name() + ".monitor").c_str());
+        return run(RECORDING_PROCESS, {path(""), std::to_string(buffers), std::to_string(format.channels),
+                                       std::to_string(format.bits), std::to_string(format.rate), path(file)});
     }
     void waitForSound(const std::string& file, std::size_t bytes) const {
         fakes::eventually([&] { return folder.read(file).size() >= bytes; }, 10'000);
@@ -163,7 +145,11 @@ INSTANTIATE_TEST_SUITE_P(PortAudio, WaveInputContract, testing::Values(make<Wave
 } // namespace contracts
 
 TEST_F(RealCapture, SoundServer_EveryFormat_RecordsWhatWasPlayed) {
-    const auto formats = allFormats();
+    std::vector<Format> formats;
+    for (const int rate : {48000, 44100, 22050, 11025, 8000})
+        for (const int bits : {16, 8})
+            for (const int channels : {2, 1})
+                formats.push_back({rate, bits, channels});
     startServer(formats);
     std::vector<std::unique_ptr<QProcess>> recordings;
     std::vector<std::unique_ptr<QProcess>> players;
