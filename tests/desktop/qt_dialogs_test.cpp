@@ -90,18 +90,14 @@ TEST(MessageBox, EachStyle_HasItsButtonsAndItsTextAsItIs_AndAnswersToEscapeAndEn
             whenOpen<Box>([icon = icon, buttons = buttons, pressed = key](Box& box) {
                 EXPECT_EQ(box.icon(), icon);
                 EXPECT_EQ(box.standardButtons(), buttons);
-                EXPECT_EQ(box.text(), QStringLiteral("<b>a & b</b>
-one
-two
-three"));
+                EXPECT_EQ(box.text(), QStringLiteral("<b>a & b</b>\none\ntwo\nthree"));
                 EXPECT_EQ(box.textFormat(), Qt::PlainText);
                 EXPECT_EQ(box.windowTitle(), QStringLiteral("Quillmere"));
                 EXPECT_GE(box.width(), 240) << "room for the title";
                 QTest::keyClick(&box, pressed);
             });
-            EXPECT_EQ(desktop::QtDialogs().messageBox(u"<b>a & b</b>one
-two
-three", u"", style), answer);
+            EXPECT_EQ(desktop::QtDialogs().messageBox(u"<b>a & b</b>\rone\r\ntwo\nthree", u"", style),
+                      answer);
         }
     }
 }
