@@ -34,8 +34,7 @@ constexpr double inMs = 1000;
 class ListeningDesktop : public fakes::FakeDesktop {
 public:
     ListeningDesktop() {
-        laySettings({"English.lng", "100", "0", "9", "2", "0", "",  "1", "0", "0", "0", "0", "0",
-                     "0",           "0",   "0", "0", "0", "0", "0", "3", "3", "1", "0", "1"});
+        laySettingsWith({{2, "100"}, {3, "0"}, {4, "9"}, {8, "1"}, {21, "3"}, {23, "1"}});
         // The dialog for seconds recognises its task by entries without a mnemonic.
         std::string bytes;
         for (int n = 0; n < 136; ++n)

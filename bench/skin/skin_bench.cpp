@@ -60,7 +60,7 @@ int main(int argc, char* argv[]) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const desktop::Application application(argc, argv);
     bench::StillDesktop still;
-    still.laySettings({"English.lng", "80", "561", "5", "2"});
+    still.folder.write("Files/Quillmere.ini", "English.lng\r\n80\r\n561\r\n5\r\n2\r\n");
     app::Program program(still);
     if (!program.Main(u"\"" + still.layMedia("Interview.mp3", 60) + u"\""))
         return 1;
