@@ -6,18 +6,20 @@ namespace app {
 
 namespace {
 
-constexpr double step = 450; // twips between the editor's top left corner and the window's
+constexpr double step = 450;      // twips between the editor's top left corner and the window's
+constexpr double belowText = 600; // twips from the editor's lower edge up to the text, at least
 
 } // namespace
 
 SafetyWindows::SafetyWindows(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
                              Parts parts)
     : form1_(form1), form2_(editor.form()),
-      quietLine_(desktop.eventLoop(), parts.notices, parts.words, form1.screen,
-                 [this]() -> const controls::Window& {
-                     return form2_.visible && !form1_.active ? static_cast<controls::Window&>(form2_)
-                                                             : form1_;
-                 }),
+      quietLine_(
+          desktop.eventLoop(), parts.notices, parts.words, form1.screen,
+          [this]() -> const controls::Window& {
+              return form2_.visible && !form1_.active ? static_cast<controls::Window&>(form2_) : form1_;
+          },
+          [this] { return visibleText(); }),
       whatHappened_(parts.notices, parts.words),
       earlierVersions_(parts.archive, parts.options, parts.words, desktop.dialogs(), parts.files) {
     menu.add({earlierVersions_.commands().front(), whatHappened_.commands().front()});
@@ -39,6 +41,14 @@ SafetyWindows::SafetyWindows(Desktop& desktop, player::Form1& form1, EditorRoom&
         placeOverEditor(form);
         desktop.show(form);
     };
+}
+
+std::optional<controls::Box> SafetyWindows::visibleText() const {
+    if (!form2_.visible || form2_.windowState == controls::WindowState::Minimised)
+        return std::nullopt;
+    const controls::Control& text = form2_.RTBPlace;
+    return controls::Box{form2_.left + text.left, form2_.top + text.top, text.width,
+                         form2_.height - text.top - belowText};
 }
 
 void SafetyWindows::leave() {

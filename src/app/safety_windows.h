@@ -9,6 +9,8 @@
 #include "safety/quiet_line.h"
 #include "safety/what_happened.h"
 
+#include <optional>
+
 namespace app {
 
 // The windows of the safety net: the quiet line, the list of earlier versions and the list of past notices.
@@ -33,6 +35,8 @@ public:
     void leave();
 
 private:
+    // Where the editor's text is on the screen, to within a line; none if it is hidden.
+    std::optional<controls::Box> visibleText() const;
     // Places a window over the editor, offset from its corner, so that the player above stays visible.
     void placeOverEditor(controls::Window& window) const;
 

@@ -251,6 +251,8 @@ struct Screen : Observed {
     std::function<Box(const Control& window)> areaOf = [this](const Control&) {
         return Box{0, 0, width, height};
     };
+    // The frames of all visible windows and dialogs of the program (twips). Set by the desktop.
+    std::function<std::vector<Box>()> occupied = [] { return std::vector<Box>(); };
     Property<Pointer> mousePointer{this, Pointer::Default};
 };
 

@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <vector>
 
 namespace desktop {
 
@@ -56,6 +57,17 @@ controls::Box areaOf(const controls::Control& window) {
     return {twips(area.left()), twips(area.top()), twips(area.width()), twips(area.height())};
 }
 
+std::vector<controls::Box> occupied() {
+    std::vector<controls::Box> boxes;
+    for (const QWidget* const window : QApplication::topLevelWidgets()) {
+        const QRect frame = window->frameGeometry();
+        if (window->isVisible() && !window->isMinimized() && window->windowType() != Qt::ToolTip)
+            boxes.push_back(
+                {twips(frame.left()), twips(frame.top()), twips(frame.width()), twips(frame.height())});
+    }
+    return boxes;
+}
+
 } // namespace
 
 Form1Window::Form1Window(player::Form1& form)
@@ -80,6 +92,7 @@ Form1Window::Form1Window(player::Form1& form)
     form.screen.width = twips(available.width());
     form.screen.height = twips(available.height());
     form.screen.areaOf = areaOf;
+    form.screen.occupied = occupied;
     form.screen.observe([this] { followPointer(); });
     adjustSize();
     video_ = std::make_unique<VideoScreen>(form, *this, *skin);
