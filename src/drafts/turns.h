@@ -9,14 +9,7 @@
 
 namespace drafts {
 
-// A part of a text with its moment. Positions are UTF-16 units.
-struct MomentOfText {
-    std::uint32_t begin = 0;
-    std::uint32_t length = 0;
-    moments::Moment moment;
-
-    bool operator==(const MomentOfText&) const = default;
-};
+using moments::MomentOfText;
 
 // A paragraph. A speaker may have several in a row.
 struct Turn {

@@ -14,6 +14,8 @@ constexpr std::uint32_t hashBegin = 2166136261U;
 constexpr std::uint32_t hashFactor = 16777619U;
 constexpr std::ptrdiff_t widestBand = 400; // words that the two texts may drift apart in a stretch
 constexpr std::size_t anchorWords = 3;     // in a row that have to be unique for an anchor
+constexpr int gapCost = 2;                 // of a word that went or came
+constexpr int replacedCost = 3;            // of a word in the place of another: two gaps that keep a word win
 
 constexpr bool isSign(char16_t unit) {
     return (unit < 0x80 && !(unit >= u'0' && unit <= u'9') && !(unit >= u'a' && unit <= u'z') &&
@@ -163,17 +165,18 @@ private:
                     continue;
                 const auto at = static_cast<std::size_t>(place) + 1;
                 Step step = Left;
-                int cost = row == 0 && column == 0 ? 0 : now[at - 1] + 1;
-                if (row > 0 && above[at + 1] + 1 < cost) {
+                int cost = row == 0 && column == 0 ? 0 : now[at - 1] + gapCost;
+                if (row > 0 && above[at + 1] + gapCost < cost) {
                     step = Up;
-                    cost = above[at + 1] + 1;
+                    cost = above[at + 1] + gapCost;
                 }
                 const bool same = row > 0 && column > 0 &&
                                   fresh_[part.freshBegin + static_cast<std::size_t>(row) - 1] ==
                                       old_[part.oldBegin + static_cast<std::size_t>(column) - 1];
-                if (row > 0 && column > 0 && above[at] + (same ? 0 : 1) <= cost) {
+                const int pairCost = above[at] + (same ? 0 : replacedCost);
+                if (row > 0 && column > 0 && pairCost <= cost) {
                     step = Pair;
-                    cost = above[at] + (same ? 0 : 1);
+                    cost = pairCost;
                 }
                 now[at] = cost;
                 steps[static_cast<std::size_t>(row * width + place)] = step;

@@ -16,4 +16,13 @@ struct Moment {
     bool operator==(const Moment&) const = default;
 };
 
+// A part of a text with its moment. Positions are UTF-16 units.
+struct MomentOfText {
+    std::uint32_t begin = 0;
+    std::uint32_t length = 0;
+    Moment moment;
+
+    bool operator==(const MomentOfText&) const = default;
+};
+
 } // namespace moments

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Generates data/Samples/Interview.mp3 from interview.txt.
+# Generates data/Samples/Interview.mp3 from interview.txt, and words.tsv: when each word is spoken, in ms.
 #
 # The recording is in the repository, so the build never runs this script. It is here so that the text can be changed
 # and the recording generated again.
 #
-# Needs: festival festvox-us-slt-hts flite sox ffmpeg
+# Needs: festival festvox-us-slt-hts flite flite1-dev gcc sox ffmpeg
 # Both voices derive from the CMU ARCTIC recordings, which may be used freely.
 set -euo pipefail
 
@@ -28,6 +28,16 @@ guest() {
 
 # The studio voice sounds dull and the guest's boomy; more presence for the one and less bass for the other make them
 # match.
+# The words of a sentence, each behind the time at which the voice begins it, in seconds.
+words_of_interviewer() {
+  festival -b "(begin (voice_cmu_us_slt_arctic_hts) (set! said (utt.synth (Utterance Text \"$1\")))
+    (mapcar (lambda (word) (format t \"%f %s\\n\" (item.feat word \"word_start\") (item.name word)))
+      (utt.relation.items said 'Word)))"
+}
+words_of_guest() {
+  "$work/flite_words" "$1"
+}
+
 tone_interviewer=(highpass 80 equalizer 3000 0.8q +6)
 tone_guest=(highpass 70 bass -3 150 equalizer 2500 0.8q +2)
 
@@ -49,19 +59,40 @@ speak() {  # SPEAKER TEXT WAV
   for i in "${!sentences[@]}"; do
     "$1" "${sentences[i]}" "$work/raw.wav"
     # Trims silence at both ends, then adds a fixed pause after all sentences except the last.
+    sox "$work/raw.wav" "$work/front.wav" silence 1 0.01 0.15%
     sox "$work/raw.wav" -r $rate -c 1 -b 32 -e float "$work/trimmed.wav" \
       silence 1 0.01 0.15% reverse silence 1 0.01 0.15% reverse
     sox "$work/trimmed.wav" "$work/part$i.wav" gain -9 "${tone[@]}" fade 0.02 -0 0.02 \
       pad 0 "$( ((i < ${#sentences[@]} - 1)) && echo 0.32 || echo 0)"
     parts+=("$work/part$i.wav")
+    write_words "$1" "${sentences[i]}"
+    at=$(awk -v at="$at" -v length_="$(soxi -D "$work/part$i.wav")" 'BEGIN { print at + length_ }')
   done
   sox "${parts[@]}" "$3"
 }
 
+# The voices speak a word with a hyphen as two.
+write_words() {  # SPEAKER SENTENCE: which begins at $at, behind the silence that was cut from raw.wav
+  local cut
+  cut=$(awk -v raw="$(soxi -D "$work/raw.wav")" -v front="$(soxi -D "$work/front.wav")" 'BEGIN { print raw - front }')
+  "words_of_$1" "$2" | awk -v at="$at" -v cut="$cut" -v voice="$1" -v text="$2" '
+    { start[NR] = $1 }
+    END {
+      count = split(text, words, " ")
+      for (i = next_ = 1; i <= count; i++) {
+        printf "%d\t%s\n", (at + start[next_] - cut) * 1000 + 0.5, words[i]
+        next_ += voice == "interviewer" ? split(words[i], halves, "-") : 1
+      }
+    }' >>"$work/words.tsv"
+}
+
+gcc -o "$work/flite_words" "$here/flite_words.c" -lflite_cmu_us_rms -lflite_usenglish -lflite_cmulex -lflite -lm
+at=0  # seconds of what has been spoken
 turns=()
 while IFS=: read -r speaker text; do
   n=${#turns[@]}
   name=$(printf '%s/turn%02d' "$work" "$n")
+  at=$(awk -v at="$at" -v pause="${pauses[n % ${#pauses[@]}]}" 'BEGIN { print at + pause }')
   speak "${speaker,,}" "${text# }" "$name.raw.wav"
   sox "$name.raw.wav" "$name.wav" gain "$(gain_to $worklevel "$name.raw.wav")" \
     pad "${pauses[n % ${#pauses[@]}]}" 0
@@ -70,6 +101,9 @@ done <"$here/interview.txt"
 
 sox "${turns[@]}" "$work/all.wav" pad 0 0.5
 
+words=$here/words.tsv
+(($# == 0)) || words=$(dirname "$out")/words.tsv
+cp "$work/words.tsv" "$words"
 # The limiter catches plosives and loud vowels; -1.5 dB leaves headroom for the encoder.
 mkdir -p "$(dirname "$out")"
 ffmpeg -nostdin -hide_banner -loglevel error -y -i "$work/all.wav" \
