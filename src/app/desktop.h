@@ -3,10 +3,12 @@
 #include "base/code_page.h"
 #include "bookmarks/form3.h"
 #include "dictation/form4.h"
+#include "drafts/recogniser_window.h"
 #include "editor/form2.h"
 #include "editor/frm_find.h"
 #include "outside/frm_informazioni.h"
 #include "outside/key_list.h"
+#include "platform/child_process.h"
 #include "platform/clipboard.h"
 #include "platform/decoder.h"
 #include "platform/dialogs.h"
@@ -44,6 +46,7 @@ public:
     virtual platform::Printer& printer() = 0;
     virtual platform::WaveInput& waveInput() = 0;
     virtual platform::Decoder& decoder() = 0;
+    virtual platform::ChildProcess& childProcess() = 0;
     virtual platform::Internet& internet() = 0;
     virtual platform::Shell& shell() = 0;
     // The thread for work that blocks on the disk.
@@ -69,6 +72,7 @@ public:
     virtual void show(safety::QuietLineWindow& form) = 0;
     virtual void show(safety::NoticesWindow& form) = 0;
     virtual void show(safety::VersionsWindow& form) = 0;
+    virtual void show(drafts::RecogniserWindow& form) = 0;
 };
 
 } // namespace app

@@ -10,6 +10,7 @@ DraftRoom::DraftRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor,
                      Parts parts)
     : form1_(form1), editor_(editor),
       openDraft_(desktop.eventLoop(), desktop.dialogs(), parts.words, desktop.codePage(), options_),
+      recognisers_(desktop, form1, editor, {parts.options, options_, parts.words, parts.notices}),
       export_(editor.form().RTB, desktop.dialogs(), parts.words, options_),
       doubts_(editor.form(), editor.undoRedo(), doubtOptions_, parts.words, desktop.eventLoop()) {
     parts.options.tie("DraftPauseMs", options_.pauseMs, 100, 60'000);
@@ -17,7 +18,7 @@ DraftRoom::DraftRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor,
     parts.options.tie("ExportSpeakers", options_.exportSpeakers);
     parts.options.tie("DoubtPercent", doubtOptions_.percent, 0, 101);
     std::vector<controls::MenuItem*> commands = openDraft_.commands();
-    for (const auto& more : {export_.commands(), doubts_.commands()})
+    for (const auto& more : {recognisers_.commands(), export_.commands(), doubts_.commands()})
         commands.insert(commands.end(), more.begin(), more.end());
     menu.add(commands);
     doubts_.start();
@@ -27,6 +28,7 @@ DraftRoom::DraftRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor,
         others();
         doubts_.changed();
     };
+    recognisers_.OptionsChanged() = [this] { export_.OptionsChanged(); };
     export_.DocumentPath = [this] { return editor_.document().FileEditor; };
     export_.Tell = [this, &notices = parts.notices](lang::English sentence,
                                                     const std::vector<base::Text>& pieces) {
@@ -42,6 +44,7 @@ DraftRoom::DraftRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor,
 
 void DraftRoom::leave() {
     openDraft_.stop();
+    recognisers_.leave();
     doubts_.leave();
 }
 

@@ -4,6 +4,7 @@
 #include "app/editor_room.h"
 #include "app/moment_room.h"
 #include "app/options_file.h"
+#include "app/recogniser_room.h"
 #include "app/transcript_menu.h"
 #include "drafts/export.h"
 #include "drafts/open_draft.h"
@@ -27,7 +28,10 @@ public:
     DraftRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu, Parts parts);
 
     // The options were read.
-    void start() { export_.start(); }
+    void start() {
+        export_.start();
+        recognisers_.start();
+    }
     // The exit goes.
     void leave();
 
@@ -42,6 +46,7 @@ private:
     drafts::Options options_;
     editor::DoubtOptions doubtOptions_;
     drafts::OpenDraft openDraft_;
+    RecogniserRoom recognisers_;
     drafts::Export export_;
     editor::Doubts doubts_;
 };

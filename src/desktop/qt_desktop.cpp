@@ -112,6 +112,10 @@ void QtDesktop::show(safety::VersionsWindow& form) {
     versions_ = std::make_unique<VersionsWindow>(form);
 }
 
+void QtDesktop::show(drafts::RecogniserWindow& form) {
+    recogniser_ = std::make_unique<RecogniserWindow>(form);
+}
+
 std::vector<outside::Library> QtDesktop::libraries() {
     return librariesInUse(player_);
 }
@@ -120,6 +124,7 @@ void QtDesktop::closeWindows() {
     quietLine_.reset();
     notices_.reset();
     versions_.reset();
+    recogniser_.reset();
     keys_.reset();
     about_.reset();
     player_.release();

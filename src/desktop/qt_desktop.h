@@ -10,6 +10,7 @@
 #include "desktop/services/lazy_module.h"
 #include "desktop/services/lazy_player.h"
 #include "desktop/services/lazy_wave_input.h"
+#include "desktop/services/qt_child_process.h"
 #include "desktop/services/qt_dialogs.h"
 #include "desktop/services/qt_event_loop.h"
 #include "desktop/services/qt_shell.h"
@@ -26,6 +27,7 @@
 #include "desktop/windows/keys_window.h"
 #include "desktop/windows/notices_window.h"
 #include "desktop/windows/quiet_line_view.h"
+#include "desktop/windows/recogniser_window.h"
 #include "desktop/windows/versions_window.h"
 #include "safety/disk_thread.h"
 
@@ -47,6 +49,7 @@ public:
     platform::Printer& printer() override;
     platform::WaveInput& waveInput() override { return waveInput_; }
     platform::Decoder& decoder() override { return decoder_; }
+    platform::ChildProcess& childProcess() override { return childProcess_; }
     platform::Internet& internet() override { return internet_; }
     platform::Worker& disk() override { return disk_; }
     platform::Shell& shell() override { return shell_; }
@@ -65,6 +68,7 @@ public:
     void show(safety::NoticesWindow& form) override;
     void show(outside::KeysWindow& form) override;
     void show(safety::VersionsWindow& form) override;
+    void show(drafts::RecogniserWindow& form) override;
 
     // In idle time, loads what the first command would otherwise wait for.
     void prepareInIdleTime();
@@ -84,6 +88,7 @@ private:
     KeyboardOrder keyboardOrder_;
     LazyWaveInput waveInput_;
     LazyDecoder decoder_;
+    QtChildProcess childProcess_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;
     LazyModule<platform::Printer> printing_;
@@ -101,6 +106,7 @@ private:
     std::unique_ptr<NoticesWindow> notices_;
     std::unique_ptr<KeysWindow> keys_;
     std::unique_ptr<VersionsWindow> versions_;
+    std::unique_ptr<RecogniserWindow> recogniser_;
 };
 
 } // namespace desktop

@@ -79,11 +79,15 @@ std::vector<TimedWord> timedWords(const rtf::Document& document, const moments::
 } // namespace
 
 std::string source(Transcript transcript, moments::Layer recording) {
+    transcript.document.moments = fragment(transcript, std::move(recording)).beside;
+    return rtf::write(transcript.document);
+}
+
+Fragment fragment(const Transcript& transcript, moments::Layer recording) {
     const Text text = editorText(transcript.document);
     recording.timed = timed(transcript.words, text.size());
-    if (!transcript.words.empty())
-        transcript.document.moments = moments::pack(recording, text);
-    return rtf::write(transcript.document);
+    return {rtf::write(transcript.document),
+            transcript.words.empty() ? std::string() : moments::pack(recording, text)};
 }
 
 Transcript transcript(std::string_view source) {

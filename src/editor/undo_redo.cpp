@@ -115,6 +115,24 @@ void UndoRedo::setMoment(std::int32_t position, std::int32_t length, const momen
     moments().set(position, length, moment);
 }
 
+void UndoRedo::setMoments(const moments::Layer& recording, const std::vector<moments::MomentOfText>& words) {
+    const SnapshotText& now = current();
+    const base::Text text = now.text(0, now.length());
+    if (!mayBeOne(recording, layer_))
+        moments_.set(0, now.length(), {});
+    layer_ = {recording.recording, recording.length, {}};
+    std::size_t paragraphEnd = 0;
+    for (const moments::MomentOfText& word : words) {
+        const auto begin = static_cast<std::int32_t>(word.begin);
+        moments_.set(begin, static_cast<std::int32_t>(word.length), word.moment);
+        if (word.begin < paragraphEnd)
+            continue;
+        RTB_.besideChanged(begin);
+        paragraphEnd = std::min(text.find(u'\n', word.begin), text.size());
+    }
+    RTB_.marksChanged(0, now.length());
+}
+
 void UndoRedo::adoptRecording() {
     if (moments::Layer open = Recording(); !open.recording.empty() && !isOfOtherRecording())
         layer_ = std::move(open);

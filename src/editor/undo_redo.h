@@ -62,6 +62,9 @@ public:
     void momentsHeard(std::function<std::optional<std::int32_t>()> heard);
     // Gives a word its moment in the open recording.
     void setMoment(std::int32_t position, std::int32_t length, const moments::Moment& moment);
+    // Gives these words, in the order of the text, their moments in a recording. Moments of another recording
+    // are removed.
+    void setMoments(const moments::Layer& recording, const std::vector<moments::MomentOfText>& words);
     // The open recording, for the layer: its file name and its length in ms; an empty name for none.
     std::function<moments::Layer()> Recording = [] { return moments::Layer(); };
     // True if the moments belong to another recording than the open one. A renamed file is told by its

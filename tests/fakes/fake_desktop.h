@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/desktop.h"
+#include "fakes/fake_child_process.h"
 #include "fakes/fake_clipboard.h"
 #include "fakes/fake_decoder.h"
 #include "fakes/fake_player.h"
@@ -133,17 +134,19 @@ public:
     FakePrinter printerPort;
     FakeWaveInput device;
     FakeDecoder decoderPort;
+    FakeChildProcess childProcessPort;
     player::Form1* form1 = nullptr;
     recorder::FrmAudioRec* recorder = nullptr; // null until opened
     editor::Form2* form2 = nullptr;
     editor::FrmFind* frmFind = nullptr;
     bookmarks::Form3* form3 = nullptr;
     dictation::Form4* form4 = nullptr;
-    safety::QuietLineWindow* quietLine = nullptr; // null until something was shown
-    safety::VersionsWindow* versions = nullptr;   // likewise
-    safety::NoticesWindow* notices = nullptr;     // null until opened
-    outside::KeysWindow* keys = nullptr;          // null until opened
-    std::function<void()> inForm4 = [] {};        // user input while the dialog is open
+    safety::QuietLineWindow* quietLine = nullptr;   // null until something was shown
+    safety::VersionsWindow* versions = nullptr;     // likewise
+    safety::NoticesWindow* notices = nullptr;       // null until opened
+    outside::KeysWindow* keys = nullptr;            // null until opened
+    drafts::RecogniserWindow* recogniser = nullptr; // likewise
+    std::function<void()> inForm4 = [] {};          // user input while the dialog is open
 
     FakeDesktop() {
         systemPort.whenEnded = [this] { loop.end(); };
@@ -196,6 +199,7 @@ public:
     platform::Printer& printer() override { return printerPort; }
     platform::WaveInput& waveInput() override { return device; }
     platform::Decoder& decoder() override { return decoderPort; }
+    platform::ChildProcess& childProcess() override { return childProcessPort; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     platform::Internet& internet() override { return internetPort; }
     platform::Shell& shell() override { return shellPort; }
@@ -228,6 +232,7 @@ public:
     void show(safety::NoticesWindow& form) override { notices = &form; }
     void show(outside::KeysWindow& form) override { keys = &form; }
     void show(safety::VersionsWindow& form) override { versions = &form; }
+    void show(drafts::RecogniserWindow& form) override { recogniser = &form; }
 
     // Menu commands without a routine when they were shown: a real menu would disable them for good.
     std::vector<std::string_view> shownWithoutRoutine;

@@ -199,8 +199,11 @@ private:
         const bool inPair = before >> 10U == 0xD800 >> 10U && behind >> 10U == 0xDC00 >> 10U;
         return inside - (inPair || (before == u'\r' && behind == u'\n') ? 1 : 0);
     }
-    static base::TextView plain(base::TextView source) {
-        return source.starts_with(u"{\\rtf1 ") ? source.substr(7, source.size() - 8) : source;
+    // The text of a source: of its own simple one, or of a complete one.
+    static base::Text plain(base::TextView source) {
+        if (source.starts_with(u"{\\rtf1\\"))
+            return base::replaced(rtf::plainText(rtf::read(base::toUtf8(source))), u"\n", u"\r\n");
+        return base::Text(source.starts_with(u"{\\rtf1 ") ? source.substr(7, source.size() - 8) : source);
     }
     void replaceAll(base::TextView text, const std::string& beside = {}) {
         Arrives(0, textLength(), beside);

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Regenerates the pictures of docs/ from the program last built by ./run: the player in its states at single and double
-# size, its menus in two languages, the recorder in its states, the about box, the quiet line and
-# the earlier versions in two languages.
+# size, its menus in two languages, the recorder in its states, the about box, the quiet line,
+# a recogniser at work and the earlier versions in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/driver.sh"
 docs=$root/docs
@@ -261,8 +261,28 @@ quiet_line() { # WORDS
   convert "$scratch/line.png" -fill '#8a94a3' -draw 'color 700,100 floodfill' "$docs/quiet-line.png"
 }
 
+# The window of a recogniser at work.
+draft() {
+  local player
+  lay_folder
+  start_program "$folder/Samples/Interview.mp3"
+  player=$window
+  wait_until 10 '(($(position) > 10))'
+  press stop
+  use_window 'Text Editor - .*'
+  key alt+r
+  key m
+  use_window 'Make a draft'
+  key Return
+  sleep 15
+  import -frame -window "$window" "$docs/make-draft.png"
+  kill -KILL "$program"
+}
+
 start_display
 start_sound
+draft
+[[ ${1-} != draft ]] || exit 0
 quiet_line 'Interviewer: Thomas, what does a harbour pilot do?'
 versions English 155 'Harbour pilot' 'Interviewer: Thomas, what does a harbour pilot do?' \
   'Reed: I meet the ship out at sea and bring her in.'
