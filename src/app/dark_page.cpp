@@ -5,7 +5,7 @@ namespace app {
 using lang::operator""_en;
 
 DarkPage::DarkPage(editor::Form2& editor, OptionsFile& options, TranscriptMenu& menu)
-    : editor_(editor), mnuDarkPage_("mnuDarkPage", u"&Dark page"_en) {
+    : editor_(editor), mnuDarkPage_("mnuDarkPage", u"D&ark page"_en) {
     options.tie("DarkPage", isDark_);
     mnuDarkPage_.Click = [this] {
         isDark_ = !isDark_;
