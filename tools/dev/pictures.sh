@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Regenerates the pictures of docs/ from the program last built by ./run: the player in its states at single and double
-# size, its menus in two languages, the recorder in its states, the about box, the quiet line,
-# a recogniser at work and the earlier versions in two languages.
+# size, its menus in two languages, the recorder in its states, the about box, the quiet line, a recogniser at work,
+# following the sound and the earlier versions in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/driver.sh"
 docs=$root/docs
@@ -279,6 +279,35 @@ draft() {
   kill -KILL "$program"
 }
 
+# The word that is heard is marked. The sample's text is opened as a draft; each sentence begins where a silence ends.
+following() {
+  lay_folder
+  ffmpeg -nostdin -i "$folder/Samples/Interview.mp3" -af silencedetect=noise=-55dB:d=0.12 -f null - 2>&1 |
+    sed -n 's/.*silence_end: \([0-9.]*\).*/\1/p' >"$scratch/starts"
+  sed 's/^INTERVIEWER/Interviewer/; s/^GUEST/Guest/; s/\([.?!]\) /\1\n/g' "$root/tools/sample/interview.txt" |
+    awk 'function time(s) { return sprintf("00:%02d:%06.3f", s / 60, s % 60) }
+      BEGIN { print "WEBVTT" }
+      NR == FNR { start[NR] = $1; next }
+      { printf "\n%s --> %s\n%s\n", time(start[FNR]), time(start[FNR + 1] - 0.35), $0 }' "$scratch/starts" - \
+      >"$scratch/Interview.vtt"
+  start_program "$folder/Samples/Interview.mp3"
+  wait_until 10 'window=$(xdotool search --onlyvisible --name " - .*1$")'
+  xdotool windowactivate --sync "$window" mousemove 900 900
+  sleep 0.5
+  key alt+r
+  sleep 0.5
+  key d
+  wait_until 10 '[[ $(xdotool getactivewindow) != "$window" ]]'
+  type_text "$scratch/Interview.vtt"
+  key Return
+  sleep 2
+  key ctrl+shift+f ctrl+Home Down Down Down Down Down Down alt+Return
+  sleep 4
+  import -window root -crop 734x566+48+48 +repage "$scratch/follow.png"
+  kill -KILL "$program"
+  convert "$scratch/follow.png" -fill '#8a94a3' -draw 'color 500,100 floodfill' "$docs/follow.png"
+}
+
 start_display
 start_sound
 draft
@@ -289,6 +318,8 @@ versions English 155 'Harbour pilot' 'Interviewer: Thomas, what does a harbour p
 versions Russian 250 'Лоцман' 'Ведущий: Томас, чем занимается лоцман?' \
   'Рид: Встречаю судно в море и веду его в порт.'
 [[ ${1-} != safety ]] || exit 0
+following
+[[ ${1-} != follow ]] || exit 0
 about English 1 about
 about Russian 2 about-russian
 [[ ${1-} != about ]] || exit 0
