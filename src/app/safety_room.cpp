@@ -332,7 +332,18 @@ void SafetyRoom::bringBackText(const safety::Work& work) {
              work.document.title);
     else
         tell(u"Unsaved work was brought back: %1"_en, work.document.title);
+    tellIfItStays();
     journal_.changed();
+}
+
+// Whatever the user does with the work, its journal cannot be deleted then.
+void SafetyRoom::tellIfItStays() {
+    base::carryOn([this] { base::checkWritable(folder(u"Journal")); },
+                  [this](const char* reason) {
+                      tell(
+                          u"The program folder cannot be written: this work comes back at every start. %1"_en,
+                          base::fromUtf8(reason));
+                  });
 }
 
 void SafetyRoom::bringBackMarks(const safety::Marks& marks) {

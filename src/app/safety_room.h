@@ -47,6 +47,7 @@ private:
     void tellKeptAtExit();
     void bringBack(const safety::Work& work);
     void bringBackText(const safety::Work& work);
+    void tellIfItStays();
     void bringBackMarks(const safety::Marks& marks);
     bool endedTheProgramTwice();
     void giveUp(const safety::Work& work);
