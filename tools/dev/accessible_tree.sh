@@ -69,6 +69,9 @@ windows() {  # LANGUAGE
   choose "$editor" "$(word 'T&ranscript')" "$(word '&What happened')"
   tree "What happened" "$(word 'What happened')"
   choose "$(word 'What happened')" "$(word Close)"
+  choose "$editor" "$(word 'T&ranscript')" "$(word '&Make a draft...')"
+  tree "Make a draft" "$(word 'Make a draft')"
+  choose "$(word 'Make a draft')" "$(word Close)"
   choose $player "$(entry 104)"
   tree Recorder "$(entry 104)"
   key alt+F4
