@@ -1,6 +1,7 @@
 #include "drafts/make_draft.h"
 
 #include "base/failure.h"
+#include "drafts/fault_sentence.h"
 
 #include <algorithm>
 #include <cmath>
@@ -31,7 +32,8 @@ RecogniserUse::Told tellOf(const RecogniserRun::Result& result) {
         return {u"The recogniser could not be started: %1"_en, {result.reason}};
     case Outcome::Unreadable:
         return {u"The recogniser left nothing that can be read as a draft: %1"_en, {result.reason}};
-    case Outcome::Ended:
+    case Outcome::Failed:
+    case Outcome::Killed:
     case Outcome::Complete:
         break;
     }
@@ -145,22 +147,24 @@ void MakeDraft::finish(RecogniserRun::Result result) {
         try {
             return end(use_->finish(std::move(result.draft)));
         } catch (const base::Failure& failure) {
-            result = {Outcome::Unreadable, base::fromUtf8(failure.what()), {}};
+            result = {Outcome::Unreadable, base::fromUtf8(failure.what()), {}, {}};
         }
     }
+    if (result.damage)
+        result.reason = faultText(words_, *result.damage);
     end(tellOf(result));
     const bool lacksSomething =
-        result.outcome == Outcome::NotStarted || (result.outcome == Outcome::Ended && !run_.hasArrived());
+        result.outcome == Outcome::NotStarted || (result.outcome == Outcome::Failed && !run_.hasArrived());
     if (lacksSomething)
         choice_.tellPackages();
 }
 
 void MakeDraft::end(RecogniserUse::Told told) {
     tellStatus(told);
-    if (form.active)
-        form.cmdClose.setFocus();
-    else
-        Tell(told);
+    if (!form.active)
+        return Tell(told);
+    form.announce(form.lblStatus.caption);
+    form.cmdClose.setFocus();
 }
 
 void MakeDraft::tellStatus(const RecogniserUse::Told& told) {

@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/files.h"
+#include "drafts/fault_sentence.h"
 #include "drafts/read/reader.h"
 
 #include <chrono>
@@ -15,32 +16,6 @@ namespace {
 
 constexpr int askEvery = 50;                     // ms
 constexpr std::chrono::milliseconds moment{700}; // a file that takes longer gets a progress window
-
-lang::English sentenceOf(Fault fault) {
-    switch (fault) {
-    case Fault::NotJson:
-        return u"Line %1: the JSON is damaged or ends early."_en;
-    case Fault::UnknownJson:
-        return u"This JSON has no segments, words, chunks or transcription."_en;
-    case Fault::NoTimes:
-        return u"Nothing in this file has a time."_en;
-    case Fault::UnreadableTime:
-        return u"Line %1: the time cannot be read."_en;
-    case Fault::OtherTimeFormat:
-        return u"Line %1: the time is written in an unusual way."_en;
-    case Fault::EndBeforeStart:
-        return u"Line %1: the end lies before the start."_en;
-    case Fault::NoText:
-        return u"Line %1: a time without text was left out."_en;
-    case Fault::TextOutside:
-        return u"Line %1: text without a time was left out."_en;
-    case Fault::BadLetters:
-        return u"Some letters of this file are damaged."_en;
-    case Fault::UnknownForm:
-        break;
-    }
-    return u"This is no subtitle file, no JSON of a recogniser and no text with time stamps."_en;
-}
 
 base::Text lineText(const Remark& remark) {
     return base::fromUtf8(std::to_string(remark.line));
@@ -123,7 +98,7 @@ void OpenDraft::finish() {
         return;
     if (!result.damage.empty()) {
         const Remark& damage = result.damage.front();
-        report(words_(sentenceOf(damage.fault), {lineText(damage)}));
+        report(faultText(words_, damage));
     } else if (result.failed) {
         report(result.failure);
     } else if (base::carryOn([&] { Show(result.transcript); },

@@ -62,7 +62,7 @@ RecogniserRun::RecogniserRun(platform::Decoder& decoder, platform::ChildProcess&
         if (failure.empty())
             recognise();
         else
-            end({Outcome::NotConverted, failure, {}});
+            end({Outcome::NotConverted, failure, {}, {}});
     };
     process_.OutputLine = process_.ErrorLine = [this](TextView line) { print(line); };
     process_.Finished = [this](const platform::ChildProcess::End& end) { finish(end); };
@@ -127,24 +127,25 @@ void RecogniserRun::finish(const platform::ChildProcess::End& ended) {
 RecogniserRun::Result RecogniserRun::resultOf(const platform::ChildProcess::End& end) {
     using How = platform::ChildProcess::End::How;
     if (end.how == How::NotStarted)
-        return {Outcome::NotStarted, end.failure, {}};
+        return {Outcome::NotStarted, end.failure, {}, {}};
     if (end.how == How::Killed)
-        return {Outcome::Ended, base::fromUtf8(::strsignal(end.code)), {}};
+        return {Outcome::Killed, base::fromUtf8(::strsignal(end.code)), {}, {}};
     if (end.code != 0)
-        return {Outcome::Ended, lastLine_, {}};
-    Text reason = lastLine_;
+        return {Outcome::Failed, lastLine_, {}, {}};
+    Result unreadable{Outcome::Unreadable, lastLine_, {}, {}};
     if (command_.hasOutput) {
         for (const fs::path& path : written(base::toUtf8(folder_))) {
             try {
-                return {Outcome::Complete, {}, read(base::readFile(base::fromUtf8(path.string())), page_)};
+                return {
+                    Outcome::Complete, {}, {}, read(base::readFile(base::fromUtf8(path.string())), page_)};
+            } catch (const Damage& damage) {
+                unreadable.damage = damage.remark();
             } catch (const base::Failure& failure) {
-                reason = base::fromUtf8(path.filename().string() + ": " + failure.what());
+                unreadable.reason = base::fromUtf8(failure.what());
             }
         }
     }
-    if (arrived_)
-        return {};
-    return {Outcome::Unreadable, reason, {}};
+    return arrived_ ? Result() : unreadable;
 }
 
 void RecogniserRun::end(Result result) {

@@ -19,13 +19,14 @@ namespace drafts {
 class RecogniserRun {
 public:
     enum class Stage : std::uint8_t { Idle, Converting, Recognising };
-    // What ended the run. Ended: the recogniser reported an error. Unreadable: it left nothing that is a
-    // draft.
-    enum class Outcome : std::uint8_t { Complete, NotConverted, NotStarted, Ended, Unreadable };
+    // What ended the run. Failed: the recogniser reported an error. Killed: somebody ended it. Unreadable: it
+    // left nothing that is a draft.
+    enum class Outcome : std::uint8_t { Complete, NotConverted, NotStarted, Failed, Killed, Unreadable };
     struct Result {
         Outcome outcome = Outcome::Complete;
-        Text reason;                // of a failure, in the words of the system or the recogniser
-        std::optional<Draft> draft; // from the file that the recogniser wrote; none if it only printed
+        Text reason;                  // of a failure, in the words of the system or the recogniser
+        std::optional<Remark> damage; // of the file, if it is that
+        std::optional<Draft> draft;   // from the file that the recogniser wrote; none if it only printed
     };
 
     // `folder` is created for a run and removed with all that is in it, also here: an earlier process may

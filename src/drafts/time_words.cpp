@@ -82,7 +82,7 @@ public:
                                             : std::lower_bound(ends_.begin(), ends_.end(), place);
         const auto index = std::min(static_cast<std::size_t>(hit - ends_.begin()), words_.size() - 1);
         const HeardWord& word = words_[index];
-        const double first = static_cast<double>(ends_[index] - word.text.size());
+        const auto first = static_cast<double>(ends_[index] - word.text.size());
         const double share = std::clamp(
             (at - first) / static_cast<double>(std::max<std::size_t>(word.text.size(), 1)), 0.0, 1.0);
         return word.moment.start + static_cast<Ms>((word.moment.end - word.moment.start) * share);
