@@ -56,6 +56,11 @@ std::vector<outside::KeyGroup> KeysRoom::collect() const {
 
     outside::KeyGroup transcript{outside::commandName(menu_.menu().caption.get()), {}};
     addMenu(transcript.rows, menu_.menu().items);
+    const auto hear =
+        std::find_if(transcript.rows.begin(), transcript.rows.end(),
+                     [](const outside::KeyGroup::Row& row) { return row.keys == u"Alt+Return"; });
+    if (hear != transcript.rows.end())
+        transcript.rows.insert(hear + 1, {u"Ctrl+Click", hear->command});
 
     const lang::LanguageTable& Lingua = form1_.Lingua;
     outside::KeyGroup marks{outside::commandName(Lingua(120)), {}};
