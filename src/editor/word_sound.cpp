@@ -55,13 +55,17 @@ std::optional<WordSound::Part> WordSound::heardPart(std::int32_t ms) {
         return std::nullopt;
     const auto [from, text] = around(*position);
     auto place = static_cast<std::size_t>(*position - from);
-    // Between two words the one before is still the last that was heard.
-    while (place > 0 && place < text.size() && moments::isBlank(text[place]))
-        --place;
-    const auto [begin, length] = moments::wordAround(text, place);
-    if (length == 0)
-        return std::nullopt;
-    return Part{from + static_cast<std::int32_t>(begin), static_cast<std::int32_t>(length), ms};
+    while (true) {
+        // Between two words the one before is still the last that was heard, and nobody speaks a stamp.
+        while (place > 0 && place < text.size() && moments::isBlank(text[place]))
+            --place;
+        const auto [begin, length] = moments::wordAround(text, place);
+        if (length == 0)
+            return std::nullopt;
+        if (begin == 0 || !moments::stampAt(text, begin))
+            return Part{from + static_cast<std::int32_t>(begin), static_cast<std::int32_t>(length), ms};
+        place = begin - 1;
+    }
 }
 
 bool WordSound::hear(std::int32_t position) {

@@ -104,6 +104,15 @@ TEST_F(EditorMomentsTest, FollowedSound_MarksItsWord_AndLetsTheUserScroll) {
     desktop.loop.advance(100);
     EXPECT_EQ(text.marks.front().position, 8);
     EXPECT_EQ(text.scrolledTo, 4);
+    text.setSelStart(8);
+    text.setSelText(u"[00:00:03] ");
+    undoRedo.moments().set(8, 11, std::nullopt);
+    now = 2900;
+    desktop.loop.advance(100);
+    EXPECT_EQ(text.marks.front().position, 4) << "nobody speaks a stamp";
+    select(8, 11);
+    text.setSelText({});
+    now = 3500;
     words.commands()[1]->Click(); // the caret to the sound
     EXPECT_EQ(shown(), "one two |three");
     now = 1200;
@@ -149,4 +158,32 @@ TEST_F(EditorMomentsTest, Stamps_AreInsertedFromTheLayer_AndRemoved_EachInOneSte
         undoRedo.EseguiUndo();
     }
     EXPECT_EQ(heard(), times);
+}
+
+TEST_F(EditorMomentsTest, WordsOfAnotherRecording_AreNotHeard_ButStampsAre) {
+    using moments::Layer;
+    const std::tuple<Layer, Layer, bool> rows[] = {
+        {{u"a.mp3", 60'000, {}}, {u"a.mp3", 60'000, {}}, false},
+        {{u"a.mp3", 60'000, {}}, {u"a.mp3", 99'000, {}}, false}, // its length was an estimate
+        {{u"a.mp3", 60'000, {}}, {u"b.mp3", 60'250, {}}, false}, // renamed or converted
+        {{u"a.mp3", 60'000, {}}, {u"b.mp3", 60'251, {}}, true},
+        {{u"a.mp3", 60'000, {}}, {u"b.mp3", 0, {}}, true},
+        {{u"a.mp3", 0, {}}, {u"b.mp3", 0, {}}, true},
+        {{u"a.mp3", 60'000, {}}, {}, false}, // none is open
+        {{}, {u"b.mp3", 60'000, {}}, false}, // nobody knows which it was
+    };
+    int told = 0;
+    words.ToldOther = [&] { ++told; };
+    const base::Text letters = u"word [00:00:05]";
+    for (auto [ofText, open, isOther] : rows) {
+        text.setText(u"");
+        undoRedo.Recording = [opened = open] { return opened; };
+        EXPECT_FALSE(undoRedo.isOfOtherRecording()) << "without moments";
+        ofText.timed = {{{4, moments::Moment{.start = 2000}}, {11, {}}}};
+        text.insert(letters, moments::pack(ofText, letters));
+        EXPECT_EQ(undoRedo.isOfOtherRecording(), isOther) << base::toUtf8(open.recording) << open.length;
+        told = 0;
+        EXPECT_EQ(heard(), (std::vector{isOther ? -1 : 1700, 4700}));
+        EXPECT_EQ(told, isOther);
+    }
 }
