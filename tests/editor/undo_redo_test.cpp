@@ -39,6 +39,7 @@ TEST_F(UndoRedoTest, RestoredText_IsSelected_UnlessASingleCharacterOrLineEnd) {
         rows[] = {
             {2, 3, u"", "on|wo/3", "on[e t]wo/3", "on|wo/3"},
             {1, 1, u"", "o|e two/3", "on|e two/3", "o|e two/3"},
+            {7, 2, u"", "one two|3", "one two/|3", "one two|3"},
             {3, 0, u"xyz", "onexyz| two/3", "one| two/3", "one[xyz] two/3"},
             // Known limits of the design: a replacement of equal length is no difference, otherwise only the
             // difference in length is undone.
@@ -62,7 +63,7 @@ TEST_F(UndoRedoTest, Undo_AfterNew_RestoresTheFormerText_Selected) {
     document.newDocument();
     EXPECT_EQ(undo(), "[kept]");
     EXPECT_EQ(undo(), "|");
-    text.setText(u"opened"); // the caret stays in front: a redo would begin before the text
+    text.setText(u"o"); // the caret stays in front: a redo would begin before the text
     EXPECT_EQ(undo(), "|");
     EXPECT_EQ(redo(), "|");
 }

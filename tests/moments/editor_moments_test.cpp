@@ -4,6 +4,7 @@
 #include "editor/stamp_commands.h"
 #include "editor/word_sound.h"
 #include "fakes/editor_bench.h"
+#include "moments/layer.h"
 
 // The moments of the editor's text, beside a recording that is at `now`.
 class EditorMomentsTest : public fakes::EditorBench {
@@ -47,17 +48,30 @@ protected:
 TEST_F(EditorMomentsTest, WordsTypedWhileARecordingIsOpen_AreHeardAgain_ThroughEditsUndoAndRedo) {
     typeWords(u"one two three");
     EXPECT_EQ(heard(), (std::vector{700, 1700, 2700}));
-    select(4, 4); // "two "
-    text.setSelText({});
-    EXPECT_EQ(heard(), (std::vector{700, 2700}));
-    undoRedo.EseguiUndo();
-    EXPECT_EQ(heard(), (std::vector{700, 1700, 2700}));
-    undoRedo.EseguiRedo();
-    EXPECT_EQ(heard(), (std::vector{700, 2700}));
+    for (const int start : {4, 0}) { // "two ", "one "
+        select(start, 4);
+        text.setSelText({});
+    }
+    const auto repeat = [&](int times, void (editor::UndoRedo::*step)()) {
+        for (; times > 0; --times)
+            (undoRedo.*step)();
+        return heard();
+    };
+    now = 60'000;                         // what is undone and redone is not heard then
+    for (const int lettersToo : {2, 7}) { // the last word was typed in five changes
+        EXPECT_EQ(repeat(2, &editor::UndoRedo::EseguiUndo), (std::vector{700, 1700, 2700}));
+        repeat(lettersToo - 2, &editor::UndoRedo::EseguiUndo);
+        EXPECT_EQ(repeat(lettersToo - 2, &editor::UndoRedo::EseguiRedo), (std::vector{700, 1700, 2700}));
+        EXPECT_EQ(repeat(2, &editor::UndoRedo::EseguiRedo), std::vector{2700});
+    }
     now = 90'000;
     text.setText(u"");
     typeWords(u"other");
-    EXPECT_EQ(heard(), std::vector{89'700}) << "nothing of the document before";
+    now = 95'000;
+    text.type(u"s");
+    select(0, 5);
+    text.setSelText({});
+    EXPECT_EQ(heard(), std::vector{89'700}) << "of its word, and nothing of the document before";
     text.setText(u"[00:00:05] loaded [00:00:15] text");
     EXPECT_EQ(heard(), (std::vector{4700, 4700, 14'700, 14'700})) << "a stamp plays from its own time";
 }
@@ -70,6 +84,38 @@ TEST_F(EditorMomentsTest, ACopyOfALayer_ComesAlongWithItsLetters) {
     text.insert(u"two three", beside);
     EXPECT_EQ(heard(), (std::vector{1700, 1700, 2700}));
     EXPECT_TRUE(text.Beside(0, 4).empty()) << "letters without moments have no layer";
+    text.setSelStart(5);
+    text.insert(u"two three ", ""); // nothing is beside these
+    EXPECT_EQ(heard(), (std::vector{1700, 1700, 1700, 1700, 2700}));
+}
+
+TEST_F(EditorMomentsTest, WordsOfAnotherRecording_ComeWithoutTheirMoments) {
+    moments::Layer recording{u"a.mp3", 0, {}};
+    undoRedo.Recording = [&] { return recording; };
+    typeWords(u"one two");
+    recording.length = 60'000; // is known only now
+    const std::string beside = text.Beside(0, 7);
+    EXPECT_EQ(moments::unpack(beside, u"one two")->length, 60'000);
+    // Name and length of the recording of a document that they are pasted into.
+    const std::tuple<base::Text, std::int32_t, bool> rows[] = {{u"", 0, false},
+                                                               {u"a.mp3", 90'000, false},
+                                                               {u"renamed.mp3", 60'250, false},
+                                                               {u"renamed.mp3", 60'251, true},
+                                                               {u"b.mp3", 0, true}};
+    for (const auto& [name, length, isOther] : rows) {
+        recording = {name, length, {}};
+        text.setText(u"");
+        now = 50'000;
+        typeWords(u"six ");
+        text.insert(u"one two", beside);
+        EXPECT_EQ(heard(),
+                  isOther ? (std::vector{49'700, 49'700, 49'700}) : (std::vector{49'700, 700, 1700}));
+        recording = {u"a.mp3", 60'000, {}};
+        EXPECT_EQ(undoRedo.isOfOtherRecording(), isOther) << base::toUtf8(name);
+        select(0, text.textLength());
+        text.setSelText({});
+        EXPECT_FALSE(undoRedo.isOfOtherRecording()) << "without words there are no moments";
+    }
 }
 
 TEST_F(EditorMomentsTest, WordsThatAreCutAndPasted_EvenIntoAnotherDocument_TakeTheirMomentsAlong) {

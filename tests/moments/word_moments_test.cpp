@@ -195,4 +195,11 @@ TEST(WordMoments, BetweenMoments_PlacesAndTimesAreInterpolated) {
         {999, {}}, {1000, 0}, {1500, 3}, {2999, 11}, {3500, 12}};
     for (const auto& [ms, place] : places)
         EXPECT_EQ(moments.heardAt(ms), place) << ms;
+    // Words that were spoken in the reverse order.
+    Timed reversed;
+    for (int word = 100; word > 0; --word)
+        reversed.runs.push_back({1, Moment{.start = 1000 * word}});
+    moments.apply(0, 17, reversed);
+    for (int word = 1; word <= 100; ++word)
+        EXPECT_EQ(moments.heardAt(1000 * word), 100 - word);
 }
