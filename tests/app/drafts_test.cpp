@@ -6,11 +6,6 @@ struct DraftsTest : fakes::WorkbenchTest {
         desktop.dialogPort.choices.push_back(desktop.folder.text("draft"));
         command("mnuOpenDraft").Click();
     }
-    controls::MenuItem& command(std::string_view name) {
-        const auto& items = desktop.form2->menuBar.back()->items;
-        return **std::find_if(items.begin(), items.end(),
-                              [&](const auto* item) { return item->name == name; });
-    }
 };
 
 TEST_F(DraftsTest, OpenDraft_IsANewDocument_AndTellsWhatWasOdd) {

@@ -6,13 +6,6 @@
 using lang::operator""_en;
 
 struct SafetyWindowsTest : fakes::WorkbenchTest {
-    controls::MenuItem& command(std::string_view name) {
-        for (controls::MenuItem* const item : desktop.form2->menuBar.back()->items) {
-            if (item->name == name)
-                return *item;
-        }
-        throw std::invalid_argument(std::string(name));
-    }
     safety::Archive& archive() { return program->workstation().safety().archive(); }
     safety::VersionsWindow& openVersions() {
         command("mnuEarlierVersions").Click();

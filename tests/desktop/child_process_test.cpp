@@ -7,8 +7,7 @@
 
 using How = platform::ChildProcess::End::How;
 
-class ChildProcess : public testing::Test {
-protected:
+struct ChildProcess : testing::Test {
     ChildProcess() {
         process.OutputLine = [this](base::TextView line) { told.push_back("out " + base::toUtf8(line)); };
         process.ErrorLine = [this](base::TextView line) { told.push_back("err " + base::toUtf8(line)); };

@@ -8,6 +8,7 @@
 #include "fakes/fake_printer.h"
 #include "fakes/fake_rich_text.h"
 #include "fakes/fake_wave_input.h"
+#include "fakes/fake_worker.h"
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
 
@@ -109,12 +110,6 @@ struct FakeShell : platform::Shell {
 
     void open(base::TextView target) override { opened.push_back(base::toUtf8(target)); }
     void openSoundSettings() override { opened.emplace_back("sound settings"); }
-};
-
-// A worker without a thread: work runs when posted.
-struct FakeWorker : platform::Worker {
-    void post(std::function<void()> work) override { work(); }
-    void drain() override {}
 };
 
 // A desktop without a screen: virtual time, and a temporary program folder with the usual files.

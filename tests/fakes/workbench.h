@@ -24,6 +24,11 @@ struct Workbench {
     player::Form1& form() { return *desktop.form1; }
     player::MediaSession& session() { return program->workstation().session(); }
     player::MediaOpener& opener() { return program->workstation().opener(); }
+    // This command of the menu "Transcript".
+    controls::MenuItem& command(std::string_view name) {
+        const auto& items = desktop.form2->menuBar.back()->items;
+        return **std::ranges::find_if(items, [&](const auto* item) { return item->name == name; });
+    }
     void open(const std::string& name, double seconds) {
         opener().ApriMedia(desktop.layMedia(name, seconds));
     }

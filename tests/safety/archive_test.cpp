@@ -17,8 +17,7 @@ namespace {
 constexpr std::int64_t day = 24 * 60 * 60;
 constexpr std::int64_t now = 1'750'000'000;
 
-class ArchiveTest : public testing::Test {
-protected:
+struct ArchiveTest : testing::Test {
     std::vector<std::string> kept() const {
         std::vector<std::string> contents;
         for (const Version& version : archive.versions())

@@ -1,4 +1,5 @@
 #include "base/files.h"
+#include "fakes/fake_worker.h"
 #include "fakes/temporary_folder.h"
 #include "fakes/virtual_loop.h"
 #include "rtf/read/reader.h"
@@ -11,13 +12,6 @@ using safety::Record;
 using safety::RecordType;
 
 namespace {
-
-// A worker that runs its work immediately.
-class InlineWorker : public platform::Worker {
-public:
-    void post(std::function<void()> work) override { work(); }
-    void drain() override {}
-};
 
 std::string source(const std::vector<std::string>& paragraphs) {
     std::string rtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}{\\f1 Courier;}}";
@@ -62,8 +56,7 @@ private:
     std::optional<platform::ParagraphChange> change_;
 };
 
-class JournalTest : public testing::Test {
-protected:
+struct JournalTest : testing::Test {
     base::Text path() const { return folder.text("Journal"); }
     safety::Work restored() const { return safety::replay(safety::JournalFile::read(path())); }
     void change(std::size_t first, std::size_t removed, const std::vector<std::string>& inserted) {
@@ -74,7 +67,7 @@ protected:
 
     fakes::TemporaryFolder folder;
     fakes::VirtualLoop loop;
-    InlineWorker disk;
+    fakes::FakeWorker disk;
     Editor editor;
     safety::Journal journal{loop, disk, editor, path()};
 };
