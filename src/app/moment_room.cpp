@@ -44,6 +44,7 @@ MomentRoom::MomentRoom(Desktop& desktop, player::Form1& form1, EditorRoom& edito
     menu.add(commands);
     mnuGoOn_.Click = [this] { goOn(); };
     words_.PlayFrom = [this](std::int32_t ms) { return playFrom(ms); };
+    words_.CanPlay = [this] { return isOpen(); };
     words_.Heard = [this] { return heardByWords(); };
     words_.ToldOther = [this] { tellOther(); };
     words_.MomentSet = [this] { editor_.document().TestoModificato = 1; };

@@ -25,7 +25,7 @@ WordSound::WordSound(Form2& form, UndoRedo& text, const SoundOptions& options)
     mnuToSound.Click = [this] { toSound(); };
     mnuSetMoment.Click = [this] { setMoment(); };
     form_.RTB.CtrlClick = [this](std::int32_t position) { return hear(position); };
-    form_.RTB.Clickable = [this](std::int32_t position) { return Heard() && partAt(position); };
+    form_.RTB.Clickable = [this](std::int32_t position) { return isHeardByClick(position); };
 }
 
 WordSound::Letters WordSound::around(std::int32_t position) {
@@ -75,6 +75,11 @@ bool WordSound::hear(std::int32_t position) {
         return true;
     }
     return part && PlayFrom(std::max(part->ms - options_.leadMs, 0));
+}
+
+bool WordSound::isHeardByClick(std::int32_t position) {
+    const auto part = CanPlay() ? partAt(position) : std::nullopt;
+    return part && (part->isStamp || !text_.isOfOtherRecording());
 }
 
 void WordSound::toSound() {

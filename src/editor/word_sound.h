@@ -38,6 +38,8 @@ public:
 
     // Plays the open recording from there, in ms; false without one.
     std::function<bool(std::int32_t ms)> PlayFrom = [](std::int32_t) { return false; };
+    // True while a recording is open.
+    std::function<bool()> CanPlay = [] { return false; };
     // The place that is heard, in ms; nothing without a recording.
     std::function<std::optional<std::int32_t>()> Heard = [] { return std::nullopt; };
     // Called when a word is to be heard that belongs to another recording than the open one.
@@ -53,6 +55,7 @@ private:
     };
 
     bool hear(std::int32_t position);
+    bool isHeardByClick(std::int32_t position);
     void toSound();
     void setMoment();
     Letters around(std::int32_t position);

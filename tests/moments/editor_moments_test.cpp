@@ -13,6 +13,7 @@ protected:
         typing.Form_Load();
         undoRedo.momentsHeard([this] { return std::optional(now); });
         words.Heard = [this] { return std::optional(now); };
+        words.CanPlay = [] { return true; };
         words.PlayFrom = [this](std::int32_t ms) { return played = ms, true; };
         follow.Plays = [] { return true; };
     }
@@ -231,5 +232,7 @@ TEST_F(EditorMomentsTest, WordsOfAnotherRecording_AreNotHeard_ButStampsAre) {
         told = 0;
         EXPECT_EQ(heard(), (std::vector{isOther ? -1 : 1700, 4700}));
         EXPECT_EQ(told, isOther);
+        EXPECT_NE(text.Clickable(1), isOther);
+        EXPECT_TRUE(text.Clickable(6)) << "the stamp";
     }
 }
