@@ -6,6 +6,7 @@
 #include "drafts/recogniser_window.h"
 #include "editor/form2.h"
 #include "editor/frm_find.h"
+#include "editor/speakers_window.h"
 #include "outside/frm_informazioni.h"
 #include "outside/key_list.h"
 #include "platform/child_process.h"
@@ -66,6 +67,7 @@ public:
     virtual void show(bookmarks::Form3& form) = 0;
     virtual void show(dictation::Form4& form) = 0;
     virtual void show(editor::FrmFind& form) = 0;
+    virtual void show(editor::SpeakersWindow& form) = 0;
     virtual void show(recorder::FrmAudioRec& form) = 0;
     virtual void show(outside::FrmInformazioni& form) = 0;
     virtual void show(outside::KeysWindow& form) = 0;

@@ -50,6 +50,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
       drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, moments_}),
+      speakers_(desktop, form1_, editor_, transcriptMenu_, words_),
       darkPage_(editor_.form(), options_, transcriptMenu_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
@@ -180,6 +181,7 @@ bool Workstation::Form_Unload() {
     bookmarks_.form().Timer1.setInterval(50);
     findAndPrint_.leave();
     drafts_.leave();
+    speakers_.leave();
     safetyWindows_.leave();
     keys_.leave();
     form1_.WMP1.stop();

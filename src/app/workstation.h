@@ -18,6 +18,7 @@
 #include "app/safety_room.h"
 #include "app/safety_windows.h"
 #include "app/settings_file.h"
+#include "app/speaker_room.h"
 #include "app/transcript_menu.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -126,6 +127,7 @@ private:
     MomentRoom moments_;
     SafetyWindows safetyWindows_;
     DraftRoom drafts_;
+    SpeakerRoom speakers_;
     DarkPage darkPage_;
     KeysRoom keys_;
     EditorHint editorHint_;

@@ -100,6 +100,10 @@ void QtDesktop::show(outside::KeysWindow& form) {
     keys_ = std::make_unique<KeysWindow>(form);
 }
 
+void QtDesktop::show(editor::SpeakersWindow& form) {
+    speakers_ = std::make_unique<SpeakersWindow>(form);
+}
+
 void QtDesktop::show(safety::QuietLineWindow& form) {
     quietLine_ = std::make_unique<QuietLineView>(form);
 }
@@ -125,6 +129,7 @@ void QtDesktop::closeWindows() {
     notices_.reset();
     versions_.reset();
     recogniser_.reset();
+    speakers_.reset();
     keys_.reset();
     about_.reset();
     player_.release();

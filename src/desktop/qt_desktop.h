@@ -28,6 +28,7 @@
 #include "desktop/windows/notices_window.h"
 #include "desktop/windows/quiet_line_view.h"
 #include "desktop/windows/recogniser_window.h"
+#include "desktop/windows/speakers_window.h"
 #include "desktop/windows/versions_window.h"
 #include "safety/disk_thread.h"
 
@@ -64,6 +65,7 @@ public:
     void show(dictation::Form4& form) override;
     void show(recorder::FrmAudioRec& form) override;
     void show(outside::FrmInformazioni& form) override;
+    void show(editor::SpeakersWindow& form) override;
     void show(safety::QuietLineWindow& form) override;
     void show(safety::NoticesWindow& form) override;
     void show(outside::KeysWindow& form) override;
@@ -104,6 +106,7 @@ private:
     std::unique_ptr<FrmInformazioniWindow> about_;
     std::unique_ptr<QuietLineView> quietLine_;
     std::unique_ptr<NoticesWindow> notices_;
+    std::unique_ptr<SpeakersWindow> speakers_;
     std::unique_ptr<KeysWindow> keys_;
     std::unique_ptr<VersionsWindow> versions_;
     std::unique_ptr<RecogniserWindow> recogniser_;

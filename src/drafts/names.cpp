@@ -10,6 +10,7 @@ namespace drafts {
 namespace {
 
 constexpr std::size_t longestName = 40;
+constexpr std::size_t longestBoldName = 60;
 constexpr std::size_t mostWords = 4;
 
 bool isSmall(char16_t unit) {
@@ -62,6 +63,16 @@ NamedText nameAtHead(TextView text) {
         ++behind;
     const TextView name = stripped(text.substr(0, colon));
     return behind < text.size() && isName(name) ? NamedText{name, behind} : NamedText{};
+}
+
+NamedText nameAtHead(TextView text, std::size_t bold) {
+    const TextView name = stripped(text.substr(0, std::min(bold, text.size())));
+    if (name.size() < 2 || name.size() > longestBoldName || name.back() != u':' || name.size() >= text.size())
+        return nameAtHead(text);
+    std::size_t behind = static_cast<std::size_t>(name.data() - text.data()) + name.size();
+    while (behind < text.size() && isBlank(text[behind]))
+        ++behind;
+    return {name.substr(0, name.size() - 1), behind};
 }
 
 } // namespace drafts

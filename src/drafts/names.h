@@ -16,5 +16,8 @@ struct NamedText {
     std::size_t behind = 0; // where what was said begins
 };
 NamedText nameAtHead(TextView text);
+// The same for a text whose first units are bold: a name and its colon that alone are bold are a name
+// whatever it looks like.
+NamedText nameAtHead(TextView text, std::size_t bold);
 
 } // namespace drafts

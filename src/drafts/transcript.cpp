@@ -12,8 +12,6 @@ namespace drafts {
 
 namespace {
 
-constexpr std::size_t longestBoldName = 60;
-
 // The text of a paragraph as it is read, and where its units stood.
 class ReadText {
 public:
@@ -51,19 +49,10 @@ private:
     std::vector<std::uint32_t> places_;
 };
 
-// A name and its colon in bold are a name whatever it looks like; else what looks like one.
 NamedText nameOf(TextView text, const rtf::Document& document, std::size_t firstRun) {
     const rtf::Run& first = document.runs[firstRun];
-    const TextView bold = stripped(text.substr(0, first.length));
-    const bool isBoldName = document.formats[first.format].bold && first.kept == rtf::none &&
-                            bold.size() > 1 && bold.size() <= longestBoldName && bold.back() == u':' &&
-                            bold.size() < text.size();
-    if (!isBoldName)
-        return nameAtHead(text);
-    std::size_t behind = bold.size();
-    while (behind < text.size() && isBlank(text[behind]))
-        ++behind;
-    return {bold.substr(0, bold.size() - 1), behind};
+    const bool isBold = document.formats[first.format].bold && first.kept == rtf::none;
+    return nameAtHead(text, isBold ? first.length : 0);
 }
 
 } // namespace

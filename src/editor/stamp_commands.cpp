@@ -1,6 +1,6 @@
 #include "editor/stamp_commands.h"
 
-#include "base/carry_on.h"
+#include "editor/text_edits.h"
 #include "lang/words.h"
 #include "moments/word_units.h"
 
@@ -79,36 +79,21 @@ std::vector<moments::Stamp> StampCommands::stampsFor(Places places, base::TextVi
 
 void StampCommands::insert(Places places) {
     const base::Text text = text_.letters(0, text_.length());
-    std::vector<Edit> edits;
+    std::vector<TextEdit> edits;
     for (const moments::Stamp& stamp : stampsFor(places, text))
-        edits.push_back({stamp.position, 0, moments::stampText(stamp.ms)});
-    change(edits);
+        edits.push_back({.position = stamp.position, .inserted = moments::stampText(stamp.ms)});
+    makeEdits(form_.RTB, text_, edits);
 }
 
 void StampCommands::remove() {
     const base::Text text = text_.letters(0, text_.length());
-    std::vector<Edit> edits;
+    std::vector<TextEdit> edits;
     for (const moments::Stamp& stamp : moments::stampsIn(text)) {
         const auto behind = static_cast<std::size_t>(stamp.position + stamp.length);
-        edits.push_back(
-            {stamp.position, stamp.length + (behind < text.size() && text[behind] == u' ' ? 1 : 0), {}});
+        const std::int32_t blank = behind < text.size() && text[behind] == u' ' ? 1 : 0;
+        edits.push_back({.position = stamp.position, .removed = stamp.length + blank});
     }
-    change(edits);
-}
-
-// From the end to the beginning, so that the places before an edit stay what they are. A stamp is no word
-// that is heard.
-void StampCommands::change(const std::vector<Edit>& edits) {
-    text_.asOneStep([&] {
-        for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit)
-            base::carryOn([&] {
-                form_.RTB.setSelStart(edit->position);
-                form_.RTB.setSelLength(edit->removed);
-                form_.RTB.setSelText(edit->inserted);
-                text_.moments().set(edit->position, static_cast<std::int32_t>(edit->inserted.size()),
-                                    std::nullopt);
-            });
-    });
+    makeEdits(form_.RTB, text_, edits);
 }
 
 } // namespace editor

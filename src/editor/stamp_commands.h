@@ -20,17 +20,10 @@ public:
 private:
     enum class Places { Paragraphs, Seconds, Speakers };
 
-    struct Edit {
-        std::int32_t position = 0;
-        std::int32_t removed = 0; // UTF-16 units
-        base::Text inserted;
-    };
-
     void insert(Places places);
     void remove();
     // The stamps to be inserted, of length 0, in order.
     std::vector<moments::Stamp> stampsFor(Places places, base::TextView text);
-    void change(const std::vector<Edit>& edits);
 
     controls::MenuItem mnuStamps;
     controls::MenuItem mnuStampParagraphs;

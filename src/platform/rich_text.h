@@ -124,6 +124,8 @@ public:
     virtual void setSelFontSize(double points) = 0;        // 1 to 1638, in steps of 0.5
     virtual void setSelColor(std::uint32_t color) = 0;     // 0xRRGGBB
     virtual Setting SelBold() const = 0;
+    // True if the letter at this position is bold, whatever is selected.
+    virtual bool isBold(std::int32_t position) const = 0;
     virtual void setSelBold(bool on) = 0;
     virtual Setting SelItalic() const = 0;
     virtual void setSelItalic(bool on) = 0;

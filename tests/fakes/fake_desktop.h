@@ -141,6 +141,7 @@ public:
     safety::NoticesWindow* notices = nullptr;       // null until opened
     outside::KeysWindow* keys = nullptr;            // null until opened
     drafts::RecogniserWindow* recogniser = nullptr; // likewise
+    editor::SpeakersWindow* speakers = nullptr;     // likewise
     std::function<void()> inForm4 = [] {};          // user input while the dialog is open
 
     FakeDesktop() {
@@ -226,6 +227,7 @@ public:
     void show(safety::QuietLineWindow& form) override { quietLine = &form; }
     void show(safety::NoticesWindow& form) override { notices = &form; }
     void show(outside::KeysWindow& form) override { keys = &form; }
+    void show(editor::SpeakersWindow& form) override { speakers = &form; }
     void show(safety::VersionsWindow& form) override { versions = &form; }
     void show(drafts::RecogniserWindow& form) override { recogniser = &form; }
 

@@ -112,6 +112,7 @@ public:
     void setSelColor(std::uint32_t color) override { format("color " + std::to_string(color)); }
     platform::Setting SelBold() const override { return style("bold"); }
     void setSelBold(bool on) override { set("bold", on); }
+    bool isBold(std::int32_t) const override { return style("bold") == platform::Setting::On; }
     platform::Setting SelItalic() const override { return style("italic"); }
     void setSelItalic(bool on) override { set("italic", on); }
     platform::Setting SelUnderline() const override { return style("underline"); }

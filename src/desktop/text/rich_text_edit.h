@@ -53,6 +53,7 @@ public:
     void setSelColor(std::uint32_t color) override;
     platform::Setting SelBold() const override;
     void setSelBold(bool on) override;
+    bool isBold(std::int32_t position) const override;
     platform::Setting SelItalic() const override;
     void setSelItalic(bool on) override;
     platform::Setting SelUnderline() const override;

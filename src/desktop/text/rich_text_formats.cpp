@@ -48,6 +48,10 @@ void RichTextEdit::setSelBold(bool on) {
     mergeCurrentCharFormat(withLetterStyle(LetterStyle::Bold, on));
 }
 
+bool RichTextEdit::isBold(std::int32_t position) const {
+    return isBoldAt(*document_, documentPosition(*document_, position));
+}
+
 platform::Setting RichTextEdit::SelItalic() const {
     return letterStyle(textCursor(), LetterStyle::Italic);
 }

@@ -77,6 +77,14 @@ Setting letterStyle(const QTextCursor& selection, LetterStyle style) {
         shared<bool>(selection, [&](const QTextCharFormat& format) { return hasStyle(format, style); }));
 }
 
+bool isBoldAt(const QTextDocument& document, int position) {
+    const QTextBlock block = document.findBlock(position);
+    for (auto piece = block.begin(); !piece.atEnd(); ++piece)
+        if (piece.fragment().contains(position))
+            return hasStyle(piece.fragment().charFormat(), LetterStyle::Bold);
+    return false;
+}
+
 QTextCharFormat withLetterStyle(LetterStyle style, bool on) {
     QTextCharFormat format;
     switch (style) {

@@ -15,6 +15,8 @@ enum class LetterStyle { Bold, Italic, Underline, StrikeThru };
 // Style of the selected characters; with nothing selected, of the text typed next.
 platform::Setting letterStyle(const QTextCursor& selection, LetterStyle style);
 QTextCharFormat withLetterStyle(LetterStyle style, bool on);
+// Of one letter. Unlike a cursor, it lays no paragraph out.
+bool isBoldAt(const QTextDocument& document, int position);
 
 // In points; empty if the sizes differ.
 std::optional<double> letterSize(const QTextCursor& selection);

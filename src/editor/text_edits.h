@@ -1,0 +1,26 @@
+#pragma once
+
+#include "editor/undo_redo.h"
+#include "platform/rich_text.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace editor {
+
+// Letters that the program itself writes into the text, or takes out of it; not both, because one record of
+// undo cannot hold a replacement.
+struct TextEdit {
+    std::int32_t position = 0;
+    std::int32_t removed = 0; // UTF-16 units
+    base::Text inserted{};
+    // The part of `inserted` that becomes bold while the rest becomes plain; an empty part changes no format.
+    std::int32_t boldBegin = 0;
+    std::int32_t boldLength = 0;
+};
+
+// Makes the edits, which are in the order of the text, as one step of undo. New letters have no moment: they
+// are nothing that is heard.
+void makeEdits(platform::RichText& rtb, UndoRedo& text, const std::vector<TextEdit>& edits);
+
+} // namespace editor
