@@ -135,6 +135,7 @@ private:
     // The selection. While several edits run together, it is ahead of the one on the screen.
     QTextCursor caret() const { return ahead_ ? *ahead_ : textCursor(); }
     void setCaret(const QTextCursor& cursor);
+    void mergeLetters(const QTextCharFormat& format);
     TextRange selectedRange() const;
     void replaceSelection(base::TextView text);
     void print(rtf::Document source, platform::PrintDevice& device) const;

@@ -15,11 +15,20 @@ constexpr double largestSize = 1638; // points
 
 } // namespace
 
+// Among edits that run together, Qt's own cursor is not yet where the program's is.
+void RichTextEdit::mergeLetters(const QTextCharFormat& format) {
+    if (!ahead_)
+        return mergeCurrentCharFormat(format);
+    ahead_->mergeCharFormat(format);
+    if (ahead_->hasSelection())
+        Formatted();
+}
+
 void RichTextEdit::setSelFontName(base::TextView name) {
     QTextCharFormat format;
     nameFont(format, qstring(name));
     format.setProperty(Charset, 0);
-    mergeCurrentCharFormat(format);
+    mergeLetters(format);
 }
 
 std::optional<double> RichTextEdit::SelFontSize() const {
@@ -31,13 +40,13 @@ void RichTextEdit::setSelFontSize(double points) {
         throw base::Failure("a font has from 1 to 1638 points");
     QTextCharFormat format;
     format.setFontPointSize(std::round(points * 2) / 2);
-    mergeCurrentCharFormat(format);
+    mergeLetters(format);
 }
 
 void RichTextEdit::setSelColor(std::uint32_t color) {
     QTextCharFormat format;
     format.setForeground(QColor(color));
-    mergeCurrentCharFormat(format);
+    mergeLetters(format);
 }
 
 platform::Setting RichTextEdit::SelBold() const {
@@ -45,7 +54,7 @@ platform::Setting RichTextEdit::SelBold() const {
 }
 
 void RichTextEdit::setSelBold(bool on) {
-    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Bold, on));
+    mergeLetters(withLetterStyle(LetterStyle::Bold, on));
 }
 
 bool RichTextEdit::isBold(std::int32_t position) const {
@@ -57,7 +66,7 @@ platform::Setting RichTextEdit::SelItalic() const {
 }
 
 void RichTextEdit::setSelItalic(bool on) {
-    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Italic, on));
+    mergeLetters(withLetterStyle(LetterStyle::Italic, on));
 }
 
 platform::Setting RichTextEdit::SelUnderline() const {
@@ -65,7 +74,7 @@ platform::Setting RichTextEdit::SelUnderline() const {
 }
 
 void RichTextEdit::setSelUnderline(bool on) {
-    mergeCurrentCharFormat(withLetterStyle(LetterStyle::Underline, on));
+    mergeLetters(withLetterStyle(LetterStyle::Underline, on));
 }
 
 platform::Setting RichTextEdit::SelStrikeThru() const {
@@ -73,7 +82,7 @@ platform::Setting RichTextEdit::SelStrikeThru() const {
 }
 
 void RichTextEdit::setSelStrikeThru(bool on) {
-    mergeCurrentCharFormat(withLetterStyle(LetterStyle::StrikeThru, on));
+    mergeLetters(withLetterStyle(LetterStyle::StrikeThru, on));
 }
 
 platform::Setting RichTextEdit::SelBullet() const {

@@ -64,6 +64,8 @@ public:
                     for (int i = 0; i < 3; ++i) {
                         fakes::select(control, upTo(control.textLength()), upTo(8));
                         control.setSelRTF(piece());
+                        fakes::select(control, upTo(control.textLength()), upTo(8));
+                        control.setSelBold(upTo(1) == 0);
                     }
                 });
             },

@@ -204,3 +204,21 @@ TEST_F(RichText, SaveFile_AfterSplittingASectionsParagraph_WritesTheSectionOnce)
     rtb.SaveFile(folder.text("out.rtf"));
     EXPECT_EQ(rtf::read(folder.read("out.rtf")).sections.size(), 2U);
 }
+
+TEST_F(RichText, Exported_HasTheTextWithItsFormats_AndNothingHidden) {
+    const std::string picture = "{\\pict\\pngblip " + tests::pngDigits({2, 3}, Qt::red) + "}";
+    const std::string source =
+        R"({\rtf1{\fonttbl{\f0 Liberation Serif;}}{\colortbl;\red200\green0\blue0;}\qc )"
+        R"({\b bold}{\v secret} {\f0\fs40\i\cf1 large}\par )" +
+        picture + "}";
+    const std::string page = rtb.exported(source, platform::ExportForm::Html);
+    for (const char* part : {"align=\"center\"", "bold</span>", "font-weight:700", "'Liberation Serif'",
+                             "font-size:20pt", "font-style:italic", "#c80000", "data:image/png;base64,"})
+        EXPECT_NE(page.find(part), std::string::npos) << part << '\n' << page;
+    EXPECT_EQ(page.find("secret"), std::string::npos);
+    const std::string odt = rtb.exported(source, platform::ExportForm::OpenDocument);
+    EXPECT_EQ(odt.substr(0, 2), "PK");
+    EXPECT_NE(odt.find("mimetypeapplication/vnd.oasis.opendocument.text"), std::string::npos);
+    EXPECT_NE(odt.find("Pictures/"), std::string::npos);
+    EXPECT_EQ(changes, 0) << "the document of the control is another one";
+}
