@@ -1,5 +1,7 @@
 #include "drafts/draft.h"
 
+#include <algorithm>
+
 #include <string>
 
 namespace drafts {
@@ -28,6 +30,21 @@ const char* description(Fault fault) {
         return "some bytes are no letters";
     }
     return "";
+}
+
+std::vector<StyledPart> stylesOf(const std::vector<StyledPart>& styles, std::size_t begin, std::size_t end,
+                                 std::size_t place) {
+    std::vector<StyledPart> parts;
+    for (StyledPart part : styles) {
+        const std::size_t from = std::max<std::size_t>(part.begin, begin);
+        const std::size_t to = std::min<std::size_t>(part.begin + part.length, end);
+        if (from >= to)
+            continue;
+        part.begin = static_cast<std::uint32_t>(from - begin + place);
+        part.length = static_cast<std::uint32_t>(to - from);
+        parts.push_back(part);
+    }
+    return parts;
 }
 
 std::int32_t Draft::speaker(TextView name) {

@@ -32,6 +32,21 @@ struct Word {
     bool operator==(const Word&) const = default;
 };
 
+// Letters of a text that are bold, in italics or underlined.
+struct StyledPart {
+    std::uint32_t begin = 0;
+    std::uint32_t length = 0;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+
+    bool operator==(const StyledPart&) const = default;
+};
+
+// The styles of a part of a text, for a text in which that part begins at `place`.
+std::vector<StyledPart> stylesOf(const std::vector<StyledPart>& styles, std::size_t begin, std::size_t end,
+                                 std::size_t place);
+
 // What one speaker says in one piece: a cue, a segment, a chunk, or the text behind a stamp.
 struct Segment {
     Text text;
@@ -43,6 +58,7 @@ struct Segment {
     bool joined = false;       // no blank stands between the one before and this one
     bool newParagraph = false; // the file itself begins a paragraph here
     std::vector<Word> words;   // in the order of the text, without overlap; none where the file has none
+    std::vector<StyledPart> styles{}; // likewise
 
     bool operator==(const Segment&) const = default;
 };

@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/files.h"
+#include "base/numbers.h"
 #include "drafts/editor_text.h"
 #include "drafts/write/captions.h"
 #include "drafts/write/losses.h"
@@ -13,6 +14,14 @@
 namespace drafts {
 
 using lang::operator""_en;
+
+namespace {
+
+bool hasConfidence(const TimedWord& word) {
+    return word.word.moment.confidence != moments::Moment::noConfidence;
+}
+
+} // namespace
 
 struct Export::Row {
     Kind kind;
@@ -108,7 +117,7 @@ bool Export::mayReplace(const Text& path) const {
 }
 
 void Export::write(const Text& path, Kind kind) {
-    std::vector<lang::English> missing;
+    std::vector<Text> missing;
     const Exported exported = bytesOf(text_.source(), kind, missing);
     base::replaceFile(path, exported.bytes);
     const Text name(base::afterLast(path, base::pathSeparator));
@@ -119,11 +128,13 @@ void Export::write(const Text& path, Kind kind) {
         Tell(u"%1 was exported without: %2."_en, {name, left});
 }
 
-Exported Export::bytesOf(const std::string& source, Kind kind, std::vector<lang::English>& missing) {
+Exported Export::bytesOf(const std::string& source, Kind kind, std::vector<Text>& missing) {
     const Transcript whole = transcript(source);
     const bool holdsTimes = kind == Kind::SubRip || kind == Kind::WebVtt || kind == Kind::Json;
     if (!holdsTimes && !whole.words.empty())
-        missing.push_back(u"the times of the words"_en);
+        missing.push_back(words_(u"the times of the words"_en));
+    if (kind != Kind::Json && std::any_of(whole.words.begin(), whole.words.end(), hasConfidence))
+        missing.push_back(words_(u"the recogniser's doubts"_en));
     Exported out;
     switch (kind) {
     case Kind::Markdown:
@@ -153,13 +164,16 @@ Exported Export::bytesOf(const std::string& source, Kind kind, std::vector<lang:
         if (made.captions.empty())
             throw base::Failure(base::toUtf8(words_(u"no word has a time"_en)));
         if (made.withoutTime > 0)
-            missing.push_back(u"paragraphs of which no word has a time"_en);
+            missing.push_back(words_(u"paragraphs of which no word has a time"_en));
+        if (made.tooFast > 0)
+            missing.push_back(words_(u"enough reading time (subtitles: %1)"_en,
+                                     {base::numberText(static_cast<double>(made.tooFast))}));
         out.bytes = kind == Kind::SubRip ? subRip(made.captions) : webVtt(made.captions);
     }
     return out;
 }
 
-Text Export::list(const Losses& losses, std::vector<lang::English> missing) const {
+Text Export::list(const Losses& losses, std::vector<Text> missing) const {
     const std::pair<bool, lang::English> rows[] = {
         {losses.letters, u"fonts, sizes and styles"_en},
         {losses.paragraphs, u"alignment and indents"_en},
@@ -169,10 +183,10 @@ Text Export::list(const Losses& losses, std::vector<lang::English> missing) cons
     };
     for (const auto& [lost, name] : rows)
         if (lost)
-            missing.push_back(name);
+            missing.push_back(words_(name));
     Text out;
-    for (const lang::English& name : missing)
-        out += (out.empty() ? u"" : u", ") + words_(name);
+    for (const Text& name : missing)
+        out += (out.empty() ? u"" : u", ") + name;
     return out;
 }
 

@@ -44,8 +44,8 @@ private:
     Text ask() const;
     bool mayReplace(const Text& path) const;
     void write(const Text& path, Kind kind);
-    Exported bytesOf(const std::string& source, Kind kind, std::vector<lang::English>& missing);
-    Text list(const Losses& losses, std::vector<lang::English> missing) const;
+    Exported bytesOf(const std::string& source, Kind kind, std::vector<Text>& missing);
+    Text list(const Losses& losses, std::vector<Text> missing) const;
     void toggle(bool& option);
 
     platform::RichText& text_;

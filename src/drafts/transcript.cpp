@@ -55,6 +55,26 @@ NamedText nameOf(TextView text, const rtf::Document& document, std::size_t first
     return nameAtHead(text, isBold ? first.length : 0);
 }
 
+// Styles may reach behind the text, where blanks were.
+void addStyled(rtf::DocumentBuilder& builder, const Turn& turn, const rtf::CharFormat& plain) {
+    const TextView text = turn.text;
+    std::size_t at = 0;
+    for (const StyledPart& part : turn.styles) {
+        const std::size_t begin = std::min<std::size_t>(part.begin, text.size());
+        rtf::CharFormat styled = plain;
+        styled.bold = part.bold;
+        styled.italic = part.italic;
+        styled.underline = part.underline;
+        builder.useFormat(plain);
+        builder.addText(text.substr(at, begin - at));
+        builder.useFormat(styled);
+        builder.addText(text.substr(begin, part.length));
+        at = std::min(begin + part.length, text.size());
+    }
+    builder.useFormat(plain);
+    builder.addText(text.substr(at));
+}
+
 } // namespace
 
 Transcript transcript(const std::vector<Turn>& turns, const DraftLook& look) {
@@ -75,9 +95,8 @@ Transcript transcript(const std::vector<Turn>& turns, const DraftLook& look) {
             builder.addText(u" ");
         }
         speaker = turn.speaker.empty() ? speaker : turn.speaker;
-        builder.useFormat(plain);
         const auto begin = static_cast<std::uint32_t>(builder.document().text.size());
-        builder.addText(turn.text);
+        addStyled(builder, turn, plain);
         builder.endParagraph({});
         for (MomentOfText word : turn.words) {
             word.begin += begin;

@@ -25,6 +25,7 @@ void takeNames(Draft& draft) {
             current = draft.speaker(named.name);
         segment.speaker = current;
         const auto behind = static_cast<std::uint32_t>(named.behind);
+        segment.styles = stylesOf(segment.styles, behind, segment.text.size(), 0);
         segment.text.erase(0, behind);
         std::erase_if(segment.words, [&](const Word& word) { return word.begin + word.length <= behind; });
         for (Word& word : segment.words) {
@@ -63,7 +64,7 @@ public:
             const bool pauses = !draft_.hasParagraphs && heardMs_ != noTime && word.startMs != noTime &&
                                 word.startMs - heardMs_ >= options_.pauseMs;
             if (pauses) {
-                append(TextView(segment.text).substr(from, word.begin - from));
+                append(segment, from, word.begin);
                 from = word.begin;
                 if (!stripped(turns_.back().text).empty())
                     begin(speaker);
@@ -74,7 +75,7 @@ public:
                 heardMs_ = std::max(word.startMs, word.endMs);
             }
         }
-        append(TextView(segment.text).substr(from));
+        append(segment, from, static_cast<std::uint32_t>(segment.text.size()));
     }
 
     std::vector<Turn> finish() && {
@@ -83,7 +84,12 @@ public:
     }
 
 private:
-    void append(TextView text) { turns_.back().text += text; }
+    void append(const Segment& segment, std::uint32_t from, std::uint32_t to) {
+        Turn& turn = turns_.back();
+        for (const StyledPart& part : stylesOf(segment.styles, from, to, turn.text.size()))
+            turn.styles.push_back(part);
+        turn.text += TextView(segment.text).substr(from, to - from);
+    }
 
     void begin(const Text& speaker) {
         trimLast();

@@ -13,9 +13,10 @@ using moments::MomentOfText;
 
 // A paragraph. A speaker may have several in a row.
 struct Turn {
-    Text speaker;                    // empty when nobody is known
-    Text text;                       // without the name
-    std::vector<MomentOfText> words; // in the order of the text, without overlap
+    Text speaker;                     // empty when nobody is known
+    Text text;                        // without the name
+    std::vector<MomentOfText> words;  // in the order of the text, without overlap
+    std::vector<StyledPart> styles{}; // likewise
 
     bool operator==(const Turn&) const = default;
 };

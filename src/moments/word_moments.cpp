@@ -91,6 +91,8 @@ void WordMoments::apply(const TextEdit& told) {
         return;
     }
     const auto back = takenBack(static_cast<std::uint32_t>(edit.inserted.size()));
+    if (isOpen_)
+        openSettled_.clear(); // two changes in one record: the places of the first no longer hold
     replace(position, removed, back ? *back : pieceOfWords(edit));
     if (!back)
         trustTouched(edit);
@@ -126,7 +128,36 @@ void WordMoments::trust(std::uint32_t position) {
         begin = store_.runAt(root_, begin - 1).first;
     while (end < all && numberAt(end) == number)
         end += store_.runAt(root_, end).second.length;
+    openSettled_.push_back({begin, end - begin, store_.moment(number)});
     set(static_cast<std::int32_t>(begin), static_cast<std::int32_t>(end - begin), store_.moment(sure));
+}
+
+// The text is the one before the record again: letters behind its change stand where they stood.
+void WordMoments::restoreDoubts() {
+    const auto settled = settled_.find(done_ - 1);
+    if (done_ == 0 || settled == settled_.end())
+        return;
+    const Record& record = records_[done_ - 1];
+    const std::uint32_t more = record.removed.length - record.inserted; // may wrap around, and back
+    for (const Settled& letters : settled->second) {
+        const std::uint32_t last = letters.begin + letters.length;
+        const std::uint32_t begin = letters.begin + (letters.begin < record.position ? 0 : more);
+        const std::uint32_t end = last + (last <= record.position ? 0 : more);
+        if (end <= store_.length(root_) && begin < end)
+            set(static_cast<std::int32_t>(begin), static_cast<std::int32_t>(end - begin), letters.doubtful);
+    }
+}
+
+void WordMoments::settleDoubts() {
+    const auto settled = settled_.find(done_ - 1);
+    if (settled == settled_.end())
+        return;
+    for (Settled letters : settled->second) {
+        letters.doubtful.confidence = Moment::noConfidence;
+        if (letters.begin + letters.length <= store_.length(root_))
+            set(static_cast<std::int32_t>(letters.begin), static_cast<std::int32_t>(letters.length),
+                letters.doubtful);
+    }
 }
 
 // The number of the same moment without a doubt.
@@ -353,11 +384,14 @@ Timed WordMoments::timed(std::int32_t position, std::int32_t count) const {
 void WordMoments::record() {
     forgetRedo();
     records_.push_back(std::exchange(open_, {}));
+    if (!openSettled_.empty())
+        settled_[records_.size() - 1] = std::exchange(openSettled_, {});
     isOpen_ = false;
     done_ = records_.size();
 }
 
 void WordMoments::forgetRedo() {
+    settled_.erase(settled_.lower_bound(done_), settled_.end());
     for (; records_.size() > done_; records_.pop_back())
         store_.release(records_.back().removed);
     for (; !undone_.empty(); undone_.pop_back())
@@ -368,6 +402,7 @@ void WordMoments::forgetRedo() {
 void WordMoments::close() {
     if (std::exchange(isOpen_, false))
         store_.release(std::exchange(open_, {}).removed);
+    openSettled_.clear();
     putBack_ = {};
 }
 
@@ -380,6 +415,7 @@ void WordMoments::undoing() {
 
 void WordMoments::undone() {
     close();
+    restoreDoubts();
     done_ -= done_ > 0 ? 1 : 0;
 }
 
@@ -388,6 +424,7 @@ void WordMoments::redone() {
     if (done_ == records_.size())
         return;
     ++done_;
+    settleDoubts();
     store_.release(undone_.back());
     undone_.pop_back();
 }

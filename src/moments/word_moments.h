@@ -5,6 +5,7 @@
 
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 
 namespace moments {
@@ -97,6 +98,12 @@ private:
         std::uint32_t inserted = 0;
         Piece removed;
     };
+    // Letters that a change left in the text but took the doubt from, by their positions after it.
+    struct Settled {
+        std::uint32_t begin = 0;
+        std::uint32_t length = 0;
+        Moment doubtful;
+    };
     struct PutBack {
         enum From : std::uint8_t { Nowhere, Before, Next } from = Nowhere;
         std::int32_t position = 0;
@@ -114,6 +121,9 @@ private:
     std::vector<std::uint32_t> momentsOfReplaced(const TextEdit& edit);
     void trustTouched(const TextEdit& edit);
     void trust(std::uint32_t position);
+    // The doubts that the last done record settled come back, or go again.
+    void restoreDoubts();
+    void settleDoubts();
     std::uint32_t trusted(std::uint32_t number);
     std::uint32_t momentOfNewWord(std::uint32_t position, std::uint32_t removed);
     std::uint32_t numberAt(std::uint32_t position) const;
@@ -122,7 +132,9 @@ private:
     MomentStore store_;
     MomentStore::Owned root_ = 0;
     std::deque<Record> records_;
-    std::size_t done_ = 0;      // records that are not undone
+    std::size_t done_ = 0;                                // records that are not undone
+    std::map<std::size_t, std::vector<Settled>> settled_; // by the record, for those few that did
+    std::vector<Settled> openSettled_;
     std::vector<Piece> undone_; // what the others had inserted, the next to be done again last
     Record open_;               // what changed since the last record
     bool isOpen_ = false;

@@ -55,6 +55,12 @@ TEST_F(DraftsTest, Export_WritesTheFormOfTheName_AndTellsWhatItLacks) {
     EXPECT_EQ(exported("a.txt"), "Ann: Hello there\n") << "which the user kept";
     desktop.dialogPort.answers.push_back(platform::Answer::Yes);
     EXPECT_EQ(exported("a.txt"), "[00:00:01] Ann: Hello there\n");
+    program->workstation().editor().document().TestoModificato = 0;
+    openDraft(R"({"segments":[{"start":1,"end":1.2,"text":"unpronounceable extraordinarily","speaker":"A",)"
+              R"("words":[{"word":"unpronounceable","start":1,"end":1.1,"score":0.4}]},)"
+              R"({"start":1.3,"end":9,"text":"unbelievable","speaker":"B"}]})");
+    exported("c.vtt");
+    EXPECT_EQ(told()[1], u"the recogniser's doubts, enough reading time (subtitles: 1)");
     boxes.clear();
     EXPECT_EQ(exported("a.xyz"), "");
     desktop.text.setText(u"typed");
@@ -85,6 +91,15 @@ TEST_F(DraftsTest, DoubtfulWords_AreMarked_Visited_AndSettledByTypingOrByAComman
     desktop.text.type(u"t");
     desktop.text.type(u"ree");
     EXPECT_EQ(marked(), (std::vector{0, 13}));
+    desktop.text.setSelStart(2);
+    desktop.text.type(u"x");
+    EXPECT_EQ(marked(), std::vector{14});
+    desktop.form2->mnuAnnulla.Click();
+    EXPECT_EQ(marked(), (std::vector{0, 13})) << "the doubt comes back with the word";
+    desktop.form2->mnuRipeti.Click();
+    EXPECT_EQ(marked(), std::vector{14});
+    desktop.form2->mnuAnnulla.Click();
+    desktop.text.setSelStart(8);
     command("mnuNextDoubt").Click();
     EXPECT_EQ(desktop.text.SelText(), u"four");
     command("mnuKeepWord").Click();

@@ -1,3 +1,5 @@
+#include "drafts/read/reader.h"
+#include "drafts/transcript.h"
 #include "drafts/write/documents.h"
 #include "drafts/write/image_size.h"
 #include "rtf/read/reader.h"
@@ -54,6 +56,19 @@ TEST(DraftDocuments, Markdown) {
     const drafts::Losses all{
         .letters = true, .paragraphs = true, .pictures = true, .objects = true, .headers = true};
     EXPECT_EQ(drafts::markdown(document("{\\header x}\\qc\\ul a" + pixel + "{\\footnote x}")).losses, all);
+}
+
+TEST(DraftDocuments, BoldAndItalics_ComeFromSubtitlesIntoTheTranscript) {
+    const std::pair<std::string, std::string> rows[] = {
+        {"<b>Ann:</b> one <i>two\nthree</i> <B.loud>fo</B>ur", "**Ann:** one *two three* **fo**ur\n"},
+        {"<i>a <b>b c</i> d</b> </b><i></i>e<br>f", "*a* ***b c*** **d** ef\n"},
+        {"<i>open {\\an8}", "*open*\n"},
+    };
+    for (const auto& [cue, expected] : rows) {
+        const auto draft = drafts::read("1\n00:00:01,000 --> 00:00:09,000\n" + cue, base::CodePage(1252));
+        EXPECT_EQ(drafts::markdown(drafts::transcript(drafts::turns(draft, {}), {}).document).bytes,
+                  expected);
+    }
 }
 
 TEST(DraftDocuments, Docx_HasWhatTheEditorShows) {

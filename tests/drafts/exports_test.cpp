@@ -116,6 +116,12 @@ TEST(DraftExports, Json_ComesBackWithoutLoss) {
     EXPECT_TRUE(again == turns);
 }
 
+TEST(DraftExports, SubRip_KeepsBracketsThatBeginNoTag) {
+    const drafts::Caption caption{1000, 2000, {}, false, {u"<laughs> {\\an8} 1 < 2"}};
+    const auto draft = drafts::read(drafts::subRip({caption}), base::CodePage(1252));
+    EXPECT_EQ(draft.segments.at(0).text, caption.lines[0]);
+}
+
 TEST(DraftExports, CaptionsKeepTheRules_AndAllWords) {
     for (const int msPerLetter : {40, 62, 90, 400}) {
         const std::vector<Turn> turns = conversation(120, msPerLetter);

@@ -99,6 +99,7 @@ void addVoices(const CueText& cue, Ms startMs, Ms endMs, Draft& draft) {
             segment.startMs = startMs;
             segment.endMs = endMs;
         }
+        segment.styles = stylesOf(cue.styles, begin, end, 0);
         segment.words = stampedWords(cue, begin, end, startMs, endMs);
         draft.segments.push_back(std::move(segment));
     }

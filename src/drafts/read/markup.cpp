@@ -4,6 +4,7 @@
 #include "drafts/time_text.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace drafts {
@@ -53,6 +54,18 @@ public:
         if (std::exchange(blank_, false))
             cue.text += u' ';
         cue.text += unit;
+        addStyle();
+    }
+
+    // Takes the tag <b>, <i> or <u>, with a class or not, and its end; ignores any other.
+    void takeStyleTag(TextView inside) {
+        const int step = inside.starts_with(u'/') ? -1 : 1;
+        inside.remove_prefix(step < 0 ? 1 : 0);
+        if (inside.empty() || (inside.size() > 1 && inside[1] != u'.' && !isBlank(inside[1])))
+            return;
+        const auto kind = TextView(u"biuBIU").find(inside.front());
+        if (kind != TextView::npos)
+            open_[kind % 3] = std::max(open_[kind % 3] + step, 0);
     }
 
     // Where the next letter will stand.
@@ -61,7 +74,26 @@ public:
     CueText cue;
 
 private:
+    // The last letter has the styles of the open tags, and so has a blank before it.
+    void addStyle() {
+        StyledPart letter{0, 0, open_[0] > 0, open_[1] > 0, open_[2] > 0};
+        if (letter == StyledPart())
+            return;
+        const auto end = static_cast<std::uint32_t>(cue.text.size());
+        StyledPart* const last = cue.styles.empty() ? nullptr : &cue.styles.back();
+        const bool goesOn = last && last->begin + last->length + 2 >= end && last->bold == letter.bold &&
+                            last->italic == letter.italic && last->underline == letter.underline;
+        if (goesOn) {
+            last->length = end - last->begin;
+        } else {
+            letter.begin = end - 1;
+            letter.length = 1;
+            cue.styles.push_back(letter);
+        }
+    }
+
     bool blank_ = false;
+    std::array<int, 3> open_{}; // how many of <b>, <i> and <u> are open
 };
 
 // Takes what a tag of WebVTT says; `inside` is what stands between the brackets.
@@ -119,9 +151,14 @@ CueText cueText(TextView marked, Tags tags) {
         const char16_t unit = marked.front();
         if (const std::size_t length = unit == u'<' || unit == u'{' ? tagAtHead(marked, tags) : 0;
             length > 0) {
+            if (unit == u'<')
+                collected.takeStyleTag(stripped(marked.substr(1, length - 2)));
             if (tags == Tags::Cues)
                 takeCueTag(stripped(marked.substr(1, length - 2)), collected);
             marked.remove_prefix(length);
+        } else if ((unit == u'<' || unit == u'{') && marked.size() > 1 && marked[1] == noTag) {
+            collected.add(unit);
+            marked.remove_prefix(2);
         } else if (const auto entity = unit == u'&' ? entityAtHead(marked) : std::nullopt) {
             for (const char16_t letter : entity->text)
                 collected.add(letter);

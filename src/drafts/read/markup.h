@@ -23,7 +23,11 @@ struct CueText {
     Text text; // one space for each run of blanks, none at the ends
     std::vector<Stamp> stamps;
     std::vector<Voice> voices;
+    std::vector<StyledPart> styles; // by <b>, <i> and <u>, without overlap
 };
+
+// Stands behind a bracket in SubRip that begins no tag; takes no room and breaks no line.
+inline constexpr char16_t noTag = u'\u2060';
 
 enum class Tags : std::uint8_t {
     Styles, // <i>, <font ...>, {\an8}: letters behind the bracket

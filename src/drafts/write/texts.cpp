@@ -1,6 +1,7 @@
 #include "drafts/write/texts.h"
 
 #include "drafts/letters.h"
+#include "drafts/read/markup.h"
 #include "drafts/time_text.h"
 
 #include <algorithm>
@@ -14,6 +15,19 @@ Text escaped(TextView text) {
     return base::replaced(base::replaced(base::replaced(text, u"&", u"&amp;"), u"<", u"&lt;"), u">", u"&gt;");
 }
 
+// SubRip has no way to write a bracket that begins no tag; players leave out what looks like one. Behind the
+// invisible sign it does not.
+Text withoutTags(TextView text) {
+    Text out;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        out += text[i];
+        const char16_t next = i + 1 < text.size() ? text[i + 1] : u' ';
+        if ((text[i] == u'<' && !isBlank(next)) || (text[i] == u'{' && next == u'\\'))
+            out += noTag;
+    }
+    return out;
+}
+
 } // namespace
 
 std::string subRip(const std::vector<Caption>& captions) {
@@ -23,7 +37,7 @@ std::string subRip(const std::vector<Caption>& captions) {
         out += std::to_string(++number) + "\r\n" + base::toUtf8(timeText(caption.startMs, u',')) + " --> " +
                base::toUtf8(timeText(caption.endMs, u',')) + "\r\n";
         for (const Text& line : caption.lines)
-            out += base::toUtf8(line) + "\r\n";
+            out += base::toUtf8(withoutTags(line)) + "\r\n";
         out += "\r\n";
     }
     return out;
