@@ -155,9 +155,11 @@ protected:
         QListView::paintEvent(event);
         if (!hasFocus())
             return;
+        // At densities between whole numbers, the clipping would cut off a part of a line's width.
         QPainter painter(viewport());
-        painter.setPen(palette().color(QPalette::Highlight));
-        painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
+        const QRect all = viewport()->rect();
+        painter.setClipRegion(QRegion(all) - all.adjusted(1, 1, -1, -1));
+        painter.fillRect(all, palette().highlight());
     }
     void scrollContentsBy(int dx, int dy) override {
         QListView::scrollContentsBy(dx, dy);
