@@ -97,6 +97,9 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     layout_ = new EditorLayout(*document_);
     document_->setDocumentLayout(layout_);
     connect(document_, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
+        // The layout has only the changed paragraphs painted, but the first steps cover more.
+        if (document_->isEmpty() || document_->characterCount() - added + removed <= 1)
+            viewport()->update();
         // For edits that run together, each one has already noted its own change.
         paragraphs_.note(*document_, position, added);
         if (!ahead_)
