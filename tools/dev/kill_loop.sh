@@ -84,6 +84,9 @@ record() {
   switch_to Quillmere
 }
 
+# The style changes when the letter is released while Ctrl is still held; xdotool would release Ctrl first.
+switch_bold() { xdotool keydown ctrl key b keyup ctrl; }
+
 # The typist, in a subshell of its own, until the file "stop" exists: if it were killed, its last keys might reach the
 # next start of the program.
 work() { # FIRST WORD
@@ -92,9 +95,10 @@ work() { # FIRST WORD
   while [[ ! -e $scratch/stop ]]; do
     case $((RANDOM % 12)) in
       0)
-        key ctrl+b
+        switch_bold
         type_text "$(word "$n")"
-        key ctrl+b
+        note "$n" bold
+        switch_bold
         ;;
       1)
         type_text "$(word "$n")"
@@ -164,8 +168,8 @@ lay_round() {
     rm -rf "$folder"/Files/LastFiles*.ini "$folder/Files/Safety"
     cp "$root/data/Files/Quillmere.ini" "$folder/Files/"
   fi
-  rm -rf "$folder"/Rec* "$folder"/Files/{Recordings.ini,Safety/Journal,Safety/BringingBack} "$folder"/Bookmarks/*.bm "$scratch"/{typed,saves,marks,stop}
-  touch "$scratch"/{typed,saves,marks}
+  rm -rf "$folder"/Rec* "$folder"/Files/{Recordings.ini,Safety/Journal,Safety/BringingBack} "$folder"/Bookmarks/*.bm "$scratch"/{typed,bold,saves,marks,stop}
+  touch "$scratch"/{typed,bold,saves,marks}
   settings_lines=$(wc -l <"$folder/Files/Quillmere.ini")
   document=$([[ $mode == full ]] && echo "$folder" || echo "$HOME")/round$round.rtf
   named=no changed=no marks=0 recording_began=0 problems=()
@@ -366,6 +370,9 @@ compare_text() {
     ((missing == 0)) || problem "$missing words lost"
   fi
 }
+compare_formats() {
+  (($(done_before bold $((ended_at - most_lost))) == 0)) || grep -q '\\b[ \]' "$document" || problem "a format is lost"
+}
 compare_marks() {
   local due kept
   due=$(done_before marks $((ended_at - most_lost)))
@@ -402,6 +409,7 @@ run_round() {
   [[ ! $(left_over) ]] || problem "left over: $(left_over | head -3)"
   [[ ! -e $folder/Files/Safety/Journal || $mode == readonly ]] || problem "a journal is left"
   compare_text
+  [[ $full_at_end == yes ]] || compare_formats
   expect_archived
   [[ $mode == readonly ]] || compare_marks
   [[ $how_ended != kill ]] || compare_recording
