@@ -210,12 +210,8 @@ TEST_F(EditorMomentsTest, Stamps_AreInsertedFromTheLayer_AndRemoved_EachInOneSte
 TEST_F(EditorMomentsTest, WordsOfAnotherRecording_AreNotHeard_ButStampsAre) {
     using moments::Layer;
     const std::tuple<Layer, Layer, bool> rows[] = {
-        {{u"a.mp3", 60'000, {}}, {u"a.mp3", 60'000, {}}, false},
         {{u"a.mp3", 60'000, {}}, {u"a.mp3", 99'000, {}}, false}, // its length was an estimate
-        {{u"a.mp3", 60'000, {}}, {u"b.mp3", 60'250, {}}, false}, // renamed or converted
         {{u"a.mp3", 60'000, {}}, {u"b.mp3", 60'251, {}}, true},
-        {{u"a.mp3", 60'000, {}}, {u"b.mp3", 0, {}}, true},
-        {{u"a.mp3", 0, {}}, {u"b.mp3", 0, {}}, true},
         {{u"a.mp3", 60'000, {}}, {}, false}, // none is open
         {{}, {u"b.mp3", 60'000, {}}, false}, // nobody knows which it was
     };
