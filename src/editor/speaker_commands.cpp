@@ -22,7 +22,7 @@ base::Text number(std::size_t value) {
 
 SpeakerCommands::SpeakerCommands(Speakers& speakers, lang::Words& words, platform::EventLoop& loop)
     : speakers_(speakers), words_(words), mnuSpeakers_("mnuSpeakers", u"&Speakers..."_en),
-      mnuParagraphs_("mnuParagraphs", u"P&aragraph for a speaker"_en), shows_(loop) {
+      mnuParagraphs_("mnuParagraphs", u"Assig&n to a speaker"_en), shows_(loop) {
     for (int key = 1; key <= keys; ++key) {
         const std::string& name = names_.emplace_back("mnuParagraph" + std::to_string(key));
         const std::string& shortcut = names_.emplace_back("Alt+" + std::to_string(key));

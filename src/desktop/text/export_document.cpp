@@ -7,7 +7,9 @@
 #include <QBuffer>
 #include <QTextBlock>
 #include <QTextDocumentWriter>
+#include <QTextList>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace desktop {
@@ -51,6 +53,34 @@ void useQtsTerms(EditorDocument& document, const std::vector<std::optional<rtf::
     }
 }
 
+// Qt's writer knows fonts only by their former property, and leaves the list out around items without an
+// indent.
+void useOlderTerms(EditorDocument& document) {
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        if (QTextList* const list = block.textList(); list && list->format().indent() == 0) {
+            QTextListFormat format = list->format();
+            format.setIndent(1);
+            list->setFormat(format);
+        }
+        std::vector<std::pair<TextRange, QString>> fonts;
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextFragment letters = part.fragment();
+            const QStringList families = letters.charFormat().fontFamilies().toStringList();
+            if (!families.isEmpty())
+                fonts.push_back(
+                    {{letters.position(), letters.position() + letters.length()}, families.front()});
+        }
+        for (const auto& [range, family] : fonts) {
+            QTextCharFormat format;
+            format.setProperty(QTextFormat::OldFontFamily, family);
+            QTextCursor cursor(&document);
+            cursor.setPosition(range.begin);
+            cursor.setPosition(range.end, QTextCursor::KeepAnchor);
+            cursor.mergeCharFormat(format);
+        }
+    }
+}
+
 // The pictures lie in the page itself.
 QByteArray webPage(const EditorDocument& document, const std::vector<std::optional<rtf::Picture>>& pictures) {
     QString page = document.toHtml();
@@ -75,6 +105,7 @@ std::string exportDocument(rtf::Document source, platform::ExportForm form, cons
     useQtsTerms(*document, pictures);
     if (form == platform::ExportForm::Html)
         return webPage(*document, pictures).toStdString();
+    useOlderTerms(*document);
     QBuffer buffer;
     QTextDocumentWriter writer(&buffer, "odf");
     if (!writer.write(document.get()))
