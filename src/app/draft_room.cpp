@@ -25,7 +25,8 @@ DraftRoom::DraftRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor,
     doubts_.PlayFrom = [&moments = parts.moments](std::int32_t ms) { return moments.playFrom(ms); };
     doubts_.Kept = [this] { editor_.document().TestoModificato = 1; };
     editor.typing().Typed = [this, others = editor.typing().Typed] {
-        others();
+        if (!recognisers_.inserts())
+            others();
         doubts_.changed();
     };
     recognisers_.OptionsChanged() = [this] { export_.OptionsChanged(); };

@@ -1,5 +1,6 @@
 #include "app/growing_draft.h"
 
+#include "base/carry_on.h"
 #include "drafts/editor_text.h"
 #include "drafts/letters.h"
 #include "drafts/time_words.h"
@@ -66,12 +67,18 @@ void GrowingDraft::append(std::vector<drafts::Turn> turns, bool continues) {
     const drafts::Fragment fragment = drafts::fragment(drafts::transcript(turns, {}), recording_);
     const std::int32_t start = RTB.SelStart();
     const std::int32_t length = RTB.SelLength();
+    std::string failure;
+    inserts_ = true;
     RTB.together([&] {
         RTB.setSelStart(end);
-        RTB.insert(base::fromUtf8(fragment.source), fragment.beside);
+        base::carryOn([&] { RTB.insert(base::fromUtf8(fragment.source), fragment.beside); },
+                      [&](const char* reason) { failure = reason; });
         RTB.setSelStart(start);
         RTB.setSelLength(length);
     });
+    inserts_ = false;
+    if (!failure.empty())
+        throw base::Failure(failure);
 }
 
 // A draft whose words have arrived brings their exact times and confidences now.

@@ -19,6 +19,9 @@ public:
     void arrived(const drafts::Segment& segment) override;
     Told finish(std::optional<drafts::Draft> draft) override;
 
+    // True while words are being inserted: the change of the text is not the user's.
+    bool inserts() const { return inserts_; }
+
 private:
     void append(std::vector<drafts::Turn> turns, bool continues);
 
@@ -28,6 +31,7 @@ private:
     moments::Layer recording_; // which is heard
     std::int32_t heardMs_ = 0; // the end of what has arrived
     std::size_t words_ = 0;    // that have arrived
+    bool inserts_ = false;
 };
 
 } // namespace app

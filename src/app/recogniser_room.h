@@ -28,6 +28,9 @@ public:
     // The commands for the menu.
     std::vector<controls::MenuItem*> commands() { return {&mnuMakeDraft_, &mnuTimeTranscript_}; }
 
+    // True while words of a draft are being inserted: the change of the text is not the user's.
+    bool inserts() const { return draft_.inserts(); }
+
     // The start is over.
     void start();
     // The exit goes.
