@@ -178,8 +178,8 @@ public:
     // True if a click with Ctrl on this letter has a use; the pointer shows it.
     std::function<bool(std::int32_t position)> Clickable = [](std::int32_t) { return false; };
 
-    // Runs several edits, formats of letters and searches, and updates the display once at the end. Each edit
-    // raises Change as usual.
+    // Runs several edits, formats of letters and searches, and updates the display once at the end: it
+    // scrolls to the caret unless the selection is where it was. Each edit raises Change as usual.
     virtual void together(const std::function<void()>& edits) = 0;
 
     // Called after every change of the text, including the program's own; not after a mere change of format.

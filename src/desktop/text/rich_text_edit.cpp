@@ -317,17 +317,23 @@ void RichTextEdit::together(const std::function<void()>& edits) {
         return edits();
     // Laying out a long text after each single edit would take seconds.
     struct Block {
-        explicit Block(RichTextEdit& control) : rtb(control), cursor(control.textCursor()) {
+        explicit Block(RichTextEdit& control)
+            : rtb(control), cursor(control.textCursor()), before(control.selectedRange()) {
             rtb.ahead_ = cursor;
             cursor.beginEditBlock();
         }
         ~Block() {
             cursor.endEditBlock();
             rtb.completeReport();
+            const int top = rtb.verticalScrollBar()->value();
             rtb.setTextCursor(*std::exchange(rtb.ahead_, std::nullopt));
+            // The view shows a caret that has moved; one that has not may well be out of sight.
+            if (rtb.selectedRange() == before)
+                rtb.verticalScrollBar()->setValue(top);
         }
         RichTextEdit& rtb;
         QTextCursor cursor;
+        TextRange before;
     };
     const Block block(*this);
     edits();

@@ -86,4 +86,16 @@ TEST_F(RichText, Together_ReportsEachEdit_AndUpdatesTheScreenOnce) {
     EXPECT_EQ(rtb.Text().substr(7485, 10), u"one\r\ntwo\r\n");
     rtb.setSelText(u"!");
     EXPECT_EQ(lengths.size(), 3U);
+
+    rtb.setSelStart(0);
+    rtb.show();
+    rtb.verticalScrollBar()->setValue(500); // away from the caret
+    for (const int caret : {0, 3}) {
+        rtb.together([&] {
+            rtb.setSelStart(rtb.textLength());
+            rtb.setSelText(u"\r\nnew");
+            rtb.setSelStart(caret);
+        });
+        EXPECT_EQ(rtb.verticalScrollBar()->value() == 500, caret == 0);
+    }
 }
