@@ -159,7 +159,7 @@ void MakeDraft::finish(RecogniserRun::Result result) {
         choice_.tellPackages();
 }
 
-void MakeDraft::end(RecogniserUse::Told told) {
+void MakeDraft::end(const RecogniserUse::Told& told) {
     tellStatus(told);
     if (!form.active)
         return Tell(told);

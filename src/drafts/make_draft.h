@@ -55,7 +55,7 @@ private:
     void showState();
     void showProgress();
     void finish(RecogniserRun::Result result);
-    void end(RecogniserUse::Told told);
+    void end(const RecogniserUse::Told& told);
     void tellStatus(const RecogniserUse::Told& told);
     Text filledIn(const RecogniserUse::Told& told) const;
 
