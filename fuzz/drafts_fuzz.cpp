@@ -47,6 +47,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         for (const drafts::Segment& segment : draft.segments) {
             expect(!segment.text.empty() && segment.speaker < static_cast<int>(draft.speakers.size()));
             expectInside(segment.words, segment.text.size());
+            expectInside(segment.styles, segment.text.size());
         }
         const std::vector<drafts::Turn> turns = drafts::turns(draft, {});
         for (const drafts::Turn& turn : turns) {

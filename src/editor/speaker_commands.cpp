@@ -152,8 +152,7 @@ void SpeakerCommands::give(std::size_t place) {
     for (std::size_t n = all.size() + 1; name.empty(); ++n)
         if (base::Text fresh = words_(u"Speaker %1"_en, {number(n)}); !isKnown(fresh))
             name = std::move(fresh);
-    speakers_.give(name);
-    show();
+    speakers_.give(name); // which changes the text, and so the menu a moment later
 }
 
 } // namespace editor
