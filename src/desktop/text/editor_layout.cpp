@@ -1,6 +1,7 @@
 #include "desktop/text/editor_layout.h"
 
 #include "desktop/text/layout_limits.h"
+#include "desktop/text/readable_colors.h"
 
 #include <QFontMetrics>
 #include <QFontMetricsF>
@@ -278,7 +279,7 @@ void EditorLayout::draw(QPainter* painter, const PaintContext& context) {
 
 void EditorLayout::drawBlock(QPainter& painter, const PaintContext& context, const QTextBlock& block) const {
     const QTextLayout& layout = laidOut(block);
-    QList<QTextLayout::FormatRange> selections;
+    QList<QTextLayout::FormatRange> selections = readableColors(block, context.palette);
     for (const Selection& selection : context.selections) {
         const int begin = selection.cursor.selectionStart() - block.position();
         const int end = selection.cursor.selectionEnd() - block.position();

@@ -1,3 +1,4 @@
+#include "desktop/text/readable_colors.h"
 #include "rich_text_fixture.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -86,4 +87,21 @@ TEST_F(EditorLayout, HitTest_FindsTheCharacterAtItsPosition) {
     }
     EXPECT_EQ(rtb.cursorForPosition({0, 5000}).position(), rtb.document()->characterCount() - 1);
     EXPECT_EQ(rtb.document()->documentLayout()->hitTest({250, 10}, Qt::ExactHit), -1) << "beside the line";
+}
+
+TEST_F(EditorLayout, ColorsOnADarkPage_AreShownReadable_AndKept) {
+    rtb.setSource("{\\rtf1{\\colortbl;\\red0\\green0\\blue160;\\red255\\green255\\blue0;}a{\\cf1 "
+                  "b}{\\highlight2 c}{\\cf2 d}}");
+    QPalette page;
+    page.setColor(QPalette::Base, Qt::white);
+    EXPECT_TRUE(desktop::readableColors(rtb.document()->begin(), page).empty());
+    page.setColor(QPalette::Base, QColor(0x1B, 0x20, 0x2B));
+    page.setColor(QPalette::Text, QColor(0xE6, 0xEA, 0xF0));
+    const auto ranges = desktop::readableColors(rtb.document()->begin(), page);
+    ASSERT_EQ(ranges.size(), 2);
+    EXPECT_EQ(ranges[0].start, 1);
+    EXPECT_GT(ranges[0].format.foreground().color().lightness(), 150) << "blue on dark";
+    EXPECT_EQ(ranges[0].format.foreground().color().hslHue(), 240);
+    EXPECT_EQ(ranges[1].start, 2);
+    EXPECT_LT(ranges[1].format.foreground().color().lightness(), 130) << "light on yellow";
 }
