@@ -75,6 +75,9 @@ windows() {  # LANGUAGE
   choose "$editor" "$(word 'T&ranscript')" "$(word '&Make a draft...')"
   tree "Make a draft" "$(word 'Make a draft')"
   choose "$(word 'Make a draft')" "$(word Close)"
+  choose "$editor" "$(word 'T&ranscript')" "$(word '&Keys')"
+  tree Keys "$(word Keys)"
+  choose "$(word Keys)" "$(word Close)"
   choose $player "$(entry 104)"
   tree Recorder "$(entry 104)"
   key alt+F4
