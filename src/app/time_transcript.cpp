@@ -8,6 +8,7 @@
 
 namespace app {
 
+// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
 
 namespace {
