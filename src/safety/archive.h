@@ -38,7 +38,7 @@ struct Version {
 class Archive {
 public:
     struct Limits {
-        std::int64_t age = 30 * std::int64_t{24 * 60 * 60}; // seconds
+        std::int64_t age = std::int64_t{30} * 24 * 60 * 60; // seconds
         std::uint64_t size = 500'000'000;                   // bytes of all versions together
     };
 
