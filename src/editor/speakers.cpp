@@ -21,7 +21,7 @@ std::size_t withoutBlanks(base::TextView text, std::size_t from) {
 } // namespace
 
 Speakers::Paragraph Speakers::paragraph(base::TextView all, std::size_t begin, std::size_t end,
-                                        base::TextView speaker) {
+                                        base::TextView speaker) const {
     if (const auto stamp = moments::stampAt(all.substr(begin, end - begin), 0))
         begin += withoutBlanks(all.substr(begin, end - begin), static_cast<std::size_t>(stamp->length));
     const base::TextView written = all.substr(begin, end - begin);

@@ -53,7 +53,7 @@ private:
     };
 
     std::vector<Paragraph> paragraphs(const base::Text& text);
-    Paragraph paragraph(base::TextView all, std::size_t begin, std::size_t end, base::TextView speaker);
+    Paragraph paragraph(base::TextView all, std::size_t begin, std::size_t end, base::TextView speaker) const;
     static const Paragraph* at(const std::vector<Paragraph>& all, std::int32_t position);
     static void replaceName(std::vector<TextEdit>& edits, const Paragraph& paragraph, base::TextView name);
     static TextEdit newName(std::int32_t position, base::TextView before, base::TextView name);
