@@ -1,3 +1,4 @@
+#include "desktop/text/block_heights.h"
 #include "desktop/text/readable_colors.h"
 #include "rich_text_fixture.h"
 
@@ -104,4 +105,48 @@ TEST_F(EditorLayout, ColorsOnADarkPage_AreShownReadable_AndKept) {
     EXPECT_EQ(ranges[0].format.foreground().color().hslHue(), 240);
     EXPECT_EQ(ranges[1].start, 2);
     EXPECT_LT(ranges[1].format.foreground().color().lightness(), 130) << "light on yellow";
+}
+
+TEST(BlockHeights, AfterManyChanges_AnswerLikeAPlainList) {
+    std::mt19937 random(2);
+    const auto upTo = [&](auto limit) {
+        return static_cast<int>(random() % static_cast<unsigned>(limit + 1));
+    };
+    const auto some = [&](int count) {
+        std::vector<desktop::BlockHeight> made(static_cast<std::size_t>(count));
+        for (desktop::BlockHeight& block : made)
+            block = {upTo(2), upTo(9), upTo(9000), upTo(40) > 0};
+        return made;
+    };
+    desktop::BlockHeights tested;
+    std::vector<desktop::BlockHeight> plain;
+    for (int step = 0; step < 500; ++step) {
+        const int first = upTo(plain.size());
+        const int removed =
+            upTo(std::min<std::ptrdiff_t>(std::ssize(plain) - first, step % 9 == 0 ? 900 : 5));
+        const auto added = some(upTo(step % 10 == 0 ? 900 : 5));
+        tested.replace(first, removed, added);
+        plain.erase(plain.begin() + first, plain.begin() + first + removed);
+        plain.insert(plain.begin() + first, added.begin(), added.end());
+        ASSERT_EQ(tested.count(), std::ssize(plain));
+        if (plain.empty())
+            continue;
+        const int index = upTo(plain.size() - 1);
+        tested.set(index, plain[static_cast<std::size_t>(index)] = some(1).front());
+        const int height = upTo(tested.total() + 10) - 5;
+        int total = 0, width = 0, top = 0, at = -1, estimate = -1, firstEstimate = -1;
+        for (int i = 0; const desktop::BlockHeight& block : plain) {
+            top = i == index ? total : top;
+            total += block.whole();
+            width = std::max(width, block.width);
+            at = at < 0 && height < total ? i : at;
+            firstEstimate = firstEstimate < 0 && !block.measured ? i : firstEstimate;
+            estimate = estimate < 0 && !block.measured && i >= index ? i : estimate;
+            ++i;
+        }
+        EXPECT_EQ(std::tuple(tested.total(), tested.width(), tested.top(index)),
+                  std::tuple(total, width, top));
+        EXPECT_EQ(tested.at(height), at < 0 ? std::ssize(plain) - 1 : at) << height;
+        EXPECT_EQ(tested.nextEstimate(index), estimate < 0 ? firstEstimate : estimate) << index;
+    }
 }
