@@ -1,3 +1,5 @@
+#include "desktop/text/changed_stretch.h"
+#include "desktop/text/text_units.h"
 #include "rich_text_fixture.h"
 
 using platform::Setting;
@@ -97,5 +99,43 @@ TEST_F(RichText, Together_ReportsEachEdit_AndUpdatesTheScreenOnce) {
             rtb.setSelStart(caret);
         });
         EXPECT_EQ(rtb.verticalScrollBar()->value() == 500, caret == 0);
+    }
+}
+
+TEST(ChangedStretch, SeveralChanges_AreOneRange_ThatHoldsThemAllAndLittleElse) {
+    QTextDocument document;
+    document.documentLayout(); // without a layout it reports nothing
+    desktop::ChangedStretch stretch;
+    QObject::connect(&document, &QTextDocument::contentsChange, [&](int position, int removed, int added) {
+        stretch.note(document, position, removed, added);
+    });
+    std::mt19937 random(4);
+    const auto upTo = [&](int limit) {
+        return static_cast<int>(random() % static_cast<unsigned>(limit + 1));
+    };
+    const QString pieces[] = {{}, QStringLiteral("word"), QStringLiteral("\n"), QStringLiteral("a\nb\n")};
+    base::Text told;
+    for (int step = 0; step < 500; ++step) {
+        int least = document.characterCount();
+        for (int edits = upTo(3); edits >= 0; --edits) {
+            QTextCursor cursor(&document);
+            const int start = upTo(document.characterCount() - 1);
+            cursor.setPosition(start);
+            cursor.setPosition(std::min(start + upTo(4), document.characterCount() - 1),
+                               QTextCursor::KeepAnchor);
+            cursor.insertText(pieces[upTo(3)]);
+            least = std::min(least, start);
+        }
+        const auto [program, units] = stretch.take();
+        const base::Text now = desktop::programText(document.toRawText(), document.blockCount() - 1);
+        told.replace(
+            static_cast<std::size_t>(program.begin), static_cast<std::size_t>(program.removed),
+            now.substr(static_cast<std::size_t>(program.begin), static_cast<std::size_t>(program.added)));
+        ASSERT_EQ(told, now) << step;
+        const bool any = program.removed + program.added > 0;
+        EXPECT_TRUE(!any || units.begin >= least - 1) << step;
+        EXPECT_EQ(desktop::programPosition(document, units.begin), program.begin);
+        EXPECT_EQ(desktop::programPosition(document, units.begin + units.added),
+                  program.begin + program.added);
     }
 }
