@@ -7,27 +7,18 @@
 #include <string>
 #include <sys/file.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace base {
 
-namespace {
-
-[[noreturn]] void fail(int reason) {
-    throw Failure(std::generic_category().message(reason));
-}
-
-} // namespace
-
 BinaryFile::BinaryFile(TextView path)
     : fd_(::open(toUtf8(path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666)) {
     if (fd_ < 0)
-        fail(errno);
+        throw systemFailure(errno);
     // On a file system without locks the file is written unlocked.
     if (::flock(fd_, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
         ::close(fd_);
-        fail(EBUSY);
+        throw systemFailure(EBUSY);
     }
 }
 
@@ -50,7 +41,7 @@ void BinaryFile::writeAt(std::uint64_t position, std::string_view bytes) const {
         if (written < 0 && errno == EINTR)
             continue;
         if (written <= 0)
-            fail(written < 0 ? errno : ENOSPC);
+            throw systemFailure(written < 0 ? errno : ENOSPC);
         position += static_cast<std::uint64_t>(written);
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
@@ -59,7 +50,7 @@ void BinaryFile::writeAt(std::uint64_t position, std::string_view bytes) const {
 std::uint64_t BinaryFile::length() const {
     struct stat about {};
     if (::fstat(fd_, &about) != 0)
-        fail(errno);
+        throw systemFailure(errno);
     return static_cast<std::uint64_t>(about.st_size);
 }
 
@@ -70,7 +61,7 @@ void BinaryFile::writeOut(std::uint64_t position, std::uint64_t count) const {
 
 void BinaryFile::sync() const {
     if (::fdatasync(fd_) != 0)
-        fail(errno);
+        throw systemFailure(errno);
 }
 
 } // namespace base

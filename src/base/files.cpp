@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/descriptor.h"
+#include "base/failure.h"
 #include "base/old_file.h"
 #include "base/unfinished_file.h"
 
@@ -18,10 +19,6 @@ namespace base {
 namespace {
 
 constexpr mode_t newFileMode = 0666; // the user's umask applies
-
-[[noreturn]] void fail(const std::string& path) {
-    throw Failure(std::generic_category().message(errno) + ": " + path);
-}
 
 // Resolves symbolic links: the bytes go to the file that they point to, which need not exist.
 std::string finalTarget(std::string path) {
@@ -66,7 +63,7 @@ bool replacedBeside(const OldFile& old, const std::string& target, std::string_v
     if (putInPlace(file, bytes, target))
         return true;
     if (!refusesNeighbours(errno))
-        fail(target);
+        throw systemFailure(errno, target);
     return false;
 }
 
@@ -87,7 +84,7 @@ std::string bytesOf(const std::vector<Text>& lines) {
 Text createBeside(TextView path) {
     UnfinishedFile file(toUtf8(path), newFileMode, UnfinishedFile::Seen::Always);
     if (!file.isOpen())
-        fail(toUtf8(path));
+        throw systemFailure(errno, toUtf8(path));
     return fromUtf8(file.leave());
 }
 
@@ -118,14 +115,14 @@ void createPrivateFolder(TextView path) {
         return;
     createFolder(path);
     if (::chmod(name.c_str(), S_IRWXU) != 0)
-        fail(name);
+        throw systemFailure(errno, name);
 }
 
 std::string readFile(TextView path) {
     const std::string name = toUtf8(path);
     const Descriptor file(name, O_RDONLY);
     if (!file.isOpen())
-        fail(name);
+        throw systemFailure(errno, name);
     std::string bytes;
     struct stat about {};
     if (::fstat(file.get(), &about) == 0 && about.st_size > 0)
@@ -138,7 +135,7 @@ std::string readFile(TextView path) {
         if (count > 0)
             bytes.append(block, static_cast<std::size_t>(count));
         else if (errno != EINTR)
-            fail(name);
+            throw systemFailure(errno, name);
     }
 }
 
@@ -148,14 +145,14 @@ void replaceFile(TextView path, std::string_view bytes) {
     if (!old.isThere()) {
         UnfinishedFile file(target, newFileMode);
         if (!putInPlace(file, bytes, target))
-            fail(target);
+            throw systemFailure(errno, target);
         return;
     }
     if (replacedBeside(old, target, bytes))
         return;
     if (!keepOld()) {
         errno = EPERM;
-        fail(target);
+        throw systemFailure(errno, target);
     }
     const std::string held = readFile(fromUtf8(target));
     keepOld()(path, held, [&] { old.writeOver(held, bytes); });
@@ -165,7 +162,7 @@ void replacePrivateFile(TextView path, std::string_view bytes) {
     const std::string target = finalTarget(toUtf8(path));
     UnfinishedFile file(target, S_IRUSR | S_IWUSR);
     if (!putInPlace(file, bytes, target))
-        fail(target);
+        throw systemFailure(errno, target);
 }
 
 void checkWritable(TextView path) {
@@ -174,7 +171,7 @@ void checkWritable(TextView path) {
         return;
     const Descriptor file(::open(target.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, newFileMode));
     if (!file.isOpen() || ::unlink(target.c_str()) != 0)
-        fail(target);
+        throw systemFailure(errno, target);
 }
 
 void setKeepOld(KeepOld keep) {
@@ -184,7 +181,7 @@ void setKeepOld(KeepOld keep) {
 void removeFile(TextView path) {
     const std::string name = toUtf8(path);
     if (::unlink(name.c_str()) != 0 && errno != ENOENT)
-        fail(name);
+        throw systemFailure(errno, name);
 }
 
 Text TextFiles::read(TextView path) const {

@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <optional>
 #include <sys/xattr.h>
-#include <system_error>
 #include <utility>
 
 namespace base {
@@ -14,10 +13,6 @@ namespace base {
 namespace {
 
 constexpr const char* accessList = "system.posix_acl_access";
-
-[[noreturn]] void fail(const std::string& path, int reason = errno) {
-    throw Failure(std::generic_category().message(reason) + ": " + path);
-}
 
 // The list that `get` reads; empty for a file without one, nullopt on failure.
 template <typename Get>
@@ -67,14 +62,14 @@ bool reserve(int fd, std::size_t bytes) {
 OldFile::OldFile(std::string path) : path_(std::move(path)) {
     if (::stat(path_.c_str(), &about_) != 0) {
         if (errno != ENOENT)
-            fail(path_);
+            throw systemFailure(errno, path_);
         return;
     }
     there_ = true;
     if (!S_ISREG(about_.st_mode))
-        fail(path_, S_ISDIR(about_.st_mode) ? EISDIR : ENOTSUP);
+        throw systemFailure(S_ISDIR(about_.st_mode) ? EISDIR : ENOTSUP, path_);
     if (::access(path_.c_str(), W_OK) != 0)
-        fail(path_);
+        throw systemFailure(errno, path_);
 }
 
 bool OldFile::handRightsTo(int fd) const {
@@ -92,17 +87,17 @@ bool OldFile::handRightsTo(int fd) const {
 void OldFile::writeOver(std::string_view old, std::string_view bytes) const {
     const Descriptor file(path_, O_WRONLY);
     if (!file.isOpen())
-        fail(path_);
+        throw systemFailure(errno, path_);
     if (!reserve(file.get(), bytes.size())) {
         const int reason = errno;
         ::ftruncate(file.get(), static_cast<off_t>(old.size())); // releases what was allocated
-        fail(path_, reason);
+        throw systemFailure(reason, path_);
     }
     if (writeAll(file.get(), bytes))
         return;
     const int reason = errno;
     writeAll(file.get(), old);
-    fail(path_, reason);
+    throw systemFailure(reason, path_);
 }
 
 } // namespace base

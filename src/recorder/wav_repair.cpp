@@ -59,25 +59,21 @@ bool isCopyOf(base::TextView path, base::TextView copy) {
     return head.substr(0, 8) == sizes.substr(0, 8) && head.substr(40) == sizes.substr(40);
 }
 
-[[noreturn]] void fail(int reason) {
-    throw base::Failure(std::generic_category().message(reason));
-}
-
 // Copies the bytes in slices and flushes each one, so that cancelling never waits long for the disk.
 void copyBytes(const std::string& from, const base::BinaryFile& to, const GoOn& goOn) {
     std::ifstream file(from, std::ios::binary);
     std::error_code failed;
     const auto length = fs::file_size(from, failed);
     if (!file || failed)
-        fail(failed ? failed.value() : errno);
+        throw base::systemFailure(failed ? failed.value() : errno);
     std::string slice(sliceSize, '\0');
     for (std::uint64_t position = 0; position < length;) {
         if (!goOn(static_cast<double>(position) / static_cast<double>(length)))
-            fail(ECANCELED);
+            throw base::systemFailure(ECANCELED);
         file.read(slice.data(), static_cast<std::streamsize>(slice.size()));
         const auto count = static_cast<std::size_t>(file.gcount());
         if (count == 0)
-            fail(EIO);
+            throw base::systemFailure(EIO);
         to.writeAt(position, std::string_view(slice).substr(0, count));
         to.writeOut(position, count);
         position += count;
@@ -141,7 +137,7 @@ RepairedCopy repairCutOff(base::TextView path, const platform::WaveFormat& forma
                             failed);
         fs::rename(base::toUtf8(unfinished), base::toUtf8(copy), failed);
         if (failed)
-            fail(failed.value());
+            throw base::systemFailure(failed.value());
     } catch (const base::Failure&) {
         base::carryOn([&] { base::removeFile(unfinished); });
         throw;

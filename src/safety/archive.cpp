@@ -34,7 +34,7 @@ constexpr std::string_view timeForm =
 constexpr std::size_t timeLength = 19;
 constexpr std::size_t longestName = 120; // bytes of the document's name in a version's file name
 
-std::string timeText(std::int64_t seconds) {
+std::string timeInName(std::int64_t seconds) {
     const auto time = static_cast<std::time_t>(seconds);
     std::tm parts{};
     ::localtime_r(&time, &parts);
@@ -120,8 +120,8 @@ base::Text Archive::keep(base::TextView document, std::string_view bytes, base::
     base::createPrivateFolder(folder_);
     const auto* const name = std::find_if(reasonNames.begin(), reasonNames.end(),
                                           [&](const auto& each) { return each.first == reason; });
-    const std::string start = base::toUtf8(folder_) + "/" + shortened(document) + " " + timeText(now) + " [" +
-                              std::string(name->second);
+    const std::string start = base::toUtf8(folder_) + "/" + shortened(document) + " " + timeInName(now) +
+                              " [" + std::string(name->second);
     const std::string end = "]." + base::toUtf8(extension);
     base::Text path = base::fromUtf8(start + end);
     for (int n = 2; base::fileExists(path); ++n)

@@ -49,7 +49,7 @@ public:
 
 private:
     [[noreturn]] void fail() const {
-        throw base::Failure(std::generic_category().message(errno) + ": " + path_);
+        throw base::systemFailure(errno, path_);
     }
     void write() {
         if (!file_.write(block_))

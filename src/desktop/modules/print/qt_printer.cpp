@@ -13,7 +13,6 @@
 #include <string>
 #include <string_view>
 #include <sys/mman.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -100,13 +99,13 @@ void QtPrinter::finish() {
     const std::string bytes = base::readFile(pdf->path());
     // Qt does not report an incomplete write.
     if (bytes.find(pdfEnd, bytes.size() - std::min(bytes.size(), 2 * pdfEnd.size())) == std::string::npos)
-        throw base::Failure(std::generic_category().message(ENOMEM) + ": " + base::toUtf8(settings_.file));
+        throw base::systemFailure(ENOMEM, base::toUtf8(settings_.file));
     base::replaceFile(settings_.file, bytes);
 }
 
 QtPrinter::MemoryFile::MemoryFile() : fd_(::memfd_create("pdf", MFD_CLOEXEC)) {
     if (fd_ < 0)
-        throw base::Failure(std::generic_category().message(errno));
+        throw base::systemFailure(errno);
 }
 
 QtPrinter::MemoryFile::~MemoryFile() {
