@@ -1,5 +1,6 @@
 #include "desktop/application.h"
 
+#include "desktop/qt/palette.h"
 #include "desktop/qt/x_errors.h"
 #include "desktop/views/skin_button.h"
 
@@ -104,18 +105,16 @@ public:
 
 // One light palette, whatever theme the desktop has: the skin is drawn for it.
 QPalette skinPalette() {
-    const QColor ink(0x1F, 0x2A, 0x44);
-    const QColor teal(0x0E, 0x7C, 0x86);
     QPalette palette(QColor(0xEC, 0xEC, 0xEC));
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::AlternateBase, QColor(0xF5, 0xF7, 0xF8));
     for (const auto role :
          {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
-        palette.setColor(role, ink);
+        palette.setColor(role, palette::ink);
         palette.setColor(QPalette::Disabled, role, QColor(0x5F, 0x69, 0x76));
     }
     palette.setColor(QPalette::ToolTipBase, Qt::white);
-    palette.setColor(QPalette::Highlight, teal);
+    palette.setColor(QPalette::Highlight, palette::teal);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     return palette;
 }

@@ -1,6 +1,7 @@
 #include "desktop/views/list_looks.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/palette.h"
 
 #include <QListView>
 #include <QPainter>
@@ -14,9 +15,6 @@ namespace {
 
 constexpr QSize leastButton(92, 26); // pixels
 constexpr int besideCaption = 14;    // pixels on each side of the caption
-constexpr QColor teal(0x0E, 0x7C, 0x86);
-constexpr QColor grey(0x5B, 0x67, 0x7A);
-constexpr QColor rim(0xBC, 0xD9, 0xDC);
 
 } // namespace
 
@@ -28,13 +26,13 @@ RowColors paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, 
         return {light, light, light};
     }
     painter.fillRect(option.rect, row % 2 == 1 ? colors.alternateBase() : colors.base());
-    return {colors.text().color(), teal, grey};
+    return {colors.text().color(), palette::teal, palette::grey};
 }
 
 void frame(QFrame& box) {
     box.setFrameStyle(QFrame::Box | QFrame::Plain);
     QPalette framed = box.palette();
-    framed.setColor(QPalette::WindowText, rim);
+    framed.setColor(QPalette::WindowText, palette::rim);
     box.setPalette(framed);
 }
 

@@ -1,5 +1,6 @@
 // What the keyboard and screen readers do with a control, and what they are told about it.
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/palette.h"
 #include "desktop/views/accessible_views.h"
 #include "desktop/views/control_views.h"
 
@@ -11,8 +12,6 @@
 namespace desktop {
 
 namespace {
-
-constexpr QColor ringColor(0x1F, 0x2A, 0x44);
 constexpr double ringWidth = 2;  // pixels
 constexpr double ringCorner = 3; // pixels
 constexpr double ringInset = 12; // the inset is this part of the height
@@ -103,7 +102,7 @@ bool ControlView::event(QEvent* event) {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         // White below dark: the ring is seen on dark pictures too.
-        for (const QPen& pen : {QPen(Qt::white, 2 * ringWidth), QPen(ringColor, ringWidth)}) {
+        for (const QPen& pen : {QPen(Qt::white, 2 * ringWidth), QPen(palette::ink, ringWidth)}) {
             painter.setPen(pen);
             painter.drawRoundedRect(ring, ringCorner, ringCorner);
         }

@@ -1,6 +1,7 @@
 #include "desktop/windows/credits_view.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/palette.h"
 #include "desktop/views/pictures.h"
 
 #include <QPainter>
@@ -8,11 +9,7 @@
 namespace desktop {
 
 namespace {
-
-const QColor rim(0xBC, 0xD9, 0xDC);
-const QColor ink(0x1F, 0x2A, 0x44);
 const QColor slate(0x3B, 0x48, 0x62);
-const QColor teal(0x0E, 0x7C, 0x86);
 
 // The vertical space on the panel picture for the credits, in pixels.
 constexpr int firstLine = 80;
@@ -79,8 +76,8 @@ QPixmap CreditsView::drawPanel() const {
             painter.drawText(QRect(from, top, to - from, height), Qt::AlignLeft | Qt::AlignVCenter,
                              qstring(words));
         };
-        write(nameColumn, versionColumn, bold, ink, library.name);
-        write(versionColumn, licenceColumn, plain, teal, library.version);
+        write(nameColumn, versionColumn, bold, palette::ink, library.name);
+        write(versionColumn, licenceColumn, plain, palette::teal, library.version);
         write(licenceColumn, size.width(), plain, slate, library.licence);
         top += height;
     }
@@ -106,7 +103,7 @@ void CreditsView::paintEvent(QPaintEvent*) {
                       panel_.size());
     const QRect seen = panel & inside;
     for (const QRect& part : QRegion(whole) - inside)
-        painter.fillRect(part, rim);
+        painter.fillRect(part, palette::rim);
     for (const QRect& part : QRegion(inside) - seen)
         painter.fillRect(part, Qt::white);
     painter.drawPixmap(seen.topLeft(), panel_, seen.translated(-panel.topLeft()));

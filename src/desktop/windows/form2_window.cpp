@@ -1,6 +1,7 @@
 #include "desktop/windows/form2_window.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/palette.h"
 #include "desktop/text/rich_text_edit.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
@@ -15,8 +16,6 @@
 namespace desktop {
 
 namespace {
-
-const QColor ruleColor(0xC8, 0xCE, 0xD4);
 const QColor hoverColor(0x80, 0x80, 0x80);
 const QColor darkPage(0x1B, 0x20, 0x2B);
 const QColor quietText(0x9A, 0xA3, 0xB0);
@@ -29,7 +28,7 @@ public:
     using ControlView::ControlView;
 
 protected:
-    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), ruleColor); }
+    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), palette::rule); }
 };
 
 // The outline of the button under the mouse; transparent to mouse events.
@@ -62,7 +61,7 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(rect(), ruleColor);
+        painter.fillRect(rect(), palette::rule);
         painter.fillRect(rect().adjusted(1, 1, -1, -1), form_.darkPage ? darkPage : Qt::white);
     }
 

@@ -1,6 +1,7 @@
 #include "desktop/windows/form3_window.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/palette.h"
 #include "desktop/views/input_views.h"
 
 #include <QAbstractItemView>
@@ -20,8 +21,6 @@ constexpr int leastGap = 2;      // pixels above and below the buttons
 constexpr double buttonGap = 60; // twips between the buttons
 constexpr int gap = 14;          // pixels between the columns
 constexpr qsizetype timeLength = 8;
-constexpr QColor teal(0x0E, 0x7C, 0x86);
-constexpr QColor rim(0xBC, 0xD9, 0xDC);
 
 // One row: the time in a column of fixed width, then the name, shortened to fit. A row that does not begin
 // with a time is shown unchanged.
@@ -42,7 +41,7 @@ public:
         painter->setFont(option.font);
         const QFontMetrics metrics(option.font);
         if (name.size() >= timeLength && name[2] == u':' && name[5] == u':') {
-            painter->setPen(chosen ? colors.highlightedText().color() : teal);
+            painter->setPen(chosen ? colors.highlightedText().color() : palette::teal);
             painter->drawText(place, Qt::AlignVCenter | Qt::TextSingleLine, name.left(timeLength));
             place.setLeft(place.left() + metrics.horizontalAdvance(QStringLiteral("00:00:00")) + gap);
             name = name.mid(timeLength).trimmed();
@@ -71,7 +70,7 @@ Form3Window::Form3Window(bookmarks::Form3& form)
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->setFrameStyle(QFrame::Box | QFrame::Plain);
     QPalette framed = list->palette();
-    framed.setColor(QPalette::WindowText, rim);
+    framed.setColor(QPalette::WindowText, palette::rim);
     list->setPalette(framed);
     list_ = list;
     add_ = addView(form.Command1, *this);

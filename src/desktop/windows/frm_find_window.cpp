@@ -2,6 +2,7 @@
 
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/keyboard_order.h"
+#include "desktop/qt/palette.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
 
@@ -16,8 +17,6 @@
 namespace desktop {
 
 namespace {
-
-const QColor ruleColor(0xC8, 0xCE, 0xD4);
 constexpr double corner = 4;      // pixels
 constexpr int captionIndent = 10; // pixels from the frame's left to its caption
 constexpr int captionGap = 5;     // pixels of the line left out on each side of the caption
@@ -42,7 +41,7 @@ protected:
         const QString caption = text();
         const QRect letters(captionIndent, 0, metrics.horizontalAdvance(caption), metrics.height());
         painter.setClipRegion(QRegion(rect()) - letters.adjusted(-captionGap, 0, captionGap, 0));
-        painter.setPen(ruleColor);
+        painter.setPen(palette::rule);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, letters.center().y() + 0.5, -0.5, -0.5), corner,
                                 corner);
         painter.setClipping(false);

@@ -1,6 +1,7 @@
 #include "desktop/windows/frm_informazioni_window.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/palette.h"
 #include "desktop/views/control_views.h"
 #include "desktop/windows/credits_view.h"
 
@@ -13,7 +14,6 @@ namespace desktop {
 namespace {
 
 const QColor frameColor(0xCF, 0xE3, 0xE5);
-const QColor frameGround(0xF8, 0xFC, 0xFC);
 constexpr double frameCorner = 5; // pixels
 
 // The frame around the address and the copyright notice.
@@ -26,7 +26,7 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(frameColor);
-        painter.setBrush(frameGround);
+        painter.setBrush(palette::ground);
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), frameCorner, frameCorner);
     }
 };

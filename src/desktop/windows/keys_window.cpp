@@ -1,6 +1,7 @@
 #include "desktop/windows/keys_window.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/palette.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
 #include "desktop/views/list_looks.h"
@@ -20,7 +21,6 @@ constexpr QSize leastSize(340, 260); // pixels
 constexpr int keyColumn = 120;       // pixels
 constexpr int spaceAbove = 8;        // pixels above a heading
 constexpr qreal capCorner = 3;       // pixels
-const QColor capEdge(0xC8, 0xCE, 0xD4);
 
 // A key as it is printed on the user's keyboard, or a heading.
 class KeyRow : public QStyledItemDelegate {
@@ -61,7 +61,7 @@ private:
         const QRectF cap(place.left() + 0.5, place.top() - 1.5, width, place.height() + 3);
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(capEdge);
+        painter.setPen(palette::rule);
         painter.drawRoundedRect(cap, capCorner, capCorner);
         painter.setPen(colors.text);
         painter.drawText(cap, Qt::AlignCenter, keys);

@@ -1,6 +1,7 @@
 #include "desktop/windows/quiet_line_view.h"
 
 #include "desktop/qt/conversions.h"
+#include "desktop/qt/palette.h"
 #include "desktop/views/list_looks.h"
 
 #include <QAccessible>
@@ -16,9 +17,7 @@ constexpr int longestLine = 520; // pixels
 constexpr int bar = 4;           // pixels of the coloured bar on the left
 constexpr int beside = 12;       // pixels between text and edges, left and right
 constexpr int above = 8;         // pixels above and below the text
-constexpr QColor teal(0x0E, 0x7C, 0x86);
 constexpr QColor rim(0x9F, 0xC6, 0xCA);
-constexpr QColor ground(0xF8, 0xFC, 0xFC);
 constexpr int lineFlow = Qt::AlignLeft | Qt::AlignVCenter | Qt::TextWordWrap;
 
 // Qt's default role, window, would be announced as a window to which the user has switched.
@@ -79,8 +78,8 @@ void QuietLineView::announce() {
 void QuietLineView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.fillRect(rect(), rim);
-    painter.fillRect(rect().adjusted(1, 1, -1, -1), ground);
-    painter.fillRect(QRect(0, 0, bar, height()), teal);
+    painter.fillRect(rect().adjusted(1, 1, -1, -1), palette::ground);
+    painter.fillRect(QRect(0, 0, bar, height()), palette::teal);
     painter.setPen(palette().color(QPalette::WindowText));
     painter.drawText(rect().adjusted(bar + beside, above, -beside, -above), lineFlow, breakable(shown_));
 }
