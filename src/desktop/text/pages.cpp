@@ -83,7 +83,7 @@ void scaleParagraphs(QTextDocument& document, double scale) {
 
 // Each break begins a page. If a paragraph ends directly after a break, the empty line at the top of the page
 // is removed.
-void breakPages(EditorDocument& document) {
+void beginPages(EditorDocument& document) {
     struct Break {
         int position;
         bool endsParagraph;
@@ -120,7 +120,7 @@ void printPages(EditorDocument& document, QPagedPaintDevice& paper) {
                          QImage(1, 1, QImage::Format_ARGB32_Premultiplied));
     const double scale = paper.logicalDpiX() / pixelsPerInch;
     fitPictures(document, page / scale);
-    breakPages(document);
+    beginPages(document);
     scaleParagraphs(document, scale);
     QAbstractTextDocumentLayout& layout = *document.documentLayout();
     layout.setPaintDevice(&paper);

@@ -12,7 +12,7 @@ namespace desktop {
 namespace {
 
 constexpr double roundness = 3.5; // pixels
-constexpr double ringMargin = 2;   // pixels from the outline to the ring of the focus
+constexpr double ringMargin = 2;  // pixels from the outline to the ring of the focus
 constexpr QColor tileBottom(0xE1, 0xEF, 0xF1);
 constexpr QColor litBottom(0xC9, 0xEA, 0xEC);
 constexpr QColor heldTop(0xB9, 0xE6, 0xE8);
@@ -38,8 +38,8 @@ void paintButtonTile(const QStyleOptionButton& button, QPainter& painter) {
     painter.drawRoundedRect(place, roundness, roundness);
     if (offered && button.state.testFlag(QStyle::State_HasFocus)) {
         painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(place.adjusted(ringMargin, ringMargin, -ringMargin, -ringMargin), roundness - 1,
-                                roundness - 1);
+        painter.drawRoundedRect(place.adjusted(ringMargin, ringMargin, -ringMargin, -ringMargin),
+                                roundness - 1, roundness - 1);
     }
     painter.restore();
 }

@@ -48,9 +48,7 @@ public:
     }
 
 private:
-    [[noreturn]] void fail() const {
-        throw base::systemFailure(errno, path_);
-    }
+    [[noreturn]] void fail() const { throw base::systemFailure(errno, path_); }
     void write() {
         if (!file_.write(block_))
             fail();

@@ -14,8 +14,8 @@ constexpr int chunkPerSecond = 50;       // reads of 20 ms
 constexpr std::size_t storeSeconds = 20; // how long the event loop may be busy without loss
 // Seconds of sound that the device itself buffers while this process is not scheduled.
 constexpr double deviceLatency = 0.2;
-constexpr std::chrono::milliseconds betweenLooks(10); // polling interval for new sound
-constexpr std::chrono::seconds patience(1);           // for a sound system that was asked to stop
+constexpr std::chrono::milliseconds betweenPolls(10); // polling interval for new sound
+constexpr std::chrono::seconds stopPatience(1);       // for a sound system that was asked to stop
 
 // PortAudio ends the process if ALSA's configuration names no default device, for example when ALSA's files
 // are missing.
@@ -134,7 +134,7 @@ void PortAudioDevice::stop() {
     if (!reading_)
         return;
     reading_->store.close();
-    if (reading_->ended.get_future().wait_for(patience) == std::future_status::ready) {
+    if (reading_->ended.get_future().wait_for(stopPatience) == std::future_status::ready) {
         reader_.join();
     } else {
         reader_.detach();
@@ -155,7 +155,7 @@ void PortAudioDevice::read(Reading& reading, std::size_t frames) {
         // Pa_ReadStream would wait forever for a suspended source, and nobody could stop it.
         const signed long available = Pa_GetStreamReadAvailable(reading.stream);
         if (available >= 0 && available < static_cast<signed long>(frames)) {
-            wanted = !reading.store.isClosedWithin(betweenLooks);
+            wanted = !reading.store.isClosedWithin(betweenPolls);
             continue;
         }
         result = Pa_ReadStream(reading.stream, reading.chunk.data(), frames);
