@@ -87,6 +87,13 @@ struct Difference {
     std::size_t second = 0;
 };
 
+inline Difference difference(const base::Text& a, const base::Text& b) {
+    const std::size_t least = std::min(a.size(), b.size());
+    const std::size_t head = shared(a, b, least, false);
+    const std::size_t tail = shared(a, b, least - head, true);
+    return {head, a.size() - head - tail, b.size() - head - tail};
+}
+
 inline Difference difference(const Text& a, const Text& b) {
     const std::size_t least = std::min(a.size(), b.size());
     const std::size_t head = shared(a.starts, b.starts, shared(a.letters, b.letters, least, false), false);

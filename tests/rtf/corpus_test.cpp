@@ -14,20 +14,29 @@ const std::map<std::string, double> forgiven = {
     {"striprtf__issue_63", 0.88}, // the file contains the number "10.", the expected text omits it
 };
 
-// The words of a text, as runs of letters and digits: programs differ in punctuation and invisible
-// characters. Each Chinese, Japanese or Korean character counts as a word.
+// The words of a text. Ignores kinds of quotes, bullets, no-break spaces and invisible characters; each
+// Chinese, Japanese or Korean character counts as a word.
 std::vector<base::Text> words(const base::Text& text) {
+    const auto isIn = [](char16_t unit, base::TextView all) {
+        return all.find(unit) != base::TextView::npos;
+    };
     std::vector<base::Text> all;
     bool open = false;
     for (const char16_t unit : text) {
-        const bool wordOfItsOwn = (unit >= 0x3040 && unit <= 0x9FFF) || (unit >= 0xAC00 && unit <= 0xD7AF);
-        const bool other = (unit < 0xC0 && (unit >= 0x80 || std::isalnum(unit) == 0)) ||
-                           (unit >= 0x2000 && unit <= 0x303F) || unit >= 0xE000;
-        if (!other && (!open || wordOfItsOwn))
+        if (isIn(unit, u"\u00AD\u200B\uFEFF\uFFFC"))
+            continue;
+        const bool blank = unit <= u' ' || (unit >= 0x2000 && unit <= 0x200A) ||
+                           isIn(unit, u"\u00A0\u2028\u3000•●○▪·\uF0B7\uF06F\uF0A7‣◦");
+        const bool wordOfItsOwn = (unit >= 0x3040 && unit <= 0x30FF) || (unit >= 0x3400 && unit <= 0x9FFF) ||
+                                  (unit >= 0xAC00 && unit <= 0xD7AF);
+        if (!blank && (!open || wordOfItsOwn))
             all.emplace_back();
-        if (!other)
-            all.back() += unit;
-        open = !other && !wordOfItsOwn;
+        if (!blank)
+            all.back() += isIn(unit, u"‘’")             ? u'\''
+                          : isIn(unit, u"“”")           ? u'"'
+                          : isIn(unit, u"\u2010\u2011") ? u'-'
+                                                        : unit;
+        open = !blank && !wordOfItsOwn;
     }
     return all;
 }
