@@ -77,7 +77,10 @@ public:
         settle();
         if (!hasMedia() || !std::isfinite(seconds))
             return;
-        const double target = std::clamp(seconds, 0.0, isLoading() ? unknownLength : length());
+        double end = unknownLength;
+        if (!isLoading())
+            end = length();
+        const double target = std::clamp(seconds, 0.0, end);
         if (run_ == platform::PlayState::Stopped && target > 0)
             run_ = platform::PlayState::Paused;
         moveTo(target);

@@ -16,7 +16,7 @@ inline constexpr std::string_view head =
 
 // Reads a body. Also expects that writing and reading it again gives the same document, in plain ASCII.
 inline rtf::Document document(std::string_view body) {
-    const rtf::Document read = rtf::read(std::string(head).append(body).append("}"));
+    rtf::Document read = rtf::read(std::string(head).append(body).append("}"));
     const std::string written = rtf::write(read);
     EXPECT_EQ(rtf::read(written), read) << body << '\n' << written;
     EXPECT_TRUE(std::all_of(written.begin(), written.end(), [](char byte) { return byte > 0; })) << body;
@@ -37,6 +37,6 @@ inline std::string rewritten(std::string_view body) {
 }
 
 // What the writer writes at the beginning of a paragraph with default formats.
-inline const std::string usual = "\\pard\\ql \\plain\\f0\\fs24 ";
+inline const std::string usual = R"(\pard\ql \plain\f0\fs24 )";
 
 } // namespace reading
