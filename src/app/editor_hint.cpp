@@ -2,7 +2,6 @@
 
 namespace app {
 
-// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
 
 EditorHint::EditorHint(player::Form1& form1, editor::Form2& form2, lang::Words& words)

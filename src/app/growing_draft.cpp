@@ -1,25 +1,16 @@
 #include "app/growing_draft.h"
 
 #include "base/carry_on.h"
+#include "base/numbers.h"
 #include "drafts/editor_text.h"
 #include "drafts/letters.h"
 #include "drafts/time_words.h"
 
-#include <cmath>
 #include <utility>
 
 namespace app {
 
-// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
-
-namespace {
-
-base::Text numberOf(std::size_t count) {
-    return base::fromUtf8(std::to_string(count));
-}
-
-} // namespace
 
 GrowingDraft::GrowingDraft(EditorRoom& editor, player::Form1& form1, const drafts::Options& options)
     : editor_(editor), form1_(form1), options_(options) {}
@@ -31,8 +22,7 @@ lang::English GrowingDraft::title() const {
 bool GrowingDraft::begin(const drafts::HeardRecording& recording) {
     if (!editor_.document().openText(drafts::source(drafts::transcript(std::vector<drafts::Turn>(), {}), {})))
         return false;
-    recording_.recording = base::afterLast(recording.path, base::pathSeparator);
-    recording_.length = static_cast<std::int32_t>(std::lround(recording.seconds * 1000));
+    recording_ = moments::layerOf(recording.path, recording.seconds);
     heardMs_ = 0;
     words_ = 0;
     if (!editor_.form().visible)
@@ -93,7 +83,7 @@ drafts::RecogniserUse::Told GrowingDraft::finish(std::optional<drafts::Draft> dr
         editor_.document().TestoModificato = 1;
         editor_.typing().Typed();
     }
-    return {u"The draft is complete: %1 words."_en, {numberOf(words_)}};
+    return {u"The draft is complete: %1 words."_en, {base::countText(words_)}};
 }
 
 } // namespace app

@@ -1,5 +1,7 @@
 #include "app/keys_room.h"
 
+#include "app/place_over.h"
+
 #include <algorithm>
 
 namespace app {
@@ -26,11 +28,7 @@ KeysRoom::KeysRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, T
     : form1_(form1), editor_(editor), menu_(menu), words_(words), list_(words, [this] { return collect(); }) {
     menu.addLast(list_.command());
     list_.Load = [this, &desktop](outside::KeysWindow& form) {
-        const editor::Form2& beside = editor_.form();
-        const controls::Screen& screen = form1_.screen;
-        form.icon = beside.icon.get();
-        form.left = std::clamp(beside.left + step, 0.0, std::max(0.0, screen.width - form.width));
-        form.top = std::clamp(beside.top + step, 0.0, std::max(0.0, screen.height - form.height));
+        placeOver(editor_.form(), form1_.screen, step, form);
         desktop.show(form);
     };
     list_.Print = [&printing, this](const base::Text& name, const std::string& source) {

@@ -8,7 +8,6 @@
 
 namespace app {
 
-// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
 
 namespace {
@@ -53,12 +52,7 @@ MomentRoom::MomentRoom(Desktop& desktop, player::Form1& form1, EditorRoom& edito
     editor.typing().Typed = [this] { follow_.typed(); };
     editor.undoRedo().momentsHeard([this] { return heardByWords(); });
     editor.undoRedo().Recording = [this] {
-        moments::Layer layer;
-        if (isOpen()) {
-            layer.recording = base::afterLast(form1_.WMP1.URL(), base::pathSeparator);
-            layer.length = static_cast<std::int32_t>(std::lround(form1_.WMP1.duration() * 1000));
-        }
-        return layer;
+        return isOpen() ? moments::layerOf(form1_.WMP1.URL(), form1_.WMP1.duration()) : moments::Layer();
     };
     watch_.Tick = [this] { watch(); };
 }

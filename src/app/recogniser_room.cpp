@@ -1,10 +1,9 @@
 #include "app/recogniser_room.h"
 
-#include <algorithm>
+#include "app/place_over.h"
 
 namespace app {
 
-// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
 
 namespace {
@@ -27,7 +26,7 @@ RecogniserRoom::RecogniserRoom(Desktop& desktop, player::Form1& form1, EditorRoo
     make_.add(mnuTimeTranscript_, times_);
     make_.Recording = [this] { return drafts::HeardRecording{form1_.WMP1.URL(), form1_.WMP1.duration()}; };
     make_.Load = [this, &desktop](drafts::RecogniserWindow& form) {
-        placeOverEditor(form);
+        placeOver(editor_.form(), form1_.screen, step, form);
         desktop.show(form);
     };
     make_.Tell = [this, &notices = parts.notices](const drafts::RecogniserUse::Told& told) {
@@ -41,14 +40,6 @@ void RecogniserRoom::start() {
         make_.stop(u"Cancelled, because another text was opened."_en);
         others();
     };
-}
-
-void RecogniserRoom::placeOverEditor(controls::Window& window) const {
-    const controls::Screen& screen = form1_.screen;
-    const editor::Form2& beside = editor_.form();
-    window.icon = beside.icon.get();
-    window.left = std::clamp(beside.left + step, 0.0, std::max(0.0, screen.width - window.width));
-    window.top = std::clamp(beside.top + step, 0.0, std::max(0.0, screen.height - window.height));
 }
 
 } // namespace app

@@ -40,8 +40,6 @@ public:
     std::function<void()>& OptionsChanged() { return make_.OptionsChanged(); }
 
 private:
-    void placeOverEditor(controls::Window& window) const;
-
     player::Form1& form1_;
     EditorRoom& editor_;
     controls::MenuItem mnuMakeDraft_;

@@ -1,6 +1,6 @@
 #include "app/safety_windows.h"
 
-#include <algorithm>
+#include "app/place_over.h"
 
 namespace app {
 
@@ -33,12 +33,12 @@ SafetyWindows::SafetyWindows(Desktop& desktop, player::Form1& form1, EditorRoom&
         return true;
     };
     earlierVersions_.Load = [this, &desktop](safety::VersionsWindow& form) {
-        placeOverEditor(form);
+        placeOver(form2_, form1_.screen, step, form);
         desktop.show(form);
     };
     quietLine_.Load = [&desktop](safety::QuietLineWindow& form) { desktop.show(form); };
     whatHappened_.Load = [this, &desktop](safety::NoticesWindow& form) {
-        placeOverEditor(form);
+        placeOver(form2_, form1_.screen, step, form);
         desktop.show(form);
     };
 }
@@ -55,13 +55,6 @@ void SafetyWindows::leave() {
     quietLine_.form.visible = false;
     whatHappened_.form.visible = false;
     earlierVersions_.form.visible = false;
-}
-
-void SafetyWindows::placeOverEditor(controls::Window& window) const {
-    const controls::Screen& screen = form1_.screen;
-    window.icon = form2_.icon.get();
-    window.left = std::clamp(form2_.left + step, 0.0, std::max(0.0, screen.width - window.width));
-    window.top = std::clamp(form2_.top + step, 0.0, std::max(0.0, screen.height - window.height));
 }
 
 } // namespace app

@@ -38,7 +38,6 @@ private:
     // Where the editor's text is on the screen, to within a line; none if it is hidden.
     std::optional<controls::Box> visibleText() const;
     // Places a window over the editor, offset from its corner, so that the player above stays visible.
-    void placeOverEditor(controls::Window& window) const;
 
     player::Form1& form1_;
     editor::Form2& form2_;

@@ -1,8 +1,7 @@
 #include "app/speaker_room.h"
 
+#include "app/place_over.h"
 #include "drafts/names.h"
-
-#include <algorithm>
 
 namespace app {
 
@@ -30,10 +29,7 @@ SpeakerRoom::SpeakerRoom(Desktop& desktop, player::Form1& form1, EditorRoom& edi
         commands_.changed();
     };
     commands_.Load = [&desktop, &form1, &beside = editor.form()](editor::SpeakersWindow& form) {
-        const controls::Screen& screen = form1.screen;
-        form.icon = beside.icon.get();
-        form.left = std::clamp(beside.left + step, 0.0, std::max(0.0, screen.width - form.width));
-        form.top = std::clamp(beside.top + step, 0.0, std::max(0.0, screen.height - form.height));
+        placeOver(beside, form1.screen, step, form);
         desktop.show(form);
     };
 }

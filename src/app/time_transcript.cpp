@@ -1,23 +1,18 @@
 #include "app/time_transcript.h"
 
 #include "base/failure.h"
+#include "base/numbers.h"
 #include "drafts/letters.h"
 
-#include <cmath>
 #include <utility>
 
 namespace app {
 
-// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
 
 namespace {
 
 constexpr std::size_t leastShare = 10; // percent of the words that must be heard
-
-base::Text numberOf(std::size_t count) {
-    return base::fromUtf8(std::to_string(count));
-}
 
 } // namespace
 
@@ -48,9 +43,7 @@ bool TimeTranscript::begin(const drafts::HeardRecording& recording) {
             return false;
         keeps_ = answer == platform::Answer::No;
     }
-    recording_ = {};
-    recording_.recording = base::afterLast(recording.path, base::pathSeparator);
-    recording_.length = static_cast<std::int32_t>(std::lround(recording.seconds * 1000));
+    recording_ = moments::layerOf(recording.path, recording.seconds);
     heard_ = {};
     heard_.form = drafts::Form::Words;
     return true;
@@ -64,7 +57,8 @@ drafts::RecogniserUse::Told TimeTranscript::finish(std::optional<drafts::Draft> 
     const std::vector<drafts::HeardWord> heard =
         drafts::heardWords(draft ? std::move(*draft) : std::move(heard_));
     drafts::TimedText timed = drafts::timeWords(text(), heard);
-    const std::vector<base::Text> counts = {numberOf(timed.found), numberOf(timed.words.size())};
+    const std::vector<base::Text> counts = {base::countText(timed.found),
+                                            base::countText(timed.words.size())};
     if (timed.found * 100 < timed.words.size() * leastShare || timed.words.empty())
         return {
             u"The recording does not fit the text: the recogniser heard other words. Nothing was changed."_en,

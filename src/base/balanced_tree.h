@@ -41,7 +41,7 @@ private:
         return both;
     }
 
-    // Makes a node whose right side may be too high by one.
+    // Makes a node of two sides, of which the right one may be up to two levels higher; restores the balance.
     Owned balancedToTheLeft(Owned left, Owned right) {
         if (store().height(right) <= store().height(left) + 1)
             return store().makeNode(left, right);

@@ -95,6 +95,10 @@ Text numberText(double value) {
     return {digits.data(), written.ptr};
 }
 
+Text countText(std::size_t count) {
+    return fromUtf8(std::to_string(count));
+}
+
 Text clockText(double seconds) {
     const auto whole = static_cast<std::int64_t>(seconds > 0 ? seconds : 0);
     const auto twoDigits = [](std::int64_t n) {

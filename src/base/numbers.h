@@ -26,6 +26,8 @@ std::int16_t sumInt16(std::int16_t a, std::int16_t b);
 
 // Decimal text without blanks, with at most 15 significant digits: 1.2000000000000002 is "1.2", 75 is "75".
 Text numberText(double value);
+// A count in decimal digits.
+Text countText(std::size_t count);
 
 // A time as the player shows it: "mm:ss" below an hour, "h:mm:ss" from one hour on. Fractions of a second are
 // cut off; a negative time counts as 0.

@@ -1,10 +1,9 @@
 #include "drafts/fault_sentence.h"
 
-#include <string>
+#include "base/numbers.h"
 
 namespace drafts {
 
-// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
 
 lang::English sentenceOf(Fault fault) {
@@ -34,7 +33,7 @@ lang::English sentenceOf(Fault fault) {
 }
 
 Text faultText(const lang::Words& words, const Remark& remark) {
-    return words(sentenceOf(remark.fault), {base::fromUtf8(std::to_string(remark.line))});
+    return words(sentenceOf(remark.fault), {base::countText(remark.line)});
 }
 
 } // namespace drafts

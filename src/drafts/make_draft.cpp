@@ -1,27 +1,23 @@
 #include "drafts/make_draft.h"
 
 #include "base/failure.h"
+#include "base/numbers.h"
 #include "drafts/fault_sentence.h"
 
 #include <algorithm>
-#include <cmath>
-#include <string>
 
 namespace drafts {
 
-// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
 
 namespace {
 
-// "12:30", with hours from the first one on.
+// "5:30", with hours from the first one on.
 Text clock(double seconds) {
-    const auto all = static_cast<long long>(std::max(seconds, 0.0));
-    const auto two = [](long long value) { return (value < 10 ? "0" : "") + std::to_string(value); };
-    const std::string tail = two(all / 60 % 60) + ':' + two(all % 60);
-    if (all >= 3600)
-        return base::fromUtf8(std::to_string(all / 3600) + ':' + tail);
-    return base::fromUtf8(tail.starts_with('0') ? tail.substr(1) : tail);
+    Text text = base::clockText(seconds);
+    if (text.size() == 5 && text.front() == u'0')
+        text.erase(0, 1);
+    return text;
 }
 
 RecogniserUse::Told tellOf(const RecogniserRun::Result& result) {

@@ -38,7 +38,7 @@ public:
 
     // The open recording.
     std::function<HeardRecording()> Recording = [] { return HeardRecording(); };
-    // Creates the window on the screen; called once, on first use.
+    // Called once, before the window is shown for the first time: creates it on the screen.
     std::function<void(RecogniserWindow&)> Load = [](RecogniserWindow&) {};
     // The recogniser has ended, while the user may be elsewhere.
     std::function<void(const RecogniserUse::Told&)> Tell = [](const RecogniserUse::Told&) {};

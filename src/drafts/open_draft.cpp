@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/files.h"
+#include "base/numbers.h"
 #include "drafts/fault_sentence.h"
 #include "drafts/read/reader.h"
 
@@ -10,17 +11,12 @@
 
 namespace drafts {
 
-// NOLINTNEXTLINE(misc-unused-using-decls): clang-tidy 14 overlooks the literals that use it
 using lang::operator""_en;
 
 namespace {
 
 constexpr int askEvery = 50;                     // ms
 constexpr std::chrono::milliseconds moment{700}; // a file that takes longer gets a progress window
-
-base::Text lineText(const Remark& remark) {
-    return base::fromUtf8(std::to_string(remark.line));
-}
 
 } // namespace
 
@@ -105,7 +101,7 @@ void OpenDraft::finish() {
     } else if (base::carryOn([&] { Show(result.transcript); },
                              [this](const char* reason) { report(base::fromUtf8(reason)); })) {
         for (const Remark& remark : result.remarks)
-            Tell(sentenceOf(remark.fault), lineText(remark));
+            Tell(sentenceOf(remark.fault), base::countText(remark.line));
     }
 }
 

@@ -7,7 +7,7 @@
 
 namespace drafts {
 
-// What the user can choose about drafts and exports.
+// User options for drafts and exports.
 struct Options {
     int pauseMs = 1500;         // a pause of this length begins a paragraph
     bool exportStamps = false;  // plain text has a time stamp before each paragraph

@@ -14,8 +14,8 @@
 
 namespace drafts {
 
-// Converts a recording, runs a recogniser on it and reads what it prints and writes. Its files are in a
-// folder of its own, which exists only meanwhile.
+// Converts a recording, runs a recogniser on it and reads what it prints and writes. Its
+// temporary files are in a folder of their own, which is removed at the end of the run.
 class RecogniserRun {
 public:
     enum class Stage : std::uint8_t { Idle, Converting, Recognising };

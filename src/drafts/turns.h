@@ -21,7 +21,7 @@ struct Turn {
     bool operator==(const Turn&) const = default;
 };
 
-// What the user can choose about the paragraphs of a draft.
+// User options for the paragraphs of a draft.
 struct TurnOptions {
     Ms pauseMs = 1500; // a pause of this length begins a paragraph
 };

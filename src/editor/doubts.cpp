@@ -1,5 +1,7 @@
 #include "editor/doubts.h"
 
+#include "base/numbers.h"
+
 #include <algorithm>
 
 namespace editor {
@@ -44,7 +46,7 @@ void Doubts::changed() {
 
 void Doubts::showCount() {
     count_.setInterval(0);
-    const auto number = base::fromUtf8(std::to_string(doubtsIn(0, text_.length()).size()));
+    const auto number = base::countText(doubtsIn(0, text_.length()).size());
     mnuNext_.caption = words_(nextCaption, {number});
 }
 

@@ -11,7 +11,7 @@
 
 namespace editor {
 
-// What the user can choose about doubtful words.
+// User options for doubtful words.
 struct DoubtOptions {
     int percent = 50; // a word of which a recogniser was less sure is doubtful
 };

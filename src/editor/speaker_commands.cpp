@@ -14,10 +14,6 @@ namespace {
 constexpr int showAfter = 300;          // ms, so that fast typing does not search all the time
 constexpr std::size_t longestName = 50; // units
 
-base::Text number(std::size_t value) {
-    return base::numberText(static_cast<double>(value));
-}
-
 } // namespace
 
 SpeakerCommands::SpeakerCommands(Speakers& speakers, lang::Words& words, platform::EventLoop& loop)
@@ -89,7 +85,7 @@ void SpeakerCommands::show() {
     const base::Text before = chosen();
     all_ = speakers_.all();
     for (std::size_t i = 0; i < mnuParagraph_.size(); ++i) {
-        base::Text caption = words_(u"Paragraph for speaker &%1"_en, {number(i + 1)});
+        base::Text caption = words_(u"Paragraph for speaker &%1"_en, {base::countText(i + 1)});
         if (i < all_.size())
             caption += u": " + base::replaced(all_[i].name, u"&", u"&&");
         mnuParagraph_[i].caption = std::move(caption);
@@ -105,8 +101,8 @@ void SpeakerCommands::fill(base::TextView chosen) {
         if (speaker.name == chosen)
             index = static_cast<int>(rows.size());
         const std::size_t place = rows.size() + 1;
-        rows.push_back((place <= keys ? u"Alt+" + number(place) : base::Text()) + u'\t' + speaker.name +
-                       u'\t' + number(static_cast<std::size_t>(speaker.paragraphs)));
+        rows.push_back((place <= keys ? u"Alt+" + base::countText(place) : base::Text()) + u'\t' +
+                       speaker.name + u'\t' + base::countText(static_cast<std::size_t>(speaker.paragraphs)));
     }
     form.lblEmpty.visible = rows.empty();
     form.txtName.enabled = form.cmdRename.enabled = !rows.empty();
@@ -150,7 +146,7 @@ void SpeakerCommands::give(std::size_t place) {
     };
     base::Text name = place <= all.size() ? all[place - 1].name : base::Text();
     for (std::size_t n = all.size() + 1; name.empty(); ++n)
-        if (base::Text fresh = words_(u"Speaker %1"_en, {number(n)}); !isKnown(fresh))
+        if (base::Text fresh = words_(u"Speaker %1"_en, {base::countText(n)}); !isKnown(fresh))
             name = std::move(fresh);
     speakers_.give(name); // which changes the text, and so the menu a moment later
 }

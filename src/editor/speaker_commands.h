@@ -27,7 +27,7 @@ public:
     // The text has changed.
     void changed();
 
-    // Creates the window on the screen; called once, on first use.
+    // Called once, before the window is shown for the first time: creates it on the screen.
     std::function<void(SpeakersWindow&)> Load = [](SpeakersWindow&) {};
 
     SpeakersWindow form;

@@ -9,7 +9,7 @@
 
 namespace editor {
 
-// What the user can choose about hearing words and about stamps.
+// User options for hearing words and for stamps.
 struct SoundOptions {
     int leadMs = 300;      // the sound begins so much before the word
     int stampSeconds = 30; // between two stamps at even distances

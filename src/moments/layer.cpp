@@ -1,9 +1,11 @@
 #include "moments/layer.h"
 
+#include "base/files.h"
 #include "moments/alignment.h"
 #include "moments/word_units.h"
 
 #include <array>
+#include <cmath>
 
 namespace moments {
 
@@ -198,6 +200,13 @@ std::optional<Moment> firstOf(const Timed& timed, const OldWord& word) {
 }
 
 } // namespace
+
+Layer layerOf(base::TextView path, double seconds) {
+    Layer layer;
+    layer.recording = base::afterLast(path, base::pathSeparator);
+    layer.length = static_cast<std::int32_t>(std::lround(seconds * 1000));
+    return layer;
+}
 
 std::string pack(const Layer& layer, base::TextView text) {
     Writer out;

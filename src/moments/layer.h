@@ -15,6 +15,9 @@ struct Layer {
     Timed timed;
 };
 
+// The layer of a recording of this path and length, without words.
+Layer layerOf(base::TextView path, double seconds);
+
 // The layer of this text, with a checksum of the text and a number for each of its words.
 std::string pack(const Layer& layer, base::TextView text);
 

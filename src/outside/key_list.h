@@ -42,7 +42,7 @@ public:
 
     controls::MenuItem& command() { return mnuKeys_; }
 
-    // Creates the window on the screen; called once, on first use.
+    // Called once, before the window is shown for the first time: creates it on the screen.
     std::function<void(KeysWindow&)> Load = [](KeysWindow&) {};
     // Prints this RTF under this name.
     std::function<void(const base::Text& name, const std::string& source)> Print = [](const auto&,

@@ -9,8 +9,8 @@
 
 namespace platform {
 
-// Runs one program at a time, without a shell, with a low priority and an empty standard input. It never
-// outlives this object or the process.
+// Runs one program at a time, without a shell, at low priority, with /dev/null as its standard input. The
+// program is killed when this object is destroyed or the process ends.
 class ChildProcess {
 public:
     struct End {

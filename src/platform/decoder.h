@@ -1,4 +1,4 @@
-// The port to the decoder of recordings.
+// The port that converts recordings for recognisers.
 #pragma once
 
 #include "base/text.h"

@@ -20,7 +20,7 @@ public:
     // The commands for the transcript menu.
     std::vector<controls::MenuItem*> commands() { return {&mnuEarlierVersions_}; }
 
-    // Creates the window on the screen; called once, on first use.
+    // Called once, before the window is shown for the first time: creates it on the screen.
     std::function<void(VersionsWindow&)> Load = [](VersionsWindow&) {};
     // Opens the file at this path as a new untitled document. Returns false if the user kept the current
     // text. Throws base::Failure if the file cannot be read.

@@ -26,7 +26,7 @@ public:
               std::function<const controls::Window&()> usual,
               std::function<std::optional<controls::Box>()> text);
 
-    // Creates the window on the screen; called once, on first use.
+    // Called once, before the window is shown for the first time: creates it on the screen.
     std::function<void(QuietLineWindow&)> Load = [](QuietLineWindow&) {};
 
     QuietLineWindow form;

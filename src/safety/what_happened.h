@@ -28,7 +28,7 @@ public:
     // The commands for the transcript menu.
     std::vector<controls::MenuItem*> commands() { return {&mnuWhatHappened_}; }
 
-    // Creates the window on the screen; called once, on first use.
+    // Called once, before the window is shown for the first time: creates it on the screen.
     std::function<void(NoticesWindow&)> Load = [](NoticesWindow&) {};
 
     NoticesWindow form;

@@ -15,7 +15,8 @@ constexpr double largestSize = 1638; // points
 
 } // namespace
 
-// Among edits that run together, Qt's own cursor is not yet where the program's is.
+// While edits run together, Qt's text cursor is moved only at their end; until then the program's own cursor
+// (ahead_) holds the selection.
 void RichTextEdit::mergeLetters(const QTextCharFormat& format) {
     if (!ahead_)
         return mergeCurrentCharFormat(format);

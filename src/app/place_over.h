@@ -1,0 +1,18 @@
+#pragma once
+
+#include "controls/controls.h"
+
+#include <algorithm>
+
+namespace app {
+
+// Gives a window of an addition its first position: over the editor, `step` twips to the right of and below
+// the editor's top left corner, within the screen. It also gets the editor's icon.
+inline void placeOver(const controls::Window& editor, const controls::Screen& screen, double step,
+                      controls::Window& window) {
+    window.icon = editor.icon.get();
+    window.left = std::clamp(editor.left + step, 0.0, std::max(0.0, screen.width - window.width));
+    window.top = std::clamp(editor.top + step, 0.0, std::max(0.0, screen.height - window.height));
+}
+
+} // namespace app
