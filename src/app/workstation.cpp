@@ -51,7 +51,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
       drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, moments_}),
       speakers_(desktop, form1_, editor_, transcriptMenu_, words_),
-      darkPage_(editor_.form(), options_, transcriptMenu_),
+      darkPage_(editor_.form(), options_, transcriptMenu_), hands_(options_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
     wireSafety();

@@ -8,6 +8,7 @@
 #include "app/editor_room.h"
 #include "app/find_and_print.h"
 #include "app/focus_round.h"
+#include "app/hands_room.h"
 #include "app/input_room.h"
 #include "app/keys_room.h"
 #include "app/moment_room.h"
@@ -129,6 +130,7 @@ private:
     DraftRoom drafts_;
     SpeakerRoom speakers_;
     DarkPage darkPage_;
+    HandsRoom hands_;
     KeysRoom keys_;
     EditorHint editorHint_;
     bool ends_ = false;
