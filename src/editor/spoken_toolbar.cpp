@@ -29,6 +29,7 @@ SpokenToolbar::SpokenToolbar(Form2& form, const EditorKeys& keys, lang::Words& w
 
 void SpokenToolbar::describe() {
     using Getter = platform::Setting (platform::RichText::*)() const;
+    using platform::ParagraphAlignment;
     form_.Label1.accessible.role = controls::Role::Decoration;
     for (controls::Label& letter : form_.Label3)
         letter.accessible.role = controls::Role::Decoration;
@@ -46,6 +47,18 @@ void SpokenToolbar::describe() {
         toggle.role = controls::Role::Toggle;
         toggle.refresh = [this, &toggle, state = getter] {
             base::carryOn([&] { toggle.on = (form_.RTB.*state)() == platform::Setting::On; });
+        };
+    }
+    const std::pair<ToolbarButton, ParagraphAlignment> sides[] = {
+        {leftButton, ParagraphAlignment::Left},
+        {centreButton, ParagraphAlignment::Centre},
+        {rightButton, ParagraphAlignment::Right},
+    };
+    for (const auto& [index, side] : sides) {
+        controls::Accessible& toggle = form_.Label2.at(index).accessible;
+        toggle.role = controls::Role::Toggle;
+        toggle.refresh = [this, &toggle, alignment = side] {
+            base::carryOn([&] { toggle.on = form_.RTB.SelAlignment() == alignment; });
         };
     }
 }

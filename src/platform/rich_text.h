@@ -136,6 +136,7 @@ public:
     // Of all paragraphs that the selection touches.
     virtual Setting SelBullet() const = 0;
     virtual void setSelBullet(bool on) = 0;
+    virtual std::optional<ParagraphAlignment> SelAlignment() const = 0;
     virtual void setSelAlignment(ParagraphAlignment alignment) = 0;
 
     // Replaces the whole document by the file: RTF, or plain text in the system's code page, in UTF-8, or in

@@ -103,6 +103,7 @@ TEST_P(RichTextContract, FormattingAndSearching_AreNoChange) {
         format();
         EXPECT_GT(watch.formats, 0);
     }
+    EXPECT_EQ(text.SelAlignment(), platform::ParagraphAlignment::Right);
     watch.formats = 0;
     text.Find(u"cd", 0, 0);
     text.setSelStart(0);

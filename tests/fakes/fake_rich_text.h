@@ -121,7 +121,9 @@ public:
     void setSelStrikeThru(bool on) override { set("strike", on); }
     platform::Setting SelBullet() const override { return style("bullet"); }
     void setSelBullet(bool on) override { set("bullet", on); }
+    std::optional<platform::ParagraphAlignment> SelAlignment() const override { return alignment_; }
     void setSelAlignment(platform::ParagraphAlignment alignment) override {
+        alignment_ = alignment;
         format("align " + std::to_string(static_cast<int>(alignment)), true);
     }
     void LoadFile(base::TextView path) override {
@@ -222,6 +224,7 @@ private:
     }
 
     base::Text text_;
+    platform::ParagraphAlignment alignment_ = platform::ParagraphAlignment::Left;
     std::int32_t start_ = 0;
     std::int32_t length_ = 0;
     std::int32_t told_ = 0;  // length of the text at the last takeChange()

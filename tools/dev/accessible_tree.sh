@@ -18,7 +18,7 @@ kept=$root/tests/data/accessible
 tree() {  # HEADING TITLE: the tree of the window with this title
   echo "== $1"
   /usr/bin/python3 -B "$dev/accessible.py" "$2" |
-    sed -E "s|$folder|FOLDER|g; s|'Qt [^']*, [^']*'|'LIBRARIES'|; s|[0-9]+\.[0-9]+\.[0-9]+[^' ]*|VERSION|g"
+    sed -E "s|$folder|FOLDER|g; s|'Qt [^']*, [^']*'|'LIBRARIES'|; s|[0-9]+\.[0-9]+\.[0-9]+[^' ]*|VERSION|g; s|(scroll bar.* value).*|\1|"
   echo
 }
 
@@ -41,6 +41,32 @@ from accessible import find, press
 for name in sys.argv[2:]:
     press(find("menu item|push button", re.escape(name), window=sys.argv[1]))
 END
+}
+
+# The guide appears in a window of the program only if there is no browser: this start finds no other program.
+alone() {
+  local name=$folder/quillmere
+  mv "$name" "$name.real"
+  printf '#!/bin/sh\nunset BROWSER\nPATH=%s exec "$0.real" "$@"\n' "$scratch" >"$name"
+  chmod +x "$name"
+}
+
+video_and_guide() {
+  local player=Quillmere video
+  video=$(word 'Video in a window of its own')
+  lay_folder
+  alone
+  set_line 1 "$language.lng"
+  start_program "$scratch/film.mp4"
+  wait_until 10 'tree Player $player | grep -q "$video"' || fail "the film does not play"
+  choose $player "$video"
+  tree Video film.mp4
+  key Escape
+  choose $player '?' "$(entry 16)"
+  tree Guide "Quillmere: .*"
+  key Escape
+  xdotool windowactivate --sync "$window"  # links minimise the player
+  quit_program
 }
 
 windows() {  # LANGUAGE
@@ -85,6 +111,7 @@ windows() {  # LANGUAGE
   tree About "$(entry 19)"
   key Escape
   quit_program
+  video_and_guide
 }
 
 export dev
@@ -97,6 +124,7 @@ esac
 start_display
 start_sound
 start_accessibility
+ffmpeg -v error -f lavfi -i color=d=90:s=320x240:r=5 -f lavfi -i anullsrc=d=90 -c:v mpeg4 -c:a aac "$scratch/film.mp4"
 if [[ ${1-} == --check ]]; then
   windows "$2" >"$scratch/seen.txt"
   diff -u "$kept/$2.txt" "$scratch/seen.txt"

@@ -58,6 +58,7 @@ void showGuide(const QString& path) {
     if (file.open(QIODevice::ReadOnly))
         page->setHtml(readable(QString::fromUtf8(file.readAll())));
     window->setWindowTitle(page->documentTitle());
+    page->setAccessibleName(page->documentTitle());
     window->setWindowIcon(QIcon(QApplication::applicationDirPath() + QStringLiteral("/Files/quillmere.ico")));
     window->show();
     window->raise();

@@ -62,6 +62,7 @@ public:
     void setSelStrikeThru(bool on) override;
     platform::Setting SelBullet() const override;
     void setSelBullet(bool on) override;
+    std::optional<platform::ParagraphAlignment> SelAlignment() const override;
     void setSelAlignment(platform::ParagraphAlignment alignment) override;
 
     void LoadFile(base::TextView path) override;

@@ -94,6 +94,10 @@ void RichTextEdit::setSelBullet(bool on) {
     setBullets(textCursor(), on);
 }
 
+std::optional<platform::ParagraphAlignment> RichTextEdit::SelAlignment() const {
+    return desktop::alignment(textCursor());
+}
+
 void RichTextEdit::setSelAlignment(platform::ParagraphAlignment alignment) {
     using platform::ParagraphAlignment;
     desktop::setAlignment(textCursor(), alignment == ParagraphAlignment::Right    ? Qt::AlignRight

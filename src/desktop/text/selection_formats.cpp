@@ -70,6 +70,20 @@ void forEachParagraph(const QTextCursor& selection, auto call) {
             return;
 }
 
+// The value that all paragraphs of the selection share, empty if they differ; stops at the second value.
+template <typename Value>
+std::optional<Value> sharedByParagraphs(const QTextCursor& selection, auto valueOf) {
+    std::optional<Value> found;
+    bool mixed = false;
+    forEachParagraph(selection, [&](const QTextBlock& block) {
+        const Value value = valueOf(block);
+        mixed = found && *found != value;
+        found = value;
+        return !mixed;
+    });
+    return mixed ? std::nullopt : found;
+}
+
 } // namespace
 
 Setting letterStyle(const QTextCursor& selection, LetterStyle style) {
@@ -112,15 +126,8 @@ std::optional<double> letterSize(const QTextCursor& selection) {
 }
 
 Setting bullets(const QTextCursor& selection) {
-    std::optional<bool> found;
-    bool mixed = false;
-    forEachParagraph(selection, [&](const QTextBlock& block) {
-        const bool bullet = block.textList() != nullptr;
-        mixed = found && *found != bullet;
-        found = bullet;
-        return !mixed;
-    });
-    return mixed ? Setting::Mixed : setting(found);
+    return setting(sharedByParagraphs<bool>(
+        selection, [](const QTextBlock& block) { return block.textList() != nullptr; }));
 }
 
 void setBullets(const QTextCursor& selection, bool on) {
@@ -145,6 +152,16 @@ void setBullets(const QTextCursor& selection, bool on) {
         return true;
     });
     whole.endEditBlock();
+}
+
+std::optional<platform::ParagraphAlignment> alignment(const QTextCursor& selection) {
+    using platform::ParagraphAlignment;
+    return sharedByParagraphs<ParagraphAlignment>(selection, [](const QTextBlock& block) {
+        const Qt::Alignment side = block.blockFormat().alignment();
+        return side & Qt::AlignRight     ? ParagraphAlignment::Right
+               : side & Qt::AlignHCenter ? ParagraphAlignment::Centre
+                                         : ParagraphAlignment::Left;
+    });
 }
 
 void setAlignment(QTextCursor selection, Qt::Alignment alignment) {

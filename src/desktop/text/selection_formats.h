@@ -24,6 +24,7 @@ std::optional<double> letterSize(const QTextCursor& selection);
 // For all paragraphs that the selection touches.
 platform::Setting bullets(const QTextCursor& selection);
 void setBullets(const QTextCursor& selection, bool on);
+std::optional<platform::ParagraphAlignment> alignment(const QTextCursor& selection);
 void setAlignment(QTextCursor selection, Qt::Alignment alignment);
 
 } // namespace desktop

@@ -190,6 +190,10 @@ QAccessibleInterface* interfaceOf(const QString&, QObject* object) {
         return new AccessibleParent(static_cast<QWidget&>(*object));
     if (auto* const announcer = dynamic_cast<Announcer*>(object))
         return new QAccessibleWidget(announcer, QAccessible::Notification);
+    // Qt calls a window without a class of its own a filler.
+    auto* const widget = qobject_cast<QWidget*>(object);
+    if (widget && widget->isWindow() && widget->metaObject() == &QWidget::staticMetaObject)
+        return new QAccessibleWidget(widget, QAccessible::Window);
     return nullptr;
 }
 
