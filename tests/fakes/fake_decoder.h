@@ -10,6 +10,7 @@ class FakeDecoder : public platform::Decoder {
 public:
     base::Text recording; // what the last start was asked for
     base::Text wav;
+    std::shared_ptr<platform::SampleSink> sink; // of the last call of listen()
     bool running = false;
 
     void start(const base::Text& from, const base::Text& to) override {
@@ -17,7 +18,22 @@ public:
         wav = to;
         running = true;
     }
+    void listen(const base::Text& from, std::shared_ptr<platform::SampleSink> to) override {
+        recording = from;
+        sink = std::move(to);
+        running = true;
+    }
     void cancel() override { running = false; }
+
+    // The recording that is listened to has these samples. Nothing if none is.
+    void hear(std::span<const std::int16_t> samples) {
+        if (!running)
+            return;
+        sink->add(samples);
+        sink->end();
+        running = false;
+        Finished({});
+    }
 
     // Reports the progress; nothing if no conversion runs.
     void convert(double seconds) {

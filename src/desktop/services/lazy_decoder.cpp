@@ -8,14 +8,24 @@ LazyDecoder::LazyDecoder(std::string module) : module_(std::move(module), "quill
 }
 
 void LazyDecoder::start(const base::Text& recording, const base::Text& wav) {
+    if (platform::Decoder* const decoder = load())
+        decoder->start(recording, wav);
+}
+
+void LazyDecoder::listen(const base::Text& recording, std::shared_ptr<platform::SampleSink> sink) {
+    if (platform::Decoder* const decoder = load())
+        decoder->listen(recording, std::move(sink));
+}
+
+platform::Decoder* LazyDecoder::load() {
     platform::Decoder* const decoder = module_.load();
     if (!decoder) {
         fails_.start(0);
-        return;
+        return nullptr;
     }
     decoder->Progress = [this](double seconds) { Progress(seconds); };
     decoder->Finished = [this](const base::Text& failure) { Finished(failure); };
-    decoder->start(recording, wav);
+    return decoder;
 }
 
 void LazyDecoder::cancel() {

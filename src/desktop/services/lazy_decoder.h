@@ -15,9 +15,13 @@ public:
     explicit LazyDecoder(std::string module);
 
     void start(const base::Text& recording, const base::Text& wav) override;
+    void listen(const base::Text& recording, std::shared_ptr<platform::SampleSink> sink) override;
     void cancel() override;
 
 private:
+    // The module's decoder, which reports to this one; null if there is none, which is then reported.
+    platform::Decoder* load();
+
     LazyModule<platform::Decoder> module_;
     QTimer fails_; // reports the missing module from the event loop
 };

@@ -69,12 +69,24 @@ LavDecoder::~LavDecoder() {
 }
 
 void LavDecoder::start(const base::Text& recording, const base::Text& wav) {
+    const auto run = std::make_shared<Run>();
+    run->recording = base::toUtf8(recording);
+    run->wav = base::toUtf8(wav);
+    begin(run);
+}
+
+void LavDecoder::listen(const base::Text& recording, std::shared_ptr<platform::SampleSink> sink) {
+    const auto run = std::make_shared<Run>();
+    run->recording = base::toUtf8(recording);
+    run->sink = std::move(sink);
+    begin(run);
+}
+
+void LavDecoder::begin(const std::shared_ptr<Run>& run) {
     cancel();
-    run_ = std::make_shared<Run>();
-    run_->recording = base::toUtf8(recording);
-    run_->wav = base::toUtf8(wav);
+    run_ = run;
     run_->owner = this;
-    thread_ = std::thread([run = run_] { convert(run); });
+    thread_ = std::thread([run] { convert(run); });
 }
 
 void LavDecoder::cancel() {
@@ -103,7 +115,7 @@ void LavDecoder::convert(const std::shared_ptr<Run>& run) {
     ::setpriority(PRIO_PROCESS, 0, niceness); // of this thread, on Linux
     base::Text failure;
     try {
-        writeFile(run);
+        run->sink ? fillSink(run) : writeFile(run);
     } catch (const base::Failure& failed) {
         failure = base::fromUtf8(failed.what());
     }
@@ -112,6 +124,14 @@ void LavDecoder::convert(const std::shared_ptr<Run>& run) {
         decoder.Finished(failure);
     });
     run->ended.set_value();
+}
+
+void LavDecoder::fillSink(const std::shared_ptr<Run>& run) {
+    RecordingReader reader(run->recording, run->stop);
+    for (auto samples = reader.next(); !samples.empty(); samples = reader.next())
+        run->sink->add(samples);
+    if (!run->stop)
+        run->sink->end();
 }
 
 void LavDecoder::writeFile(const std::shared_ptr<Run>& run) {

@@ -22,6 +22,7 @@ public:
     ~LavDecoder() override;
 
     void start(const base::Text& recording, const base::Text& wav) override;
+    void listen(const base::Text& recording, std::shared_ptr<platform::SampleSink> sink) override;
     void cancel() override;
 
 private:
@@ -29,13 +30,16 @@ private:
     struct Run {
         std::string recording; // paths
         std::string wav;
+        std::shared_ptr<platform::SampleSink> sink; // null: the file is to be written
         std::atomic_bool stop = false;
         std::mutex mutex;
         LavDecoder* owner = nullptr; // null once nobody waits for the result
         bool complete = false;       // the file is in place
         std::promise<void> ended;
     };
+    void begin(const std::shared_ptr<Run>& run);
     static void convert(const std::shared_ptr<Run>& run);
+    static void fillSink(const std::shared_ptr<Run>& run);
     static void writeFile(const std::shared_ptr<Run>& run);
     // Calls this on the event loop's thread, if the run is still wanted then. Called from the run's thread.
     static void post(const std::shared_ptr<Run>& run, std::function<void(LavDecoder&)> call);
