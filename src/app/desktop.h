@@ -47,6 +47,8 @@ public:
     virtual platform::Printer& printer() = 0;
     virtual platform::WaveInput& waveInput() = 0;
     virtual platform::Decoder& decoder() = 0;
+    // Another one, for what listens to the open recording while a draft is made.
+    virtual platform::Decoder& listener() = 0;
     virtual platform::ChildProcess& childProcess() = 0;
     virtual platform::Internet& internet() = 0;
     virtual platform::Shell& shell() = 0;

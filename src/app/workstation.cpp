@@ -28,7 +28,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       recorder_(desktop, form1_, settings_, words_, files, folder),
       companions_(form1_, recentMedia_, editor_, bookmarks_, recorder_, language, words_),
       settingsFile_(files, folder, {language, form1_, editor_.form(), bookmarks_.form(), settings_}),
-      display_(form1_), transport_(form1_, settings_, companions_),
+      display_(form1_), transport_(form1_, settings_, companions_, phraseTargets_),
       session_(form1_, transport_, display_, companions_),
       opener_(form1_, session_, desktop.dialogs(), settings_, companions_), seekBar_(form1_, transport_),
       volumeBar_(form1_, companions_), speed_(form1_), skin_(form1_),
@@ -51,6 +51,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
       drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, moments_}),
       speakers_(desktop, form1_, editor_, transcriptMenu_, words_),
+      sound_(desktop, form1_, editor_.form(), transcriptMenu_, {options_, notices_, phraseTargets_}),
       darkPage_(editor_.form(), options_, transcriptMenu_), hands_(options_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
@@ -74,7 +75,7 @@ void Workstation::wireSafety() {
     safety_.keepsArchive = [this] { return safetyOptions_.archive; };
     safety_.archive().setLimits(safetyOptions_.days, safetyOptions_.megabytes);
     safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = drafts_.OptionsChanged() =
-        darkPage_.Changed = [this] {
+        sound_.OptionsChanged = darkPage_.Changed = [this] {
             base::carryOn([this] { options_.save(); },
                           [this](const char* reason) {
                               notices_.tell(u"The options could not be saved: %1"_en,
@@ -112,6 +113,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     safety_.start();
     moments_.start();
     drafts_.start();
+    sound_.start();
     recorder_.searchCutOff();
     if (start.checkUpdate == 1)
         ends_ = outside_.updateCheck().ControllaAggiornamenti();
@@ -182,6 +184,7 @@ bool Workstation::Form_Unload() {
     findAndPrint_.leave();
     drafts_.leave();
     speakers_.leave();
+    sound_.leave();
     safetyWindows_.leave();
     keys_.leave();
     form1_.WMP1.stop();

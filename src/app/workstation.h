@@ -14,11 +14,13 @@
 #include "app/moment_room.h"
 #include "app/options_file.h"
 #include "app/outside_room.h"
+#include "app/phrase_targets.h"
 #include "app/recorder_room.h"
 #include "app/reports.h"
 #include "app/safety_room.h"
 #include "app/safety_windows.h"
 #include "app/settings_file.h"
+#include "app/sound_room.h"
 #include "app/speaker_room.h"
 #include "app/transcript_menu.h"
 #include "controls/recent_files.h"
@@ -104,6 +106,7 @@ private:
     CompanionWindows companions_;
     SettingsFile settingsFile_;
     player::PositionDisplay display_;
+    PhraseTargets phraseTargets_;
     player::Transport transport_;
     player::MediaSession session_;
     player::MediaOpener opener_;
@@ -129,6 +132,7 @@ private:
     SafetyWindows safetyWindows_;
     DraftRoom drafts_;
     SpeakerRoom speakers_;
+    SoundRoom sound_;
     DarkPage darkPage_;
     HandsRoom hands_;
     KeysRoom keys_;

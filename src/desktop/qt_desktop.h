@@ -50,6 +50,7 @@ public:
     platform::Printer& printer() override;
     platform::WaveInput& waveInput() override { return waveInput_; }
     platform::Decoder& decoder() override { return decoder_; }
+    platform::Decoder& listener() override { return listener_; }
     platform::ChildProcess& childProcess() override { return childProcess_; }
     platform::Internet& internet() override { return internet_; }
     platform::Worker& disk() override { return disk_; }
@@ -90,6 +91,7 @@ private:
     KeyboardOrder keyboardOrder_;
     LazyWaveInput waveInput_;
     LazyDecoder decoder_;
+    LazyDecoder listener_;
     QtChildProcess childProcess_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;

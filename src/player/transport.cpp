@@ -13,8 +13,8 @@ constexpr std::int16_t leastStep = 2; // seconds; used if no step was ever set
 
 } // namespace
 
-Transport::Transport(Form1& form, Settings& settings, Companions& companions)
-    : form_(form), settings_(settings), companions_(companions) {
+Transport::Transport(Form1& form, Settings& settings, Companions& companions, const StepTargets& targets)
+    : form_(form), settings_(settings), companions_(companions), targets_(targets) {
     form_.cmdPlay.Click = form_.mnuPlay.Click = [this] { cmdPlay_Click(); };
     form_.cmdAvanz.Click = form_.mnuAvanti.Click = [this] { cmdAvanz_Click(); };
     form_.cmdIndietro.Click = form_.mnuIndietro.Click = [this] { cmdIndietro_Click(); };
@@ -34,7 +34,8 @@ void Transport::cmdPlay_Click() {
 void Transport::startPlaying() {
     form_.cmdPlay.tag = form_.Lingua(8);
     form_.mnuPlay.caption = form_.Lingua(8);
-    if (form_.WMP1.currentPosition() == 0)
+    heardFrom_ = form_.WMP1.currentPosition();
+    if (heardFrom_ == 0)
         form_.WMP1.pause();
     form_.WMP1.play();
     form_.Timer1.setInterval(Form1::displayPeriod);
@@ -71,7 +72,8 @@ void Transport::stopCycle() {
 }
 
 void Transport::stepBackAndPause() {
-    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() - settings_.SecIndietro);
+    const double from = form_.WMP1.currentPosition();
+    form_.WMP1.setCurrentPosition(targets_.targetOf(from, from - settings_.SecIndietro, heardFrom_));
     form_.WMP1.pause();
     if (form_.HoverPlay == 0 && form_.Label4.visible)
         form_.load(form_.cmdPlay, u"play.jpg");
@@ -88,7 +90,9 @@ void Transport::cmdIndietro_Click() {
 void Transport::step(int direction) {
     if (settings_.SecSalto == 0)
         settings_.SecSalto = leastStep;
-    form_.WMP1.setCurrentPosition(form_.WMP1.currentPosition() + direction * settings_.SecSalto);
+    const double from = form_.WMP1.currentPosition();
+    const double to = from + direction * settings_.SecSalto;
+    form_.WMP1.setCurrentPosition(direction < 0 ? targets_.targetOf(from, to, std::nullopt) : to);
     form_.Timer1.Tick();
     companions_.TornaAllEditor();
 }

@@ -3,6 +3,7 @@
 #include "player/companions.h"
 #include "player/form1.h"
 #include "player/settings.h"
+#include "player/step_targets.h"
 
 namespace player {
 
@@ -10,7 +11,7 @@ namespace player {
 // media.
 class Transport {
 public:
-    Transport(Form1& form, Settings& settings, Companions& companions);
+    Transport(Form1& form, Settings& settings, Companions& companions, const StepTargets& targets);
 
     // Plays if the tag of cmdPlay is the word for play, otherwise pauses. Every pause steps back SecIndietro
     // seconds.
@@ -37,6 +38,8 @@ private:
     Form1& form_;
     Settings& settings_;
     Companions& companions_;
+    const StepTargets& targets_;
+    double heardFrom_ = 0; // seconds; where the playback began
 };
 
 } // namespace player

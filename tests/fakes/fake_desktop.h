@@ -129,6 +129,7 @@ public:
     FakePrinter printerPort;
     FakeWaveInput device;
     FakeDecoder decoderPort;
+    FakeDecoder listenerPort;
     FakeChildProcess childProcessPort;
     player::Form1* form1 = nullptr;
     recorder::FrmAudioRec* recorder = nullptr; // null until opened
@@ -195,6 +196,7 @@ public:
     platform::Printer& printer() override { return printerPort; }
     platform::WaveInput& waveInput() override { return device; }
     platform::Decoder& decoder() override { return decoderPort; }
+    platform::Decoder& listener() override { return listenerPort; }
     platform::ChildProcess& childProcess() override { return childProcessPort; }
     base::CodePage codePage() override { return base::CodePage(1252); }
     platform::Internet& internet() override { return internetPort; }
