@@ -227,7 +227,8 @@ struct Window : Control {
     std::function<void(platform::KeyEvent&)> KeyDown = [](platform::KeyEvent&) {};
     std::function<void(const platform::KeyEvent&)> KeyUp = [](const platform::KeyEvent&) {};
     bool active = false; // this window is in front and has the keyboard focus
-    // Opens one of the window's menus at the mouse pointer; set by the window that displays it.
+    // Opens a menu at the mouse pointer: one of the window's, or another one for this time, which may have
+    // items of those; set by the window that displays it.
     std::function<void(MenuItem&)> PopupMenu = [](MenuItem&) {};
     // The window has become, or is no longer, the active one.
     std::function<void()> Activate = [] {};

@@ -23,4 +23,9 @@ struct TextEdit {
 // are nothing that is heard.
 void makeEdits(platform::RichText& rtb, UndoRedo& text, const std::vector<TextEdit>& edits);
 
+// Replaces a word by another one, as one step of undo. The letters that differ get the format of those around
+// them and the word's moment, of which there is no doubt any more.
+void replaceWord(platform::RichText& rtb, UndoRedo& text, std::int32_t position, std::int32_t length,
+                 base::TextView with);
+
 } // namespace editor

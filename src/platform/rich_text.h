@@ -176,6 +176,9 @@ public:
     std::function<void()> Scrolled = [] {};
     // Called for a click with Ctrl on a letter. True if the program has a use for it.
     std::function<bool(std::int32_t position)> CtrlClick = [](std::int32_t) { return false; };
+    // Called for a press of the right button on a letter, before MouseDown. True if the program has a use for
+    // it: MouseDown does not follow.
+    std::function<bool(std::int32_t position)> RightClick = [](std::int32_t) { return false; };
     // True if a click with Ctrl on this letter has a use; the pointer shows it.
     std::function<bool(std::int32_t position)> Clickable = [](std::int32_t) { return false; };
 

@@ -11,14 +11,23 @@ namespace {
 constexpr int firstFunctionKey = 112;
 
 constexpr std::pair<int, int> numbers[] = {
-    {Qt::Key_Backspace, 8}, {Qt::Key_Tab, 9},
-    {Qt::Key_Return, 13},   {Qt::Key_Enter, 13},
-    {Qt::Key_Space, 32},    {Qt::Key_PageUp, 33},
-    {Qt::Key_PageDown, 34}, {Qt::Key_End, 35},
-    {Qt::Key_Home, 36},     {Qt::Key_Left, 37},
-    {Qt::Key_Up, 38},       {Qt::Key_Right, 39},
-    {Qt::Key_Down, 40},     {Qt::Key_Insert, 45},
-    {Qt::Key_Delete, 46},   {Qt::Key_Escape, platform::escapeKey},
+    {Qt::Key_Backspace, 8},
+    {Qt::Key_Tab, 9},
+    {Qt::Key_Return, 13},
+    {Qt::Key_Enter, 13},
+    {Qt::Key_Space, 32},
+    {Qt::Key_PageUp, 33},
+    {Qt::Key_PageDown, 34},
+    {Qt::Key_End, 35},
+    {Qt::Key_Home, 36},
+    {Qt::Key_Left, 37},
+    {Qt::Key_Up, 38},
+    {Qt::Key_Right, 39},
+    {Qt::Key_Down, 40},
+    {Qt::Key_Insert, 45},
+    {Qt::Key_Delete, 46},
+    {Qt::Key_Escape, platform::escapeKey},
+    {Qt::Key_Menu, platform::menuKey},
 };
 
 // The letter rows of a keyboard, each with the X keycode of its first key.

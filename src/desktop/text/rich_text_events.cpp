@@ -164,6 +164,12 @@ void RichTextEdit::mousePressEvent(QMouseEvent* event) {
             return;
         }
     }
+    if (event->button() == Qt::RightButton) {
+        if (const auto letter = letterAt(event->position().toPoint()); letter && RightClick(*letter)) {
+            event->accept();
+            return;
+        }
+    }
     QTextEdit::mousePressEvent(event);
     // Qt numbers the left, right and middle buttons as the program does.
     MouseDown(static_cast<int>(event->button()) & 7);

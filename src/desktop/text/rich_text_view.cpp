@@ -16,6 +16,17 @@ using std::chrono::milliseconds;
 constexpr milliseconds slice{6};
 constexpr int rest = 10;          // ms between two slices
 constexpr int afterAChange = 200; // ms, longer than between two key presses
+constexpr int manyUnits = 20'000; // about what a large screen shows
+
+// A zigzag line, as under a misspelled word.
+void paintWave(QPainter& painter, const QRect& place, const QColor& color) {
+    constexpr int half = 2; // pixels: half a wave, and its height
+    QPolygon wave;
+    for (int x = place.left(); x <= place.right(); x += half)
+        wave << QPoint(x, place.bottom() - (wave.size() % 2 == 0 ? 0 : half));
+    painter.setPen(QPen(color, 1));
+    painter.drawPolyline(wave);
+}
 
 } // namespace
 
@@ -93,14 +104,15 @@ void RichTextEdit::paintMarks(const QRect& area) {
     if (marks.empty())
         return;
     QPainter painter(viewport());
+    const bool dark = palette().color(QPalette::Base).lightness() < 128;
     for (const platform::MarkedPart& mark : marks) {
         for (const QRect& place : rectanglesOf(mark.position, mark.length)) {
             if (mark.mark == platform::Mark::Heard) {
                 painter.fillRect(place, QColor(0xFF, 0xE0, 0x82));
+            } else if (mark.mark == platform::Mark::Misspelled) {
+                paintWave(painter, place, dark ? QColor(0xFF, 0x7B, 0x7B) : QColor(0xD0, 0x30, 0x30));
             } else {
-                const bool misspelled = mark.mark == platform::Mark::Misspelled;
-                painter.setPen(QPen(misspelled ? QColor(0xD0, 0x30, 0x30) : QColor(0x2A, 0x6F, 0xC0), 1,
-                                    misspelled ? Qt::SolidLine : Qt::DotLine));
+                painter.setPen(QPen(QColor(0x2A, 0x6F, 0xC0), 1, Qt::DotLine));
                 painter.drawLine(place.bottomLeft(), place.bottomRight());
             }
         }
@@ -108,8 +120,15 @@ void RichTextEdit::paintMarks(const QRect& area) {
 }
 
 void RichTextEdit::marksChanged(std::int32_t position, std::int32_t length) {
-    for (const QRect& place : rectanglesOf(position, length))
+    if (length > manyUnits)
+        return viewport()->update();
+    const std::vector<QRect> places = rectanglesOf(position, length);
+    for (const QRect& place : places)
         viewport()->update(place.adjusted(-1, -1, 1, 1));
+    // Whole lines between the first and the last one.
+    if (places.size() > 1)
+        viewport()->update(
+            QRect(QPoint(0, places.front().bottom()), QPoint(viewport()->width(), places.back().top())));
 }
 
 void RichTextEdit::scrollTo(std::int32_t position, std::int32_t length) {

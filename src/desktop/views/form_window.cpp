@@ -74,15 +74,22 @@ void FormWindow::begin() {
     form_.focusControls = [this] { focusControls(); };
     form_.announce = [this](const base::Text& text) { announcer_->speak(qstring(base::TextView(text))); };
     form_.showModal = [this] { showModal(); };
-    form_.PopupMenu = [this](const controls::MenuItem& item) {
-        if (auto* const menu = findChild<QMenu*>(qstring(item.name)))
-            menu->popup(QCursor::pos());
-    };
+    form_.PopupMenu = [this](controls::MenuItem& item) { popUp(item, QCursor::pos()); };
     adjustSize();
     form_.observe([this] { follow(); });
     follow();
     if (size_ == Size::Fixed)
         reportPlace();
+}
+
+// A menu for one time stays until the next one, because its command may run after it has closed.
+void FormWindow::popUp(controls::MenuItem& item, const QPoint& place) {
+    auto* menu = findChild<QMenu*>(qstring(item.name));
+    if (!menu) {
+        delete popup_;
+        menu = popup_ = newMenu(item, *this);
+    }
+    menu->popup(place);
 }
 
 void FormWindow::completeIcon() {

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QEventLoop;
+class QMenu;
 
 namespace desktop {
 
@@ -28,6 +29,8 @@ public:
 protected:
     // Call once the contents are laid out: positions the window and shows it if the data says so.
     void begin();
+    // Opens one of the window's menus, or a new one, at this point of the screen.
+    void popUp(controls::MenuItem& item, const QPoint& place);
     // Updates the window after a change of the data.
     virtual void follow();
 
@@ -65,6 +68,7 @@ private:
     QRect place_; // including the frame, as last requested or reported
     QSize frame_; // size added by the frame; a guess until the window manager reports it
     base::Text shownIcon_;
+    QMenu* popup_ = nullptr;      // made for one time, the last one
     QEventLoop* modal_ = nullptr; // event loop of a modal window
     bool frameKnown_ = false;     // the window manager has reported the frame
     bool correcting_ = false;     // the window is about to take the size from the data

@@ -36,7 +36,8 @@ void follow(QAction& action, const controls::MenuItem& item) {
     action.setChecked(item.checked);
 }
 
-void addCommand(QWidget& menu, controls::MenuItem& item) {
+// An action that shows the item as it is now.
+QAction* newAction(QWidget& menu, controls::MenuItem& item) {
     auto* const action = new QAction(&menu);
     action->setObjectName(qstring(item.name));
     action->setSeparator(item.caption.get() == separatorCaption);
@@ -55,9 +56,14 @@ void addCommand(QWidget& menu, controls::MenuItem& item) {
         else
             run();
     });
-    item.observe([action, &item] { follow(*action, item); });
     follow(*action, item);
     menu.addAction(action);
+    return action;
+}
+
+void addCommand(QWidget& menu, controls::MenuItem& item) {
+    QAction* const action = newAction(menu, item);
+    item.observe([action, &item] { follow(*action, item); });
 }
 
 // Adds a command, or a menu with its commands.
@@ -86,6 +92,18 @@ void MenuBar::paintEvent(QPaintEvent* event) {
     QMenuBar::paintEvent(event);
     QPainter painter(this);
     painter.fillRect(QRect(0, height() - 1, width(), 1), QColor(0xE3, 0xE8, 0xEB));
+}
+
+QMenu* newMenu(const controls::MenuItem& item, QWidget& window) {
+    auto* const menu = new QMenu(&window);
+    menu->setSeparatorsCollapsible(false);
+    for (controls::MenuItem* const inner : item.items) {
+        if (auto* const known = window.findChild<QAction*>(qstring(inner->name)))
+            menu->addAction(known);
+        else
+            newAction(*menu, *inner);
+    }
+    return menu;
 }
 
 bool runShortcutByPlace(const QWidget& window, const QKeyEvent& event) {

@@ -3,6 +3,7 @@
 #include "controls/controls.h"
 
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMenuBar>
 #include <vector>
 
@@ -17,6 +18,9 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
 };
+
+// A menu as its items are now. Those that a menu of the window has too are the same as there.
+QMenu* newMenu(const controls::MenuItem& item, QWidget& window);
 
 // Runs the menu command whose shortcut letter lies on the physical key of this event, for a keyboard layout
 // of another script: Qt itself matches only letters of the user's layouts. Returns false if there is none.

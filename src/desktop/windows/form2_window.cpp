@@ -142,6 +142,9 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
     placeText();
     text_.show();
     text_.setFocus();
+    form.PopupAtCaret = [this](controls::MenuItem& item) {
+        popUp(item, text_.viewport()->mapToGlobal(text_.cursorRect().bottomLeft()));
+    };
     begin();
 }
 
