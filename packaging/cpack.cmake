@@ -20,5 +20,5 @@ set(CPACK_DEBIAN_PACKAGE_DEPENDS "$ENV{PACKAGE_DEPENDS}")
 # What the program uses without linking it: the guide's browser, fonts of its windows' widths, sound servers.
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "xdg-utils, fonts-liberation, libasound2-plugins, ca-certificates")
 # A recogniser of speech, for "Make a draft...".
-set(CPACK_DEBIAN_PACKAGE_SUGGESTS "pocketsphinx, pocketsphinx-en-us")
+set(CPACK_DEBIAN_PACKAGE_SUGGESTS "pocketsphinx, pocketsphinx-en-us, hunspell-dictionary")
 set(CPACK_STRIP_FILES OFF)

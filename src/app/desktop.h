@@ -19,6 +19,7 @@
 #include "platform/printer.h"
 #include "platform/rich_text.h"
 #include "platform/shell.h"
+#include "platform/spelling.h"
 #include "platform/system.h"
 #include "platform/wave_input.h"
 #include "platform/worker.h"
@@ -52,6 +53,7 @@ public:
     virtual platform::ChildProcess& childProcess() = 0;
     virtual platform::Internet& internet() = 0;
     virtual platform::Shell& shell() = 0;
+    virtual platform::Spelling& spelling() = 0;
     // The thread for work that blocks on the disk.
     virtual platform::Worker& disk() = 0;
     // The libraries behind the ports and the versions in use.

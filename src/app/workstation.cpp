@@ -52,6 +52,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, moments_}),
       speakers_(desktop, form1_, editor_, transcriptMenu_, words_),
       sound_(desktop, form1_, editor_.form(), transcriptMenu_, {options_, notices_, phraseTargets_}),
+      spelling_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
       darkPage_(editor_.form(), options_, transcriptMenu_), hands_(options_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
@@ -75,7 +76,7 @@ void Workstation::wireSafety() {
     safety_.keepsArchive = [this] { return safetyOptions_.archive; };
     safety_.archive().setLimits(safetyOptions_.days, safetyOptions_.megabytes);
     safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = drafts_.OptionsChanged() =
-        sound_.OptionsChanged = darkPage_.Changed = [this] {
+        sound_.OptionsChanged = spelling_.OptionsChanged() = darkPage_.Changed = [this] {
             base::carryOn([this] { options_.save(); },
                           [this](const char* reason) {
                               notices_.tell(u"The options could not be saved: %1"_en,
@@ -114,6 +115,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     moments_.start();
     drafts_.start();
     sound_.start();
+    spelling_.start();
     recorder_.searchCutOff();
     if (start.checkUpdate == 1)
         ends_ = outside_.updateCheck().ControllaAggiornamenti();
@@ -185,6 +187,7 @@ bool Workstation::Form_Unload() {
     drafts_.leave();
     speakers_.leave();
     sound_.leave();
+    spelling_.leave();
     safetyWindows_.leave();
     keys_.leave();
     form1_.WMP1.stop();

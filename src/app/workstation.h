@@ -22,6 +22,7 @@
 #include "app/settings_file.h"
 #include "app/sound_room.h"
 #include "app/speaker_room.h"
+#include "app/spelling_room.h"
 #include "app/transcript_menu.h"
 #include "controls/recent_files.h"
 #include "dictation/smart_play.h"
@@ -133,6 +134,7 @@ private:
     DraftRoom drafts_;
     SpeakerRoom speakers_;
     SoundRoom sound_;
+    SpellingRoom spelling_;
     DarkPage darkPage_;
     HandsRoom hands_;
     KeysRoom keys_;

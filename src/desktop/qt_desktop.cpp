@@ -41,7 +41,8 @@ private:
 QtDesktop::QtDesktop()
     : player_(modulePath(system_, "mpv_player")), waveInput_(modulePath(system_, "portaudio_capture")),
       decoder_(modulePath(system_, "decoder")), listener_(modulePath(system_, "decoder")),
-      text_(QtSystem::codePage()), printing_(modulePath(system_, "printing"), "quillmere_printer"),
+      spelling_(modulePath(system_, "spelling")), text_(QtSystem::codePage()),
+      printing_(modulePath(system_, "printing"), "quillmere_printer"),
       internet_(modulePath(system_, "internet")) {}
 
 platform::Printer& QtDesktop::printer() {

@@ -9,6 +9,7 @@
 #include "desktop/services/lazy_internet.h"
 #include "desktop/services/lazy_module.h"
 #include "desktop/services/lazy_player.h"
+#include "desktop/services/lazy_spelling.h"
 #include "desktop/services/lazy_wave_input.h"
 #include "desktop/services/qt_child_process.h"
 #include "desktop/services/qt_dialogs.h"
@@ -55,6 +56,7 @@ public:
     platform::Internet& internet() override { return internet_; }
     platform::Worker& disk() override { return disk_; }
     platform::Shell& shell() override { return shell_; }
+    platform::Spelling& spelling() override { return spelling_; }
     std::vector<outside::Library> libraries() override;
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void speak(const base::Text& fileLingua) override;
@@ -92,6 +94,7 @@ private:
     LazyWaveInput waveInput_;
     LazyDecoder decoder_;
     LazyDecoder listener_;
+    LazySpelling spelling_;
     QtChildProcess childProcess_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;

@@ -1,6 +1,8 @@
 #include "desktop/services/lazy_internet.h"
 #include "desktop/services/lazy_player.h"
+#include "desktop/services/lazy_spelling.h"
 #include "desktop/services/lazy_wave_input.h"
+#include "eventually.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -48,4 +50,19 @@ TEST(LazyWaveInput, WithoutItsModule_RefusesEveryDevice_WithAReason) {
     EXPECT_NE(device.errorText(0), u"");
     EXPECT_NE(device.start(), 0);
     device.close();
+}
+
+TEST(LazySpelling, List_UsesItsModule_AndTellsWhyThereAreNoLanguagesWithoutIt) {
+    for (const std::string module : {LAID_MODULES "/spelling.so", "/nowhere/spelling.so"}) {
+        desktop::LazySpelling spelling(module);
+        spelling.stop();
+        spelling.use("en_US", [](const base::Text&) { ADD_FAILURE() << "nothing was listed"; });
+        std::optional<bool> found;
+        spelling.list([&](const auto& languages, const base::Text& failure) {
+            EXPECT_EQ(languages.empty(), !failure.empty());
+            found = !languages.empty();
+        });
+        EXPECT_TRUE(fakes::eventually([&] { return found.has_value(); }));
+        EXPECT_EQ(found, module.starts_with(LAID_MODULES));
+    }
 }

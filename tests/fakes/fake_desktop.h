@@ -7,6 +7,7 @@
 #include "fakes/fake_player.h"
 #include "fakes/fake_printer.h"
 #include "fakes/fake_rich_text.h"
+#include "fakes/fake_spelling.h"
 #include "fakes/fake_wave_input.h"
 #include "fakes/fake_worker.h"
 #include "fakes/temporary_folder.h"
@@ -130,6 +131,7 @@ public:
     FakeWaveInput device;
     FakeDecoder decoderPort;
     FakeDecoder listenerPort;
+    FakeSpelling spellingPort;
     FakeChildProcess childProcessPort;
     player::Form1* form1 = nullptr;
     recorder::FrmAudioRec* recorder = nullptr; // null until opened
@@ -201,6 +203,7 @@ public:
     base::CodePage codePage() override { return base::CodePage(1252); }
     platform::Internet& internet() override { return internetPort; }
     platform::Shell& shell() override { return shellPort; }
+    platform::Spelling& spelling() override { return spellingPort; }
     platform::Worker& disk() override { return diskPort; }
     std::vector<outside::Library> libraries() override { return {{u"Fake library", u"1.0", u"none"}}; }
     void speak(const base::Text&) override {}

@@ -40,6 +40,11 @@ QString portAudioVersion() {
         .arg(number & 0xFFU);
 }
 
+QString enchantVersion() {
+    const auto version = entry<const char* (*)()>("libenchant-2.so.2", "enchant_get_version");
+    return version ? QString::fromLatin1(version()) : QString();
+}
+
 // The upstream version, without a distribution's suffix as in "5.1.9-0+deb12u1".
 QString ofItsMakers(const QString& version) {
     return version.section(u'-', 0, 0).section(u'+', 0, 0);
@@ -59,6 +64,7 @@ std::vector<outside::Library> librariesInUse(LazyPlayer& player) {
         {"FFmpeg", ofItsMakers(media.value(1)), "GPL 2 or later"},
         {"PortAudio", portAudioVersion(), "MIT licence"},
         {"ALSA library", alsaVersion(), "LGPL 2.1 or later"},
+        {"Enchant", enchantVersion(), "LGPL 2.1 or later"},
         {"xcb", QStringLiteral(XCB_VERSION), "MIT licence"},
         {"OpenSSL", openSslVersion(), "Apache licence 2.0"},
         {"GNU C Library", QString::fromLatin1(::gnu_get_libc_version()), "LGPL 2.1 or later"},

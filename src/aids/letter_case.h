@@ -1,0 +1,16 @@
+// Capital and small letters beyond ASCII, as far as names and words need them.
+#pragma once
+
+#include "base/text.h"
+
+namespace aids {
+
+// The small letter of a capital of the Latin, Greek, Cyrillic or Armenian script; other units stay.
+char16_t lowered(char16_t unit);
+base::Text lowered(base::TextView text);
+
+inline bool isCapital(char16_t unit) {
+    return lowered(unit) != unit;
+}
+
+} // namespace aids
