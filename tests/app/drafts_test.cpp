@@ -19,6 +19,7 @@ TEST_F(DraftsTest, OpenDraft_IsANewDocument_AndTellsWhatWasOdd) {
     EXPECT_EQ(moments.at(11), std::nullopt);
     EXPECT_EQ(moments.at(12)->start, 1000);
     EXPECT_EQ(document.FileEditor, u"");
+    EXPECT_TRUE(desktop.form2->caption->starts_with(form().Lingua(96)));
     EXPECT_EQ(document.TestoModificato, 1);
     EXPECT_TRUE(desktop.form2->visible);
     EXPECT_FALSE(program->workstation().notices().all().empty());

@@ -187,6 +187,7 @@ TEST_F(BookmarksTest, ListKeys_JumpDeleteAndRename_AlsoAfterADeletion) {
     const auto press = [this](int keyCode, int row, const base::Text& typed = {}) {
         window.List1.listIndex = row;
         desktop.inForm4 = [&] {
+            EXPECT_EQ(desktop.form4->Label1.caption.get(), form().Lingua(88));
             desktop.form4->Text1.text = typed;
             desktop.form4->Command1.Click();
             desktop.form4->visible = false;

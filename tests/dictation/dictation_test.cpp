@@ -61,8 +61,10 @@ TEST_F(DictationTest, Cycle_PlaysPausesAndResumes) {
     EXPECT_NEAR(player.currentPosition(), 6, 0.01) << "a cycle advances by the play time minus the step back";
     form.mnuChiudi.Click();
     desktop.form2->setFocus = [] { ADD_FAILURE() << "nothing is playing, so the focus must not move"; };
+    form.Timer6.setInterval(1300);
     loop.advance(30000);
     EXPECT_EQ(state(), "on paused idle");
+    EXPECT_EQ(form.Timer6.interval(), 0) << "typing ends once nothing is typed";
 }
 
 // All transitions of the cycle. A new phase has its full length; if the user is typing, the end of a phase is

@@ -19,6 +19,7 @@ struct InputDialogTest : fakes::WorkbenchTest {
         base::Text seen;
         desktop.inForm4 = [&] {
             seen = dialog.caption.get() + u'|' + dialog.Label1.caption.get() + u'|' + dialog.Text1.text.get();
+            EXPECT_EQ(dialog.top, (form.screen.height - dialog.height) / 2);
             EXPECT_EQ(dialog.Text1.selLength, static_cast<int>(dialog.Text1.text->size()));
             dialog.Text1.text = u"7";
             command.Click(); // the dialog is already open

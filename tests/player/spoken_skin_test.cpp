@@ -14,6 +14,7 @@ struct SpokenSkinTest : fakes::WorkbenchTest {
 
 TEST_F(SpokenSkinTest, Announces_PlayPauseAndSpeed_ButNoPhaseAndNoClock) {
     EXPECT_TRUE(form().cmdPlay.accessible.on);
+    EXPECT_EQ(form().Image4.accessible.name.get(), u"") << "the title covers the logo";
     form().mnuPlay.Click();
     desktop.loop.advance(5000);
     form().mnuPlay.Click();

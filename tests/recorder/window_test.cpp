@@ -36,11 +36,21 @@ struct RecorderTest : fakes::WorkbenchTest {
 };
 
 TEST_F(RecorderTest, RecordPauseResumeStop_ThenCloseWhileRecordingInAnotherFormat) {
-    form().left = 1000;
-    form().top = 500;
     recorder::FrmAudioRec& window = open();
-    EXPECT_EQ(window.left - (form().left + form().width), 30) << "beside the player";
-    EXPECT_EQ(window.top, 500);
+    form().top = 500;
+    const double width = window.width;
+    // On the right of the player, on the left, or below it where the screen is too narrow.
+    for (const auto& [start, screen, left, below] :
+         {std::tuple{1000., 50000., 1000 + form().width + 30, false},
+          {width + 40, width + form().width + 60, 10., false},
+          {width, width + form().width + 20, std::min(width, form().width + 20), true}}) {
+        window.visible = false;
+        form().left = start;
+        form().screen.width = screen;
+        form().mnuRegistra.Click();
+        EXPECT_EQ(window.left, left) << screen;
+        EXPECT_EQ(window.top, 500 + (below ? form().height + 30 : 0)) << screen;
+    }
     EXPECT_EQ(window.lblState.foreColor, controls::rgb(0, 0, 255));
     EXPECT_EQ(window.Image2.picture.get(), desktop.folder.text("Files/lamp.png"));
     record("a.wav");

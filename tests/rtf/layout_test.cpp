@@ -1,3 +1,4 @@
+#include "rtf/read/structure.h"
 #include "rtf/reading.h"
 
 using reading::document;
@@ -33,10 +34,20 @@ TEST(RtfLists, Labels_InBothSyntaxes_AreBulletsOrText) {
         {R"({\pntext 7\tab}{\*\pn\pnlvlbody\pndec{\pntxta.}}a)", "7\\tab a"},
         {R"({\*\pn\pnlvlblt}{\pntext (a)\tab}a)", "(a)\\tab a"},
         {R"({\listtext\tab}a)", "a"},
+        {R"({\listtext z\tab}a)", "z\\tab a"},
         {R"({\*\pn\pnlvlblt}\pard a)", "a"},
     };
     for (const auto& [body, written] : rows)
         EXPECT_EQ(rewritten(body), usual + written);
+}
+
+TEST(RtfStructure, TablesBookmarksAndFieldsOtherThanLinks_AreLost) {
+    for (const auto& [body, lost] : {std::pair{R"({\fldinst PAGE})", true},
+                                     {R"({\fldinst{\b HYPERLINK "http://a.example"}})", false},
+                                     {R"(\trowd a\cell)", true},
+                                     {R"({\*\bkmkstart a})", true},
+                                     {R"(\b a)", false}})
+        EXPECT_EQ(rtf::losesStructure(R"({\rtf1 )" + std::string(body) + '}'), lost) << body;
 }
 
 TEST(RtfLists, Label_AppliesToItsParagraph_OldListsUntilTheNextReset) {
