@@ -1,6 +1,7 @@
 #include "app/keys_room.h"
 
 #include "app/place_over.h"
+#include "lang/command_name.h"
 
 #include <algorithm>
 
@@ -16,7 +17,7 @@ constexpr double step = 600; // twips between the editor's top left corner and t
 void addMenu(std::vector<outside::KeyGroup::Row>& rows, const std::vector<controls::MenuItem*>& items) {
     for (const controls::MenuItem* const item : items) {
         if (!item->shortcut.empty())
-            rows.push_back({base::fromUtf8(item->shortcut), outside::commandName(item->caption.get())});
+            rows.push_back({base::fromUtf8(item->shortcut), lang::commandName(item->caption.get())});
         addMenu(rows, item->items);
     }
 }
@@ -39,11 +40,11 @@ KeysRoom::KeysRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, T
 std::vector<outside::KeyGroup> KeysRoom::collect() const {
     outside::KeyGroup player{words_(u"In the player"_en), {}};
     addMenu(player.rows, form1_.menuBar);
-    player.rows.push_back({u"Esc", outside::commandName(form1_.mnuEsci.caption.get())});
+    player.rows.push_back({u"Esc", lang::commandName(form1_.mnuEsci.caption.get())});
 
     outside::KeyGroup text{words_(u"In the text"_en), {}};
     for (const editor::TextKey& key : editor_.keys().keys())
-        text.rows.push_back({base::fromUtf8(key.keys), outside::commandName(key.command->caption.get())});
+        text.rows.push_back({base::fromUtf8(key.keys), lang::commandName(key.command->caption.get())});
     const base::Text styles[] = {words_(u"Bold"_en), words_(u"Italic"_en), words_(u"Underline"_en)};
     const std::array<char, 3> letters = editor_.keys().styleLetters();
     for (std::size_t i = 0; i < letters.size(); ++i)
@@ -52,7 +53,7 @@ std::vector<outside::KeyGroup> KeysRoom::collect() const {
     std::erase(menus, &menu_.menu());
     addMenu(text.rows, menus);
 
-    outside::KeyGroup transcript{outside::commandName(menu_.menu().caption.get()), {}};
+    outside::KeyGroup transcript{lang::commandName(menu_.menu().caption.get()), {}};
     addMenu(transcript.rows, menu_.menu().items);
     const auto hear =
         std::find_if(transcript.rows.begin(), transcript.rows.end(),
@@ -61,9 +62,9 @@ std::vector<outside::KeyGroup> KeysRoom::collect() const {
         transcript.rows.insert(hear + 1, {u"Ctrl+Click", hear->command});
 
     const lang::LanguageTable& Lingua = form1_.Lingua;
-    outside::KeyGroup marks{outside::commandName(Lingua(120)), {}};
+    outside::KeyGroup marks{lang::commandName(Lingua(120)), {}};
     marks.rows = {{u"Enter", words_(u"Jump to the bookmark"_en)},
-                  {u"Delete", outside::commandName(Lingua(100))},
+                  {u"Delete", lang::commandName(Lingua(100))},
                   {u"F2", words_(u"Rename bookmark"_en)}};
     const outside::KeyGroup::Row next = {u"F10", words_(u"Next group: toolbar, player, bookmarks, text"_en)};
     for (outside::KeyGroup* const group : {&player, &text, &marks})

@@ -7,6 +7,7 @@
 #include "drafts/write/captions.h"
 #include "drafts/write/losses.h"
 #include "drafts/write/texts.h"
+#include "platform/file_filter.h"
 
 #include <algorithm>
 #include <utility>
@@ -104,9 +105,10 @@ Text Export::ask() const {
     std::vector<Row> offered = rows();
     std::stable_partition(offered.begin(), offered.end(),
                           [this](const Row& row) { return row.extension == extension_; });
+    std::vector<std::pair<Text, Text>> kinds;
     for (const Row& row : offered)
-        request.filter += (request.filter.empty() ? Text() : Text(1, u'\0')) + words_(row.name) + u'\0' +
-                          u"*." + Text(row.extension);
+        kinds.emplace_back(words_(row.name), u"*." + Text(row.extension));
+    request.filter = platform::fileFilter(kinds);
     return dialogs_.FileDlg(request);
 }
 

@@ -5,6 +5,7 @@
 #include "base/numbers.h"
 #include "drafts/fault_sentence.h"
 #include "drafts/read/reader.h"
+#include "platform/file_filter.h"
 
 #include <chrono>
 #include <utility>
@@ -37,8 +38,9 @@ void OpenDraft::open(base::Text path) {
         request.open = true;
         request.owner = "Form2";
         request.title = words_(u"Open a draft"_en);
-        request.filter = words_(u"Drafts and subtitles"_en) + u'\0' + u"*.srt;*.vtt;*.json;*.otr;*.txt" +
-                         u'\0' + words_(u"All files"_en) + u'\0' + u"*.*";
+        request.filter =
+            platform::fileFilter({{words_(u"Drafts and subtitles"_en), u"*.srt;*.vtt;*.json;*.otr;*.txt"},
+                                  {words_(u"All files"_en), u"*.*"}});
         path = dialogs_.FileDlg(request);
     }
     if (path.empty())

@@ -2,6 +2,7 @@
 
 #include "base/carry_on.h"
 #include "base/numbers.h"
+#include "platform/file_filter.h"
 
 namespace editor {
 
@@ -195,15 +196,15 @@ platform::FileDialogRequest Document::request(bool open, int title) const {
     const base::Text& newest = form_.mnuRecent1.caption;
     const base::Text last =
         base::lowered(newest.substr(newest.size() > extensionLength ? newest.size() - extensionLength : 0));
-    const base::Text text = form_.Lingua(122) + u'\0' + u"*.txt";
-    const base::Text rich = form_.Lingua(121) + u'\0' + u"*.rtf";
+    const std::pair<base::Text, base::Text> text{form_.Lingua(122), u"*.txt"};
+    const std::pair<base::Text, base::Text> rich{form_.Lingua(121), u"*.rtf"};
     const bool textFirst = last == u"txt";
     platform::FileDialogRequest asked;
     asked.open = open;
     asked.owner = form_.name;
     asked.title = form_.Lingua(title);
     asked.defaultExtension = textFirst ? u"txt" : u"rtf";
-    asked.filter = textFirst ? text + u'\0' + rich : rich + u'\0' + text;
+    asked.filter = textFirst ? platform::fileFilter({text, rich}) : platform::fileFilter({rich, text});
     asked.initialFolder = settings_.CartellaMedia;
     return asked;
 }

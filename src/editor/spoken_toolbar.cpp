@@ -2,24 +2,13 @@
 
 #include "base/carry_on.h"
 #include "editor/toolbar.h"
+#include "lang/command_name.h"
 
 #include <utility>
 
 namespace editor {
 
 using lang::operator""_en;
-
-namespace {
-
-// An entry of a menu without its mnemonic and dots.
-base::Text plain(base::TextView entry) {
-    base::Text name = base::TogliAmp(entry);
-    while (name.ends_with(u'.') || name.ends_with(u' '))
-        name.pop_back();
-    return name;
-}
-
-} // namespace
 
 SpokenToolbar::SpokenToolbar(Form2& form, const EditorKeys& keys, lang::Words& words)
     : form_(form), keys_(keys), words_(words) {
@@ -68,7 +57,7 @@ void SpokenToolbar::nameControls() {
     const auto style = [&](std::size_t index) {
         return u"Ctrl+" + base::Text(1, static_cast<char16_t>(letters.at(index)));
     };
-    const auto entry = [this](int index) { return plain(form_.Lingua(index)); };
+    const auto entry = [this](int index) { return lang::commandName(form_.Lingua(index)); };
     const std::tuple<ToolbarButton, base::Text, base::Text> rows[] = {
         {newButton, entry(42), u"Ctrl+N"},
         {openButton, entry(43), u""},
@@ -95,7 +84,7 @@ void SpokenToolbar::nameControls() {
     }
     form_.Combo1.accessible.name = words_(u"Font"_en);
     form_.Combo2.accessible.name = words_(u"Font size"_en);
-    form_.RTBPlace.accessible.name = plain(words_(u"T&ranscript"_en));
+    form_.RTBPlace.accessible.name = lang::commandName(words_(u"T&ranscript"_en));
 }
 
 } // namespace editor

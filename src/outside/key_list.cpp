@@ -28,14 +28,6 @@ std::string rtfText(const base::Text& text) {
 
 } // namespace
 
-base::Text commandName(base::TextView caption) {
-    base::Text name = base::TogliAmp(base::Text(caption));
-    for (const base::TextView end : {u"...", u"\u2026"})
-        if (name.ends_with(end))
-            name.resize(name.size() - end.size());
-    return base::Text(base::trimmed(name));
-}
-
 KeyList::KeyList(lang::Words& words, std::function<std::vector<KeyGroup>()> collect)
     : collect_(std::move(collect)), mnuKeys_("mnuKeys", u"&Keys"_en) {
     mnuKeys_.Click = [this] { open(); };

@@ -31,9 +31,6 @@ struct KeyGroup {
     std::vector<Row> rows;
 };
 
-// The caption of a menu command as a plain text: without mnemonic and dots.
-base::Text commandName(base::TextView caption);
-
 // The command "Keys" and its window, which lists all keys, searches in them and prints them.
 class KeyList {
 public:

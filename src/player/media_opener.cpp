@@ -1,6 +1,7 @@
 #include "player/media_opener.h"
 
 #include "base/carry_on.h"
+#include "platform/file_filter.h"
 
 namespace player {
 
@@ -58,9 +59,9 @@ base::Text MediaOpener::askForMedia() {
     request.title = form_.Lingua(25);
     request.defaultExtension = u"wav";
     request.initialFolder = settings_.CartellaMedia;
-    request.filter = form_.Lingua(41) + u'\0' +
-                     u"*.aac;*.avi;*.mp3;*.mpg;*.mpeg;*.ogg;*.ogv;*.wav;*.wma;*.wmv;*.ts;*.vob;*.flv" +
-                     u'\0' + form_.Lingua(26) + u'\0' + u"*.*";
+    request.filter = platform::fileFilter(
+        {{form_.Lingua(41), u"*.aac;*.avi;*.mp3;*.mpg;*.mpeg;*.ogg;*.ogv;*.wav;*.wma;*.wmv;*.ts;*.vob;*.flv"},
+         {form_.Lingua(26), u"*.*"}});
     request.allMedia = true;
     return dialogs_.FileDlg(request);
 }

@@ -3,6 +3,7 @@
 #include "base/carry_on.h"
 #include "base/files.h"
 #include "base/numbers.h"
+#include "platform/file_filter.h"
 
 #include <algorithm>
 #include <string>
@@ -135,7 +136,7 @@ void RecorderWindow::ScegliFileWav() {
     request.fileName = form_.txtFile.text;
     request.defaultExtension = u"wav";
     request.extensionAlways = true;
-    request.filter = Lingua(123) + u'\0' + u"*.wav";
+    request.filter = platform::fileFilter({{Lingua(123), u"*.wav"}});
     request.initialFolder = settings_.CartellaMedia;
     form_.txtFile.text = dialogs_.FileDlg(request);
     if (form_.txtFile.text->empty() || !base::fileExists(form_.txtFile.text.get()))

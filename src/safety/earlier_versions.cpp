@@ -2,6 +2,8 @@
 
 #include "base/failure.h"
 #include "base/numbers.h"
+#include "lang/command_name.h"
+#include "platform/file_filter.h"
 #include "rtf/read/reader.h"
 #include "safety/time_text.h"
 
@@ -15,7 +17,6 @@ namespace {
 
 constexpr std::uint64_t kilobyte = 1024;
 constexpr base::TextView archivePlace = u"Files/Safety/Archive";
-constexpr base::TextView dots = u"...";
 
 lang::English words(Reason reason) {
     switch (reason) {
@@ -166,13 +167,11 @@ void EarlierVersions::saveCopy() {
     const Version copied = *version;
     platform::FileDialogRequest request;
     request.owner = form.name;
-    request.title = base::TogliAmp(words_(u"&Save a copy..."_en));
-    if (request.title.ends_with(dots))
-        request.title.resize(request.title.size() - dots.size());
+    request.title = lang::commandName(words_(u"&Save a copy..."_en));
     request.fileName = copied.document;
     request.defaultExtension = copied.extension;
-    request.filter = capitals(copied.extension) + u'\0' + u"*." + copied.extension + u'\0' +
-                     words_(u"All files"_en) + u'\0' + u"*.*";
+    request.filter = platform::fileFilter(
+        {{capitals(copied.extension), u"*." + copied.extension}, {words_(u"All files"_en), u"*.*"}});
     for (;;) {
         const base::Text path = dialogs_.FileDlg(request);
         if (path.empty())
