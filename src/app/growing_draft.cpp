@@ -73,7 +73,7 @@ void GrowingDraft::append(std::vector<drafts::Turn> turns, bool continues) {
 }
 
 // A draft whose words have arrived brings their exact times and confidences now.
-drafts::RecogniserUse::Told GrowingDraft::finish(std::optional<drafts::Draft> draft) {
+lang::Sentence GrowingDraft::finish(std::optional<drafts::Draft> draft) {
     if (draft && words_ == 0) {
         append(drafts::turns(std::move(*draft), {options_.pauseMs}), false);
     } else if (draft) {

@@ -17,7 +17,7 @@ public:
     lang::English title() const override;
     bool begin(const drafts::HeardRecording& recording) override;
     void arrived(const drafts::Segment& segment) override;
-    Told finish(std::optional<drafts::Draft> draft) override;
+    lang::Sentence finish(std::optional<drafts::Draft> draft) override;
 
     // True while words are being inserted: the change of the text is not the user's.
     bool inserts() const { return inserts_; }

@@ -29,7 +29,7 @@ RecogniserRoom::RecogniserRoom(Desktop& desktop, player::Form1& form1, EditorRoo
         placeOver(editor_.form(), form1_.screen, step, form);
         desktop.show(form);
     };
-    make_.Tell = [this, &notices = parts.notices](const drafts::RecogniserUse::Told& told) {
+    make_.Tell = [this, &notices = parts.notices](const lang::Sentence& told) {
         notices.tell(told.sentence, told.parts, &editor_.form());
     };
 }

@@ -53,7 +53,7 @@ void TimeTranscript::arrived(const drafts::Segment& segment) {
     heard_.segments.push_back(segment);
 }
 
-drafts::RecogniserUse::Told TimeTranscript::finish(std::optional<drafts::Draft> draft) {
+lang::Sentence TimeTranscript::finish(std::optional<drafts::Draft> draft) {
     const std::vector<drafts::HeardWord> heard =
         drafts::heardWords(draft ? std::move(*draft) : std::move(heard_));
     drafts::TimedText timed = drafts::timeWords(text(), heard);

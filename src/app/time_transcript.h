@@ -16,7 +16,7 @@ public:
     lang::English title() const override;
     bool begin(const drafts::HeardRecording& recording) override;
     void arrived(const drafts::Segment& segment) override;
-    Told finish(std::optional<drafts::Draft> draft) override;
+    lang::Sentence finish(std::optional<drafts::Draft> draft) override;
 
 private:
     base::Text text() const;

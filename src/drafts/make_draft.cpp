@@ -20,7 +20,7 @@ Text clock(double seconds) {
     return text;
 }
 
-RecogniserUse::Told tellOf(const RecogniserRun::Result& result) {
+lang::Sentence tellOf(const RecogniserRun::Result& result) {
     using Outcome = RecogniserRun::Outcome;
     switch (result.outcome) {
     case Outcome::NotConverted:
@@ -156,7 +156,7 @@ void MakeDraft::finish(RecogniserRun::Result result) {
         choice_.tellPackages();
 }
 
-void MakeDraft::end(const RecogniserUse::Told& told) {
+void MakeDraft::end(const lang::Sentence& told) {
     tellStatus(told);
     if (!form.active)
         return Tell(told);
@@ -164,7 +164,7 @@ void MakeDraft::end(const RecogniserUse::Told& told) {
     form.cmdClose.setFocus();
 }
 
-void MakeDraft::tellStatus(const RecogniserUse::Told& told) {
+void MakeDraft::tellStatus(const lang::Sentence& told) {
     status_ = told;
     showState();
 }
@@ -178,7 +178,7 @@ void MakeDraft::showState() {
     if (runs())
         showProgress();
     else
-        form.lblStatus.caption = status_ ? base::doubledAmp(filledIn(*status_)) : Text();
+        form.lblStatus.caption = status_ ? base::doubledAmp(status_->in(words_)) : Text();
 }
 
 void MakeDraft::showProgress() {
@@ -194,11 +194,6 @@ void MakeDraft::showProgress() {
         form.lblStatus.caption = words_(u"Recognised: %1"_en, {place});
     else
         form.lblStatus.caption = words_(u"The recogniser is at work."_en);
-}
-
-Text MakeDraft::filledIn(const RecogniserUse::Told& told) const {
-    const std::vector<base::TextView> parts(told.parts.begin(), told.parts.end());
-    return lang::filledIn(words_(told.sentence), std::span(parts));
 }
 
 } // namespace drafts

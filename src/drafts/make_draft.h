@@ -41,7 +41,7 @@ public:
     // Called once, before the window is shown for the first time: creates it on the screen.
     std::function<void(RecogniserWindow&)> Load = [](RecogniserWindow&) {};
     // The recogniser has ended, while the user may be elsewhere.
-    std::function<void(const RecogniserUse::Told&)> Tell = [](const RecogniserUse::Told&) {};
+    std::function<void(const lang::Sentence&)> Tell = [](const lang::Sentence&) {};
     // The user changed an option.
     std::function<void()>& OptionsChanged() { return choice_.OptionsChanged; }
 
@@ -55,16 +55,15 @@ private:
     void showState();
     void showProgress();
     void finish(RecogniserRun::Result result);
-    void end(const RecogniserUse::Told& told);
-    void tellStatus(const RecogniserUse::Told& told);
-    Text filledIn(const RecogniserUse::Told& told) const;
+    void end(const lang::Sentence& told);
+    void tellStatus(const lang::Sentence& told);
 
     lang::Words& words_;
     RecogniserChoice choice_;
     RecogniserRun run_;
-    RecogniserUse* use_ = nullptr;              // of the window
-    HeardRecording recording_;                  // which is heard
-    std::optional<RecogniserUse::Told> status_; // how the last run ended
+    RecogniserUse* use_ = nullptr;         // of the window
+    HeardRecording recording_;             // which is heard
+    std::optional<lang::Sentence> status_; // how the last run ended
 };
 
 } // namespace drafts

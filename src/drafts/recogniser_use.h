@@ -1,10 +1,9 @@
 #pragma once
 
 #include "drafts/draft.h"
-#include "lang/words.h"
+#include "lang/sentence.h"
 
 #include <optional>
-#include <vector>
 
 namespace drafts {
 
@@ -17,12 +16,6 @@ struct HeardRecording {
 // What becomes of the words of a recogniser.
 class RecogniserUse {
 public:
-    // A sentence for the user; each part replaces its "%1", "%2".
-    struct Told {
-        lang::English sentence;
-        std::vector<Text> parts;
-    };
-
     RecogniserUse() = default;
     RecogniserUse(const RecogniserUse&) = delete;
     RecogniserUse& operator=(const RecogniserUse&) = delete;
@@ -36,7 +29,7 @@ public:
     virtual void arrived(const Segment& segment) = 0;
     // The recogniser has ended: the draft that it wrote, or nothing if all words have arrived. Throws
     // Failure.
-    virtual Told finish(std::optional<Draft> draft) = 0;
+    virtual lang::Sentence finish(std::optional<Draft> draft) = 0;
 };
 
 } // namespace drafts

@@ -2,7 +2,7 @@
 
 #include "base/text.h"
 #include "controls/controls.h"
-#include "lang/words.h"
+#include "lang/sentence.h"
 
 #include <cstdint>
 #include <deque>
@@ -17,13 +17,8 @@ class Notices {
 public:
     static constexpr std::size_t most = 50;
 
-    struct Notice {
+    struct Notice : lang::Sentence {
         std::int64_t time = 0; // seconds since 1970, UTC
-        lang::English sentence;
-        std::vector<base::Text> parts; // what stands for its %1, %2
-
-        // The sentence in the language of the program.
-        base::Text in(const lang::Words& words) const;
     };
 
     // `now` returns the time in seconds since 1970.
