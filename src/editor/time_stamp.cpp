@@ -1,25 +1,18 @@
 #include "editor/time_stamp.h"
 
 #include "base/carry_on.h"
+#include "player/stamp_text.h"
 
 namespace editor {
-
-namespace {
-
-constexpr base::TextView noTime = u"00:00:00";
-
-} // namespace
 
 TimeStamp::TimeStamp(Form2& form, const platform::MediaPlayer& player) : form_(form), player_(player) {
     form_.mnuTimeStamp.Click = [this] { mnuTimeStamp_Click(); };
 }
 
 void TimeStamp::mnuTimeStamp_Click() {
-    const base::Text s = player_.currentPositionString();
-    if (s.size() > noTime.size())
-        return;
-    const base::Text filled = base::Text(noTime.substr(0, noTime.size() - s.size())) + s;
-    base::carryOn([&] { form_.RTB.setSelText(u"[" + filled + u"] "); });
+    const base::Text stamp = player::stampText(player_);
+    if (!stamp.empty())
+        base::carryOn([&] { form_.RTB.setSelText(stamp); });
 }
 
 } // namespace editor
