@@ -7,6 +7,7 @@
 #include "editor/form2.h"
 #include "editor/frm_find.h"
 #include "editor/speakers_window.h"
+#include "hands/keys_and_pedals_window.h"
 #include "outside/frm_informazioni.h"
 #include "outside/key_list.h"
 #include "platform/child_process.h"
@@ -14,8 +15,10 @@
 #include "platform/decoder.h"
 #include "platform/dialogs.h"
 #include "platform/event_loop.h"
+#include "platform/global_keys.h"
 #include "platform/internet.h"
 #include "platform/media_player.h"
+#include "platform/pedals.h"
 #include "platform/printer.h"
 #include "platform/rich_text.h"
 #include "platform/shell.h"
@@ -54,6 +57,8 @@ public:
     virtual platform::Internet& internet() = 0;
     virtual platform::Shell& shell() = 0;
     virtual platform::Spelling& spelling() = 0;
+    virtual platform::Pedals& pedals() = 0;
+    virtual platform::GlobalKeys& globalKeys() = 0;
     // The thread for work that blocks on the disk.
     virtual platform::Worker& disk() = 0;
     // The libraries behind the ports and the versions in use.
@@ -79,6 +84,7 @@ public:
     virtual void show(safety::NoticesWindow& form) = 0;
     virtual void show(safety::VersionsWindow& form) = 0;
     virtual void show(drafts::RecogniserWindow& form) = 0;
+    virtual void show(hands::KeysAndPedalsWindow& form) = 0;
 };
 
 } // namespace app

@@ -53,7 +53,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       speakers_(desktop, form1_, editor_, transcriptMenu_, words_),
       sound_(desktop, form1_, editor_.form(), transcriptMenu_, {options_, notices_, phraseTargets_}),
       spelling_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
-      darkPage_(editor_.form(), options_, transcriptMenu_), hands_(options_),
+      darkPage_(editor_.form(), options_, transcriptMenu_),
+      hands_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
     wireSafety();
@@ -76,13 +77,14 @@ void Workstation::wireSafety() {
     safety_.keepsArchive = [this] { return safetyOptions_.archive; };
     safety_.archive().setLimits(safetyOptions_.days, safetyOptions_.megabytes);
     safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = drafts_.OptionsChanged() =
-        sound_.OptionsChanged = spelling_.OptionsChanged() = darkPage_.Changed = [this] {
-            base::carryOn([this] { options_.save(); },
-                          [this](const char* reason) {
-                              notices_.tell(u"The options could not be saved: %1"_en,
-                                            {base::fromUtf8(reason)});
-                          });
-        };
+        sound_.OptionsChanged = spelling_.OptionsChanged() = darkPage_.Changed =
+            hands_.OptionsChanged() = [this] {
+                base::carryOn([this] { options_.save(); },
+                              [this](const char* reason) {
+                                  notices_.tell(u"The options could not be saved: %1"_en,
+                                                {base::fromUtf8(reason)});
+                              });
+            };
 }
 
 void Workstation::Form_Initialize() {
@@ -116,6 +118,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     drafts_.start();
     sound_.start();
     spelling_.start();
+    hands_.start();
     recorder_.searchCutOff();
     if (start.checkUpdate == 1)
         ends_ = outside_.updateCheck().ControllaAggiornamenti();
@@ -190,6 +193,7 @@ bool Workstation::Form_Unload() {
     spelling_.leave();
     safetyWindows_.leave();
     keys_.leave();
+    hands_.leave();
     form1_.WMP1.stop();
     recorder_.close();
     editor_.form().visible = false;

@@ -43,7 +43,8 @@ QtDesktop::QtDesktop()
       decoder_(modulePath(system_, "decoder")), listener_(modulePath(system_, "decoder")),
       spelling_(modulePath(system_, "spelling")), text_(QtSystem::codePage()),
       printing_(modulePath(system_, "printing"), "quillmere_printer"),
-      internet_(modulePath(system_, "internet")) {}
+      internet_(modulePath(system_, "internet")), pedals_(modulePath(system_, "pedals")),
+      globalKeys_(modulePath(system_, "global_keys")) {}
 
 platform::Printer& QtDesktop::printer() {
     if (platform::Printer* const printer = printing_.load())
@@ -121,6 +122,10 @@ void QtDesktop::show(drafts::RecogniserWindow& form) {
     recogniser_ = std::make_unique<RecogniserWindow>(form);
 }
 
+void QtDesktop::show(hands::KeysAndPedalsWindow& form) {
+    keysAndPedals_ = std::make_unique<KeysAndPedalsWindow>(form);
+}
+
 std::vector<outside::Library> QtDesktop::libraries() {
     return librariesInUse(player_);
 }
@@ -130,6 +135,7 @@ void QtDesktop::closeWindows() {
     notices_.reset();
     versions_.reset();
     recogniser_.reset();
+    keysAndPedals_.reset();
     speakers_.reset();
     keys_.reset();
     about_.reset();

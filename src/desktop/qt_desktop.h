@@ -6,6 +6,7 @@
 #include "desktop/qt/key_repeats.h"
 #include "desktop/qt/keyboard_order.h"
 #include "desktop/services/lazy_decoder.h"
+#include "desktop/services/lazy_hands.h"
 #include "desktop/services/lazy_internet.h"
 #include "desktop/services/lazy_module.h"
 #include "desktop/services/lazy_player.h"
@@ -25,6 +26,7 @@
 #include "desktop/windows/frm_audio_rec_window.h"
 #include "desktop/windows/frm_find_window.h"
 #include "desktop/windows/frm_informazioni_window.h"
+#include "desktop/windows/keys_and_pedals_window.h"
 #include "desktop/windows/keys_window.h"
 #include "desktop/windows/notices_window.h"
 #include "desktop/windows/quiet_line_view.h"
@@ -57,6 +59,8 @@ public:
     platform::Worker& disk() override { return disk_; }
     platform::Shell& shell() override { return shell_; }
     platform::Spelling& spelling() override { return spelling_; }
+    platform::Pedals& pedals() override { return pedals_; }
+    platform::GlobalKeys& globalKeys() override { return globalKeys_; }
     std::vector<outside::Library> libraries() override;
     base::CodePage codePage() override { return QtSystem::codePage(); }
     void speak(const base::Text& fileLingua) override;
@@ -74,6 +78,7 @@ public:
     void show(outside::KeysWindow& form) override;
     void show(safety::VersionsWindow& form) override;
     void show(drafts::RecogniserWindow& form) override;
+    void show(hands::KeysAndPedalsWindow& form) override;
 
     // In idle time, loads what the first command would otherwise wait for.
     void prepareInIdleTime();
@@ -100,6 +105,8 @@ private:
     RichTextEdit text_;
     LazyModule<platform::Printer> printing_;
     LazyInternet internet_;
+    LazyPedals pedals_;
+    LazyGlobalKeys globalKeys_;
     QtShell shell_;
     safety::DiskThread disk_;
     std::unique_ptr<Form1Window> form1_;
@@ -115,6 +122,7 @@ private:
     std::unique_ptr<KeysWindow> keys_;
     std::unique_ptr<VersionsWindow> versions_;
     std::unique_ptr<RecogniserWindow> recogniser_;
+    std::unique_ptr<KeysAndPedalsWindow> keysAndPedals_;
 };
 
 } // namespace desktop

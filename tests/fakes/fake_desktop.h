@@ -4,6 +4,7 @@
 #include "fakes/fake_child_process.h"
 #include "fakes/fake_clipboard.h"
 #include "fakes/fake_decoder.h"
+#include "fakes/fake_hands.h"
 #include "fakes/fake_player.h"
 #include "fakes/fake_printer.h"
 #include "fakes/fake_rich_text.h"
@@ -133,6 +134,8 @@ public:
     FakeDecoder listenerPort;
     FakeSpelling spellingPort;
     FakeChildProcess childProcessPort;
+    FakePedals pedalPort;
+    FakeGlobalKeys globalKeyPort;
     player::Form1* form1 = nullptr;
     recorder::FrmAudioRec* recorder = nullptr; // null until opened
     editor::Form2* form2 = nullptr;
@@ -145,7 +148,8 @@ public:
     outside::KeysWindow* keys = nullptr;            // null until opened
     drafts::RecogniserWindow* recogniser = nullptr; // likewise
     editor::SpeakersWindow* speakers = nullptr;     // likewise
-    std::function<void()> inForm4 = [] {};          // user input while the dialog is open
+    hands::KeysAndPedalsWindow* keysAndPedals = nullptr;
+    std::function<void()> inForm4 = [] {}; // user input while the dialog is open
 
     FakeDesktop() {
         systemPort.whenEnded = [this] { loop.end(); };
@@ -204,6 +208,8 @@ public:
     platform::Internet& internet() override { return internetPort; }
     platform::Shell& shell() override { return shellPort; }
     platform::Spelling& spelling() override { return spellingPort; }
+    platform::Pedals& pedals() override { return pedalPort; }
+    platform::GlobalKeys& globalKeys() override { return globalKeyPort; }
     platform::Worker& disk() override { return diskPort; }
     std::vector<outside::Library> libraries() override { return {{u"Fake library", u"1.0", u"none"}}; }
     void speak(const base::Text&) override {}
@@ -235,6 +241,7 @@ public:
     void show(editor::SpeakersWindow& form) override { speakers = &form; }
     void show(safety::VersionsWindow& form) override { versions = &form; }
     void show(drafts::RecogniserWindow& form) override { recogniser = &form; }
+    void show(hands::KeysAndPedalsWindow& form) override { keysAndPedals = &form; }
 
     // Menu commands without a routine when they were shown: a real menu would disable them for good.
     std::vector<std::string_view> shownWithoutRoutine;

@@ -76,6 +76,8 @@ make_deb() {
   filled quillmere.metainfo.xml >"$shared/metainfo/quillmere.metainfo.xml"
   filled quillmere.1 | gzip -9n >"$shared/man/man1/quillmere.1.gz"
   cp "$from/copyright" "$shared/doc/quillmere/"
+  mkdir -p "$tree/usr/lib/udev/rules.d"
+  cp "$root/data/Files/70-quillmere-pedals.rules" "$tree/usr/lib/udev/rules.d/"
   cp "$root/art/quillmere.svg" "$shared/icons/hicolor/scalable/apps/"
   mkdir -p "$icons"
   cp "$from/icons.txt" "$icons/manifest.txt"

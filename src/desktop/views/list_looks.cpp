@@ -3,6 +3,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/palette.h"
 
+#include <QKeySequence>
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
@@ -15,6 +16,7 @@ namespace {
 
 constexpr QSize leastButton(92, 26); // pixels
 constexpr int besideCaption = 14;    // pixels on each side of the caption
+constexpr qreal capCorner = 3;       // pixels
 
 } // namespace
 
@@ -27,6 +29,19 @@ RowColors paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, 
     }
     painter.fillRect(option.rect, row % 2 == 1 ? colors.alternateBase() : colors.base());
     return {colors.text().color(), palette::teal, palette::grey};
+}
+
+void paintKeyCap(QPainter& painter, const QRect& place, const QString& keys, const RowColors& colors) {
+    const QString shown = QKeySequence(keys).toString(QKeySequence::NativeText);
+    const int width = painter.fontMetrics().horizontalAdvance(shown) + 2 * rowPadding;
+    const QRectF cap(place.left() + 0.5, place.top() - 1.5, width, place.height() + 3);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(palette::rule);
+    painter.drawRoundedRect(cap, capCorner, capCorner);
+    painter.setPen(colors.text);
+    painter.drawText(cap, Qt::AlignCenter, shown);
+    painter.restore();
 }
 
 void frame(QFrame& box) {

@@ -30,6 +30,9 @@ struct RowColors {
 // colours for it.
 RowColors paintRowGround(QPainter& painter, const QStyleOptionViewItem& option, int row);
 
+// Draws a key, such as "Ctrl+O", as it is printed on the user's keyboard, at the left of this place.
+void paintKeyCap(QPainter& painter, const QRect& place, const QString& keys, const RowColors& colors);
+
 // Sets the skin's thin frame.
 void frame(QFrame& box);
 // The same for a list, which gets no horizontal scroll bar.

@@ -1,12 +1,10 @@
 #include "desktop/windows/keys_window.h"
 
 #include "desktop/qt/conversions.h"
-#include "desktop/qt/palette.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
 #include "desktop/views/list_looks.h"
 
-#include <QKeySequence>
 #include <QLineEdit>
 #include <QListView>
 #include <QPainter>
@@ -20,7 +18,6 @@ namespace {
 constexpr QSize leastSize(340, 260); // pixels
 constexpr int keyColumn = 120;       // pixels
 constexpr int spaceAbove = 8;        // pixels above a heading
-constexpr qreal capCorner = 3;       // pixels
 
 // A key as it is printed on the user's keyboard, or a heading.
 class KeyRow : public QStyledItemDelegate {
@@ -45,7 +42,7 @@ public:
             return;
         }
         const RowColors colors = paintRowGround(*painter, option, row.row());
-        paintCap(*painter, place, QKeySequence(parts.value(0)).toString(QKeySequence::NativeText), colors);
+        paintKeyCap(*painter, place, parts.value(0), colors);
         painter->setPen(colors.text);
         const QRect command = place.adjusted(keyColumn, 0, 0, 0);
         painter->drawText(command, Qt::AlignLeft | Qt::AlignVCenter,
@@ -54,19 +51,6 @@ public:
 
 private:
     static bool isHeading(const QModelIndex& row) { return row.data().toString().startsWith(u'\t'); }
-
-    static void paintCap(QPainter& painter, const QRect& place, const QString& keys,
-                         const RowColors& colors) {
-        const int width = painter.fontMetrics().horizontalAdvance(keys) + 2 * rowPadding;
-        const QRectF cap(place.left() + 0.5, place.top() - 1.5, width, place.height() + 3);
-        painter.save();
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(palette::rule);
-        painter.drawRoundedRect(cap, capCorner, capCorner);
-        painter.setPen(colors.text);
-        painter.drawText(cap, Qt::AlignCenter, keys);
-        painter.restore();
-    }
 };
 
 } // namespace
