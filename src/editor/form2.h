@@ -87,6 +87,8 @@ struct Form2 : controls::Window, Form2Menu {
 
     controls::Property<bool> darkPage{this, false}; // text without a colour of its own is light
 
+    controls::Property<int> zoom{this, 100}; // of the view of the text, in percent
+
     // Opens a menu at the caret; set by the window that displays it.
     std::function<void(controls::MenuItem&)> PopupAtCaret = [](controls::MenuItem&) {};
     std::function<void()> Print = [] {}; // prints the selection, or the whole document

@@ -11,6 +11,7 @@ namespace editor {
 namespace {
 
 constexpr base::TextView paragraphEnd = u"\r\n";
+constexpr std::int32_t partLength = 4096; // units that are searched at once
 
 std::size_t withoutBlanks(base::TextView text, std::size_t from) {
     while (from < text.size() && moments::isBlank(text[from]))
@@ -21,13 +22,13 @@ std::size_t withoutBlanks(base::TextView text, std::size_t from) {
 } // namespace
 
 Speakers::Paragraph Speakers::paragraph(base::TextView all, std::size_t begin, std::size_t end,
-                                        base::TextView speaker) const {
+                                        base::TextView speaker, std::int32_t allBegin) const {
     if (const auto stamp = moments::stampAt(all.substr(begin, end - begin), 0))
         begin += withoutBlanks(all.substr(begin, end - begin), static_cast<std::size_t>(stamp->length));
     const base::TextView written = all.substr(begin, end - begin);
     Paragraph found{static_cast<std::int32_t>(begin), static_cast<std::int32_t>(end), {}, {}, false};
     const auto isBold = [&](std::size_t place) {
-        return form_.RTB.isBold(static_cast<std::int32_t>(begin + place));
+        return form_.RTB.isBold(allBegin + static_cast<std::int32_t>(begin + place));
     };
     const auto colon = written.find(u':');
     bool boldName = colon != base::TextView::npos && isBold(0) && isBold(colon);
@@ -74,7 +75,37 @@ std::vector<Speakers::Speaker> Speakers::all() {
 }
 
 base::Text Speakers::atCaret() {
-    return at(paragraphs(text_.letters(0, text_.length())), form_.RTB.SelStart())->speaker;
+    const std::int32_t caret = form_.RTB.SelStart();
+    // The paragraph of the caret, and those before it until one begins with a name.
+    std::int32_t begin = beginOfParagraph(caret);
+    for (std::int32_t behind = endOfParagraph(caret);; begin = beginOfParagraph(behind)) {
+        const base::Text letters = text_.letters(begin, behind - begin);
+        if (const Paragraph here = paragraph(letters, 0, letters.size(), {}, begin); !here.speaker.empty())
+            return here.speaker;
+        if (begin == 0)
+            return {};
+        behind = begin - static_cast<std::int32_t>(paragraphEnd.size());
+    }
+}
+
+std::int32_t Speakers::beginOfParagraph(std::int32_t position) {
+    for (std::int32_t end = position; end > 0;) {
+        const std::int32_t begin = std::max(0, end - partLength);
+        // Both units of an end may lie in two parts.
+        const auto place = text_.letters(begin, std::min(end + 1, position) - begin).rfind(paragraphEnd);
+        if (place != base::Text::npos)
+            return begin + static_cast<std::int32_t>(place + paragraphEnd.size());
+        end = begin;
+    }
+    return 0;
+}
+
+std::int32_t Speakers::endOfParagraph(std::int32_t position) {
+    for (std::int32_t begin = position; begin < text_.length(); begin += partLength)
+        if (const auto place = text_.letters(begin, partLength).find(paragraphEnd.front());
+            place != base::Text::npos)
+            return begin + static_cast<std::int32_t>(place);
+    return text_.length();
 }
 
 void Speakers::rename(base::TextView from, base::TextView to) {

@@ -53,7 +53,11 @@ private:
     };
 
     std::vector<Paragraph> paragraphs(const base::Text& text);
-    Paragraph paragraph(base::TextView all, std::size_t begin, std::size_t end, base::TextView speaker) const;
+    // One of the paragraphs of `all`, which begins at `allBegin` in the text.
+    Paragraph paragraph(base::TextView all, std::size_t begin, std::size_t end, base::TextView speaker,
+                        std::int32_t allBegin = 0) const;
+    std::int32_t beginOfParagraph(std::int32_t position);
+    std::int32_t endOfParagraph(std::int32_t position);
     static const Paragraph* at(const std::vector<Paragraph>& all, std::int32_t position);
     static void replaceName(std::vector<TextEdit>& edits, const Paragraph& paragraph, base::TextView name);
     static TextEdit newName(std::int32_t position, base::TextView before, base::TextView name);

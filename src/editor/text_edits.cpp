@@ -3,7 +3,6 @@
 #include "base/carry_on.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace editor {
 
@@ -31,7 +30,7 @@ void makeEdits(platform::RichText& rtb, UndoRedo& text, const std::vector<TextEd
                 select(rtb, edit->position, edit->removed);
                 rtb.setSelText(edit->inserted);
                 const auto added = static_cast<std::int32_t>(edit->inserted.size());
-                text.moments().set(edit->position, added, std::nullopt);
+                text.moments().set(edit->position, added, edit->moment);
                 if (edit->boldLength > 0)
                     makeBold(rtb, *edit);
             });

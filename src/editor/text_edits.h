@@ -4,6 +4,7 @@
 #include "platform/rich_text.h"
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace editor {
@@ -17,10 +18,11 @@ struct TextEdit {
     // The part of `inserted` that becomes bold while the rest becomes plain; an empty part changes no format.
     std::int32_t boldBegin = 0;
     std::int32_t boldLength = 0;
+    // Of the new letters; none by default, because what the program writes is not heard.
+    std::optional<moments::Moment> moment{};
 };
 
-// Makes the edits, which are in the order of the text, as one step of undo. New letters have no moment: they
-// are nothing that is heard.
+// Makes the edits, which are in the order of the text, as one step of undo.
 void makeEdits(platform::RichText& rtb, UndoRedo& text, const std::vector<TextEdit>& edits);
 
 // Replaces a word by another one, as one step of undo. The letters that differ get the format of those around

@@ -45,7 +45,13 @@ const SnapshotText& UndoRedo::current() {
     if (caret_ && change.position <= *caret_)
         *caret_ += static_cast<std::int32_t>(change.inserted.size()) -
                    std::min(change.removed, *caret_ - change.position);
+    if (!Changed) {
+        text_.replace(change.position, change.removed, change.inserted);
+        return text_;
+    }
+    const SnapshotText before = text_;
     text_.replace(change.position, change.removed, change.inserted);
+    Changed(before, text_, change);
     return text_;
 }
 

@@ -58,6 +58,13 @@ public:
     // The layer of a part of the text; empty if no letter has a moment.
     std::string beside(std::int32_t position, std::int32_t count);
 
+    // The control's current text.
+    const SnapshotText& current();
+    // Called after each change, with the texts before and after it; empty if nobody follows.
+    std::function<void(const SnapshotText& before, const SnapshotText& after,
+                       const platform::TextChange& change)>
+        Changed;
+
     // What is heard while a new word is begun, see moments::WordMoments::Heard.
     void momentsHeard(std::function<std::optional<std::int32_t>()> heard);
     // Gives a word its moment in the open recording.
@@ -82,8 +89,6 @@ private:
         std::string beside;
     };
 
-    // The control's current text.
-    const SnapshotText& current();
     // New moments belong to the open recording from now on.
     void adoptRecording();
     void applyToMoments(const platform::TextChange& change, const Arrival* arrival);

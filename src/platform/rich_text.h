@@ -182,12 +182,22 @@ public:
     // True if a click with Ctrl on this letter has a use; the pointer shows it.
     std::function<bool(std::int32_t position)> Clickable = [](std::int32_t) { return false; };
 
+    // True while a key or an input method changes the text.
+    virtual bool isTyping() const = 0;
+    // Shows these letters faintly behind the caret, where they are no part of the text, until the caret moves
+    // or the text changes; empty for none. Returns false, and shows none, if there is no room for them.
+    virtual bool offer(base::TextView letters) = 0;
+
     // Runs several edits, formats of letters and searches, and updates the display once at the end: it
     // scrolls to the caret unless the selection is where it was. Each edit raises Change as usual.
     virtual void together(const std::function<void()>& edits) = 0;
 
     // Called after every change of the text, including the program's own; not after a mere change of format.
     std::function<void()> Change = [] {};
+    // Called after Change when a key or an input method has inserted letters; the caret is behind them.
+    std::function<void(base::TextView inserted)> Typed = [](base::TextView) {};
+    // The user wants the view larger or smaller by so many steps; 0: in its normal size.
+    std::function<void(int steps)> Zoom = [](int) {};
     // Called after a change of formats alone, by which Text stays the same.
     std::function<void()> Formatted = [] {};
     // Returns true if the program handles this key in the text, before the menu shortcuts see it.

@@ -32,7 +32,19 @@ public:
             styles[style] = setting;
     }
     // Types at the caret, like the user.
-    void type(base::TextView typed) { setSelText(typed); }
+    void type(base::TextView typed) {
+        typing_ = true;
+        setSelText(typed);
+        Typed(typed);
+        typing_ = false;
+    }
+    base::Text offered; // behind the caret
+
+    bool isTyping() const override { return typing_; }
+    bool offer(base::TextView letters) override {
+        offered = letters;
+        return true;
+    }
 
     base::Text Text() const override { return text_; }
     platform::TextChange takeChange() override {
@@ -231,6 +243,7 @@ private:
     std::int32_t first_ = 0; // units in front of all changes since then, and behind them
     std::int32_t tail_ = 0;
     bool edited_ = false;
+    bool typing_ = false;
 };
 
 } // namespace fakes

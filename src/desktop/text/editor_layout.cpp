@@ -24,14 +24,22 @@ namespace {
 constexpr int fewBlocks = 16;
 constexpr int fewUnits = 20'000;
 
-// The space above a paragraph in pixels: the larger of its own top margin and the bottom margin before it.
-int gapBefore(const QTextBlock& block) {
-    const QTextBlock before = block.previous();
-    if (!before.isValid())
-        return 0;
-    return static_cast<int>(
-        std::lround(std::max(block.blockFormat().topMargin(), before.blockFormat().bottomMargin())));
-}
+// A screen by its density alone.
+class Density : public QPaintDevice {
+public:
+    explicit Density(int dotsPerInch) : dotsPerInch_(dotsPerInch) {}
+    QPaintEngine* paintEngine() const override { return nullptr; }
+
+protected:
+    int metric(PaintDeviceMetric metric) const override {
+        const bool isDensity =
+            metric == PdmDpiX || metric == PdmDpiY || metric == PdmPhysicalDpiX || metric == PdmPhysicalDpiY;
+        return isDensity ? dotsPerInch_ : QPaintDevice::metric(metric);
+    }
+
+private:
+    int dotsPerInch_;
+};
 
 QTextOption optionOf(const QTextBlock& block) {
     QTextOption option = block.document()->defaultTextOption();
@@ -56,8 +64,9 @@ QTextLine lineAt(const QTextLayout& layout, double y) {
 }
 
 // Draws a disc in front of the first line.
-void drawBullet(QPainter& painter, const QTextBlock& block, const QTextLayout& layout, const QColor& color) {
-    const QFontMetrics metrics(block.charFormat().font());
+void drawBullet(QPainter& painter, const QTextBlock& block, const QTextLayout& layout, const QFont& font,
+                const QColor& color) {
+    const QFontMetrics metrics(font);
     const QRectF line = layout.lineAt(0).naturalTextRect().translated(layout.position());
     const int size = metrics.lineSpacing() / 3;
     const int space = metrics.horizontalAdvance(QLatin1Char(' '));
@@ -74,6 +83,22 @@ void drawBullet(QPainter& painter, const QTextBlock& block, const QTextLayout& l
 }
 
 } // namespace
+
+void EditorLayout::setZoom(int percent, int density) {
+    denser_ = percent == 100 ? nullptr : std::make_unique<Density>((density * percent + 50) / 100);
+    zoom_ = denser_ ? static_cast<double>(denser_->logicalDpiY()) / density : 1;
+    setPaintDevice(denser_.get());
+    if (isReady())
+        documentChanged(0, 0, document()->characterCount());
+}
+
+int EditorLayout::gapBefore(const QTextBlock& block) const {
+    const QTextBlock before = block.previous();
+    if (!before.isValid())
+        return 0;
+    return static_cast<int>(
+        std::lround(zoomed(std::max(block.blockFormat().topMargin(), before.blockFormat().bottomMargin()))));
+}
 
 bool EditorLayout::isReady() const {
     return heights_.count() > 0 && heights_.count() == document()->blockCount();
@@ -106,8 +131,10 @@ BlockHeight EditorLayout::estimate(const QTextBlock& block) const {
 BlockHeight EditorLayout::layOut(const QTextBlock& block, QTextLayout& layout) const {
     const QTextBlockFormat format = block.blockFormat();
     layout.setTextOption(optionOf(block));
-    const double width = textWidth() - format.leftMargin() - format.rightMargin();
-    double indent = format.textIndent(); // first line only
+    const double left = zoomed(format.leftMargin());
+    const double right = zoomed(format.rightMargin());
+    const double width = textWidth() - left - right;
+    double indent = zoomed(format.textIndent()); // first line only
     double widest = 0;
     double height = 0;
     layout.beginLayout();
@@ -115,9 +142,9 @@ BlockHeight EditorLayout::layOut(const QTextBlock& block, QTextLayout& layout) c
         line.setLeadingIncluded(true);
         line.setLineWidth(std::max(1.0, width - indent));
         const bool fromTheLeft = layout.textOption().textDirection() == Qt::LeftToRight;
-        line.setPosition({format.leftMargin() + (fromTheLeft ? indent : 0), height});
+        line.setPosition({left + (fromTheLeft ? indent : 0), height});
         height += line.height();
-        widest = std::max(widest, line.x() + line.naturalTextWidth() + format.rightMargin());
+        widest = std::max(widest, line.x() + line.naturalTextWidth() + right);
         indent = 0;
     }
     layout.endLayout();
@@ -155,7 +182,7 @@ void EditorLayout::documentChanged(int from, int /*removed*/, int added) {
         gone = heights_.count();
     }
     if (last - first + 1 == count) {
-        const QFontMetricsF metrics(text.defaultFont());
+        const QFontMetricsF metrics(zoomed(text.defaultFont()));
         letterWidth_ = metrics.averageCharWidth();
         lineHeight_ = metrics.lineSpacing();
     }
@@ -288,7 +315,7 @@ void EditorLayout::drawBlock(QPainter& painter, const PaintContext& context, con
     }
     const QColor color = context.palette.color(QPalette::Text);
     if (block.textList())
-        drawBullet(painter, block, layout, color);
+        drawBullet(painter, block, layout, zoomed(block.charFormat().font()), color);
     const QPen pen = painter.pen();
     painter.setPen(color);
     layout.draw(&painter, QPointF(), selections, context.clip);
@@ -314,8 +341,8 @@ void EditorLayout::resizeInlineObject(QTextInlineObject item, int, const QTextFo
     const bool known =
         image.hasProperty(QTextFormat::ImageWidth) && image.hasProperty(QTextFormat::ImageHeight);
     const QSizeF size = known ? QSizeF(image.width(), image.height()) : QSizeF(picture(format).size());
-    item.setWidth(size.width());
-    item.setAscent(size.height());
+    item.setWidth(zoomed(size.width()));
+    item.setAscent(zoomed(size.height()));
     item.setDescent(0);
 }
 

@@ -4,7 +4,9 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QImage>
+#include <QPaintDevice>
 #include <chrono>
+#include <memory>
 
 class QTextBlock;
 class QTextLayout;
@@ -25,6 +27,10 @@ public:
     QSizeF documentSize() const override;
     QRectF frameBoundingRect(QTextFrame* frame) const override;
     QRectF blockBoundingRect(const QTextBlock& block) const override;
+
+    // Shows the text larger, in percent, on a screen of this density (dots per inch). Formats stay as they
+    // are: letters and tabs are measured for a screen that is denser by as much.
+    void setZoom(int percent, int density);
 
     // True until all heights are measured and the final size is reported.
     bool isEstimated() const;
@@ -49,6 +55,11 @@ private:
     bool isReady() const;
     int margin() const { return static_cast<int>(document()->documentMargin()); }
     double textWidth() const { return document()->pageSize().width() - 2 * margin(); }
+    double zoomed(double pixels) const { return pixels * zoom_; }
+    QFont zoomed(const QFont& font) const { return denser_ ? QFont(font, denser_.get()) : font; }
+    // The space above a paragraph in pixels: the larger of its own top margin and the bottom margin before
+    // it.
+    int gapBefore(const QTextBlock& block) const;
     BlockHeight estimate(const QTextBlock& block) const;
     // Lays out a paragraph, either in its own layout or in another one.
     BlockHeight layOut(const QTextBlock& block, QTextLayout& layout) const;
@@ -64,6 +75,8 @@ private:
     double letterWidth_ = 1;
     double lineHeight_ = 1;
     QSizeF told_;
+    double zoom_ = 1;
+    std::unique_ptr<QPaintDevice> denser_; // null in the normal size
 };
 
 } // namespace desktop

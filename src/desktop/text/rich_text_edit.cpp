@@ -80,6 +80,10 @@ RichTextEdit::RichTextEdit(const base::CodePage& page, QWidget* parent) : QTextE
     setFont(QFont(QStringLiteral("Arial"), 12));
     setContextMenuPolicy(Qt::PreventContextMenu);
     viewport()->setMouseTracking(true);
+    connect(this, &QTextEdit::cursorPositionChanged, this, [this] {
+        if (!offered_.isEmpty())
+            viewport()->update();
+    });
     connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { Scrolled(); });
     exchangeDocument(std::make_unique<EditorDocument>(font()));
 }
@@ -95,6 +99,7 @@ void RichTextEdit::exchangeDocument(std::unique_ptr<EditorDocument> document) {
     document_ = document.release();
     document_->setParent(this);
     layout_ = new EditorLayout(*document_);
+    layout_->setZoom(zoom_, logicalDpiY());
     document_->setDocumentLayout(layout_);
     connect(document_, &QTextDocument::contentsChange, this, [this](int position, int removed, int added) {
         // The layout has only the changed paragraphs painted, but the first steps cover more.

@@ -72,10 +72,15 @@ public:
     std::string exported(std::string_view source, platform::ExportForm form) override;
     std::int32_t Find(base::TextView text, std::optional<std::int32_t> start, int options) override;
     void SetFocus() override;
+    bool isTyping() const override { return typing_; }
+    bool offer(base::TextView letters) override;
     void together(const std::function<void()>& edits) override;
     void besideChanged(std::int32_t position) override;
     void marksChanged(std::int32_t position, std::int32_t length) override;
     void scrollTo(std::int32_t position, std::int32_t length) override;
+
+    // Enlarges the view of the text, in percent; the document and its sizes stay.
+    void setZoom(int percent);
 
 protected:
     bool event(QEvent* event) override;
@@ -88,6 +93,7 @@ protected:
     void dropEvent(QDropEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void scrollContentsBy(int dx, int dy) override;
+    void wheelEvent(QWheelEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
@@ -125,6 +131,10 @@ private:
     // Runs `work`, which may change the text, and reports one change after the outermost edit.
     template <typename Work>
     void edit(SameLength meaning, Work&& work);
+    // The same for `work` by which the user types.
+    void type(SameLength meaning, const std::function<void()>& work);
+    // Handles the keys of paragraphs that Qt's control does not know.
+    bool runParagraphKey(const QKeyEvent& event);
     void noteChange(int position, int removed, int added);
     void noteTogether(int start, int removed, int added);
     void completeReport();
@@ -150,6 +160,11 @@ private:
     void keepView(const std::function<void()>& measure);
     void paintPageBreaks(const QRect& area);
     void paintMarks(const QRect& area);
+    void paintOffer();
+    // Where offered letters would stand, in the viewport.
+    QRectF offerPlace() const;
+    // The font of what is typed at the caret, as large as the view shows it.
+    QFont fontAtCaret() const;
     // Where this part of the text is in the viewport; a rectangle for each of two lines.
     std::vector<QRect> rectanglesOf(std::int32_t position, std::int32_t length) const;
     // The letter at a point of the viewport; nothing beside the text.
@@ -172,6 +187,12 @@ private:
     ChangedParagraphs paragraphs_;    // likewise, formats included
     FileParagraphs filed_;            // as taken before
     std::set<std::uint64_t> pressed_; // keys (by physical position) pressed in the text and not yet released
+    bool typing_ = false;
+    QString offered_; // stands at this caret of this revision of the document
+    int offeredAt_ = 0;
+    int offeredTo_ = 0;
+    int zoom_ = 100;  // percent
+    int wheeled_ = 0; // eighths of a degree that have not yet made a step of the zoom
     QtClipboard selection_{QClipboard::Selection};
     std::optional<QTextCursor> ahead_;  // set only while edits run together
     std::optional<TextRange> together_; // what these have changed, until Qt has reported all of it

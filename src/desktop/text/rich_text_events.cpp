@@ -5,6 +5,7 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/qt/key_codes.h"
 #include "desktop/text/rtf_bridge.h"
+#include "desktop/text/text_units.h"
 #include "desktop/views/menus.h"
 #include "rtf/read/reader.h"
 #include "rtf/write/writer.h"
@@ -67,6 +68,18 @@ std::optional<platform::EditCommand> editCommand(const QKeyEvent& event) {
     return std::nullopt;
 }
 
+// Also keys that no menu can name: "+" without Shift, and those of the number pad.
+std::optional<int> zoomKey(const QKeyEvent& event) {
+    const bool withShift = event.modifiers().testFlag(Qt::ShiftModifier);
+    if ((heldKeys(event) & ~Qt::ShiftModifier) != Qt::ControlModifier)
+        return std::nullopt;
+    if (event.key() == Qt::Key_Plus || event.key() == Qt::Key_Equal)
+        return 1;
+    if (event.key() == Qt::Key_Minus)
+        return -1;
+    return event.key() == Qt::Key_0 && !withShift ? std::optional(0) : std::nullopt;
+}
+
 QByteArray rtfOffered(const QMimeData& offer) {
     for (const QByteArray& form : rtfForms())
         if (const QString type = QString::fromLatin1(form); offer.hasFormat(type))
@@ -108,6 +121,11 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
         event->accept();
         return;
     }
+    if (const auto steps = zoomKey(*event)) {
+        event->accept();
+        Zoom(*steps);
+        return;
+    }
     if (runShortcutByPlace(*window(), *event)) {
         event->accept();
         return;
@@ -123,8 +141,8 @@ void RichTextEdit::keyPressEvent(QKeyEvent* event) {
     }
     const int scrolled = verticalScrollBar()->value();
     // A key pressed without a selection replaces nothing, but it may remove a bullet.
-    if (isControlsOwn(*event))
-        edit(sameLengthNow(), [&] { QTextEdit::keyPressEvent(event); });
+    if (!runParagraphKey(*event) && isControlsOwn(*event))
+        type(sameLengthNow(), [&] { QTextEdit::keyPressEvent(event); });
     if (verticalScrollBar()->value() != scrolled)
         Scrolled();
     // Otherwise the window would act on some keys: Escape ends the program, Shift+Tab moves the focus to a
@@ -148,8 +166,65 @@ void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
     const bool commits = !event->commitString().isEmpty() || event->replacementLength() > 0;
     if (commits)
         pressed_.insert(unknownPlace);
-    edit(commits ? SameLength::Replacement : SameLength::Display,
-         [&] { QTextEdit::inputMethodEvent(event); });
+    const auto pass = [&] { QTextEdit::inputMethodEvent(event); };
+    if (commits)
+        type(SameLength::Replacement, pass);
+    else
+        edit(SameLength::Display, pass);
+}
+
+// What was inserted lies between the beginning of the old selection and the caret.
+void RichTextEdit::type(SameLength meaning, const std::function<void()>& work) {
+    struct Typing {
+        explicit Typing(bool& typing) : flag(typing) { flag = true; }
+        ~Typing() { flag = false; }
+        bool& flag;
+    };
+    const Typing whileAtIt(typing_);
+    const int revision = document_->revision();
+    const int begin = textCursor().selectionStart();
+    edit(meaning, work);
+    if (const int end = textCursor().position(); end > begin && document_->revision() != revision) {
+        QTextCursor inserted(document_);
+        inserted.setPosition(begin);
+        inserted.setPosition(end, QTextCursor::KeepAnchor);
+        const QString letters = inserted.selectedText();
+        Typed(programText(letters, static_cast<int>(letters.count(QChar(documentParagraphEnd)))));
+    }
+}
+
+bool RichTextEdit::runParagraphKey(const QKeyEvent& event) {
+    const auto held = heldKeys(event);
+    if (!held.testFlag(Qt::ControlModifier) || held.testFlag(Qt::AltModifier))
+        return false;
+    const bool withShift = held.testFlag(Qt::ShiftModifier);
+    const auto mode = withShift ? QTextCursor::KeepAnchor : QTextCursor::MoveAnchor;
+    QTextCursor cursor = textCursor();
+    switch (event.key()) {
+    case Qt::Key_Up:
+        cursor.movePosition(cursor.atBlockStart() ? QTextCursor::PreviousBlock : QTextCursor::StartOfBlock,
+                            mode);
+        break;
+    case Qt::Key_Down:
+        if (!cursor.movePosition(QTextCursor::NextBlock, mode))
+            cursor.movePosition(QTextCursor::End, mode);
+        break;
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+        if (!withShift)
+            return false;
+        if (!cursor.hasSelection())
+            cursor.movePosition(event.key() == Qt::Key_Delete ? QTextCursor::EndOfBlock
+                                                              : QTextCursor::StartOfBlock,
+                                QTextCursor::KeepAnchor);
+        setTextCursor(cursor);
+        type(SameLength::Replacement, [&] { setSelText({}); });
+        return true;
+    default:
+        return false;
+    }
+    setTextCursor(cursor);
+    return true;
 }
 
 void RichTextEdit::mouseMoveEvent(QMouseEvent* event) {

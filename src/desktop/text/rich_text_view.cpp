@@ -63,6 +63,7 @@ void RichTextEdit::paintEvent(QPaintEvent* event) {
     paintMarks(event->rect());
     QTextEdit::paintEvent(event);
     paintPageBreaks(event->rect());
+    paintOffer();
     if (layout_->isEstimated() && !measuring_.isActive())
         measuring_.start(rest, this);
 }
@@ -79,6 +80,39 @@ void RichTextEdit::paintPageBreaks(const QRect& area) {
             break;
         if (document_->pageBreakBefore(block) != PageBreak::None)
             painter.drawLine(0, top, viewport()->width(), top);
+    }
+}
+
+void RichTextEdit::setZoom(int percent) {
+    if (percent == zoom_)
+        return;
+    const QRect before = cursorRect();
+    const bool caretShown = viewport()->rect().intersects(before);
+    zoom_ = percent;
+    // The hint in an empty text takes the font of the viewport, which has nothing to do with the document's.
+    QFont larger = font();
+    larger.setPointSizeF(larger.pointSizeF() * zoom_ / 100);
+    viewport()->setFont(larger);
+    keepView([&] {
+        layout_->setZoom(zoom_, logicalDpiY());
+        const int top = verticalScrollBar()->value();
+        layout_->measureBetween(top, top + viewport()->height());
+    });
+    if (caretShown)
+        ensureCursorVisible();
+    viewport()->update();
+}
+
+void RichTextEdit::wheelEvent(QWheelEvent* event) {
+    if (event->modifiers() != Qt::ControlModifier) {
+        QTextEdit::wheelEvent(event);
+        return;
+    }
+    event->accept();
+    wheeled_ += event->angleDelta().y();
+    if (const int steps = wheeled_ / QWheelEvent::DefaultDeltasPerStep; steps != 0) {
+        wheeled_ -= steps * QWheelEvent::DefaultDeltasPerStep;
+        Zoom(steps);
     }
 }
 

@@ -136,8 +136,10 @@ Form2Window::Form2Window(editor::Form2& form, RichTextEdit& text)
         if (page != text_.palette())
             text_.setPalette(page);
     };
+    form.observe([this, &form] { text_.setZoom(form.zoom); });
     form.observe(colorPage);
     colorPage();
+    text_.setZoom(form.zoom);
     form.RTBPlace.observe(placeText);
     placeText();
     text_.show();
