@@ -1,5 +1,7 @@
 #pragma once
 
+#include "aids/abbreviations_window.h"
+#include "aids/figures_window.h"
 #include "base/code_page.h"
 #include "bookmarks/form3.h"
 #include "dictation/form4.h"
@@ -85,6 +87,8 @@ public:
     virtual void show(safety::VersionsWindow& form) = 0;
     virtual void show(drafts::RecogniserWindow& form) = 0;
     virtual void show(hands::KeysAndPedalsWindow& form) = 0;
+    virtual void show(aids::AbbreviationsWindow& form) = 0;
+    virtual void show(aids::FiguresWindow& form) = 0;
 };
 
 } // namespace app

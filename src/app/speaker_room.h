@@ -13,6 +13,8 @@ public:
     SpeakerRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
                 lang::Words& words);
 
+    // The speaker at the caret; empty for none.
+    base::Text atCaret() { return speakers_.atCaret(); }
     // The exit goes.
     void leave() { commands_.leave(); }
 

@@ -53,6 +53,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       speakers_(desktop, form1_, editor_, transcriptMenu_, words_),
       sound_(desktop, form1_, editor_.form(), transcriptMenu_, {options_, notices_, phraseTargets_}),
       spelling_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
+      aids_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, speakers_}),
       darkPage_(editor_.form(), options_, transcriptMenu_),
       hands_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
@@ -77,7 +78,7 @@ void Workstation::wireSafety() {
     safety_.keepsArchive = [this] { return safetyOptions_.archive; };
     safety_.archive().setLimits(safetyOptions_.days, safetyOptions_.megabytes);
     safetyWindows_.OptionsChanged() = moments_.OptionsChanged() = drafts_.OptionsChanged() =
-        sound_.OptionsChanged = spelling_.OptionsChanged() = darkPage_.Changed =
+        sound_.OptionsChanged = spelling_.OptionsChanged() = aids_.OptionsChanged = darkPage_.Changed =
             hands_.OptionsChanged() = [this] {
                 base::carryOn([this] { options_.save(); },
                               [this](const char* reason) {
@@ -119,6 +120,7 @@ void Workstation::Form_Load(base::TextView commandLine) {
     sound_.start();
     spelling_.start();
     hands_.start();
+    aids_.start();
     recorder_.searchCutOff();
     if (start.checkUpdate == 1)
         ends_ = outside_.updateCheck().ControllaAggiornamenti();
@@ -182,6 +184,7 @@ bool Workstation::Form_Unload() {
     left_ = true;
     safety_.leave();
     moments_.leave();
+    aids_.leave();
     drop_.remove();
     settingsFile_.Salva();
     bookmarks_.form().visible = false;
@@ -219,6 +222,7 @@ void Workstation::keepAll() {
         return;
     safety_.flush();
     moments_.flush();
+    aids_.flush();
     settingsFile_.Salva();
 }
 

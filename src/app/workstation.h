@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/aids_room.h"
 #include "app/companion_windows.h"
 #include "app/dark_page.h"
 #include "app/desktop.h"
@@ -135,6 +136,7 @@ private:
     SpeakerRoom speakers_;
     SoundRoom sound_;
     SpellingRoom spelling_;
+    AidsRoom aids_;
     DarkPage darkPage_;
     HandsRoom hands_;
     KeysRoom keys_;

@@ -126,6 +126,14 @@ void QtDesktop::show(hands::KeysAndPedalsWindow& form) {
     keysAndPedals_ = std::make_unique<KeysAndPedalsWindow>(form);
 }
 
+void QtDesktop::show(aids::AbbreviationsWindow& form) {
+    abbreviations_ = std::make_unique<AbbreviationsWindow>(form);
+}
+
+void QtDesktop::show(aids::FiguresWindow& form) {
+    figures_ = std::make_unique<FiguresWindow>(form);
+}
+
 std::vector<outside::Library> QtDesktop::libraries() {
     return librariesInUse(player_);
 }
@@ -136,6 +144,8 @@ void QtDesktop::closeWindows() {
     versions_.reset();
     recogniser_.reset();
     keysAndPedals_.reset();
+    abbreviations_.reset();
+    figures_.reset();
     speakers_.reset();
     keys_.reset();
     about_.reset();

@@ -19,6 +19,8 @@
 #include "desktop/services/qt_system.h"
 #include "desktop/services/standard_words.h"
 #include "desktop/text/rich_text_edit.h"
+#include "desktop/windows/abbreviations_window.h"
+#include "desktop/windows/figures_window.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/form2_window.h"
 #include "desktop/windows/form3_window.h"
@@ -79,6 +81,8 @@ public:
     void show(safety::VersionsWindow& form) override;
     void show(drafts::RecogniserWindow& form) override;
     void show(hands::KeysAndPedalsWindow& form) override;
+    void show(aids::AbbreviationsWindow& form) override;
+    void show(aids::FiguresWindow& form) override;
 
     // In idle time, loads what the first command would otherwise wait for.
     void prepareInIdleTime();
@@ -123,6 +127,8 @@ private:
     std::unique_ptr<VersionsWindow> versions_;
     std::unique_ptr<RecogniserWindow> recogniser_;
     std::unique_ptr<KeysAndPedalsWindow> keysAndPedals_;
+    std::unique_ptr<AbbreviationsWindow> abbreviations_;
+    std::unique_ptr<FiguresWindow> figures_;
 };
 
 } // namespace desktop

@@ -142,12 +142,14 @@ public:
     editor::FrmFind* frmFind = nullptr;
     bookmarks::Form3* form3 = nullptr;
     dictation::Form4* form4 = nullptr;
-    safety::QuietLineWindow* quietLine = nullptr;   // null until something was shown
-    safety::VersionsWindow* versions = nullptr;     // likewise
-    safety::NoticesWindow* notices = nullptr;       // null until opened
-    outside::KeysWindow* keys = nullptr;            // null until opened
-    drafts::RecogniserWindow* recogniser = nullptr; // likewise
-    editor::SpeakersWindow* speakers = nullptr;     // likewise
+    safety::QuietLineWindow* quietLine = nullptr;       // null until something was shown
+    safety::VersionsWindow* versions = nullptr;         // likewise
+    safety::NoticesWindow* notices = nullptr;           // null until opened
+    outside::KeysWindow* keys = nullptr;                // null until opened
+    drafts::RecogniserWindow* recogniser = nullptr;     // likewise
+    editor::SpeakersWindow* speakers = nullptr;         // likewise
+    aids::AbbreviationsWindow* abbreviations = nullptr; // likewise
+    aids::FiguresWindow* figures = nullptr;             // likewise
     hands::KeysAndPedalsWindow* keysAndPedals = nullptr;
     std::function<void()> inForm4 = [] {}; // user input while the dialog is open
 
@@ -242,6 +244,8 @@ public:
     void show(safety::VersionsWindow& form) override { versions = &form; }
     void show(drafts::RecogniserWindow& form) override { recogniser = &form; }
     void show(hands::KeysAndPedalsWindow& form) override { keysAndPedals = &form; }
+    void show(aids::AbbreviationsWindow& form) override { abbreviations = &form; }
+    void show(aids::FiguresWindow& form) override { figures = &form; }
 
     // Menu commands without a routine when they were shown: a real menu would disable them for good.
     std::vector<std::string_view> shownWithoutRoutine;

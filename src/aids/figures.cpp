@@ -1,0 +1,48 @@
+#include "aids/figures.h"
+
+#include "base/numbers.h"
+#include "moments/word_units.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace aids {
+
+namespace {
+
+constexpr double leastSeconds = 10;
+
+bool isNoCharacter(char16_t unit) {
+    return unit == u'\r' || unit == u'\n' || unit == u'\v' || unit == u'\uFFFC';
+}
+
+} // namespace
+
+TextFigures figuresOf(base::TextView text) {
+    TextFigures figures;
+    bool inWord = false;
+    for (const char16_t unit : text) {
+        const bool second = unit >= 0xDC00 && unit <= 0xDFFF; // of a pair that is one character
+        const bool blank = moments::isBlank(unit) || isNoCharacter(unit);
+        if (!blank && (!inWord || (moments::standsAlone(unit) && !second)))
+            ++figures.words;
+        inWord = !blank && !moments::standsAlone(unit);
+        if (second || isNoCharacter(unit))
+            continue;
+        ++figures.characters;
+        figures.withoutBlanks += blank ? 0 : 1;
+    }
+    return figures;
+}
+
+base::Text linesText(std::size_t characters, std::size_t length, base::TextView decimalSign) {
+    const std::size_t tenths = (characters * 10 + length / 2) / length;
+    return base::countText(tenths / 10) + base::Text(decimalSign) + base::countText(tenths % 10);
+}
+
+base::Text speedText(double words, double seconds) {
+    return seconds < leastSeconds ? base::Text(u"-")
+                                  : base::numberText(std::round(std::max(0.0, words) * 60 / seconds));
+}
+
+} // namespace aids
