@@ -173,6 +173,28 @@ try_function_keys() {
   cell "F7 in the text" "$(key F7 F7; wait_until 2 "((\$(position 90) > $before + 20))" || echo "does not step")"
 }
 
+# Smart play pauses and plays by itself: the keyboard stays in the program in front, which also stays on
+# top.
+try_other_program() {
+  local other seen=''
+  window=$player
+  to_editor
+  ! moves || key F5
+  click 287 $((109 + $(skin_top)))
+  as_companion xev -name other -geometry 900x700+100+100 >/dev/null &
+  companions+=($!)
+  wait_until 5 'other=$(named other)' && timeout 3 xdotool windowactivate --sync "$other"
+  wait_until 3 'keyboard_in $other' || seen="it has no keyboard; "
+  wait_until 10 '! moves' || seen+="smart play does not pause; "
+  wait_until 10 moves || seen+="smart play does not resume; "
+  wait_until 10 '! moves' || seen+="smart play does not pause again; "
+  keyboard_in "$other" || seen+="keyboard in: $(active); "
+  stacked_above "$other" "$editor" || seen+="the editor is above; "
+  cell "another program keeps the keyboard" "${seen%; }"
+  kill "${companions[-1]}"
+  click 287 $((109 + $(skin_top)))
+}
+
 try_guide() {
   rm -f "$scratch/guide"
   to_editor
@@ -213,6 +235,7 @@ under() {  # WM
   start_manager "$1" || { cell "start" "the window manager does not start"; return; }
   start_sound
   lay_folder
+  set_line 21 2 22 4 25 0
   # A browser that leaves a trace.
   mkdir -p "$scratch/bin"
   printf '#!/bin/sh\ntouch %s/guide\n' "$scratch" | tee "$scratch/bin/xdg-open" >"$scratch/bin/x-www-browser"
@@ -226,6 +249,7 @@ under() {  # WM
   try_boxes
   try_minimise
   try_function_keys
+  try_other_program
   try_film
   try_guide
   cell "still running" "$(running || echo "has ended")"

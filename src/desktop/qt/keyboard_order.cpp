@@ -34,13 +34,16 @@ bool isBlocked(const QWidget& window) {
 
 } // namespace
 
-void giveKeyboard(QWidget& window) {
+bool giveKeyboard(QWidget& window) {
     QEvent given(keyboardGiven());
     QCoreApplication::sendEvent(&window, &given);
+    if (!given.isAccepted())
+        return false;
     // Qt would keep the request until the window appears, when it may concern another one; and a window that
     // appears gets the focus anyway.
     if (window.isVisible())
         window.activateWindow();
+    return true;
 }
 
 KeyboardOrder::KeyboardOrder() {
@@ -67,9 +70,16 @@ bool KeyboardOrder::eventFilter(QObject* receiver, QEvent* event) {
         windowShown(*window);
     else if (type == QEvent::Hide)
         windowHidden(*window);
-    else
+    else if (ownsKeyboard())
         moveToFront(*window);
-    return false;
+    else
+        event->ignore();
+    return type == keyboardGiven();
+}
+
+bool KeyboardOrder::ownsKeyboard() const {
+    return !hadKeyboard_ || returning_.isActive() ||
+           QGuiApplication::applicationState() == Qt::ApplicationActive;
 }
 
 void KeyboardOrder::moveToFront(QWidget& window) {
@@ -80,6 +90,7 @@ void KeyboardOrder::moveToFront(QWidget& window) {
 }
 
 void KeyboardOrder::windowActivated(QWidget& window) {
+    hadKeyboard_ = true;
     if (!returning_.isActive() || !next()) {
         moveToFront(window);
     } else if (&window == next()) {

@@ -68,8 +68,8 @@ FormWindow::FormWindow(controls::Window& form, Size size, Qt::WindowFlags button
 
 void FormWindow::begin() {
     form_.setFocus = [this] {
-        raise();
-        giveKeyboard(*this);
+        if (giveKeyboard(*this))
+            raise();
     };
     form_.focusControls = [this] { focusControls(); };
     form_.announce = [this](const base::Text& text) { announcer_->speak(qstring(base::TextView(text))); };

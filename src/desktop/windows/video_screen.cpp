@@ -27,8 +27,8 @@ VideoWindowView::VideoWindowView(player::Form1& form) : form_(form) {
     black.setColor(QPalette::Window, Qt::black);
     setPalette(black);
     form_.VideoWindow.setFocus = [this] {
-        raise();
-        giveKeyboard(*this);
+        if (giveKeyboard(*this))
+            raise();
     };
 }
 
