@@ -46,6 +46,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       safety_(desktop, form1_, editor_, bookmarks_, files, notices_),
       reports_(notices_, {form1_, editor_, bookmarks_, recorder_, settingsFile_, recentMedia_}),
       transcriptMenu_(editor_.form(), words_),
+      soundCommands_(form1_, desktop.disk(), folder.files(u"Safety/RecordingSounds")),
       moments_(desktop, form1_, editor_, transcriptMenu_, options_, notices_),
       safetyWindows_(desktop, form1_, editor_, transcriptMenu_,
                      {notices_, safety_.archive(), safetyOptions_, words_, files}),
@@ -59,6 +60,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
     wireSafety();
+    transcriptMenu_.add(soundCommands_.commands());
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };
     form1_.FrameKnown = [this](double wider, double higher) { companions_.followFrame(wider, higher); };

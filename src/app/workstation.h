@@ -39,6 +39,7 @@
 #include "player/seek_bar.h"
 #include "player/settings.h"
 #include "player/skin.h"
+#include "player/sound_commands.h"
 #include "player/speed.h"
 #include "player/spoken_skin.h"
 #include "player/transport.h"
@@ -130,6 +131,7 @@ private:
     SafetyRoom safety_;
     Reports reports_;
     TranscriptMenu transcriptMenu_;
+    player::SoundCommands soundCommands_;
     MomentRoom moments_;
     SafetyWindows safetyWindows_;
     DraftRoom drafts_;

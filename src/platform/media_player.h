@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/text.h"
+#include "platform/sound_adjustment.h"
 
 #include <cstdint>
 #include <functional>
@@ -69,6 +70,10 @@ public:
     // 0 to 100.
     virtual void setVolume(int percent) = 0;
 
+    // Kept for the next files. May change at any time: positions stay exact, and playback continues without a
+    // gap.
+    virtual void adjustSound(const SoundAdjustment& sound) = 0;
+
     // From the next file on, shows the video in this window of the windowing system, at the window's current
     // size. The window must outlive the player. Without a window only the sound is played.
     virtual void showPicturesIn(std::uint64_t window) = 0;
@@ -82,6 +87,9 @@ public:
     // gave any. The player opens an output again by itself once there is one, and then calls SoundBack.
     std::function<void(const base::Text& reason)> SoundLost = [](const base::Text&) {};
     std::function<void()> SoundBack = [] {};
+
+    // Called when another file, or none, has been set, when it is left, and when duration() changes.
+    std::function<void()> MediaChanged = [] {};
 
     // Called when the picture's size changes or the picture disappears. Empty by default.
     std::function<void()> PictureChanged;

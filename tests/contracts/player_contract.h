@@ -49,10 +49,15 @@ struct PlayerContract : Contract<PlayerBench> {
 };
 
 TEST_P(PlayerContract, File_StartsByItself_PlaysToItsEnd_AndThenFromTheStart) {
+    std::vector<std::pair<base::Text, bool>> told;
+    player.MediaChanged = [&] { told.emplace_back(player.URL(), player.duration() > 0); };
     player.setURL(bench->recording());
     EXPECT_EQ(player.playState(), PlayState::Transitioning);
     EXPECT_EQ(player.URL(), bench->recording());
     expectPlaysOnFrom(0);
+    ASSERT_GE(told.size(), 2U);
+    EXPECT_EQ(told.front(), std::pair(bench->recording(), false));
+    EXPECT_EQ(told.back(), std::pair(bench->recording(), true));
     EXPECT_NEAR(player.duration(), 4, 0.1);
     player.setCurrentPosition(3.8);
     EXPECT_EQ(player.currentPositionString(), u"00:03");

@@ -27,6 +27,7 @@ public:
     int loadingTime = 50;                 // ms
     std::vector<std::string> commands;    // in order: "load", "play", "pause", "stop", "seek 3.5", "close"
     int volume = -1;
+    platform::SoundAdjustment sound;
 
     void setURL(base::TextView path) override {
         commands.emplace_back(path.empty() ? "unload" : "load");
@@ -100,6 +101,7 @@ public:
         rate_ = std::clamp(factor, 0.5, 5.0);
     }
     void setVolume(int percent) override { volume = percent; }
+    void adjustSound(const platform::SoundAdjustment& adjustment) override { sound = adjustment; }
     void showPicturesIn(std::uint64_t) override {}
     platform::PictureSize pictureSize() const override { return picture; }
 
@@ -120,6 +122,7 @@ private:
         position_ = 0;
         if (std::exchange(picture, {}).exists() && PictureChanged)
             PictureChanged();
+        MediaChanged();
     }
     bool isLoading() const { return media_ && loop_.now() < ready_; }
     bool hasMedia() const { return media_ && (isLoading() || length() > 0); }
@@ -147,6 +150,8 @@ private:
     std::unique_ptr<platform::Alarm> failure_ = loop_.alarm([this] {
         if (length() == 0)
             Failed(u"unknown format");
+        else
+            MediaChanged();
     });
     base::Text url_;
     bool media_ = false;

@@ -18,9 +18,11 @@ void LazyPlayer::start() {
         return;
     engine->setRate(rate_);
     engine->setVolume(volume_);
+    engine->adjustSound(sound_);
     engine->Failed = [this](const base::Text& reason) { Failed(reason); };
     engine->SoundLost = [this](const base::Text& reason) { SoundLost(reason); };
     engine->SoundBack = [this] { SoundBack(); };
+    engine->MediaChanged = [this] { MediaChanged(); };
     engine->PictureChanged = [this] {
         if (PictureChanged)
             PictureChanged();
@@ -120,6 +122,12 @@ void LazyPlayer::setVolume(int percent) {
     volume_ = percent;
     if (auto* const engine = module_.get())
         engine->setVolume(percent);
+}
+
+void LazyPlayer::adjustSound(const platform::SoundAdjustment& sound) {
+    sound_ = sound;
+    if (auto* const engine = module_.get())
+        engine->adjustSound(sound);
 }
 
 } // namespace desktop

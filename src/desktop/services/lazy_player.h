@@ -37,6 +37,7 @@ public:
     double rate() const override;
     void setRate(double factor) override;
     void setVolume(int percent) override;
+    void adjustSound(const platform::SoundAdjustment& sound) override;
     void showPicturesIn(std::uint64_t window) override;
     platform::PictureSize pictureSize() const override;
 
@@ -49,6 +50,7 @@ private:
     // Values to set on the engine once it is loaded.
     double rate_ = 1;
     int volume_ = 50;
+    platform::SoundAdjustment sound_;
     std::uint64_t window_ = 0;
 };
 

@@ -44,9 +44,10 @@ protected:
         const Samples heard = server_.heard();
         EXPECT_NEAR(placeIn(source_, heard, soundsIn(heard).front().begin, place), place, 0.003);
     }
-    // The position after the last sound heard, in seconds.
-    double lastHeard(double expected) {
+    // The position after the last sound heard, in seconds. Expects no silence of `gap` seconds before.
+    double lastHeard(double expected, double gap = 1) {
         const Samples heard = server_.heard();
+        EXPECT_EQ(soundsIn(heard, gap).size(), 1U);
         return listening::placeBehind(source_, heard, soundsIn(heard).back().end, expected);
     }
 
@@ -89,6 +90,34 @@ TEST_F(HeardSoundTest, StepBackAndPause_ReportsTheExactPosition_AndResumesAtThat
     }
 }
 
+// Everything that the sound can be adjusted to, alone and together.
+const platform::SoundAdjustment adjustments[] = {{.clearVoice = true},
+                                                 {.channel = platform::Channel::Right},
+                                                 {.boost = 200},
+                                                 {true, platform::Channel::Left, 150},
+                                                 {}};
+
+TEST_F(HeardSoundTest, AdjustedSound_ChangesWithoutAGap_AndResumesAtTheSameSample) {
+    server_.heard();
+    for (const platform::SoundAdjustment& sound : adjustments) {
+        player_->adjustSound(sound);
+        runLoop(500);
+    }
+    const double asked = player_->currentPosition();
+    player_->pause();
+    EXPECT_NEAR(lastHeard(asked, 0.001), asked, 0.03);
+    for (const platform::SoundAdjustment& sound : adjustments) {
+        player_->play();
+        runLoop(100);
+        player_->setCurrentPosition(8.5);
+        player_->pause();
+        player_->adjustSound(sound);
+        server_.heard();
+        player_->play();
+        expectHeardFrom(8.5);
+    }
+}
+
 TEST_F(HeardSoundTest, Load_WithASeek_PlaysNothingBeforeThePosition) {
     for (const bool first : {true, false}) {
         player_->setCurrentPosition(15);
@@ -106,14 +135,36 @@ TEST_F(HeardSoundTest, Load_WithASeek_PlaysNothingBeforeThePosition) {
 
 TEST_F(HeardSoundTest, EndOfFile_PlaysToTheLastSample_AndPlayOrStopRestartsAtTheFirst) {
     const double length = static_cast<double>(source_.size()) / listening::sampleRate;
-    player_->setCurrentPosition(length - 0.6);
-    ASSERT_TRUE(eventually([&] { return player_->playState() == PlayState::Stopped; }));
-    EXPECT_NEAR(lastHeard(length), length, 0.02);
+    for (const platform::SoundAdjustment& sound : adjustments) {
+        player_->play();
+        player_->adjustSound(sound);
+        runLoop(100);
+        server_.heard();
+        player_->setCurrentPosition(length - 0.6);
+        ASSERT_TRUE(eventually([&] { return player_->playState() == PlayState::Stopped; }));
+        const listening::Sound last = soundsIn(server_.heard(), 0.001).back();
+        EXPECT_NEAR(static_cast<double>(last.end - last.begin) / listening::sampleRate, 0.6, 0.02);
+    }
     for (int round = 0; round < 2; ++round) {
         player_->play();
         expectHeardFrom(0);
         player_->stop();
         server_.heard();
+    }
+}
+
+TEST_F(HeardSoundTest, ServerThatReturns_IsHeardAtTheNextPlay) {
+    for (const bool pausedBefore : {false, true}) {
+        if (pausedBefore)
+            player_->pause();
+        server_.stop();
+        runLoop(500);
+        server_.start();
+        player_->setCurrentPosition(8);
+        player_->pause();
+        server_.heard();
+        player_->play();
+        expectHeardFrom(8);
     }
 }
 

@@ -58,7 +58,7 @@ inline double placeIn(const Samples& source, const Samples& heard, std::size_t f
     const auto first = static_cast<std::size_t>(std::max(expected - 0.8, 0.0) * sampleRate);
     const auto last =
         std::min(static_cast<std::size_t>((expected + 0.8) * sampleRate), source.size() - alikeLength);
-    double best = 0.9;
+    double best = 0.5; // clear voice leaves little of a noise
     double place = std::nan("");
     for (std::size_t at = first; at <= last; ++at) {
         const std::int16_t* const there = source.data() + at;
@@ -82,6 +82,17 @@ class SoundServer {
 public:
     SoundServer() {
         liveIn(folder_.path().string());
+        start();
+    }
+    ~SoundServer() { stop(); }
+
+    void stop() {
+        for (QProcess* process : {&recorder_, &daemon_}) {
+            process->kill();
+            process->waitForFinished();
+        }
+    }
+    void start() {
         runPulse(daemon_, folder_.path().string(), {"out"});
         // The server is ready when the recorder gets its first sample.
         eventually([&] {
@@ -92,12 +103,6 @@ public:
             runLoop(20);
             return recorder_.bytesAvailable() > 0;
         });
-    }
-    ~SoundServer() {
-        for (QProcess* process : {&recorder_, &daemon_}) {
-            process->kill();
-            process->waitForFinished();
-        }
     }
 
     // False if the server could not be started.

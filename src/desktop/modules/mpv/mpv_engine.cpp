@@ -15,10 +15,23 @@ namespace desktop {
 namespace {
 
 // What a reply belongs to; the bits above hold the generation.
-enum Kind : std::uint64_t { Load, Seek, Pause, Speed, Volume, Duration, End, Picture, Output };
+enum Kind : std::uint64_t {
+    Load,
+    Seek,
+    Pause,
+    Speed,
+    Volume,
+    Duration,
+    End,
+    Picture,
+    Output,
+    Filters,
+    KeepOutput
+};
 constexpr int kindBits = 4;
 constexpr std::uint64_t kindMask = (1U << kindBits) - 1;
 constexpr std::string_view noOutput = "null";
+constexpr int outputKeptFor = 1000; // ms; the output buffers less than half of it
 
 std::int64_t entryNumber(const mpv_node& result) {
     if (result.format != MPV_FORMAT_NODE_MAP)
@@ -52,6 +65,9 @@ MpvEngine::MpvEngine(const MpvOptions& options, MpvEngineOwner& owner)
         mpv_terminate_destroy(handle_);
         throw;
     }
+    outputKept_.setSingleShot(true);
+    outputKept_.setInterval(outputKeptFor);
+    QObject::connect(&outputKept_, &QTimer::timeout, &loop_, [this] { keepOutput(false); });
     // What the outputs say when they fail.
     mpv_request_log_messages(handle_, "error");
     mpv_observe_property(handle_, Output, "current-ao", MPV_FORMAT_STRING);
@@ -160,6 +176,31 @@ void MpvEngine::sendVolume() {
     double value = volume_.begin();
     if (mpv_set_property_async(handle_, Volume, "volume", MPV_FORMAT_DOUBLE, &value) < 0)
         volume_.finish();
+}
+
+void MpvEngine::setFilters(const std::string& filters, bool withoutGap) {
+    if (withoutGap && filters != filters_.wanted()) {
+        keepOutput(true);
+        outputKept_.start();
+    }
+    filters_.want(filters);
+    sendFilters();
+}
+
+void MpvEngine::sendFilters() {
+    if (!filters_.due())
+        return;
+    const std::string value = filters_.begin();
+    const char* text = value.c_str();
+    if (mpv_set_property_async(handle_, Filters, "af", MPV_FORMAT_STRING, &text) < 0)
+        filters_.finish();
+}
+
+// Without this option, mpv lets the output run empty after any change of the filters and opens it again; with
+// it, mpv reports the end of a file before the last sound has been played.
+void MpvEngine::keepOutput(bool kept) {
+    const char* value = kept ? "weak" : "no";
+    mpv_set_property_async(handle_, KeepOutput, "gapless-audio", MPV_FORMAT_STRING, &value);
 }
 
 void MpvEngine::renewOutput() {
@@ -285,7 +326,10 @@ void MpvEngine::handleSettingReply(std::uint64_t kind) {
     } else if (kind == Volume) {
         volume_.finish();
         sendVolume();
-    } else {
+    } else if (kind == Filters) {
+        filters_.finish();
+        sendFilters();
+    } else if (kind == Pause) {
         pause_.finish();
         sendPause();
         if (pause_.settled())

@@ -5,6 +5,7 @@
 #include "mpv_setting.h"
 
 #include <QObject>
+#include <QTimer>
 
 #include <atomic>
 #include <cstdint>
@@ -66,6 +67,10 @@ public:
     void setPause(bool paused);
     void setSpeed(double factor);
     void setVolume(double percent);
+    // A value of mpv's option "af". A value that mpv refuses changes nothing. With `withoutGap`, what plays
+    // now continues without a gap; meanwhile, for about a second, mpv would report the end of the file too
+    // early.
+    void setFilters(const std::string& filters, bool withoutGap);
     // Tries to open a sound output again.
     void renewOutput();
     // Shows the video of the files loaded from now on in this X window. Without a window, only their sound
@@ -99,6 +104,8 @@ private:
     void sendPause();
     void sendSpeed();
     void sendVolume();
+    void sendFilters();
+    void keepOutput(bool kept);
     void judgeEnd();
     std::uint64_t tag(std::uint64_t kind) const;
 
@@ -117,6 +124,8 @@ private:
     MpvSetting<int> pause_{0};
     MpvSetting<double> speed_{1.0};
     MpvSetting<double> volume_{100.0};
+    MpvSetting<std::string> filters_{{}};
+    QTimer outputKept_; // delay until a change of the filters has reached the output
     bool pauseSeen_ = false;
     bool endSeen_ = false;
 

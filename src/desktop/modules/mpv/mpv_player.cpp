@@ -3,6 +3,7 @@
 #include "base/carry_on.h"
 #include "base/numbers.h"
 #include "controls/controls.h"
+#include "mpv_sound.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -10,6 +11,7 @@
 #include <cstring>
 #include <filesystem>
 #include <unistd.h>
+#include <utility>
 
 namespace desktop {
 
@@ -25,6 +27,8 @@ constexpr double earlyReading = 0.5;
 
 // Delay before the length of a new file is measured, so that the start of playback has the disk to itself.
 constexpr int quietAfter = 1000; // ms
+
+constexpr double nearEnd = 1.5; // seconds that may be left for a change of the filters without a gap
 
 constexpr int firstLook = 1000;   // ms until a lost output is tried again
 constexpr int rarestLook = 30000; // ms
@@ -78,13 +82,14 @@ void MpvPlayer::close() {
 void MpvPlayer::forget(Media media) {
     media_ = media;
     run_ = Run::Stopped;
-    duration_ = 0;
     measured_ = false;
     quietMoment_.stop();
     length_.reset();
     place_ = 0;
     held_ = false;
     setPicture({});
+    duration_ = 0;
+    MediaChanged();
 }
 
 platform::PlayState MpvPlayer::playState() const {
@@ -104,11 +109,15 @@ void MpvPlayer::play() {
         return;
     if (atEnd())
         moveTo(0);
+    if (!hasOutput_) {
+        // What is buffered would be lost with the old output.
+        const double position = currentPosition();
+        renewOutput();
+        moveTo(position);
+    }
     run_ = Run::Playing;
     held_ = false;
     applyPause();
-    if (!hasOutput_)
-        renewOutput();
 }
 
 bool MpvPlayer::atEnd() const {
@@ -196,9 +205,26 @@ void MpvPlayer::setVolume(int percent) {
     engine_->setVolume(volume_);
 }
 
+void MpvPlayer::adjustSound(const platform::SoundAdjustment& sound) {
+    if (sound_ == sound)
+        return;
+    sound_ = sound;
+    const double position = currentPosition();
+    const bool endIsNear = duration_ > 0 && position > duration_ - nearEnd * rate_;
+    engine_->setFilters(soundFilters(sound_), run_ == Run::Playing && !endIsNear);
+    // What is buffered while the player pauses has not gone through the new filters.
+    if (media_ == Media::Ready && run_ != Run::Playing)
+        moveTo(position);
+}
+
 void MpvPlayer::showPicturesIn(std::uint64_t window) {
     window_ = window;
     engine_->showPicturesIn(window);
+}
+
+void MpvPlayer::setDuration(double seconds) {
+    if (std::exchange(duration_, seconds) != seconds)
+        MediaChanged();
 }
 
 void MpvPlayer::setPicture(platform::PictureSize size) {
@@ -283,7 +309,7 @@ void MpvPlayer::endReached() {
 
 void MpvPlayer::durationKnown(double seconds) {
     if (!measured_)
-        duration_ = seconds;
+        setDuration(seconds);
 }
 
 void MpvPlayer::measureLength() {
@@ -292,9 +318,9 @@ void MpvPlayer::measureLength() {
         return;
     const auto take = [this](std::optional<double> seconds) {
         measured_ = seconds.has_value();
-        duration_ = seconds.value_or(duration_);
         QMetaObject::invokeMethod(
             &loop_, [this] { length_.reset(); }, Qt::QueuedConnection);
+        setDuration(seconds.value_or(duration_));
     };
     base::carryOn([&] { length_ = std::make_unique<MpvLength>(file_, take); });
 }
@@ -313,6 +339,7 @@ void MpvPlayer::renewEngine() {
     }
     engine_->setSpeed(rate_);
     engine_->setVolume(volume_);
+    engine_->setFilters(soundFilters(sound_), false);
     if (window_ != 0)
         engine_->showPicturesIn(window_);
     if (!hasMedia())

@@ -33,6 +33,7 @@ public:
     double rate() const override { return rate_; }
     void setRate(double factor) override;
     void setVolume(int percent) override;
+    void adjustSound(const platform::SoundAdjustment& sound) override;
     void showPicturesIn(std::uint64_t window) override;
     platform::PictureSize pictureSize() const override { return picture_; }
 
@@ -63,6 +64,7 @@ private:
     void moveTo(double seconds);
     void haltAtStart();
     void applyPause();
+    void setDuration(double seconds);
     void setPicture(platform::PictureSize size);
     void load();
     void renewEngine();
@@ -79,6 +81,7 @@ private:
     bool measured_ = false; // duration_ is measured, not estimated
     double rate_ = 1.0;
     int volume_ = 100;
+    platform::SoundAdjustment sound_;
     std::uint64_t window_ = 0;
     bool playedSinceRenewal_ = true;
     platform::PictureSize picture_;
