@@ -182,6 +182,7 @@ TEST(DraftReaders, StampedText) {
         {"Ann [00:05]: a\n", "5000-- /Ann: a"},
         {"a #00:00:05-3#\nb #00:00:09-0#", "0-5300 /a|5300-9000 /b"},
         {"[00:00.000 --> 00:04.000]  a\n[00:05.000 --> 00:08.000]  b", "0-4000 /a|5000-8000 /b"},
+        {"\xEF\xBB\xBF[00:05] caf\xC3\xA9 \xFF", "5000-- /café \uFFFD !1 some bytes are no letters"},
         {"plain [sic] text (no: 12) {x}\n", none},
         {"", none},
         {R"({\rtf1 00:01 x})", none},

@@ -28,6 +28,22 @@ bool isDamagedUtf8(TextView decoded) {
     return foreign <= 2 * sound;
 }
 
+// Replaces surrogates without a partner: bytes that are no UTF-8, or a damaged UTF-16 file. True if there
+// were any.
+bool replaceLoneSurrogates(Text& text) {
+    bool replaced = false;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto kind = text[i] & 0xFC00;
+        if (kind == 0xD800 && i + 1 < text.size() && (text[i + 1] & 0xFC00) == 0xDC00) {
+            ++i;
+        } else if (kind == 0xD800 || kind == 0xDC00) {
+            text[i] = replacement[0];
+            replaced = true;
+        }
+    }
+    return replaced;
+}
+
 bool isJson(TextView text) {
     text = stripped(text);
     const TextView inside = stripped(text.substr(std::min<std::size_t>(text.size(), 1)));
@@ -75,13 +91,13 @@ Draft read(std::string bytes, const base::CodePage& page, const Progress& progre
     if (!base::isUtf8(bytes) && !utf16IsBig(bytes) && json) {
         text = base::fromUtf8(bytes);
         badLetters = isDamagedUtf8(text);
-        for (char16_t& unit : text)
-            unit = unit >= 0xDC80 && unit <= 0xDCFF ? replacement[0] : unit;
         if (!badLetters)
             text = decoded(bytes, page);
+        replaceLoneSurrogates(text);
         bytes = base::toUtf8(text);
     } else if (!json || utf16IsBig(bytes)) {
         text = decoded(bytes, page);
+        badLetters = replaceLoneSurrogates(text);
         bytes = json ? base::toUtf8(text) : std::string();
     }
     if (json && bytes.substr(0, 3) == "\xEF\xBB\xBF")
