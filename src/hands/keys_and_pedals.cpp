@@ -20,7 +20,7 @@ constexpr base::TextView placeTexts[] = {u"left", u"middle", u"right"};
 KeysAndPedals::KeysAndPedals(Hands& hands, Options& options, Bindings& bindings,
                              platform::Clipboard& clipboard, lang::Words& words, base::Text rules)
     : hands_(hands), options_(options), bindings_(bindings), clipboard_(clipboard), words_(words),
-      rules_(std::move(rules)), mnuKeysAndPedals_("mnuKeysAndPedals", u"Ke&ys and pedals..."_en) {
+      rules_(std::move(rules)), mnuKeysAndPedals_("mnuKeysAndPedals", u"Keys and pedals..."_en) {
     mnuKeysAndPedals_.Click = [this] { open(); };
     form.chkKeys.Click = [this] { switchOn(form.chkKeys, options_.keys); };
     form.chkPedals.Click = [this] { switchOn(form.chkPedals, options_.pedals); };

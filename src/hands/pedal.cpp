@@ -6,8 +6,8 @@ namespace hands {
 
 namespace {
 
-constexpr int repeatPeriod = 250;  // ms
-constexpr int ticksPerSecond = 4;  // of this period
+constexpr int repeatPeriod = 300;  // ms
+constexpr int growthPeriod = 1000; // ms
 constexpr int mostStepsAtOnce = 6; // after five seconds
 
 Repeats repeatsOf(Command command) {
@@ -51,7 +51,7 @@ void Pedal::releaseAll() {
 
 void Pedal::tick(Command command) {
     Held& held = of(command);
-    const int seconds = ++held.ticks / ticksPerSecond;
+    const int seconds = ++held.ticks * repeatPeriod / growthPeriod;
     const int steps = repeatsOf(command) == Repeats::Growing ? std::min(1 + seconds, mostStepsAtOnce) : 1;
     for (int i = 0; i < steps && !held.holders.empty(); ++i)
         Run(command);

@@ -15,7 +15,7 @@ constexpr platform::DeviceModel known{0x05f3, 0x00ff};
 constexpr platform::DeviceModel other{0x1234, 0xabcd};
 constexpr platform::PedalCode left{known, false, 256};
 constexpr platform::PedalCode middle{known, false, 257};
-constexpr platform::PedalCode rightBit{known, true, 2};
+constexpr platform::PedalCode right{known, true, 2};
 constexpr platform::PedalCode unlike{other, true, 9};
 
 } // namespace
@@ -66,40 +66,28 @@ TEST_F(HandsTest, Everything_IsOff_UntilItIsSwitchedOn) {
 }
 
 TEST_F(HandsTest, Pedals_PlayWhileHeld_AndStepFurtherTheLongerTheyAreHeld) {
-    struct Press {
-        int device;
-        platform::PedalCode pedal;
-        bool down;
-        int thenMs;
-    };
-    const struct {
-        const char* what;
-        std::vector<Press> presses;
-        std::vector<std::string> commands;
-    } rows[] = {
-        {"held plays, released steps back and pauses",
-         {{1, middle, true, 0}, {1, middle, false, 0}},
-         {"play", "seek 598", "pause"}},
-        {"pressed twice", {{1, middle, true, 0}, {1, middle, true, 0}}, {"play"}},
-        {"two pedals: the last one pauses",
-         {{1, middle, true, 0}, {2, middle, true, 0}, {1, middle, false, 0}},
-         {"play"}},
-        {"a step at a press", {{1, left, true, 0}, {1, left, false, 5000}}, {"seek 595"}},
-        {"repeated while held",
-         {{1, rightBit, true, 700}, {1, rightBit, false, 5000}},
-         {"seek 605", "seek 610", "seek 615"}},
+    using Press = std::tuple<int, platform::PedalCode, bool, int>; // device, pedal, down, ms until the next
+    const std::tuple<const char*, std::vector<Press>, const char*> rows[] = {
+        {"held", {{1, middle, true, 0}, {1, middle, false, 0}}, "play;seek 598;pause;"},
+        {"pressed twice", {{1, middle, true, 0}, {1, middle, true, 0}}, "play;"},
+        {"by two", {{1, middle, true, 0}, {2, middle, true, 0}, {1, middle, false, 0}}, "play;"},
+        {"a step", {{1, left, true, 0}, {1, left, false, 5000}}, "seek 595;"},
+        {"repeated", {{1, right, true, 850}, {1, right, false, 5000}}, "seek 605;seek 610;seek 615;"},
         {"more after a second",
-         {{1, left, true, 1300}, {1, left, false, 5000}},
-         {"seek 595", "seek 590", "seek 585", "seek 580", "seek 575", "seek 570", "seek 565", "seek 560"}},
-        {"a release of nothing", {{1, left, false, 0}, {7, unlike, true, 0}}, {}},
+         {{1, right, true, 700}, {1, right, true, 600}, {1, right, false, 0}},
+         "seek 605;seek 610;seek 615;seek 620;seek 625;seek 630;"},
+        {"nothing", {{1, left, false, 0}, {7, unlike, true, 0}}, ""},
     };
-    for (const auto& row : rows) {
+    for (const auto& [what, presses, commands] : rows) {
         startWith("Pedals=1");
-        for (const Press& press : row.presses) {
-            pedals.move(press.device, press.pedal, press.down);
-            desktop.loop.advance(press.thenMs);
+        for (const auto& [device, pedal, down, ms] : presses) {
+            pedals.move(device, pedal, down);
+            desktop.loop.advance(ms);
         }
-        EXPECT_EQ(player.commands, row.commands) << row.what;
+        std::string all;
+        for (const std::string& command : player.commands)
+            all += command + ';';
+        EXPECT_EQ(all, commands) << what;
     }
 }
 
@@ -128,7 +116,7 @@ TEST_F(HandsTest, OptionsWithGarbage_BecomeTheFirstChoice_AndAKeyBelongsToOneCom
     EXPECT_THAT(keys.held, ElementsAre(u"Meta+F5", u"Meta+F6", u"Ctrl+Alt+J", u"Shift+F2", u"Meta+F9"));
     EXPECT_THAT(commandsOf([&] { pedals.move(1, left, true); }), ElementsAre("play"));
     EXPECT_THAT(commandsOf([&] { pedals.move(1, unlike, true); }), ElementsAre());
-    EXPECT_THAT(commandsOf([&] { pedals.move(1, rightBit, true); }), ElementsAre("seek 605"));
+    EXPECT_THAT(commandsOf([&] { pedals.move(1, right, true); }), ElementsAre("seek 605"));
     pedals.move(1, left, false);
     EXPECT_THAT(commandsOf([&] { pedals.move(1, unlike, false), pedals.move(1, unlike, true); }),
                 ElementsAre("seek 603", "pause"));
@@ -211,9 +199,8 @@ TEST(PedalRule, ShippedRules_AllowEveryKnownModel) {
     for (const hands::PedalModel& each : hands::pedalModels()) {
         const std::string made = base::toUtf8(hands::ruleCommand(each.model, u"it's.rules"));
         EXPECT_THAT(made, HasSubstr("install -m 644 'it'\\''s.rules' /etc/udev/rules.d/"));
-        char numbers[2][5];
-        std::snprintf(numbers[0], 5, "%04x", each.model.vendor);
-        std::snprintf(numbers[1], 5, "%04x", each.model.product);
-        EXPECT_THAT(rules, testing::ContainsRegex(std::string(numbers[0]) + "\".*" + numbers[1]));
+        char numbers[99];
+        std::snprintf(numbers, sizeof numbers, "%04x\".*%04x", each.model.vendor, each.model.product);
+        EXPECT_THAT(rules, testing::ContainsRegex(numbers));
     }
 }

@@ -249,7 +249,7 @@ void LabelView::follow() {
     if (caption_ == label_.caption.get() && font_ == font && color_ == label_.foreColor)
         return;
     caption_ = label_.caption;
-    shown_ = withoutMnemonics(caption_);
+    shown_ = withoutMnemonics(caption_).replace(u'\n', QChar::LineSeparator);
     fittedTo_ = {};
     font_ = font;
     color_ = label_.foreColor;

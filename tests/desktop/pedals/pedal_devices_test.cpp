@@ -13,12 +13,9 @@
 #include <sys/stat.h>
 
 using fakes::eventually;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 namespace {
-
-using Moves = std::vector<std::pair<int, bool>>;
 
 std::string event(int type, int code, int value) {
     input_event one{};
@@ -36,18 +33,27 @@ void send(int descriptor, const std::string& bytes) {
     ASSERT_EQ(write(descriptor, bytes.data(), bytes.size()), static_cast<ssize_t>(bytes.size()));
 }
 
-// What a reader reports of each of these pieces; an empty piece unplugs the device.
+std::string textOf(const std::vector<desktop::DeviceReader::Move>& moves) {
+    std::string text;
+    for (const auto& move : moves)
+        text += (move.pressed ? " +" : " -") + std::to_string(move.code);
+    return text;
+}
+
+// What a reader reports of each of these pieces; an empty piece unplugs the device. `heldNow`: the keys as
+// the kernel sees them when events were lost.
 template <typename Reader>
-Moves movesOf(const std::vector<std::string>& pieces) {
+std::string movesOf(const std::vector<std::string>& pieces, const std::set<int>& heldNow = {}) {
+    recordedDevice() = {};
     int ends[2];
     EXPECT_EQ(pipe2(ends, O_NONBLOCK | O_DIRECT), 0);
     Reader reader(ends[0]);
     base::Descriptor writer(ends[1]);
-    Moves moves;
+    recordedDevice().held = heldNow;
+    std::string moves;
     for (const std::string& piece : pieces) {
         piece.empty() ? writer.close() : send(writer.get(), piece);
-        for (const auto& move : reader.read())
-            moves.emplace_back(move.code, move.pressed);
+        moves += textOf(reader.read());
     }
     return moves;
 }
@@ -55,91 +61,39 @@ Moves movesOf(const std::vector<std::string>& pieces) {
 } // namespace
 
 TEST(KeyReader, RecordedStreams) {
-    const std::string dropped = event(EV_SYN, SYN_DROPPED, 0) + key(30, 1) + event(EV_SYN, SYN_REPORT, 0);
+    const std::string lost = event(EV_SYN, SYN_DROPPED, 0) + key(30, 1) + event(EV_SYN, SYN_REPORT, 0);
+    const std::string left = key(256, 1);
+    const std::string up = key(256, 0);
     std::string noise(24 * 64, '\0');
     for (std::size_t i = 0; i < noise.size(); ++i)
         noise[i] = static_cast<char>(i * 2654435761U >> 13U);
-    const struct {
-        const char* what;
-        std::vector<std::string> pieces;
-        std::set<int> heldNow; // as the kernel sees it when events were lost
-        Moves moves;
-    } rows[] = {
-        {"press and release", {key(256, 1), key(256, 0)}, {}, {{256, true}, {256, false}}},
-        {"in one read",
-         {key(256, 1) + key(258, 1) + key(256, 0)},
-         {},
-         {{256, true}, {258, true}, {256, false}}},
-        {"the repeat of a held key", {key(257, 1), key(257, 2) + key(257, 2)}, {}, {{257, true}}},
-        {"a release of nothing", {key(257, 0)}, {}, {}},
-        {"unplugged while held",
-         {key(256, 1) + key(257, 1), ""},
-         {},
-         {{256, true}, {257, true}, {256, false}, {257, false}}},
-        {"lost events: a release", {key(256, 1), dropped}, {}, {{256, true}, {256, false}}},
-        {"lost events: a press",
-         {key(256, 1), dropped, key(258, 0)},
-         {256, 258},
-         {{256, true}, {258, true}, {258, false}}},
-        {"half an event", {key(256, 1), key(256, 0).substr(0, 30)}, {}, {{256, true}, {256, false}}},
-        {"nothing", {}, {}, {}},
+    const std::tuple<const char*, std::vector<std::string>, std::set<int>, std::string> rows[] = {
+        {"press and release", {left, up}, {}, " +256 -256"},
+        {"in one read", {left + key(258, 1) + up}, {}, " +256 +258 -256"},
+        {"the repeat of a held key", {left, key(256, 2) + key(256, 2)}, {}, " +256"},
+        {"a release of nothing", {up}, {}, ""},
+        {"unplugged while held", {left + key(257, 1), ""}, {}, " +256 +257 -256 -257"},
+        {"lost events: a release", {left, lost}, {}, " +256 -256"},
+        {"lost events: a press", {left, lost, key(258, 0)}, {256, 258}, " +256 +258 -258"},
+        {"half an event", {left, up.substr(0, 30)}, {}, " +256 -256"},
     };
-    for (const auto& row : rows) {
-        recordedDevice().held = {};
-        int ends[2];
-        ASSERT_EQ(pipe2(ends, O_NONBLOCK), 0);
-        desktop::KeyReader reader(ends[0]);
-        base::Descriptor writer(ends[1]);
-        recordedDevice().held = row.heldNow;
-        Moves moves;
-        for (const std::string& piece : row.pieces) {
-            piece.empty() ? writer.close() : send(writer.get(), piece);
-            for (const auto& move : reader.read())
-                moves.emplace_back(move.code, move.pressed);
-        }
-        EXPECT_EQ(moves, row.moves) << row.what;
-    }
-    recordedDevice().held = {};
+    for (const auto& [what, pieces, heldNow, moves] : rows)
+        EXPECT_EQ(movesOf<desktop::KeyReader>(pieces, heldNow), moves) << what;
     movesOf<desktop::KeyReader>({noise, noise.substr(5), ""}); // neither crashes nor hangs
-}
-
-TEST(KeyReader, KeepsToItself_OnlyOnceNothingIsHeld_AndRefusesOtherFiles) {
-    recordedDevice() = {};
-    recordedDevice().held = {256};
-    int ends[2];
-    ASSERT_EQ(pipe2(ends, O_NONBLOCK), 0);
-    const base::Descriptor writer(ends[1]);
-    desktop::KeyReader reader(ends[0]);
-    EXPECT_FALSE(reader.isForTyping());
-    reader.keepToItself();
-    EXPECT_EQ(recordedDevice().grabs, 0);
-    send(writer.get(), key(256, 0));
-    EXPECT_THAT(reader.read(), IsEmpty());
-    EXPECT_EQ(recordedDevice().grabs, 1);
     EXPECT_THROW(desktop::KeyReader(::open("/dev/null", O_RDONLY)), base::Failure);
 }
 
 TEST(ReportReader, RecordedReports) {
-    const auto report = [](std::initializer_list<int> bytes) {
-        return std::string(bytes.begin(), bytes.end());
+    const std::string none("\0\0", 2);
+    const std::tuple<const char*, std::vector<std::string>, std::string> rows[] = {
+        {"left and right", {"\1", "\5", "\4", none}, " +0 +2 -0 -2"},
+        {"the same again", {"\2", "\2"}, " +1"},
+        {"a short one keeps the rest", {none.substr(1) + "\1", "\2", none}, " +8 +1 -1 -8"},
+        {"unplugged while held", {"\2", ""}, " +1 -1"},
+        {"a long one is cut", {std::string(600, '\0') + '\1', "\1"}, " +0"},
     };
-    const struct {
-        const char* what;
-        std::vector<std::string> pieces;
-        Moves moves;
-    } rows[] = {
-        {"left and right",
-         {report({1, 0}), report({5, 0}), report({4, 0}), report({0, 0})},
-         {{0, true}, {2, true}, {0, false}, {2, false}}},
-        {"the same again", {report({2, 0}), report({2, 0})}, {{1, true}}},
-        {"a short one keeps the rest",
-         {report({0, 1}), report({2}), report({0, 0})},
-         {{8, true}, {1, true}, {1, false}, {8, false}}},
-        {"unplugged while held", {report({2, 0}), ""}, {{1, true}, {1, false}}},
-        {"a long one is cut", {std::string(600, '\0') + '\1', report({1})}, {{0, true}}},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(movesOf<desktop::ReportReader>(row.pieces), row.moves) << row.what;
+    for (const auto& [what, pieces, moves] : rows)
+        EXPECT_EQ(movesOf<desktop::ReportReader>(pieces), moves) << what;
 }
 
 // Folders like those of the kernel, with pipes as devices.
@@ -148,42 +102,39 @@ protected:
     PedalDevicesTest() {
         recordedDevice() = {};
         pedals.Moved = [this](int device, const platform::PedalCode& pedal, bool pressed) {
-            moves.push_back({device, pedal.isBit ? -pedal.code : pedal.code, pressed});
+            moves += std::to_string(device) + (pedal.isBit ? "b" : "k") + std::to_string(pedal.code) +
+                     (pressed ? "+ " : "- ");
         };
         pedals.DevicesChanged = [this] { ++changes; };
     }
-    void lay(const std::string& file, const std::string& content) {
-        folder.write("sys/class/" + file, content + "\n");
-    }
     // Plugs in a device; returns what writes its events.
-    std::unique_ptr<base::Descriptor> plugKeys(const std::string& name, const std::string& product,
-                                               mode_t mode = 0600) {
-        lay("input/" + name + "/device/name", "Pedal " + product);
-        lay("input/" + name + "/device/id/vendor", "05f3");
-        lay("input/" + name + "/device/id/product", product);
-        lay("input/" + name + "/device/capabilities/key", "7 0 0");
+    auto plugKeys(const std::string& name, const std::string& product, mode_t mode = 0600) {
+        const std::string about = "sys/class/input/" + name + "/device/";
+        folder.write(about + "name", "Pedal " + product + "\n");
+        folder.write(about + "id/vendor", "05f3\n");
+        folder.write(about + "id/product", product + "\n");
+        folder.write(about + "capabilities/key", "7 0 0\n");
         return plug("dev/input/" + name, mode);
     }
-    std::unique_ptr<base::Descriptor> plugRaw(const std::string& name) {
-        lay("hidraw/" + name + "/device/uevent",
-            "DRIVER=hid-generic\nHID_ID=0003:000005F3:000000FF\nHID_NAME=Raw pedal");
-        return plug("dev/" + name, 0600);
-    }
     std::unique_ptr<base::Descriptor> plug(const std::string& file, mode_t mode) {
-        const std::string path = folder.path() / file;
-        std::filesystem::create_directories(std::filesystem::path(path).parent_path());
-        EXPECT_EQ(mkfifo((path + "~").c_str(), 0600), 0);
-        auto writer = std::make_unique<base::Descriptor>(path + "~", O_RDWR | O_NONBLOCK);
-        EXPECT_EQ(chmod((path + "~").c_str(), mode), 0);
-        std::filesystem::rename(path + "~", path);
+        const std::filesystem::path path = folder.path() / file;
+        const std::string hidden = path.string() + "~";
+        std::filesystem::create_directories(path.parent_path());
+        EXPECT_EQ(mkfifo(hidden.c_str(), 0600), 0);
+        auto writer = std::make_unique<base::Descriptor>(hidden, O_RDWR | O_NONBLOCK);
+        EXPECT_EQ(chmod(hidden.c_str(), mode), 0);
+        std::filesystem::rename(hidden, path);
         return writer;
     }
-    bool reads(const std::vector<std::tuple<int, int, bool>>& wanted) {
+    bool finds(std::size_t count) {
+        return eventually([&] { return pedals.devices().size() == count; });
+    }
+    bool reads(const std::string& wanted) {
         return eventually([&] { return moves == wanted; });
     }
 
     fakes::TemporaryFolder folder;
-    std::vector<std::tuple<int, int, bool>> moves; // device, code or negative bit, pressed
+    std::string moves;
     int changes = 0;
     desktop::PedalDevices pedals{folder.path() / "dev", folder.path() / "sys"};
     const std::vector<platform::WatchedModel> models{{{0x05f3, 0x00ff}, true}};
@@ -193,55 +144,51 @@ TEST_F(PedalDevicesTest, SeveralPedals_PluggedInAndOut) {
     std::filesystem::create_directories(folder.path() / "dev");
     pedals.watch(models, false);
     auto keys = plugKeys("event3", "00ff"); // the folder of input devices is new, too
-    ASSERT_TRUE(eventually([&] { return pedals.devices().size() == 1; }));
+    ASSERT_TRUE(finds(1));
     EXPECT_EQ(recordedDevice().grabs, 1);
-    const auto raw = plugRaw("hidraw0");
+    folder.write("sys/class/hidraw/hidraw0/device/uevent", "HID_ID=0003:000005F3:000000FF\nHID_NAME=Raw\n");
+    const auto raw = plug("dev/hidraw0", 0600);
     const auto keyboard = plugKeys("event4", "0001");
-    ASSERT_TRUE(eventually([&] { return pedals.devices().size() == 2; }));
-    send(raw->get(), std::string("\2\0", 2));
-    send(keys->get(), key(257, 1));
+    ASSERT_TRUE(finds(2));
+    send(raw->get(), "\2");
+    EXPECT_TRUE(reads("1b1+ "));
     send(keyboard->get(), key(30, 1));
-    ASSERT_TRUE(eventually([&] { return moves.size() == 2; }));
-    EXPECT_THAT(moves, testing::UnorderedElementsAre(std::tuple(0, 257, true), std::tuple(1, -1, true)));
-    moves.clear();
+    send(keys->get(), key(257, 1));
+    EXPECT_TRUE(reads("1b1+ 0k257+ "));
     std::filesystem::remove(folder.path() / "dev/input/event3");
     keys->close();
-    EXPECT_TRUE(reads({{0, 257, false}}));
+    EXPECT_TRUE(reads("1b1+ 0k257+ 0k257- "));
     EXPECT_EQ(pedals.devices().size(), 1U);
     keys = plugKeys("event3", "00ff");
-    EXPECT_TRUE(eventually([&] { return pedals.devices().size() == 2; }));
+    EXPECT_TRUE(finds(2));
     EXPECT_GE(changes, 3);
 }
 
 TEST_F(PedalDevicesTest, ADeviceThatMayNotBeRead_IsTold_AndOpenedOnceItMay) {
+    recordedDevice().held = {256};
     const auto writer = plugKeys("event0", "00ff", 0);
-    const auto deny = [](uid_t user) { setfsuid(user), setfsgid(user); };
     chmod(folder.path().c_str(), 0755);
-    deny(65534);
+    setfsuid(65534); // root may read everything
     pedals.watch(models, false);
-    deny(0);
+    setfsuid(0);
     ASSERT_EQ(pedals.devices().size(), 1U);
     EXPECT_FALSE(pedals.devices()[0].readable);
-    EXPECT_EQ(pedals.devices()[0].name, u"Pedal 00ff");
     chmod((folder.path() / "dev/input/event0").c_str(), 0644); // as the device manager does
     EXPECT_TRUE(eventually([&] { return pedals.devices()[0].readable; }));
-    send(writer->get(), key(256, 1));
-    EXPECT_TRUE(reads({{0, 256, true}}));
+    EXPECT_EQ(recordedDevice().grabs, 0) << "a key is held: others would miss its release";
+    send(writer->get(), key(256, 0) + key(256, 1));
+    EXPECT_TRUE(reads("0k256+ "));
 }
 
 TEST_F(PedalDevicesTest, WatchingAll_TakesNothingFromOtherPrograms_AndMayStopWithinAPress) {
     const auto writer = plugKeys("event7", "0abc");
     pedals.watch(models, true);
     EXPECT_EQ(recordedDevice().grabs, 0);
-    pedals.Moved = [&](int, const platform::PedalCode& pedal, bool) {
-        moves.push_back({0, pedal.model.product, true});
+    pedals.Moved = [this, told = pedals.Moved](int device, const platform::PedalCode& pedal, bool pressed) {
+        told(device, pedal, pressed);
         pedals.stop();
     };
-    send(writer->get(), key(256, 1) + key(256, 0));
-    EXPECT_TRUE(eventually([&] { return !moves.empty(); }));
+    send(writer->get(), key(256, 1));
+    EXPECT_TRUE(reads("0k256+ "));
     EXPECT_THAT(pedals.devices(), IsEmpty());
-    pedals.watch({{{0x05f3, 0x0abc}, false}}, false);
-    send(writer->get(), key(258, 1));
-    EXPECT_TRUE(eventually([&] { return moves.size() > 1; }));
-    EXPECT_EQ(recordedDevice().grabs, 1);
 }

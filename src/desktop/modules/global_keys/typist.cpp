@@ -93,9 +93,8 @@ void Typist::prepare() {
         if (stroke.code == 0 || (stroke.shift && shift_ == 0)) {
             if (unused.empty())
                 return giveUp();
-            stroke = {unused.back(), false};
+            stroke = map(unused.back(), character);
             unused.pop_back();
-            map(stroke.code, xkb_utf32_to_keysym(character));
         }
         strokes_.push_back(stroke);
     }
@@ -116,17 +115,19 @@ void Typist::strike(const XKeyboard::Stroke& stroke) {
     xcb_flush(keyboard_.connection());
 }
 
-void Typist::map(xcb_keycode_t code, xkb_keysym_t symbol) {
-    // The same on both levels, so that neither Shift nor a lock changes it.
-    const xcb_keysym_t both[] = {symbol, symbol};
+XKeyboard::Stroke Typist::map(xcb_keycode_t code, char32_t character) {
+    const xkb_keysym_t symbol = xkb_utf32_to_keysym(character);
+    // Programs turn a small letter into a capital one while Caps Lock is on, unless the key has both.
+    const xcb_keysym_t both[] = {xkb_keysym_to_lower(symbol), xkb_keysym_to_upper(symbol)};
     xcb_change_keyboard_mapping(keyboard_.connection(), 1, code, 2, both);
-    if (symbol != XKB_KEY_NoSymbol)
-        mapped_.push_back(code);
+    mapped_.push_back(code);
+    return {code, both[0] != both[1] && (symbol == both[1]) != keyboard_.hasCapsLock()};
 }
 
 void Typist::unmap() {
-    for (const xcb_keycode_t code : std::vector(mapped_))
-        map(code, XKB_KEY_NoSymbol);
+    constexpr xcb_keysym_t none[] = {XKB_KEY_NoSymbol, XKB_KEY_NoSymbol};
+    for (const xcb_keycode_t code : mapped_)
+        xcb_change_keyboard_mapping(keyboard_.connection(), 1, code, 2, none);
     mapped_.clear();
     xcb_flush(keyboard_.connection());
 }

@@ -28,7 +28,8 @@ private:
     void step();
     void prepare();
     void strike(const XKeyboard::Stroke& stroke);
-    void map(xcb_keycode_t code, xkb_keysym_t symbol);
+    // Gives a key code to this character.
+    XKeyboard::Stroke map(xcb_keycode_t code, char32_t character);
     void unmap();
     void giveUp();
     void next(Stage stage, int ms);

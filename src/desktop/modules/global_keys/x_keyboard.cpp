@@ -62,7 +62,8 @@ XKeyboard::XKeyboard()
         XCB_XKB_MAP_PART_KEY_TYPES | XCB_XKB_MAP_PART_KEY_SYMS | XCB_XKB_MAP_PART_MODIFIER_MAP;
     xcb_xkb_select_events_details_t details{};
     details.affectState = details.stateDetails = XCB_XKB_STATE_PART_GROUP_STATE;
-    xcb_xkb_select_events_aux(x, keyboard, events, 0, 0, parts, parts, &details);
+    xcb_xkb_select_events_aux(x, keyboard, events, 0, XCB_XKB_EVENT_TYPE_NEW_KEYBOARD_NOTIFY, parts, parts,
+                              &details);
     const xcb_query_extension_reply_t* const typing = xcb_get_extension_data(x, &xcb_test_id);
     hasTyping_ = typing && typing->present;
     readLayout();
@@ -160,6 +161,10 @@ XKeyboard::Stroke XKeyboard::strokeOf(char32_t character) const {
                 return {static_cast<xcb_keycode_t>(code), shift};
     }
     return {};
+}
+
+bool XKeyboard::hasCapsLock() const {
+    return xkb_state_mod_name_is_active(state_.get(), XKB_MOD_NAME_CAPS, XKB_STATE_MODS_LOCKED) > 0;
 }
 
 std::vector<xcb_keycode_t> XKeyboard::unusedCodes() const {

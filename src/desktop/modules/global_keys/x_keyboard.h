@@ -40,6 +40,7 @@ public:
         bool shift = false;
     };
     Stroke strokeOf(char32_t character) const;
+    bool hasCapsLock() const;
     // Key codes without any symbol.
     std::vector<xcb_keycode_t> unusedCodes() const;
 
