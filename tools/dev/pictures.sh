@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Regenerates the pictures of docs/ from the program last built by ./run: the player in its states at single and double
-# size, its menus in two languages, the recorder in its states, the about box, the quiet line, a recogniser at work,
+# size, its menus in two languages, the recorder in its states, the about box, the quiet line, a recogniser at work, keys and pedals,
 # following the sound and the earlier versions in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/driver.sh"
@@ -279,6 +279,22 @@ draft() {
   kill -KILL "$program"
 }
 
+# The window in which keys from anywhere and pedals are set up.
+hands() {  # LANGUAGE MENU_KEY
+  local title
+  lay_folder
+  set_line 1 "$1.lng"
+  printf 'KeysFromAnywhere=1\r\nPedals=1\r\nDesktopPanels=1\r\n' >"$folder/Files/Options.ini"
+  start_program "$folder/Samples/Interview.mp3"
+  use_window '.* - .* 1'
+  xdotool key "$2" Up Up Return
+  title=$(sed -n 's/^Keys and pedals\t//p' "$folder/Files/Lang/$1.words" 2>/dev/null || true)
+  use_window "${title:-Keys and pedals}"
+  sleep 0.5
+  import -frame -window "$window" "$scratch/hands-$1.png"
+  quit_program
+}
+
 # The word that is heard is marked. The sample's text is opened as a draft; each sentence begins where a silence ends.
 following() {
   lay_folder
@@ -310,6 +326,10 @@ following() {
 
 start_display
 start_sound
+hands English alt+r
+hands Russian alt+Cyrillic_er
+convert "$scratch/hands-English.png" "$scratch/hands-Russian.png" +append "$docs/keys-and-pedals.png"
+[[ ${1-} != hands ]] || exit 0
 draft
 [[ ${1-} != draft ]] || exit 0
 quiet_line 'Interviewer: Thomas, what does a harbour pilot do?'
