@@ -27,7 +27,7 @@ HandsRoom::HandsRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor,
         options.tie("Pedal" + name, bindings_.pedalText(i));
     }
     bindings_.tidy();
-    menu.add(window_.commands());
+    menu.addLast(window_.command());
     window_.Load = [&desktop, &form1, &beside = editor.form()](hands::KeysAndPedalsWindow& form) {
         placeOver(beside, form1.screen, step, form);
         desktop.show(form);

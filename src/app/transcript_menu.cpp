@@ -1,5 +1,7 @@
 #include "app/transcript_menu.h"
 
+#include <utility>
+
 namespace app {
 
 using lang::operator""_en;
@@ -21,7 +23,7 @@ void TranscriptMenu::add(const std::vector<controls::MenuItem*>& commands) {
 }
 
 void TranscriptMenu::addLast(controls::MenuItem& command) {
-    const std::size_t before = mnuTranscript_.items.size();
+    const std::size_t before = mnuTranscript_.items.size() - std::exchange(last_, 0);
     add({&command});
     last_ = mnuTranscript_.items.size() - before;
 }

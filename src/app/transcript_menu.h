@@ -20,7 +20,7 @@ public:
     // editor's window is created, which reads a menu's commands only once.
     void add(const std::vector<controls::MenuItem*>& commands);
 
-    // The same for the one command that stays at the end, behind what is added later.
+    // The same for a command that stays at the end, behind what is added later.
     void addLast(controls::MenuItem& command);
 
     const controls::MenuItem& menu() const { return mnuTranscript_; }

@@ -19,7 +19,7 @@ public:
     KeysAndPedals(Hands& hands, Options& options, Bindings& bindings, platform::Clipboard& clipboard,
                   lang::Words& words, base::Text rules);
 
-    std::vector<controls::MenuItem*> commands() { return {&mnuKeysAndPedals_}; }
+    controls::MenuItem& command() { return mnuKeysAndPedals_; }
 
     // The exit goes.
     void leave();
