@@ -124,7 +124,7 @@ TEST_F(GlobalKeysTest, ATextWaits_UntilTheUserHasLetGo) {
     EXPECT_TRUE(eventually([&] { return other.typed() == U"12"; }, 3000));
     other.press({control}, true);
     keys.type(u"3");
-    EXPECT_TRUE(eventually([&] { return notTyped; })) << "not for ever";
+    EXPECT_TRUE(eventually([&] { return notTyped; })) << "not forever";
     other.press({control}, false);
     EXPECT_EQ(other.typed(), U"12");
 }
