@@ -1,5 +1,10 @@
 // Cost of a key press in the editor with everything it triggers, compared with a bare text control with the
 // same text, and the memory of the undo records. On the offscreen platform.
+#include "aids/abbreviations.h"
+#include "aids/completion.h"
+#include "aids/expansion.h"
+#include "aids/typed_signs.h"
+#include "aids/worklog.h"
 #include "desktop/application.h"
 #include "desktop/qt/conversions.h"
 #include "desktop/services/qt_event_loop.h"
@@ -228,6 +233,105 @@ struct ShownEditor {
     Editor editor;
 };
 
+// All that helps while the user types, wired as in the program, with 5,000 abbreviations.
+struct Aids {
+    explicit Aids(Editor& of) : editor(of) {
+        std::string bytes;
+        for (int i = 0; i < 5000; ++i)
+            bytes +=
+                "ab" + std::to_string(i) + " = a text that is longer, number " + std::to_string(i) + "\n";
+        known = aids::Abbreviations(bytes);
+        options = {.expand = true, .complete = true, .quotes = true, .dashes = true};
+    }
+
+    // On or off: what the program does then at each change and key.
+    void setOn(bool on) {
+        options.complete = on;
+        completion.apply();
+        for (int i = 0; on && i < 200; ++i)
+            completion.readOn();
+        editor.form.RTB.Typed = [this, on](base::TextView inserted) {
+            if (!on)
+                return;
+            own += microseconds([&] {
+                expansion.typed(inserted, known);
+                signs.typed(inserted);
+                completion.typed(inserted);
+            });
+        };
+        editor.undoRedo.Changed = nullptr;
+        if (on)
+            editor.undoRedo.Changed = [this](const auto& before, const auto& after, const auto& change) {
+                own += microseconds([&] {
+                    completion.changed(before, after, change);
+                    worklog.typed(before, after, change);
+                });
+            };
+    }
+
+    Editor& editor;
+    aids::Abbreviations known;
+    aids::TypingOptions options;
+    const base::Text english = u"English.lng";
+    lang::Words words{english, editor.folder};
+    aids::Expansion expansion{editor.form, editor.undoRedo, options};
+    aids::TypedSigns signs{editor.form, editor.undoRedo, options, words};
+    aids::Completion completion{editor.form, editor.undoRedo, options, editor.loop};
+    aids::WorklogFile file{editor.folder.files(u"Worklog.csv"), editor.desktop.diskPort};
+    aids::Worklog worklog{file, editor.loop};
+    double own = 0; // us that they took since it was set to 0
+};
+
+// Types sentences at the end of a text, with all aids on and with all off, key by key in turn.
+void measureAids(const std::string& size, std::size_t letters) {
+    constexpr double aidsGoal = 50; // us
+    ShownEditor shown(transcript(letters));
+    Aids aids(shown.editor);
+    const base::Text typed = u"so was 12 gesagt -- \"conversation\", and the transcription of sentences. ";
+    std::vector<double> own;
+    std::vector<double> times[2];
+    std::vector<double> replacing; // by keys that put something else in the place of what is typed
+    const auto press = [&](char16_t letter) {
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QString(QChar(letter)));
+        QApplication::sendEvent(&shown.rtb, &down);
+        QApplication::processEvents();
+    };
+    for (int round = 0; round < 8; ++round) {
+        const bool on = round % 2 == 0;
+        aids.setOn(on);
+        shown.rtb.setSelStart(shown.rtb.textLength());
+        for (const char16_t letter : typed) {
+            aids.own = 0;
+            const auto records = shown.editor.undoRedo.ListaUndo().size();
+            const double time = microseconds([&] { press(letter); });
+            const bool replaces = shown.editor.undoRedo.ListaUndo().size() > records + 1;
+            (replaces ? replacing : times[on ? 1 : 0]).push_back(time);
+            if (on && !replaces)
+                own.push_back(aids.own);
+        }
+    }
+    aids.setOn(true);
+    for (int i = 0; i < 40; ++i) {
+        for (const char16_t letter : base::Text(u"ab77"))
+            press(letter);
+        replacing.push_back(microseconds([&] { press(u' '); }));
+    }
+    bench::print({"Key press until painted, end of " + size + ", all aids on / off",
+                  bench::measure("%.2f ms", bench::median(times[1]) / 1000),
+                  bench::measure("%.2f ms", bench::median(times[0]) / 1000),
+                  bench::measure("x %.2f", bench::median(times[1]) / bench::median(times[0])), ""});
+    bench::print({"The same for a key that replaces what is typed, end of " + size,
+                  bench::measure("%.2f ms", bench::median(replacing) / 1000), "", "", ""});
+    const auto print = [&](const char* name, double value) {
+        bench::print(
+            {std::string("Aids with 5,000 abbreviations, their part of a key, ") + name + ", " + size,
+             bench::measure("%.1f us", value), "", "", bench::measure("<= %.0f us", aidsGoal),
+             value <= aidsGoal});
+    };
+    print("median", bench::median(own));
+    print("p99", percentile99(own));
+}
+
 // Time until pasted text is painted, including its undo record.
 void measurePaste(const std::string& what, const base::Text& pasted, double goal) {
     std::vector<double> times;
@@ -272,9 +376,16 @@ base::Text asRtf(const base::Text& text) {
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const desktop::Application application(argc, argv);
+    if (argc > 1 && std::string_view(argv[1]) == "aids") {
+        measureAids("1 MB", 1'000'000);
+        measureAids("5 MB", 5'000'000);
+        return 0;
+    }
     measureTyping("200 KB", 200'000);
     measureTyping("1 MB", 1'000'000);
     measureTyping("5 MB", 5'000'000);
+    measureAids("1 MB", 1'000'000);
+    measureAids("5 MB", 5'000'000);
     measureReplaceAll("1 MB", 945'000);
     measureReplaceAll("5 MB", 5'760'000);
     measurePaste("5 MB", transcript(5'000'000), 600);

@@ -18,6 +18,8 @@ public:
     // The option has changed.
     void apply();
     void leave() { reads_.setInterval(0); }
+    // Reads the next part of the text, which the timer does by itself.
+    void readOn();
     void changed(const editor::SnapshotText& before, const editor::SnapshotText& after,
                  const platform::TextChange& change);
     // The user has typed these letters, and the caret is behind them.
@@ -26,7 +28,6 @@ public:
     bool takes(const platform::KeyEvent& key);
 
 private:
-    void readOn();
     void decline();
 
     editor::Form2& form_;

@@ -38,7 +38,7 @@ FiguresCommand::FiguresCommand(editor::Form2& form2, editor::UndoRedo& text, Wor
     words_.follow([this] {
         form.caption = words_(u"Figures"_en);
         form.List1.accessible.name = form.caption.get();
-        form.lblKept.caption = words_(u"Kept in Files/Worklog.csv"_en);
+        form.lblKept.caption = worklog_.keeps ? words_(u"Kept in Files/Worklog.csv"_en) : base::Text();
         form.cmdClose.caption = words_(u"Close"_en);
         if (form.visible)
             show();
@@ -53,6 +53,7 @@ void FiguresCommand::leave() {
 void FiguresCommand::open() {
     std::exchange(Load, [](FiguresWindow&) {})(form);
     counted_ = false;
+    place_ = {};
     form.visible = true;
     show();
     if (form.List1.listIndex < 0)
@@ -77,11 +78,14 @@ void FiguresCommand::count() {
         for (const auto& run : text_.moments().timed(0, text_.length()).runs)
             last = std::max(last, run.moment ? std::max(run.moment->start, run.moment->end) : 0);
     typed_ = last / 1000.0;
-    work_ = worklog_.entries();
 }
 
 void FiguresCommand::show() {
     count();
+    if (worklog_.place() != place_) {
+        past_ = worklog_.past();
+        place_ = worklog_.place();
+    }
     std::vector<base::Text> rows;
     addText(rows);
     addRecording(rows);
@@ -112,14 +116,14 @@ void FiguresCommand::addRecording(std::vector<base::Text>& rows) const {
     rows.push_back(row(words_(u"Length"_en), shown(duration)));
     rows.push_back(row(words_(u"Heard"_en), shown(heard.total())));
     rows.push_back(row(words_(u"Typed up to"_en), shown(typed_)));
-    rows.push_back(row(words_(u"Left"_en), shown(duration - typed_)));
+    rows.push_back(row(words_(u"Left to type"_en), shown(duration - typed_)));
 }
 
 void FiguresCommand::addWork(std::vector<base::Text>& rows) const {
     const Worklog::Place& place = worklog_.place();
     WorkEntry today;
     WorkEntry document;
-    for (const WorkEntry& entry : work_) {
+    const auto add = [&](const WorkEntry& entry) {
         const auto addTo = [&entry](WorkEntry& sum) {
             sum.secondsWorked += entry.secondsWorked;
             sum.words += entry.words;
@@ -128,7 +132,9 @@ void FiguresCommand::addWork(std::vector<base::Text>& rows) const {
             addTo(today);
         if (entry.document == place.document)
             addTo(document);
-    }
+    };
+    std::ranges::for_each(past_, add);
+    add(worklog_.entry());
     const auto speed = [](const WorkEntry& sum) {
         return speedText(static_cast<double>(sum.words), static_cast<double>(sum.secondsWorked));
     };

@@ -53,8 +53,9 @@ private:
     std::int32_t selStart_ = 0;  // counted part
     std::int32_t selLength_ = 0; // 0 for the whole text
     TextFigures figures_;
-    double typed_ = 0; // seconds of the recording
-    std::vector<WorkEntry> work_;
+    double typed_ = 0;            // seconds of the recording
+    Worklog::Place place_;        // when the worklog was read
+    std::vector<WorkEntry> past_; // as the worklog had it
 };
 
 } // namespace aids

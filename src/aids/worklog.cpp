@@ -128,12 +128,12 @@ void Worklog::typed(const editor::SnapshotText& before, const editor::SnapshotTe
               wordsBegun(before, change.position, change.removed);
 }
 
-std::vector<WorkEntry> Worklog::entries() {
+std::vector<WorkEntry> Worklog::past() {
     flush();
     std::vector<WorkEntry> all = file_.read();
     // The file may not take it.
-    if (const WorkEntry mine = entry(); std::ranges::find(all, mine) == all.end())
-        all.push_back(mine);
+    if (const auto mine = std::ranges::find(all, entry()); mine != all.end())
+        all.erase(mine);
     return all;
 }
 

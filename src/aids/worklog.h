@@ -60,15 +60,16 @@ public:
     void typed(const editor::SnapshotText& before, const editor::SnapshotText& after,
                const platform::TextChange& change);
 
-    // What was done so far, in all.
-    std::vector<WorkEntry> entries();
+    // What the file holds, without what is done now.
+    std::vector<WorkEntry> past();
+    // What is done now, on this day with this recording and this document.
+    WorkEntry entry() const;
     const Place& place() const { return place_; }
     const HeardParts& heard() const { return heard_; }
 
 private:
     void tick();
     void enter(Place place);
-    WorkEntry entry() const;
 
     WorklogFile& file_;
     platform::EventLoop& loop_;

@@ -1,6 +1,7 @@
 #include "app/aids_room.h"
 
 #include "app/place_over.h"
+#include "base/numbers.h"
 #include "moments/stamps.h"
 
 #include <array>
@@ -122,7 +123,8 @@ base::Text AidsRoom::stamp() const {
 aids::Worklog::Place AidsRoom::place() const {
     const editor::Document& document = editor_.document();
     return {today(), nameOf(form1_.WMP1.URL()),
-            document.FileEditor.empty() ? document.NomeDocumento : nameOf(document.FileEditor)};
+            document.FileEditor.empty() ? document.NomeDocumento + base::numberText(document.NumeroDocumento)
+                                        : nameOf(document.FileEditor)};
 }
 
 void AidsRoom::start() {

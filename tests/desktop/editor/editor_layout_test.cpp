@@ -90,6 +90,45 @@ TEST_F(EditorLayout, HitTest_FindsTheCharacterAtItsPosition) {
     EXPECT_EQ(rtb.document()->documentLayout()->hitTest({250, 10}, Qt::ExactHit), -1) << "beside the line";
 }
 
+TEST_F(EditorLayout, Zoom_EnlargesLettersTabsMarginsAndPictures_AndLeavesTheDocument) {
+    rtb.resize(900, 400);
+    rtb.setSource(
+        R"({\rtf1\ansi\deff0{\fonttbl{\f0 Arial;}}\fs24 one\tab two\par\li720\sb120 in {\pict\pngblip)" +
+        std::string(R"(\picwgoal600\pichgoal600 )") + tests::pngDigits(QSize(40, 40), Qt::red) +
+        R"(}{\fs60 big}\par\pard{\pntext\'b7\tab}dot\page end\par})");
+    const auto size = [&] { return rtb.document()->documentLayout()->documentSize(); };
+    const auto place = [&](int position) {
+        QTextCursor cursor(rtb.document());
+        cursor.setPosition(position);
+        return rtb.cursorRect(cursor);
+    };
+    std::vector<QRect> before;
+    for (int position = 0; position < rtb.document()->characterCount(); ++position)
+        before.push_back(place(position));
+    const std::string source = rtb.source();
+    const QSizeF normal = size();
+    changes = watch.formats = 0;
+    rtb.setZoom(200);
+    settle();
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        const QRect now = place(static_cast<int>(i));
+        EXPECT_NEAR(now.left() - 4, 2 * (before[i].left() - 4), 6) << i;
+        EXPECT_NEAR(now.top() - 4, 2 * (before[i].top() - 4), 8) << i;
+        EXPECT_NEAR(now.height(), 2 * before[i].height(), 3) << i;
+        EXPECT_EQ(rtb.cursorForPosition(now.center()).position(), static_cast<int>(i));
+    }
+    select(0, 3);
+    EXPECT_EQ(rtb.SelFontSize(), 12);
+    EXPECT_EQ(rtb.source(), source);
+    EXPECT_EQ(changes + watch.formats, 0);
+    rtb.setText(lines(3));
+    rtb.setSource(source);
+    EXPECT_GT(size().height(), 1.8 * normal.height()) << "also of a text that is opened";
+    rtb.setZoom(100);
+    settle();
+    EXPECT_EQ(size(), normal);
+}
+
 TEST_F(EditorLayout, ColorsOnADarkPage_AreShownReadable_AndKept) {
     rtb.setSource("{\\rtf1{\\colortbl;\\red0\\green0\\blue160;\\red255\\green255\\blue0;}a{\\cf1 "
                   "b}{\\highlight2 c}{\\cf2 d}}");

@@ -153,6 +153,14 @@ TEST_F(RichTextEvents, Change_IsReportedOncePerKey_IfTheTextChanged) {
         {Qt::Key_Tab, {}, QStringLiteral("\t"), 1, 0, 1, "a\t|b/c"},
         {Qt::Key_End, Qt::ControlModifier, {}, 1, 0, 0, "ab/c|"},
         {Qt::Key_Backspace, Qt::ControlModifier, {}, 2, 0, 1, "|/c"},
+        {Qt::Key_Delete, Qt::ControlModifier, {}, 0, 0, 1, "|/c"},
+        {Qt::Key_Backspace, Qt::ControlModifier | Qt::ShiftModifier, {}, 1, 0, 1, "|b/c"},
+        {Qt::Key_Delete, Qt::ControlModifier | Qt::ShiftModifier, {}, 1, 0, 1, "a|/c"},
+        {Qt::Key_Delete, Qt::ControlModifier | Qt::ShiftModifier, {}, 2, 0, 0, "ab|/c"},
+        {Qt::Key_Up, Qt::ControlModifier, {}, 5, 0, 0, "ab/|c"},
+        {Qt::Key_Up, Qt::ControlModifier, {}, 4, 0, 0, "|ab/c"},
+        {Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier, {}, 1, 0, 0, "a[b/]c"},
+        {Qt::Key_Down, Qt::ControlModifier, {}, 4, 0, 0, "ab/c|"},
         // Keys that Qt would handle
         {Qt::Key_K, Qt::ControlModifier, QStringLiteral("\v"), 1, 0, 0, "a|b/c"},
         {Qt::Key_D, Qt::ControlModifier, QStringLiteral("\4"), 1, 0, 0, "a|b/c"},
@@ -198,6 +206,71 @@ TEST_F(RichTextEvents, ComposedInput_ChangesTheText_WhenCommitted) {
         EXPECT_EQ(changes, count);
     }
     EXPECT_EQ(watch.formats, 0);
+}
+
+TEST_F(RichTextEvents, Typed_ReportsWhatKeysAndInputMethodsInsert_AndNothingElse) {
+    std::vector<std::string> typed;
+    bool whileTyping = true;
+    rtb.Typed = [&](base::TextView inserted) {
+        typed.push_back(base::toUtf8(base::replaced(inserted, u"\r\n", u"/")));
+        whileTyping = whileTyping && rtb.isTyping();
+    };
+    rtb.setText(u"ab\r\nc");
+    select(1, 1);
+    for (const auto& [key, text] : {std::pair{Qt::Key_X, "x"}, {Qt::Key_Return, "\r"}, {Qt::Key_Space, " "}})
+        send(QEvent::KeyPress, key, {}, false, QString::fromLatin1(text));
+    input(QStringLiteral("ni"), {});
+    input({}, QStringLiteral("\u4F60\u597D"));
+    EXPECT_EQ(shown(), "ax/ \u4F60\u597D|/c");
+    EXPECT_EQ(std::exchange(typed, {}), (std::vector<std::string>{"x", "/", " ", "\u4F60\u597D"}));
+    EXPECT_TRUE(whileTyping);
+    for (const int key : {Qt::Key_Right, Qt::Key_Delete, Qt::Key_Left, Qt::Key_Backspace})
+        send(QEvent::KeyPress, key);
+    rtb.setSelText(u"z ");
+    rtb.setSelRTF(u"{\\rtf1 pasted }");
+    QMimeData data;
+    data.setText(QStringLiteral("dropped "));
+    drop(data);
+    EXPECT_TRUE(typed.empty());
+    EXPECT_FALSE(rtb.isTyping());
+}
+
+TEST_F(RichTextEvents, Offer_IsPaintedBehindTheCaret_UntilItMoves) {
+    rtb.resize(300, 100);
+    rtb.show();
+    rtb.setText(u"some con");
+    select(8, 0);
+    const auto picture = [this] {
+        QApplication::processEvents();
+        return rtb.viewport()->grab().toImage();
+    };
+    const QImage without = picture();
+    EXPECT_TRUE(rtb.offer(u"versation"));
+    EXPECT_NE(picture(), without);
+    EXPECT_EQ(rtb.Text(), u"some con");
+    select(7, 0);
+    picture();
+    select(8, 0);
+    EXPECT_EQ(picture(), without) << "the caret has moved meanwhile";
+    EXPECT_FALSE(rtb.offer(base::Text(100, u'x'))) << "no room";
+    EXPECT_EQ(picture(), without);
+}
+
+TEST_F(RichTextEvents, Wheel_WithCtrl_AndKeys_AskForAnotherSize) {
+    std::vector<int> asked;
+    rtb.Zoom = [&](int steps) { asked.push_back(steps); };
+    const auto wheel = [this](int delta) {
+        QWheelEvent event({9, 9}, {9, 9}, {}, {0, delta}, Qt::NoButton, Qt::ControlModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(rtb.viewport(), &event);
+    };
+    for (const int delta : {120, -240, 60, 60})
+        wheel(delta);
+    send(QEvent::KeyPress, Qt::Key_Equal, Qt::ControlModifier);
+    send(QEvent::KeyPress, Qt::Key_Minus, Qt::ControlModifier | Qt::KeypadModifier);
+    send(QEvent::KeyPress, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(asked, (std::vector<int>{1, -2, 1, 1, -1, 0}));
+    EXPECT_EQ(rtb.Text(), u"");
 }
 
 TEST_F(RichTextEvents, Drop_IsOneChange_WithFormatsFromRtfOnly) {
