@@ -41,8 +41,8 @@ base::Text linesText(std::size_t characters, std::size_t length, base::TextView 
 }
 
 base::Text speedText(double words, double seconds) {
-    return seconds < leastSeconds ? base::Text(u"-")
-                                  : base::numberText(std::round(std::max(0.0, words) * 60 / seconds));
+    return seconds < leastSeconds || words < 1 ? base::Text(u"-")
+                                               : base::numberText(std::round(words * 60 / seconds));
 }
 
 } // namespace aids
