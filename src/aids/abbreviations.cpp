@@ -1,6 +1,6 @@
 #include "aids/abbreviations.h"
 
-#include "aids/letters.h"
+#include "aids/letter_case.h"
 
 #include <algorithm>
 
@@ -131,13 +131,13 @@ std::optional<Abbreviations::Found> Abbreviations::find(base::TextView typed) co
     const base::Text exact(typed);
     if (const Line* const hit = line(exact))
         return Found{hit->known.text, Case::AsWritten};
-    const base::Text small = lower(typed);
+    const base::Text small = lowered(typed);
     const Line* const hit = small == exact ? nullptr : line(small);
     if (!hit)
         return std::nullopt;
     if (exact == capitalised(small))
         return Found{hit->known.text, Case::Capital};
-    return exact == upper(small) ? std::optional(Found{hit->known.text, Case::Upper}) : std::nullopt;
+    return exact == raised(small) ? std::optional(Found{hit->known.text, Case::Upper}) : std::nullopt;
 }
 
 FilledText filled(const Abbreviations::Found& found, const Fillings& fillings) {
@@ -145,7 +145,7 @@ FilledText filled(const Abbreviations::Found& found, const Fillings& fillings) {
     bool begins = true; // nothing of the text stands yet
     const auto addPlain = [&](base::TextView plain) {
         if (found.as == Abbreviations::Case::Upper)
-            result.text += upper(plain);
+            result.text += raised(plain);
         else
             result.text +=
                 found.as == Abbreviations::Case::Capital && begins ? capitalised(plain) : base::Text(plain);

@@ -1,6 +1,6 @@
 #include "aids/abbreviations_command.h"
 
-#include "aids/letters.h"
+#include "aids/letter_case.h"
 #include "base/carry_on.h"
 #include "base/numbers.h"
 
@@ -78,13 +78,13 @@ void AbbreviationsCommand::open() {
 }
 
 void AbbreviationsCommand::fill(base::TextView chosen) {
-    const base::Text wanted = lower(base::trimmed(form.txtSearch.text.get()));
+    const base::Text wanted = lowered(base::trimmed(form.txtSearch.text.get()));
     rows_ = file_.list().all();
     std::erase_if(rows_, [&](const Abbreviation& each) {
-        return lower(each.shortForm).find(wanted) == base::Text::npos &&
-               lower(each.text).find(wanted) == base::Text::npos;
+        return lowered(each.shortForm).find(wanted) == base::Text::npos &&
+               lowered(each.text).find(wanted) == base::Text::npos;
     });
-    std::ranges::stable_sort(rows_, {}, [](const Abbreviation& each) { return lower(each.shortForm); });
+    std::ranges::stable_sort(rows_, {}, [](const Abbreviation& each) { return lowered(each.shortForm); });
     std::vector<base::Text> shown;
     int index = -1;
     for (const Abbreviation& each : rows_) {

@@ -1,6 +1,6 @@
 #include "aids/completion.h"
 
-#include "aids/letters.h"
+#include "drafts/letters.h"
 #include "editor/text_edits.h"
 
 #include <utility>
@@ -52,7 +52,7 @@ void Completion::decline() {
 
 void Completion::typed(base::TextView inserted) {
     decline();
-    if (!follows_ || inserted.empty() || !isLetter(inserted.back()) || form_.RTB.SelLength() > 0)
+    if (!follows_ || inserted.empty() || !drafts::isLetter(inserted.back()) || form_.RTB.SelLength() > 0)
         return;
     place_ = form_.RTB.SelStart();
     if (const base::Text behind = text_.letters(place_, 1); !behind.empty() && behind != u"\r")
@@ -60,7 +60,7 @@ void Completion::typed(base::TextView inserted) {
     const std::int32_t begin = std::max(0, place_ - static_cast<std::int32_t>(LongWords::most));
     const base::Text before = text_.letters(begin, place_ - begin);
     std::size_t first = before.size();
-    while (first > 0 && isLetter(before[first - 1]))
+    while (first > 0 && drafts::isLetter(before[first - 1]))
         --first;
     const base::TextView begun = base::TextView(before).substr(first);
     if (begun.size() < leastBegun)

@@ -1,6 +1,7 @@
 #include "aids/figures.h"
 
 #include "base/numbers.h"
+#include "drafts/letters.h"
 #include "moments/word_units.h"
 
 #include <algorithm>
@@ -24,9 +25,12 @@ TextFigures figuresOf(base::TextView text) {
     for (const char16_t unit : text) {
         const bool second = unit >= 0xDC00 && unit <= 0xDFFF; // of a pair that is one character
         const bool blank = moments::isBlank(unit) || isNoCharacter(unit);
-        if (!blank && (!inWord || (moments::standsAlone(unit) && !second)))
+        const bool alone = moments::standsAlone(unit);
+        if (!blank && !inWord && drafts::isLetter(unit)) {
             ++figures.words;
-        inWord = !blank && !moments::standsAlone(unit);
+            inWord = !alone;
+        }
+        inWord = inWord && !blank && !alone;
         if (second || isNoCharacter(unit))
             continue;
         ++figures.characters;

@@ -6,7 +6,7 @@
 
 namespace aids {
 
-// What a text amounts to. Ends of lines and pictures are no characters.
+// What a text amounts to. Ends of lines and pictures are no characters; signs between blanks are no words.
 struct TextFigures {
     std::size_t words = 0;
     std::size_t characters = 0;    // with blanks

@@ -1,5 +1,7 @@
 #include "aids/letter_case.h"
 
+#include "drafts/letters.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -41,6 +43,33 @@ char16_t lowered(char16_t unit) {
 base::Text lowered(base::TextView text) {
     base::Text result(text);
     std::transform(result.begin(), result.end(), result.begin(), [](char16_t unit) { return lowered(unit); });
+    return result;
+}
+
+char16_t raised(char16_t unit) {
+    if (unit < 0x80)
+        return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+    for (const Capitals& row : rows) {
+        if (row.distance == 0 && unit > row.first && unit <= row.last && (unit - row.first) % 2 == 1)
+            return static_cast<char16_t>(unit - 1);
+        const int capital = unit - row.distance;
+        if (row.distance != 0 && capital >= row.first && capital <= row.last)
+            return static_cast<char16_t>(capital);
+    }
+    return unit;
+}
+
+base::Text raised(base::TextView text) {
+    base::Text result(text);
+    std::transform(result.begin(), result.end(), result.begin(), [](char16_t unit) { return raised(unit); });
+    return result;
+}
+
+base::Text capitalised(base::TextView text) {
+    base::Text result(text);
+    const auto first = std::find_if(result.begin(), result.end(), drafts::isLetter);
+    if (first != result.end())
+        *first = raised(*first);
     return result;
 }
 

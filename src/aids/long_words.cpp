@@ -1,6 +1,7 @@
 #include "aids/long_words.h"
 
-#include "aids/letters.h"
+#include "aids/letter_case.h"
+#include "drafts/letters.h"
 
 #include <algorithm>
 
@@ -16,12 +17,12 @@ constexpr int mostCompared = 400;                    // words with one beginning
 template <typename Take>
 void forEachRun(base::TextView text, Take&& take) {
     for (std::size_t begin = 0; begin < text.size();) {
-        if (!isLetter(text[begin])) {
+        if (!drafts::isLetter(text[begin])) {
             ++begin;
             continue;
         }
         std::size_t end = begin + 1;
-        while (end < text.size() && isLetter(text[end]))
+        while (end < text.size() && drafts::isLetter(text[end]))
             ++end;
         take(begin, text.substr(begin, end - begin));
         begin = end;
@@ -38,10 +39,10 @@ Part wholeWords(const editor::SnapshotText& text, std::int32_t begin, std::int32
     const std::int32_t from = std::max(0, begin - margin);
     base::Text letters = text.text(from, end + margin - from);
     auto first = static_cast<std::size_t>(begin - from);
-    while (first > 0 && isLetter(letters[first - 1]))
+    while (first > 0 && drafts::isLetter(letters[first - 1]))
         --first;
     auto last = std::min(static_cast<std::size_t>(end - from), letters.size());
-    while (last < letters.size() && isLetter(letters[last]))
+    while (last < letters.size() && drafts::isLetter(letters[last]))
         ++last;
     return {from + static_cast<std::int32_t>(first), letters.substr(first, last - first)};
 }
@@ -116,9 +117,9 @@ base::Text LongWords::likeliest(base::TextView begun) const {
 
 base::Text LongWords::restOf(base::TextView begun) const {
     base::Text rest = likeliest(begun);
-    if (rest.empty() && !begun.empty() && isUpper(begun.front())) {
+    if (rest.empty() && !begun.empty() && isCapital(begun.front())) {
         base::Text small(begun);
-        small.front() = lower(small.front());
+        small.front() = lowered(small.front());
         rest = likeliest(small);
     }
     return rest;

@@ -1,6 +1,6 @@
 #include "aids/typed_signs.h"
 
-#include "aids/letters.h"
+#include "drafts/letters.h"
 #include "editor/text_edits.h"
 
 #include <algorithm>
@@ -47,8 +47,9 @@ TypedSign quotationFor(char16_t straight, base::TextView before, const Signs& si
     const char16_t neighbour = before.empty() ? u' ' : before.back();
     const bool opens = isOneOf(blanks, neighbour) || isOneOf(openings, neighbour);
     if (straight == u'\'') {
-        const bool inWord = isLetter(neighbour) || (neighbour >= u'0' && neighbour <= u'9');
-        return {1, inWord ? base::Text(1, apostrophe) : opens ? signs.openSingle : signs.closeSingle};
+        return {1, drafts::isLetter(neighbour) ? base::Text(1, apostrophe)
+                   : opens                     ? signs.openSingle
+                                               : signs.closeSingle};
     }
     // A language with a blank inside of the marks: the user may have typed a wide one before the closing
     // mark.

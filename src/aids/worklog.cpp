@@ -1,6 +1,6 @@
 #include "aids/worklog.h"
 
-#include "moments/word_units.h"
+#include "aids/figures.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,21 +12,13 @@ namespace {
 constexpr int tickPeriod = 1000;            // ms
 constexpr std::int64_t idleAfter = 60000;   // ms
 constexpr std::int64_t writePeriod = 30000; // ms; what a crash can lose
+constexpr std::int32_t margin = 64;         // units, as long as most words
 constexpr std::size_t largestTyped = 4096;  // units; more is not typed
 
-// How many words begin in a part of a text or right behind it.
-std::int64_t wordsBegun(const editor::SnapshotText& text, std::int32_t begin, std::int32_t length) {
-    const std::int32_t before = begin > 0 ? 1 : 0;
-    const base::Text letters = text.text(begin - before, length + before + 1);
-    std::int64_t words = 0;
-    bool blank = before == 0;
-    for (std::size_t i = 0; i < letters.size(); ++i) {
-        const bool isBlank = moments::isBlank(letters[i]);
-        if (!isBlank && blank && (i > 0 || before == 0))
-            ++words;
-        blank = isBlank;
-    }
-    return words;
+// How many words there are in a part of a text and right beside it.
+std::int64_t wordsAt(const editor::SnapshotText& text, std::int32_t position, std::int32_t length) {
+    const std::int32_t begin = std::max(0, position - margin);
+    return static_cast<std::int64_t>(figuresOf(text.text(begin, position + length + margin - begin)).words);
 }
 
 } // namespace
@@ -124,8 +116,8 @@ void Worklog::typed(const editor::SnapshotText& before, const editor::SnapshotTe
     worked();
     if (change.inserted.size() > largestTyped || change.removed > static_cast<std::int32_t>(largestTyped))
         return;
-    words_ += wordsBegun(after, change.position, static_cast<std::int32_t>(change.inserted.size())) -
-              wordsBegun(before, change.position, change.removed);
+    words_ += wordsAt(after, change.position, static_cast<std::int32_t>(change.inserted.size())) -
+              wordsAt(before, change.position, change.removed);
 }
 
 std::vector<WorkEntry> Worklog::past() {

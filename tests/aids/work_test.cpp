@@ -16,6 +16,7 @@ TEST(Figures, AreCounted) {
         {u"don\u2019t \u201Cgo\u201D", {2, 10, 9}},
         {u"\U0001F600 a", {2, 3, 2}},
         {u"a\uFFFCb", {2, 2, 2}},
+        {u"\u00AB\u202Foui\u202F\u00BB \u2014 non...", {2, 16, 12}},
         {u"\u65E5\u672C", {2, 2, 2}},
     };
     for (const auto& row : rows)
