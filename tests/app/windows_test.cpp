@@ -42,6 +42,7 @@ public:
             out_ << ' ' << control.items->size() << " entries";
         out_ << '\n';
     }
+    void add(const std::string& lines) { out_ << lines; }
     std::string text() const { return out_.str(); }
 
 private:
@@ -110,6 +111,9 @@ struct WindowsTest : fakes::WorkbenchTest {
         const std::filesystem::path file = std::filesystem::path(QUILLMERE_WINDOWS) / name;
         std::string text = seen.text();
         const std::string folder = desktop.folder.path().string();
+        const std::string here = '\n' + std::string(2, ' ') + std::filesystem::current_path().string() + '\n';
+        for (auto at = text.find(here); at != std::string::npos; at = text.find(here))
+            text.replace(at, here.size(), "\n  HERE\n");
         for (auto at = text.find(folder); at != std::string::npos; at = text.find(folder))
             text.replace(at, folder.size(), "FOLDER");
         if (std::getenv("QUILLMERE_WRITE"))
@@ -122,7 +126,60 @@ struct WindowsTest : fakes::WorkbenchTest {
         }
     }
 
+    // What has changed since the last call, and what was asked of the desktop.
+    std::string changes() {
+        Description now;
+        std::swap(seen, now);
+        player();
+        editor();
+        window(*desktop.form3);
+        these(desktop.form3->List1, desktop.form3->Command1, desktop.form3->Command2);
+        std::swap(seen, now);
+        std::istringstream lines(now.text() + desktop.folder.read("Files/Quillmere.ini"));
+        std::vector<std::string> fresh;
+        for (std::string line; std::getline(lines, line);)
+            fresh.push_back(line.substr(0, line.find('\r')));
+        std::string out;
+        for (std::size_t i = 0; i < fresh.size(); ++i)
+            if (i >= before_.size() || fresh[i] != before_[i])
+                out += (out.empty() && before_.empty() ? "" : "  " + fresh[i] + '\n');
+        before_ = fresh;
+        for (const std::string& command : std::exchange(desktop.player.commands, {}))
+            out += "  player: " + command + '\n';
+        for (const std::string& command : std::exchange(desktop.text.commands, {}))
+            out += "  text: " + command + '\n';
+        for (const auto& box : std::exchange(boxes, {}))
+            out += "  box: " + base::toUtf8(box.title) + ": " + base::toUtf8(box.text) + '\n';
+        for (const auto& asked : std::exchange(desktop.dialogPort.requests, {}))
+            out += "  file: " + base::toUtf8(asked.title) + ' ' +
+                   base::toUtf8(base::replaced(asked.filter, base::Text(1, u'\0'), u"|")) + ' ' +
+                   base::toUtf8(asked.fileName) + ' ' + base::toUtf8(asked.defaultExtension) + '\n';
+        for (const std::string& opened : std::exchange(desktop.shellPort.opened, {}))
+            out += "  opened: " + opened + '\n';
+        return out;
+    }
+    template <typename Action>
+    void tell(const std::string& what, Action&& act) {
+        act();
+        desktop.loop.advance(700);
+        seen.heading(what);
+        seen.add(changes());
+    }
+    // Each command twice, with what it changes.
+    void commands(const std::vector<controls::MenuItem*>& items) {
+        for (controls::MenuItem* const item : items) {
+            if (item->name == "mnuEsci")
+                continue;
+            for (int i = 0; item->Click && item->enabled && i < 2; ++i)
+                tell(std::string(item->name), item->Click);
+            commands(item->items);
+        }
+    }
+
     Description seen;
+
+private:
+    std::vector<std::string> before_;
 };
 
 } // namespace
@@ -139,4 +196,49 @@ TEST_F(WindowsTest, WithARecordingInAnotherLanguage) {
     speakPlainly();
     all();
     expectSeen("recording.txt");
+}
+
+TEST_F(WindowsTest, EachCommandInTurn) {
+    speakPlainly();
+    desktop.inForm4 = [this] {
+        desktop.form4->Text1.text = u"7";
+        desktop.form4->Command1.Click();
+    };
+    open("talk.mp3", 600);
+    desktop.loop.advance(1000);
+    desktop.text.setText(u"one two");
+    changes();
+    commands(form().menuBar);
+    std::vector<controls::MenuItem*> stated = desktop.form2->menuBar;
+    stated.pop_back();
+    commands(stated);
+    expectSeen("commands.txt");
+}
+
+TEST_F(WindowsTest, EachButtonAndKeyInTurn) {
+    open("talk.mp3", 600);
+    desktop.loop.advance(1000);
+    desktop.text.setText(u"one two");
+    form().mnuPlay.Click();
+    changes();
+    form().forEachControl([this](auto& control) {
+        const std::string name(control.name);
+        tell("over " + name, [&] { control.MouseMove({0, 30, 30}); });
+        tell("down " + name, [&] { control.MouseDown({1, 30, 30}); });
+        tell("moved " + name, [&] { control.MouseMove({1, 90, 60}); });
+        tell("up " + name, [&] { control.MouseUp({1, 90, 60}); });
+        if (control.Click && control.enabled && &control != static_cast<void*>(&form().Image4))
+            tell("click " + name, control.Click);
+    });
+    for (std::size_t i = 0; i < desktop.form2->Label2.size(); ++i)
+        tell("tool " + std::to_string(i), [&] { desktop.form2->Label2[i].Click(); });
+    for (const int code :
+         {13, 27, 32, 37, 65, 66, 112, 113, 114, 116, 117, 118, 119, 120, 121, 122, 123, 115})
+        for (const int modifiers : {0, 2}) {
+            platform::KeyEvent key{code, modifiers};
+            tell("key " + std::to_string(code) + ' ' + std::to_string(modifiers),
+                 [&] { desktop.text.KeyDown(key); });
+            seen.add(key.keyCode == 0 ? "  taken\n" : "");
+        }
+    expectSeen("buttons.txt");
 }
