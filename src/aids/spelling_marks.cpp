@@ -42,6 +42,7 @@ void SpellingMarks::show(const std::optional<Script>& script) {
 
 void SpellingMarks::verdictsChanged() {
     form_.RTB.marksChanged(0, text_.length());
+    Decided();
 }
 
 void SpellingMarks::changed() {

@@ -26,7 +26,8 @@ public:
 
     // Marks words of this script from now on; without one, none.
     void show(const std::optional<Script>& script);
-    bool isOn() const { return script_.has_value(); }
+    // Nothing while spelling is off.
+    const std::optional<Script>& script() const { return script_; }
     // The text has changed.
     void changed();
     // What counts as misspelled has changed.
@@ -37,6 +38,9 @@ public:
     std::optional<Part> wordAt(std::int32_t position);
     // The same if it is marked as misspelled.
     std::optional<Part> wrongAt(std::int32_t position);
+
+    // What counts as misspelled has changed, otherwise than by an answer of the dictionary.
+    std::function<void()> Decided = [] {};
 
 private:
     // The words that touch this part of the text, with their letters in `read`.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "aids/abbreviations_window.h"
+#include "aids/delivery_window.h"
 #include "aids/figures_window.h"
 #include "base/code_page.h"
 #include "bookmarks/form3.h"
@@ -89,6 +90,7 @@ public:
     virtual void show(hands::KeysAndPedalsWindow& form) = 0;
     virtual void show(aids::AbbreviationsWindow& form) = 0;
     virtual void show(aids::FiguresWindow& form) = 0;
+    virtual void show(aids::DeliveryWindow& form) = 0;
 };
 
 } // namespace app

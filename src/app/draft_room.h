@@ -35,6 +35,8 @@ public:
     // The exit goes.
     void leave();
 
+    editor::Doubts& doubts() { return doubts_; }
+
     // The user changed an option.
     std::function<void()>& OptionsChanged() { return export_.OptionsChanged; }
 

@@ -22,6 +22,9 @@ public:
     // The exit goes.
     void leave() { commands_.leave(); }
 
+    aids::Verdicts& verdicts() { return verdicts_; }
+    aids::SpellingMarks& marks() { return marks_; }
+
     // The user changed an option.
     std::function<void()>& OptionsChanged() { return commands_.OptionsChanged; }
 

@@ -55,6 +55,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       sound_(desktop, form1_, editor_.form(), transcriptMenu_, {options_, notices_, phraseTargets_}),
       spelling_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
       aids_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, speakers_}),
+      delivery_(desktop, {form1_, editor_, spelling_, drafts_.doubts()}, transcriptMenu_, options_, words_),
       darkPage_(editor_.form(), options_, transcriptMenu_),
       hands_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
@@ -196,6 +197,7 @@ bool Workstation::Form_Unload() {
     speakers_.leave();
     sound_.leave();
     spelling_.leave();
+    delivery_.leave();
     safetyWindows_.leave();
     keys_.leave();
     hands_.leave();

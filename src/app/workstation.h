@@ -3,6 +3,7 @@
 #include "app/aids_room.h"
 #include "app/companion_windows.h"
 #include "app/dark_page.h"
+#include "app/delivery_room.h"
 #include "app/desktop.h"
 #include "app/draft_room.h"
 #include "app/editor_hint.h"
@@ -139,6 +140,7 @@ private:
     SoundRoom sound_;
     SpellingRoom spelling_;
     AidsRoom aids_;
+    DeliveryRoom delivery_;
     DarkPage darkPage_;
     HandsRoom hands_;
     KeysRoom keys_;

@@ -134,6 +134,10 @@ void QtDesktop::show(aids::FiguresWindow& form) {
     figures_ = std::make_unique<FiguresWindow>(form);
 }
 
+void QtDesktop::show(aids::DeliveryWindow& form) {
+    delivery_ = std::make_unique<DeliveryWindow>(form);
+}
+
 std::vector<outside::Library> QtDesktop::libraries() {
     return librariesInUse(player_);
 }
@@ -146,6 +150,7 @@ void QtDesktop::closeWindows() {
     keysAndPedals_.reset();
     abbreviations_.reset();
     figures_.reset();
+    delivery_.reset();
     speakers_.reset();
     keys_.reset();
     about_.reset();

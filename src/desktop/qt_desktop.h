@@ -20,6 +20,7 @@
 #include "desktop/services/standard_words.h"
 #include "desktop/text/rich_text_edit.h"
 #include "desktop/windows/abbreviations_window.h"
+#include "desktop/windows/delivery_window.h"
 #include "desktop/windows/figures_window.h"
 #include "desktop/windows/form1_window.h"
 #include "desktop/windows/form2_window.h"
@@ -83,6 +84,7 @@ public:
     void show(hands::KeysAndPedalsWindow& form) override;
     void show(aids::AbbreviationsWindow& form) override;
     void show(aids::FiguresWindow& form) override;
+    void show(aids::DeliveryWindow& form) override;
 
     // In idle time, loads what the first command would otherwise wait for.
     void prepareInIdleTime();
@@ -129,6 +131,7 @@ private:
     std::unique_ptr<KeysAndPedalsWindow> keysAndPedals_;
     std::unique_ptr<AbbreviationsWindow> abbreviations_;
     std::unique_ptr<FiguresWindow> figures_;
+    std::unique_ptr<DeliveryWindow> delivery_;
 };
 
 } // namespace desktop

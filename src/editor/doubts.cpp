@@ -30,10 +30,17 @@ Doubts::Doubts(Form2& form, UndoRedo& text, const DoubtOptions& options, lang::W
     // Other marks are in the view as well.
     form_.RTB.MarksIn = [this, others = form_.RTB.MarksIn](std::int32_t begin, std::int32_t end) {
         std::vector<platform::MarkedPart> marks = others(begin, end);
-        for (const Doubt& doubt : doubtsIn(begin, end))
-            marks.push_back({doubt.position, doubt.length, platform::Mark::Doubtful});
+        const std::vector<platform::MarkedPart> own = marksIn(begin, end);
+        marks.insert(marks.end(), own.begin(), own.end());
         return marks;
     };
+}
+
+std::vector<platform::MarkedPart> Doubts::marksIn(std::int32_t begin, std::int32_t end) {
+    std::vector<platform::MarkedPart> marks;
+    for (const Doubt& doubt : doubtsIn(begin, end))
+        marks.push_back({doubt.position, doubt.length, platform::Mark::Doubtful});
+    return marks;
 }
 
 void Doubts::start() {

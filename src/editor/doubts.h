@@ -31,6 +31,8 @@ public:
     void leave() { count_.setInterval(0); }
     // The text has changed.
     void changed();
+    // The doubtful words between two positions.
+    std::vector<platform::MarkedPart> marksIn(std::int32_t begin, std::int32_t end);
 
     // Plays the open recording from there, in ms; false without one.
     std::function<bool(std::int32_t ms)> PlayFrom = [](std::int32_t) { return false; };

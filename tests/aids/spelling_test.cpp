@@ -1,5 +1,4 @@
 #include "aids/checked_words.h"
-#include "aids/letter_case.h"
 #include "fakes/workbench.h"
 
 namespace {
@@ -34,7 +33,6 @@ TEST(CheckedWords, AreThoseThatADictionaryCanJudge) {
     for (const auto& row : rows)
         EXPECT_EQ(wordsOf(base::fromUtf8(row.text), row.language), row.words) << row.text;
     EXPECT_EQ(wordsOf(base::Text(65, u'a') + u" b" + base::Text(300, u'-') + u"word ok", "en_US"), "ok");
-    EXPECT_EQ(aids::lowered(u"ÀŽŸΩЁЯԱX1"), u"àžÿωёяաx1");
 }
 
 // The program with spelling switched on, as the user sees it.

@@ -150,6 +150,7 @@ public:
     editor::SpeakersWindow* speakers = nullptr;         // likewise
     aids::AbbreviationsWindow* abbreviations = nullptr; // likewise
     aids::FiguresWindow* figures = nullptr;             // likewise
+    aids::DeliveryWindow* delivery = nullptr;           // likewise
     hands::KeysAndPedalsWindow* keysAndPedals = nullptr;
     std::function<void()> inForm4 = [] {}; // user input while the dialog is open
 
@@ -246,6 +247,7 @@ public:
     void show(hands::KeysAndPedalsWindow& form) override { keysAndPedals = &form; }
     void show(aids::AbbreviationsWindow& form) override { abbreviations = &form; }
     void show(aids::FiguresWindow& form) override { figures = &form; }
+    void show(aids::DeliveryWindow& form) override { delivery = &form; }
 
     // Menu commands without a routine when they were shown: a real menu would disable them for good.
     std::vector<std::string_view> shownWithoutRoutine;

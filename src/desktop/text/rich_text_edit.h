@@ -167,6 +167,7 @@ private:
     QFont fontAtCaret() const;
     // Where this part of the text is in the viewport; a rectangle for each of two lines.
     std::vector<QRect> rectanglesOf(std::int32_t position, std::int32_t length) const;
+    std::vector<QRect> rectanglesBetween(int begin, int end) const;
     // The letter at a point of the viewport; nothing beside the text.
     std::optional<std::int32_t> letterAt(const QPoint& point) const;
     // The pointer is a hand over what a click with Ctrl has a use for.

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextLayout>
 #include <QTimerEvent>
 #include <algorithm>
 
@@ -20,12 +21,20 @@ constexpr int manyUnits = 20'000; // about what a large screen shows
 
 // A zigzag line, as under a misspelled word.
 void paintWave(QPainter& painter, const QRect& place, const QColor& color) {
-    constexpr int half = 2; // pixels: half a wave, and its height
-    QPolygon wave;
-    for (int x = place.left(); x <= place.right(); x += half)
-        wave << QPoint(x, place.bottom() - (wave.size() % 2 == 0 ? 0 : half));
-    painter.setPen(QPen(color, 1));
-    painter.drawPolyline(wave);
+    constexpr int height = 3; // pixels
+    constexpr int length = 4; // pixels of a wave
+    static QBrush brush;
+    if (brush.color() != color || brush.style() != Qt::TexturePattern) {
+        QImage wave(length, height, QImage::Format_ARGB32_Premultiplied);
+        wave.fill(Qt::transparent);
+        for (const auto& [x, y] : {std::pair{0, 2}, {1, 1}, {2, 0}, {3, 1}})
+            wave.setPixelColor(x, y, color);
+        brush = QBrush(wave);
+        brush.setColor(color);
+    }
+    const QRect line(place.left(), place.bottom() - height + 1, place.width(), height);
+    painter.setBrushOrigin(line.topLeft());
+    painter.fillRect(line, brush);
 }
 
 } // namespace
@@ -117,11 +126,30 @@ void RichTextEdit::wheelEvent(QWheelEvent* event) {
 }
 
 std::vector<QRect> RichTextEdit::rectanglesOf(std::int32_t position, std::int32_t length) const {
-    QTextCursor cursor(document_);
-    cursor.setPosition(documentPosition(*document_, position));
-    const QRect first = cursorRect(cursor);
-    cursor.setPosition(documentPosition(*document_, std::int64_t{position} + length));
-    const QRect last = cursorRect(cursor);
+    return rectanglesBetween(documentPosition(*document_, position),
+                             documentPosition(*document_, std::int64_t{position} + length));
+}
+
+// Positions of the document. The same as the control's own rectangles of the caret, for two positions that
+// are mostly in one paragraph.
+std::vector<QRect> RichTextEdit::rectanglesBetween(int begin, int end) const {
+    const QPointF scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    QTextBlock block;
+    QPointF corner;
+    const auto rectangleAt = [&](int position) {
+        if (!block.isValid() || position < block.position() ||
+            position >= block.position() + block.length()) {
+            block = document_->findBlock(position);
+            corner = layout_->blockBoundingRect(block).topLeft() - scrolled;
+        }
+        const int inBlock = position - block.position();
+        const QTextLine line = block.layout()->lineForTextPosition(inBlock);
+        if (!line.isValid())
+            return QRectF(corner, QSizeF(1, 1)).toRect();
+        return QRectF(corner.x() + line.cursorToX(inBlock), corner.y() + line.y(), 1, line.height()).toRect();
+    };
+    const QRect first = rectangleAt(begin);
+    const QRect last = rectangleAt(end);
     if (first.top() == last.top())
         return {QRect(QPoint(std::min(first.left(), last.left()), first.top()),
                       QPoint(std::max(first.left(), last.left()), std::max(first.bottom(), last.bottom())))};
@@ -139,8 +167,11 @@ void RichTextEdit::paintMarks(const QRect& area) {
         return;
     QPainter painter(viewport());
     const bool dark = palette().color(QPalette::Base).lightness() < 128;
+    NearPositions positions(*document_);
     for (const platform::MarkedPart& mark : marks) {
-        for (const QRect& place : rectanglesOf(mark.position, mark.length)) {
+        const int begin = positions.documentPosition(mark.position);
+        const int end = positions.documentPosition(mark.position + mark.length);
+        for (const QRect& place : rectanglesBetween(begin, end)) {
             if (mark.mark == platform::Mark::Heard) {
                 painter.fillRect(place, QColor(0xFF, 0xE0, 0x82));
             } else if (mark.mark == platform::Mark::Misspelled) {

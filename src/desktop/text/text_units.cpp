@@ -10,6 +10,15 @@ namespace {
 
 constexpr char16_t replacementUnit = u'\uFFFD';
 
+// The same as documentPosition for a position inside of this paragraph.
+int positionIn(const QTextDocument& document, const QTextBlock& block, std::int64_t position) {
+    const std::int64_t offset = position - block.position() - block.blockNumber();
+    const int place = block.position() + static_cast<int>(std::min<std::int64_t>(offset, block.length() - 1));
+    const bool splitsPair = place > 0 && document.characterAt(place).isLowSurrogate() &&
+                            document.characterAt(place - 1).isHighSurrogate();
+    return splitsPair ? place - 1 : place;
+}
+
 // The paragraph that contains a position of the program.
 QTextBlock blockAt(const QTextDocument& document, std::int64_t position) {
     int first = 0;
@@ -82,12 +91,19 @@ std::int32_t programPosition(const QTextDocument& document, int position) {
 
 int documentPosition(const QTextDocument& document, std::int64_t position) {
     const std::int64_t inside = std::clamp<std::int64_t>(position, 0, programLength(document));
-    const QTextBlock block = blockAt(document, inside);
-    const std::int64_t offset = inside - block.position() - block.blockNumber();
-    const int place = block.position() + static_cast<int>(std::min<std::int64_t>(offset, block.length() - 1));
-    const bool splitsPair = place > 0 && document.characterAt(place).isLowSurrogate() &&
-                            document.characterAt(place - 1).isHighSurrogate();
-    return splitsPair ? place - 1 : place;
+    return positionIn(document, blockAt(document, inside), inside);
+}
+
+// In the paragraph of the last position or the next one.
+int NearPositions::documentPosition(std::int32_t position) {
+    for (int tries = 0; tries < 2 && block_.isValid(); ++tries, block_ = block_.next()) {
+        const std::int64_t begin = std::int64_t{block_.position()} + block_.blockNumber();
+        if (position >= begin && position <= begin + block_.length())
+            return positionIn(document_, block_, position);
+    }
+    const int place = desktop::documentPosition(document_, position);
+    block_ = document_.findBlock(place);
+    return place;
 }
 
 } // namespace desktop

@@ -7,6 +7,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <QTextBlock>
 #include <cstdint>
 
 class QTextDocument;
@@ -33,6 +34,18 @@ base::Text programText(QStringView text, int paragraphEnds);
 
 // The length of the program's text in UTF-16 units, in constant time.
 std::int32_t programLength(const QTextDocument& document);
+
+// Converts positions of the program that are near each other in less time.
+class NearPositions {
+public:
+    explicit NearPositions(const QTextDocument& document) : document_(document) {}
+
+    int documentPosition(std::int32_t position);
+
+private:
+    const QTextDocument& document_;
+    QTextBlock block_; // of the last one
+};
 
 // Convert a position, in a time that hardly grows with the document. A position outside is moved to the
 // nearest one inside; a position within CR LF or a surrogate pair moves in front of it.

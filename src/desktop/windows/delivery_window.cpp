@@ -1,0 +1,107 @@
+#include "desktop/windows/delivery_window.h"
+
+#include "desktop/qt/conversions.h"
+#include "desktop/views/control_views.h"
+#include "desktop/views/input_views.h"
+#include "desktop/views/list_looks.h"
+
+#include <QListView>
+#include <QPainter>
+#include <QPushButton>
+#include <QStyledItemDelegate>
+
+namespace desktop {
+
+namespace {
+
+constexpr int leastHeight = 260; // pixels
+constexpr int spaceAbove = 8;    // pixels above a heading
+
+// A finding in its line of the text, or a heading.
+class FindingRow : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& row) const override {
+        const int height = QFontMetrics(option.font).height() + 2 * rowPadding;
+        return {0, isHeading(partsOf(row)) ? height + spaceAbove : height};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override {
+        const QStringList parts = partsOf(row);
+        QRect place = option.rect.adjusted(rowMargin, rowPadding, -rowMargin, -rowPadding);
+        QFont bold = option.font;
+        bold.setBold(true);
+        if (isHeading(parts)) {
+            painter->setFont(bold);
+            painter->setPen(option.palette.color(QPalette::Highlight));
+            painter->drawText(place, Qt::AlignLeft | Qt::AlignBottom, parts.value(1));
+            return;
+        }
+        const RowColors colors = paintRowGround(*painter, option, row.row());
+        const auto draw = [&](const QFont& font, const QColor& color, const QString& text) {
+            painter->setFont(font);
+            painter->setPen(color);
+            const QString shown = painter->fontMetrics().elidedText(text, Qt::ElideRight, place.width());
+            painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, shown);
+            place.setLeft(place.left() + painter->fontMetrics().horizontalAdvance(shown));
+        };
+        draw(option.font, colors.faint, parts.value(0));
+        draw(bold, colors.text, parts.value(1));
+        draw(option.font, colors.faint, parts.value(2));
+    }
+
+private:
+    static QStringList partsOf(const QModelIndex& row) { return row.data().toString().split(u'\t'); }
+    static bool isHeading(const QStringList& parts) { return parts.size() == 2; }
+};
+
+} // namespace
+
+DeliveryWindow::DeliveryWindow(aids::DeliveryWindow& form)
+    : FormWindow(form, Size::Sizable, Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint), form_(form) {
+    // In tab order.
+    QListView* const list = addView(form.List1, *this);
+    framedList(*list);
+    list->setUniformItemSizes(false);
+    list->setItemDelegate(new FindingRow(list));
+    new LabelView(form.lblState, this);
+    go_ = addView(form.cmdGo, *this);
+    hide_ = addView(form.cmdHide, *this);
+    again_ = addView(form.cmdAgain, *this);
+    close_ = addView(form.cmdClose, *this);
+    for (controls::Control* const control : std::initializer_list<controls::Control*>{
+             &form.cmdGo, &form.cmdHide, &form.cmdAgain, &form.cmdClose})
+        control->observe([this] { align(); });
+    begin();
+}
+
+void DeliveryWindow::resizeEvent(QResizeEvent* event) {
+    FormWindow::resizeEvent(event);
+    align();
+}
+
+void DeliveryWindow::align() {
+    int widths = edge;
+    for (const QPushButton* const button : {go_, hide_, again_, close_})
+        widths += buttonSize(*button).width() + edge;
+    setMinimumSize(widths, leastHeight);
+    const QRect inside = rect().adjusted(edge, edge, -edge, -edge);
+    const int height = buttonSize(*close_).height();
+    const int bottom = inside.bottom() + 1 - height;
+    int left = inside.left();
+    const std::pair<controls::CommandButton&, const QPushButton*> buttons[] = {
+        {form_.cmdGo, go_}, {form_.cmdHide, hide_}, {form_.cmdAgain, again_}};
+    for (const auto& [button, view] : buttons) {
+        putIn(button, QRect({left, bottom}, buttonSize(*view)));
+        left += buttonSize(*view).width() + edge;
+    }
+    const QSize close = buttonSize(*close_);
+    putIn(form_.cmdClose, QRect({inside.right() + 1 - close.width(), bottom}, close));
+    const int letters = fontMetrics().height();
+    const int state = bottom - edge - letters;
+    putIn(form_.lblState, QRect(inside.left(), state, inside.width(), letters));
+    putIn(form_.List1, QRect(inside.left(), inside.top(), inside.width(), state - edge - inside.top()));
+}
+
+} // namespace desktop
