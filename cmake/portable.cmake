@@ -4,7 +4,7 @@ set(QUILLMERE_PORTABLE_DIR ${CMAKE_BINARY_DIR}/portable CACHE PATH "Where the po
 set(PORTABLE_DIR ${QUILLMERE_PORTABLE_DIR})
 
 set_target_properties(quillmere PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PORTABLE_DIR})
-set_target_properties(quillmere_decoder quillmere_global_keys quillmere_internet quillmere_mpv
+set_target_properties(quillmere_decoder quillmere_global_keys quillmere_internet quillmere_mpris quillmere_mpv
     quillmere_pedals quillmere_portaudio quillmere_printing quillmere_spelling PROPERTIES
     LIBRARY_OUTPUT_DIRECTORY ${PORTABLE_DIR}/Modules)
 file(GLOB_RECURSE PORTABLE_DATA CONFIGURE_DEPENDS RELATIVE ${CMAKE_SOURCE_DIR}/data ${CMAKE_SOURCE_DIR}/data/*)
@@ -47,5 +47,5 @@ add_custom_target(portable ALL
     COMMAND ${CMAKE_COMMAND} -DFROM=${CMAKE_SOURCE_DIR}/data/Files/Quillmere.ini
             -DTO=${PORTABLE_DIR}/Files/Quillmere.ini -P ${CMAKE_SOURCE_DIR}/cmake/lay_settings.cmake
     DEPENDS quillmere ${laid})
-add_dependencies(portable quillmere_decoder quillmere_global_keys quillmere_internet quillmere_mpv
+add_dependencies(portable quillmere_decoder quillmere_global_keys quillmere_internet quillmere_mpris quillmere_mpv
     quillmere_pedals quillmere_portaudio quillmere_printing quillmere_spelling)

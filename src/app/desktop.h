@@ -20,6 +20,7 @@
 #include "platform/event_loop.h"
 #include "platform/global_keys.h"
 #include "platform/internet.h"
+#include "platform/media_controls.h"
 #include "platform/media_player.h"
 #include "platform/pedals.h"
 #include "platform/printer.h"
@@ -54,6 +55,8 @@ public:
     virtual platform::Printer& printer() = 0;
     virtual platform::WaveInput& waveInput() = 0;
     virtual platform::Decoder& decoder() = 0;
+    // The desktop's media keys and panels. The first call loads a library. Null if it cannot be loaded.
+    virtual platform::MediaControls* mediaControls() = 0;
     // Another one, for what listens to the open recording while a draft is made.
     virtual platform::Decoder& listener() = 0;
     virtual platform::ChildProcess& childProcess() = 0;

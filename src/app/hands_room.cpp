@@ -12,12 +12,13 @@ constexpr double step = 450; // twips between the editor's top left corner and t
 
 } // namespace
 
-HandsRoom::HandsRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, TranscriptMenu& menu,
-                     OptionsFile& options, lang::Words& words, safety::Notices& notices)
-    : commands_(form1, desktop.clipboard(), desktop.globalKeys()),
+HandsRoom::HandsRoom(Desktop& desktop, const hands::Panels::Player& player, EditorRoom& editor,
+                     TranscriptMenu& menu, OptionsFile& options, lang::Words& words, safety::Notices& notices)
+    : commands_(player.form, desktop.clipboard(), desktop.globalKeys()),
       hands_(desktop.eventLoop(), desktop.pedals(), desktop.globalKeys(), options_, bindings_, commands_),
+      panels_(desktop.eventLoop(), player, commands_, [&desktop] { return desktop.mediaControls(); }),
       window_(hands_, options_, bindings_, desktop.clipboard(), words,
-              form1.folder.files(u"70-quillmere-pedals.rules")) {
+              player.form.folder.files(u"70-quillmere-pedals.rules")) {
     options.tie("Pedals", options_.pedals);
     options.tie("KeysFromAnywhere", options_.keys);
     options.tie("DesktopPanels", options_.panels);
@@ -28,10 +29,12 @@ HandsRoom::HandsRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor,
     }
     bindings_.tidy();
     menu.addLast(window_.command());
-    window_.Load = [&desktop, &form1, &beside = editor.form()](hands::KeysAndPedalsWindow& form) {
+    window_.Load = [&desktop, &form1 = player.form,
+                    &beside = editor.form()](hands::KeysAndPedalsWindow& form) {
         placeOver(beside, form1.screen, step, form);
         desktop.show(form);
     };
+    window_.PanelsChanged = [this] { options_.panels ? panels_.begin() : panels_.end(); };
     commands_.NotTyped = [&notices] {
         notices.tell(u"The time could not be typed into the program in front. It is on the clipboard."_en);
     };
@@ -40,9 +43,12 @@ HandsRoom::HandsRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor,
 void HandsRoom::start() {
     if (options_.keys || options_.pedals)
         hands_.apply();
+    if (options_.panels)
+        panels_.begin();
 }
 
 void HandsRoom::leave() {
+    panels_.end();
     hands_.leave();
     window_.leave();
 }

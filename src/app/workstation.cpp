@@ -57,7 +57,8 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       aids_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, speakers_}),
       delivery_(desktop, {form1_, editor_, spelling_, drafts_.doubts()}, transcriptMenu_, options_, words_),
       darkPage_(editor_.form(), options_, transcriptMenu_),
-      hands_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
+      hands_(desktop, {form1_, volumeBar_, speed_, opener_}, editor_, transcriptMenu_, options_, words_,
+             notices_),
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
     wireSafety();

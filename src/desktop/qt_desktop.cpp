@@ -41,7 +41,8 @@ private:
 QtDesktop::QtDesktop()
     : player_(modulePath(system_, "mpv_player")), waveInput_(modulePath(system_, "portaudio_capture")),
       decoder_(modulePath(system_, "decoder")), listener_(modulePath(system_, "decoder")),
-      spelling_(modulePath(system_, "spelling")), text_(QtSystem::codePage()),
+      spelling_(modulePath(system_, "spelling")),
+      mediaControls_(modulePath(system_, "mpris"), "quillmere_media_controls"), text_(QtSystem::codePage()),
       printing_(modulePath(system_, "printing"), "quillmere_printer"),
       internet_(modulePath(system_, "internet")), pedals_(modulePath(system_, "pedals")),
       globalKeys_(modulePath(system_, "global_keys")) {}

@@ -56,6 +56,7 @@ public:
     platform::Printer& printer() override;
     platform::WaveInput& waveInput() override { return waveInput_; }
     platform::Decoder& decoder() override { return decoder_; }
+    platform::MediaControls* mediaControls() override { return mediaControls_.load(); }
     platform::Decoder& listener() override { return listener_; }
     platform::ChildProcess& childProcess() override { return childProcess_; }
     platform::Internet& internet() override { return internet_; }
@@ -106,6 +107,7 @@ private:
     LazyDecoder decoder_;
     LazyDecoder listener_;
     LazySpelling spelling_;
+    LazyModule<platform::MediaControls> mediaControls_;
     QtChildProcess childProcess_;
     std::unique_ptr<StandardWords> words_;
     RichTextEdit text_;

@@ -34,6 +34,12 @@ void Speed::mnuDiminuisciVelocità_Click() {
     showRate();
 }
 
+void Speed::setRate(double factor) {
+    form_.Label7.tag = u"1";
+    form_.WMP1.setRate(factor);
+    showRate();
+}
+
 void Speed::showRate() {
     form_.Label7.caption = base::numberText(form_.WMP1.rate()).substr(0, shownDigits) + u" x";
     form_.Label7.visible = true;

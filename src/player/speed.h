@@ -12,6 +12,8 @@ public:
 
     void mnuAumentaVelocità_Click();
     void mnuDiminuisciVelocità_Click();
+    // Sets the speed factor, as far as the player can.
+    void setRate(double factor);
 
 private:
     void showRate();

@@ -5,6 +5,7 @@
 #include "fakes/fake_clipboard.h"
 #include "fakes/fake_decoder.h"
 #include "fakes/fake_hands.h"
+#include "fakes/fake_media_controls.h"
 #include "fakes/fake_player.h"
 #include "fakes/fake_printer.h"
 #include "fakes/fake_rich_text.h"
@@ -131,6 +132,7 @@ public:
     FakePrinter printerPort;
     FakeWaveInput device;
     FakeDecoder decoderPort;
+    FakeMediaControls panels;
     FakeDecoder listenerPort;
     FakeSpelling spellingPort;
     FakeChildProcess childProcessPort;
@@ -205,6 +207,7 @@ public:
     platform::Printer& printer() override { return printerPort; }
     platform::WaveInput& waveInput() override { return device; }
     platform::Decoder& decoder() override { return decoderPort; }
+    platform::MediaControls* mediaControls() override { return &panels; }
     platform::Decoder& listener() override { return listenerPort; }
     platform::ChildProcess& childProcess() override { return childProcessPort; }
     base::CodePage codePage() override { return base::CodePage(1252); }

@@ -48,10 +48,64 @@ protected:
     }
 };
 
+TEST_F(HandsTest, Panels_DoWhatTheButtonsDo_AndShowWhatThePlayerDoes) {
+    using Run = platform::MediaFacts::Run;
+    startWith("DesktopPanels=1\r\n");
+    platform::MediaCommands& panel = *desktop.panels.commands;
+    const platform::MediaFacts& shown = desktop.panels.shown;
+    const auto then = [&](Run run, double jump) {
+        EXPECT_EQ(shown.run, run);
+        EXPECT_THAT(std::exchange(desktop.panels.jumps, {}), ElementsAre(jump));
+    };
+    desktop.loop.advance(300);
+    EXPECT_EQ(base::afterLast(shown.path, u'/'), u"talk.mp3");
+    EXPECT_EQ(shown.length, 1800);
+    then(Run::Paused, 600);
+    panel.play();
+    panel.play();
+    desktop.loop.advance(3000);
+    EXPECT_TRUE(desktop.panels.jumps.empty());
+    panel.pause();
+    then(Run::Paused, 601);
+    panel.playPause();
+    panel.stepForward();
+    then(Run::Playing, 606);
+    panel.stepBack();
+    then(Run::Playing, 601);
+    panel.setPosition(1e9);
+    panel.setPosition(20);
+    EXPECT_EQ(desktop.panels.jumps.back(), 20);
+    panel.setRate(7);
+    panel.setVolume(0.25);
+    EXPECT_EQ(shown.rate, 5);
+    EXPECT_EQ(shown.volume, 0.25);
+    EXPECT_EQ(form().Label7.caption.get(), u"5 x");
+    panel.open(desktop.layMedia("other.mp3", 60));
+    desktop.loop.advance(400);
+    EXPECT_EQ(shown.length, 60);
+    panel.stop();
+    EXPECT_EQ(shown.run, Run::Stopped);
+    form().mnuChiudi.Click();
+    for (const auto command : {&platform::MediaCommands::play, &platform::MediaCommands::pause,
+                               &platform::MediaCommands::stop, &platform::MediaCommands::stepBack})
+        (panel.*command)();
+    EXPECT_EQ(shown.path, u"");
+    panel.quit();
+    EXPECT_TRUE(desktop.systemPort.ended);
+    EXPECT_FALSE(desktop.panels.commands);
+}
+
 TEST_F(HandsTest, Everything_IsOff_UntilItIsSwitchedOn) {
     startWith("");
     EXPECT_TRUE(keys.held.empty());
     EXPECT_FALSE(pedals.hears(known));
+    EXPECT_FALSE(desktop.panels.commands);
+    window().chkPanels.value = true;
+    window().chkPanels.Click();
+    EXPECT_TRUE(desktop.panels.commands);
+    window().chkPanels.value = false;
+    window().chkPanels.Click();
+    EXPECT_FALSE(desktop.panels.commands);
     window().chkKeys.value = true;
     window().chkKeys.Click();
     window().chkPedals.value = true;

@@ -62,12 +62,17 @@ use_sound_card() {
   export ALSA_CONFIG_PATH=$scratch/asound.conf
 }
 
-# A private session bus with an accessibility bus, switched on as by a screen reader. Call it after start_display.
-start_accessibility() {
+start_bus() {  # a private session bus, with the process id $bus
   exec {bus_fd}< <(as_companion dbus-daemon --session --nofork --nopidfile --print-address 2>/dev/null)
-  companions+=($!)
+  bus=$!
+  companions+=("$bus")
   read -r -t 20 -u "$bus_fd" DBUS_SESSION_BUS_ADDRESS || fail "no session bus"
   export DBUS_SESSION_BUS_ADDRESS
+}
+
+# A private session bus with an accessibility bus, switched on as by a screen reader. Call it after start_display.
+start_accessibility() {
+  start_bus
   dbus-send --print-reply --dest=org.a11y.Bus /org/a11y/bus org.freedesktop.DBus.Properties.Set \
     string:org.a11y.Status string:IsEnabled variant:boolean:true >/dev/null || fail "no accessibility bus"
 }
