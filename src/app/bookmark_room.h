@@ -20,6 +20,7 @@ public:
     }
 
     bookmarks::Form3& form() { return form3_; }
+    const bookmarks::Form3& form() const { return form3_; }
 
     bool empty() const { return table_.empty(); }
     // The bookmarks of the open media file, up to the first empty entry.

@@ -35,6 +35,7 @@
 #include "safety/quiet_line.h"
 #include "safety/versions_window.h"
 #include "safety/what_happened.h"
+#include "sound/sound_window.h"
 
 namespace app {
 
@@ -94,6 +95,7 @@ public:
     virtual void show(aids::AbbreviationsWindow& form) = 0;
     virtual void show(aids::FiguresWindow& form) = 0;
     virtual void show(aids::DeliveryWindow& form) = 0;
+    virtual void show(sound::SoundWindow& form) = 0;
 };
 
 } // namespace app

@@ -6,18 +6,25 @@
 
 namespace app {
 
-// F10 leads the keyboard focus from the text to the toolbar, the player's buttons, the bookmarks and back.
-// Windows that are hidden are left out.
+// F10 leads the keyboard focus from the text to the toolbar, the player's buttons, the bookmarks, the
+// waveform and back. Windows that are hidden are left out.
 class FocusRound {
 public:
     FocusRound(player::Form1& player, editor::Form2& editor, bookmarks::Form3& marks)
         : player_(player), editor_(editor), marks_(marks) {
         editor_.NextGroup = [this] { player_.focusControls(); };
-        player_.NextGroup = [this] { marks_.visible ? marks_.List1.setFocus() : focusText(); };
-        marks_.NextGroup = [this] { focusText(); };
+        player_.NextGroup = [this] { marks_.visible ? marks_.List1.setFocus() : focusLast(); };
+        marks_.NextGroup = [this] { focusLast(); };
+    }
+
+    // The group behind the bookmarks.
+    void addLast(controls::Window& last) {
+        last_ = &last;
+        last.NextGroup = [this] { focusText(); };
     }
 
 private:
+    void focusLast() { last_ && last_->visible ? last_->focusControls() : focusText(); }
     void focusText() {
         if (!editor_.visible)
             return player_.focusControls();
@@ -28,6 +35,7 @@ private:
     player::Form1& player_;
     editor::Form2& editor_;
     bookmarks::Form3& marks_;
+    controls::Window* last_ = nullptr;
 };
 
 } // namespace app

@@ -139,6 +139,10 @@ void QtDesktop::show(aids::DeliveryWindow& form) {
     delivery_ = std::make_unique<DeliveryWindow>(form);
 }
 
+void QtDesktop::show(sound::SoundWindow& form) {
+    sound_ = std::make_unique<SoundWindow>(form);
+}
+
 std::vector<outside::Library> QtDesktop::libraries() {
     return librariesInUse(player_);
 }
@@ -152,6 +156,7 @@ void QtDesktop::closeWindows() {
     abbreviations_.reset();
     figures_.reset();
     delivery_.reset();
+    sound_.reset();
     speakers_.reset();
     keys_.reset();
     about_.reset();

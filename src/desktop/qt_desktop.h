@@ -34,6 +34,7 @@
 #include "desktop/windows/notices_window.h"
 #include "desktop/windows/quiet_line_view.h"
 #include "desktop/windows/recogniser_window.h"
+#include "desktop/windows/sound_window.h"
 #include "desktop/windows/speakers_window.h"
 #include "desktop/windows/versions_window.h"
 #include "safety/disk_thread.h"
@@ -86,6 +87,7 @@ public:
     void show(aids::AbbreviationsWindow& form) override;
     void show(aids::FiguresWindow& form) override;
     void show(aids::DeliveryWindow& form) override;
+    void show(sound::SoundWindow& form) override;
 
     // In idle time, loads what the first command would otherwise wait for.
     void prepareInIdleTime();
@@ -134,6 +136,7 @@ private:
     std::unique_ptr<AbbreviationsWindow> abbreviations_;
     std::unique_ptr<FiguresWindow> figures_;
     std::unique_ptr<DeliveryWindow> delivery_;
+    std::unique_ptr<SoundWindow> sound_;
 };
 
 } // namespace desktop

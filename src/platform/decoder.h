@@ -37,8 +37,8 @@ public:
     // in the recording. Damaged parts are skipped. The file appears at the path `wav` when it is complete,
     // readable by its owner only. A conversion that still runs is cancelled first.
     virtual void start(const base::Text& recording, const base::Text& wav) = 0;
-    // The same sound for this sink instead of a file, without reports of the progress. A cancelled conversion
-    // may still use the sink for a moment.
+    // The same sound for this sink instead of a file. A cancelled conversion may still use the sink for a
+    // moment.
     virtual void listen(const base::Text& recording, std::shared_ptr<SampleSink> sink) = 0;
     // No event follows, and no file is left.
     virtual void cancel() = 0;

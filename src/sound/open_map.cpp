@@ -6,6 +6,10 @@ namespace sound {
 
 OpenMap::OpenMap(platform::Decoder& decoder, MapFolder folder)
     : decoder_(decoder), folder_(std::move(folder)) {
+    decoder_.Progress = [this](double seconds) {
+        madeUpTo_ = seconds;
+        Changed();
+    };
     decoder_.Finished = [this](const base::Text& failure) { finish(failure); };
 }
 
@@ -20,6 +24,7 @@ void OpenMap::want(const base::Text& recording) {
     if (std::exchange(maker_, nullptr))
         decoder_.cancel();
     map_.reset();
+    madeUpTo_ = 0;
     if (const auto found = recording_.empty() ? std::nullopt : Recording::at(recording_)) {
         if (auto kept = folder_.find(*found)) {
             map_ = std::make_shared<const SoundMap>(std::move(*kept));

@@ -22,11 +22,13 @@ public:
     void want(const base::Text& recording);
 
     // The map of the recording; null while there is none.
-    const SoundMap* map() const { return map_.get(); }
+    const std::shared_ptr<const SoundMap>& map() const { return map_; }
     // True while it is made.
     bool isMaking() const { return maker_ != nullptr; }
+    // Up to where, in seconds.
+    double madeUpTo() const { return madeUpTo_; }
 
-    // The map is there, or is gone, or cannot be made.
+    // The map is there, or is gone, or cannot be made, or a part more of it is made.
     std::function<void()> Changed = [] {};
 
 private:
@@ -35,6 +37,7 @@ private:
     platform::Decoder& decoder_;
     const MapFolder folder_;
     base::Text recording_;
+    double madeUpTo_ = 0;
     std::shared_ptr<MapMaker> maker_; // while it works
     std::shared_ptr<const SoundMap> map_;
 };

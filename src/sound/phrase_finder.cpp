@@ -32,6 +32,7 @@ constexpr std::size_t leastLoud = 3;      // loud frames of a run
 constexpr std::size_t leastSpeech = 8;    // frames of a phrase
 constexpr std::size_t pause = 16;         // frames between two phrases, at least
 constexpr std::size_t lead = 6;           // frames before the first sound
+constexpr std::size_t tail = 4;           // frames behind the last one
 constexpr std::size_t onset = 2;          // the same after a shorter pause
 constexpr std::uint8_t silentDepth = 200; // of a gap that is a short pause; that of other dips is less
 
@@ -224,12 +225,14 @@ Phrases PhraseFinder::find() const {
     const std::vector<Run> runs = runsOf(levels_);
     std::vector<Gap> gaps;
     std::vector<Phrase> phrases;
-    std::size_t before = 0; // the end of the phrase before
-    for (const Run& run : joined(runs, gaps)) {
-        const std::size_t begin = run.begin - std::min(lead, (run.begin - before) / 2);
+    const std::vector<Run> speech = joined(runs, gaps);
+    for (std::size_t i = 0; i < speech.size(); ++i) {
+        const std::size_t before = i == 0 ? 0 : speech[i - 1].end;
+        const std::size_t behind = i + 1 < speech.size() ? speech[i + 1].begin : levels_.size();
+        const std::size_t begin = speech[i].begin - std::min(lead, (speech[i].begin - before) / 2);
+        const std::size_t end = speech[i].end + std::min(tail, (behind - speech[i].end) / 2);
         phrases.push_back(
-            {static_cast<std::int32_t>(begin) * frameMs, static_cast<std::int32_t>(run.end) * frameMs});
-        before = run.end;
+            {static_cast<std::int32_t>(begin) * frameMs, static_cast<std::int32_t>(end) * frameMs});
     }
     for (const Run& run : runs)
         addDips(levels_, run, gaps);

@@ -84,3 +84,63 @@ TEST_F(SoundRoomTest, CommandsForPhrases_ReadTheRecordingOnce_AndKeepTheState) {
     listener.Finished(u"No such file");
     EXPECT_EQ(program->workstation().notices().all().size(), 1U) << "tells that there are none";
 }
+
+TEST_F(SoundRoomTest, Window_FollowsThePosition_ZoomsAroundThePointer_AndSeeks) {
+    run("mnuSoundWindow");
+    sound::SoundWindow& window = *desktop.sound;
+    EXPECT_TRUE(window.visible && window.lblState.visible && !window.Wave.visible);
+    window.Wave.width = 400 * controls::twipsPerPixel; // at first, 75 pixels a second
+    open("talk.mp3", 20);
+    desktop.loop.advance(1000);
+    EXPECT_TRUE(window.lblState.visible) << "still read";
+    listener.hear(threePhrases());
+    EXPECT_TRUE(window.Wave.visible && !window.lblState.visible);
+    const sound::ShownPart& part = window.Wave.part;
+    const auto middle = [&] { return (part.position - part.begin) / part.perPixel; }; // pixels
+    player.setCurrentPosition(3);
+    desktop.loop.advance(2500);
+    EXPECT_NEAR(part.position, player.currentPosition(), 0.02);
+    EXPECT_NEAR(middle(), 160, 3) << "the recording moves, the position stays";
+
+    const double there = part.begin + 300 * part.perPixel;
+    window.Wave.Wheel(4500, 2, false);
+    EXPECT_NEAR(part.begin + 300 * part.perPixel, there, 1e-9);
+    window.Wave.Wheel(4500, -2, false);
+    desktop.loop.advance(1000);
+    EXPECT_GT(middle(), 200) << "the user looks elsewhere";
+    desktop.loop.advance(5000);
+    EXPECT_NEAR(middle(), 160, 3);
+
+    const double begin = part.begin;
+    const auto drag = [&](double to) {
+        window.Wave.MouseDown({1, 3000, 900});
+        window.Wave.MouseMove({1, to, 900});
+        window.Wave.MouseUp({1, to, 900});
+    };
+    const double before = player.currentPosition();
+    drag(3750);
+    EXPECT_NEAR(part.begin, begin - 50 * part.perPixel, 1e-9);
+    EXPECT_EQ(player.currentPosition(), before);
+    drag(3015);
+    EXPECT_NEAR(player.currentPosition(), part.begin + 201 * part.perPixel, 1e-9);
+    EXPECT_TRUE(window.Wave.accessible.valueText().ends_with(u" of 00:20"));
+    EXPECT_TRUE(form().isPlaying());
+}
+
+TEST_F(SoundRoomTest, Window_StandsWhereItWas_OnTheScreen) {
+    run("mnuSoundWindow");
+    EXPECT_EQ(desktop.sound->left, desktop.form2->left + desktop.form2->width + 30);
+    EXPECT_EQ(desktop.sound->height, form().height);
+    desktop.sound->left = 100'000;
+    desktop.sound->top = 3000;
+    desktop.sound->width = 6000;
+    form().mnuEsci.Click();
+    start();
+    ASSERT_TRUE(desktop.sound->visible) << "it was open";
+    EXPECT_EQ(desktop.sound->left, form().screen.width - 6000);
+    EXPECT_EQ(desktop.sound->top, 3000);
+    platform::KeyEvent escape{platform::escapeKey};
+    desktop.sound->KeyDown(escape);
+    EXPECT_FALSE(desktop.sound->visible);
+    EXPECT_THAT(desktop.folder.read("Files/Options.ini"), testing::HasSubstr("SoundWindowShown=0"));
+}

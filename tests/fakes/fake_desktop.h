@@ -153,6 +153,7 @@ public:
     aids::AbbreviationsWindow* abbreviations = nullptr; // likewise
     aids::FiguresWindow* figures = nullptr;             // likewise
     aids::DeliveryWindow* delivery = nullptr;           // likewise
+    sound::SoundWindow* sound = nullptr;                // likewise
     hands::KeysAndPedalsWindow* keysAndPedals = nullptr;
     std::function<void()> inForm4 = [] {}; // user input while the dialog is open
 
@@ -245,6 +246,7 @@ public:
     void show(safety::NoticesWindow& form) override { notices = &form; }
     void show(outside::KeysWindow& form) override { keys = &form; }
     void show(editor::SpeakersWindow& form) override { speakers = &form; }
+    void show(sound::SoundWindow& form) override { sound = &form; }
     void show(safety::VersionsWindow& form) override { versions = &form; }
     void show(drafts::RecogniserWindow& form) override { recogniser = &form; }
     void show(hands::KeysAndPedalsWindow& form) override { keysAndPedals = &form; }

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Regenerates the pictures of docs/ from the program last built by ./run: the player in its states at single and double
-# size, its menus in two languages, the recorder in its states, the about box, the quiet line, a recogniser at work, keys and pedals,
-# following the sound and the earlier versions in two languages.
+# size, its menus in two languages, the recorder in its states, the about box, the quiet line, a recogniser at work, keys
+# and pedals, following the sound, the waveform and the earlier versions in two languages.
 export PORTABLE_DIR=${PORTABLE_DIR:-$(dirname "$0")/../../build/quillmere}
 source "$(dirname "$0")/driver.sh"
 docs=$root/docs
@@ -324,12 +324,32 @@ following() {
   convert "$scratch/follow.png" -fill '#8a94a3' -draw 'color 500,100 floodfill' "$docs/follow.png"
 }
 
+# The waveform with a bookmark, on the white and on the dark page.
+waveform() {
+  local dark shown=()
+  for dark in 0 1; do
+    lay_folder
+    printf '00:00:04  Who he is%15s00:00:04\r\n00:00:08  First question%15s00:00:08\r\n' '' '' \
+      >"$folder/Bookmarks/Interview.mp3.bm"
+    printf 'SoundWindow=750 9750 11100 2900\r\nSoundWindowShown=1\r\nDarkPage=%d\r\n' $dark >"$folder/Files/Options.ini"
+    start_program "$folder/Samples/Interview.mp3"
+    xdotool mousemove 900 900
+    sleep 7
+    import -frame -window "$(xdotool search --onlyvisible --name '^Sound$')" "$scratch/sound-$dark.png"
+    shown+=("$scratch/sound-$dark.png")
+    kill -KILL "$program"
+  done
+  convert "${shown[@]}" -bordercolor '#8a94a3' -border 6 -append "$docs/sound.png"
+}
+
 start_display
 start_sound
 hands English alt+r
 hands Russian alt+Cyrillic_er
 convert "$scratch/hands-English.png" "$scratch/hands-Russian.png" +append "$docs/keys-and-pedals.png"
 [[ ${1-} != hands ]] || exit 0
+waveform
+[[ ${1-} != sound ]] || exit 0
 draft
 [[ ${1-} != draft ]] || exit 0
 quiet_line 'Interviewer: Thomas, what does a harbour pilot do?'

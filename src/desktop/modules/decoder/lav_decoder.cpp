@@ -127,28 +127,14 @@ void LavDecoder::convert(const std::shared_ptr<Run>& run) {
 }
 
 void LavDecoder::fillSink(const std::shared_ptr<Run>& run) {
-    RecordingReader reader(run->recording, run->stop);
-    for (auto samples = reader.next(); !samples.empty(); samples = reader.next())
-        run->sink->add(samples);
+    read(run, *run->sink);
     if (!run->stop)
         run->sink->end();
 }
 
 void LavDecoder::writeFile(const std::shared_ptr<Run>& run) {
-    using Clock = std::chrono::steady_clock;
-    RecordingReader reader(run->recording, run->stop);
     WavFile file(run->wav);
-    std::size_t count = 0;
-    auto reported = Clock::now();
-    for (auto samples = reader.next(); !samples.empty(); samples = reader.next()) {
-        file.add(samples);
-        count += samples.size();
-        if (const auto now = Clock::now(); now >= reported + betweenReports) {
-            reported = now;
-            const double seconds = static_cast<double>(count) / RecordingReader::samplesPerSec;
-            post(run, [seconds](LavDecoder& decoder) { decoder.Progress(seconds); });
-        }
-    }
+    read(run, file);
     if (run->stop)
         return;
     file.complete();
@@ -156,6 +142,24 @@ void LavDecoder::writeFile(const std::shared_ptr<Run>& run) {
     run->complete = true;
     if (!run->owner)
         ::unlink(run->wav.c_str());
+}
+
+// Adds all samples to a sink or a file, and reports the progress.
+template <typename Sink>
+void LavDecoder::read(const std::shared_ptr<Run>& run, Sink& sink) {
+    using Clock = std::chrono::steady_clock;
+    RecordingReader reader(run->recording, run->stop);
+    std::size_t count = 0;
+    auto reported = Clock::now();
+    for (auto samples = reader.next(); !samples.empty(); samples = reader.next()) {
+        sink.add(samples);
+        count += samples.size();
+        if (const auto now = Clock::now(); now >= reported + betweenReports) {
+            reported = now;
+            const double seconds = static_cast<double>(count) / RecordingReader::samplesPerSec;
+            post(run, [seconds](LavDecoder& decoder) { decoder.Progress(seconds); });
+        }
+    }
 }
 
 void LavDecoder::post(const std::shared_ptr<Run>& run, std::function<void(LavDecoder&)> call) {

@@ -41,6 +41,8 @@ private:
     static void convert(const std::shared_ptr<Run>& run);
     static void fillSink(const std::shared_ptr<Run>& run);
     static void writeFile(const std::shared_ptr<Run>& run);
+    template <typename Sink>
+    static void read(const std::shared_ptr<Run>& run, Sink& sink);
     // Calls this on the event loop's thread, if the run is still wanted then. Called from the run's thread.
     static void post(const std::shared_ptr<Run>& run, std::function<void(LavDecoder&)> call);
     void end();
