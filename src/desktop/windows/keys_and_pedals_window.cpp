@@ -18,8 +18,8 @@ namespace {
 
 constexpr QSize leastSize(480, 420); // pixels
 constexpr int mostLines = 9;         // of the state
-constexpr double keyColumn = 0.42;   // of a row's width, from the left
-constexpr double pedalColumn = 0.68; // likewise
+constexpr double keyColumn = 0.37;   // of a row's width, from the left
+constexpr double pedalColumn = 0.62; // likewise
 constexpr QChar itemSeparator = u'\t';
 
 // A row: the command, its key, its pedals.

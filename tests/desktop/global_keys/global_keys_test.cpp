@@ -1,10 +1,10 @@
-#include "other_program.h"
-
 #include "desktop/eventually.h"
 #include "x_global_keys.h"
 
 #include <QGuiApplication>
+#include <QProcess>
 #include <gmock/gmock.h>
+#include <xcb/xtest.h>
 
 using fakes::eventually;
 using fakes::runLoop;
@@ -17,6 +17,69 @@ namespace {
 // X key codes of places on a keyboard.
 constexpr int keyA = 38, keyY = 29, keyZ = 52, f5 = 71, control = 37, alt = 64, super = 133;
 constexpr int capsLock = 66, numLock = 77, nextLayout = 78;
+
+void run(const QString& command) {
+    EXPECT_EQ(QProcess::execute(command.section(u' ', 0, 0), command.split(u' ').sliced(1)), 0);
+}
+
+// A private X server; from now on, the one of this process.
+struct PrivateServer {
+    explicit PrivateServer(const char* options = "-noreset") {
+        server.setStandardErrorFile(QProcess::nullDevice());
+        server.startCommand(QStringLiteral("Xvfb -displayfd 1 -nolisten tcp ") +
+                            QString::fromLatin1(options));
+        server.waitForReadyRead(20'000);
+        qputenv("DISPLAY", ":" + server.readLine().trimmed());
+    }
+    ~PrivateServer() {
+        server.terminate();
+        server.waitForFinished();
+    }
+    QProcess server;
+};
+
+// Another program, with the keyboard in its window; and the keyboard of the user.
+struct OtherProgram {
+    OtherProgram() {
+        qputenv("LC_ALL", "C.UTF-8");
+        program.startCommand(QStringLiteral("stdbuf -oL xev -event keyboard"));
+        run(QStringLiteral("xdotool search --sync --name Event.Tester windowfocus --sync"));
+    }
+    ~OtherProgram() {
+        program.kill();
+        program.waitForFinished();
+    }
+    // What was typed into the window so far, in UTF-8.
+    std::string& typed() {
+        program.waitForReadyRead(1);
+        while (program.canReadLine()) {
+            const QByteArray line = program.readLine();
+            if (line.startsWith("Key"))
+                isPress = line.startsWith("KeyPress");
+            if (const auto at = line.indexOf(") \"");
+                isPress && at > 0 && line.contains("XmbLookupString gives"))
+                text += line.sliced(at + 3, line.lastIndexOf('"') - at - 3).toStdString();
+        }
+        return text;
+    }
+    // The user presses or releases X key codes, or presses a key with others held.
+    void press(std::initializer_list<int> codes, bool down) const {
+        for (const int code : codes)
+            xcb_test_fake_input(user.connection(), down ? XCB_KEY_PRESS : XCB_KEY_RELEASE,
+                                static_cast<std::uint8_t>(code), 0, 0, 0, 0, 0);
+        xcb_flush(user.connection());
+    }
+    void tap(std::initializer_list<int> held, int key) const {
+        press(held, true);
+        press({key}, true);
+        press({key}, false);
+        press(held, false);
+    }
+    desktop::XKeyboard user;
+    QProcess program;
+    std::string text;
+    bool isPress = false;
+};
 
 } // namespace
 
@@ -33,9 +96,8 @@ struct GlobalKeysTest : testing::Test {
     }
     // The server has these layouts, such as "us,ru", of which the second one may be chosen.
     void useLayout(const char* names, bool second = false) {
-        const QString options =
-            QStringLiteral("-option  -option grp:sclk_toggle -layout ") + QString::fromLatin1(names);
-        EXPECT_EQ(QProcess::execute(QStringLiteral(SETXKBMAP), options.split(u' ')), 0);
+        run(QStringLiteral("setxkbmap -option  -option grp:sclk_toggle -layout ") +
+            QString::fromLatin1(names));
         if (std::exchange(onSecond, second) != second)
             other.tap({}, nextLayout);
         runLoop(300);
@@ -65,7 +127,7 @@ TEST_F(GlobalKeysTest, HeldKeys_AreReportedOnce_WithAnyLocks_AndNotToTheProgramI
             other.tap({}, lock);
     }
     other.tap({}, keyA);
-    EXPECT_TRUE(eventually([&] { return other.typed() == U"a"; })) << "no more than is taken";
+    EXPECT_TRUE(eventually([&] { return other.typed() == "a"; })) << "no more than is taken";
 }
 
 TEST_F(GlobalKeysTest, AKeyOfAnotherProgram_IsTaken_UntilThatGivesItBack) {
@@ -104,7 +166,7 @@ TEST_F(GlobalKeysTest, Texts_AreTypedUnderAnyLayout_AndAfterwardsTheLayoutIsAsBe
             other.typed().clear();
             keys.type(u"[01:23:45] ");
             keys.type(u"é€Жa");
-            EXPECT_TRUE(eventually([&] { return other.typed() == U"[01:23:45] é€Жa"; }, 5000))
+            EXPECT_TRUE(eventually([&] { return other.typed() == "[01:23:45] é€Жa"; }, 5000))
                 << layout << caps;
             other.tap({}, capsLock);
         }
@@ -119,14 +181,14 @@ TEST_F(GlobalKeysTest, ATextWaits_UntilTheUserHasLetGo) {
     runLoop(200);
     other.press({super}, false);
     runLoop(200);
-    EXPECT_EQ(other.typed(), U"") << "the key itself is still held";
+    EXPECT_EQ(other.typed(), "") << "the key itself is still held";
     other.press({f5}, false);
-    EXPECT_TRUE(eventually([&] { return other.typed() == U"12"; }, 3000));
+    EXPECT_TRUE(eventually([&] { return other.typed() == "12"; }, 3000));
     other.press({control}, true);
     keys.type(u"3");
     EXPECT_TRUE(eventually([&] { return notTyped; })) << "not forever";
     other.press({control}, false);
-    EXPECT_EQ(other.typed(), U"12");
+    EXPECT_EQ(other.typed(), "12");
 }
 
 TEST(GlobalKeysWithout, AServer_OrItsTyping_SayIt) {
@@ -137,7 +199,7 @@ TEST(GlobalKeysWithout, AServer_OrItsTyping_SayIt) {
         return !told && eventually([&] { return told; });
     };
     {
-        const PrivateServer server({QStringLiteral("-extension"), QStringLiteral("XTEST")});
+        const PrivateServer server("-extension XTEST");
         desktop::XGlobalKeys keys;
         EXPECT_THAT(keys.take({u"Meta+F5"}), ElementsAre(KeyHold::Held));
         EXPECT_TRUE(typesNothing(keys));
