@@ -14,7 +14,8 @@ using lang::operator""_en;
 
 namespace {
 
-constexpr double step = 750; // twips between the editor's top left corner and a window's
+constexpr int saveAfter = 500; // ms
+constexpr double step = 750;   // twips between the editor's top left corner and a window's
 
 base::Text today() {
     const std::time_t now = std::time(nullptr);
@@ -38,7 +39,8 @@ AidsRoom::AidsRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, T
       list_(abbreviations_, parts.words), expansion_(editor.form(), editor.undoRedo(), typing_),
       signs_(editor.form(), editor.undoRedo(), typing_, parts.words),
       completion_(editor.form(), editor.undoRedo(), typing_, desktop.eventLoop()), commands_(typing_),
-      zoom_(editor.form()), worklogFile_(form1.folder.files(u"Worklog.csv"), desktop.disk()),
+      zoom_(editor.form()), saves_(desktop.eventLoop()),
+      worklogFile_(form1.folder.files(u"Worklog.csv"), desktop.disk()),
       worklog_(worklogFile_, desktop.eventLoop()),
       figures_(editor.form(), editor.undoRedo(), worklog_, parts.words, desktop.eventLoop()) {
     menu.add({&list_.command(), &commands_.command(), &zoom_.command(), &figures_.command()});
@@ -65,7 +67,11 @@ void AidsRoom::followOptions(OptionsFile& options) {
         completion_.apply();
         OptionsChanged();
     };
-    zoom_.Changed = [this] { OptionsChanged(); };
+    zoom_.Changed = [this] { saves_.setInterval(saveAfter); };
+    saves_.Tick = [this] {
+        saves_.setInterval(0);
+        OptionsChanged();
+    };
 }
 
 void AidsRoom::followText() {
@@ -139,6 +145,8 @@ void AidsRoom::flush() {
 }
 
 void AidsRoom::leave() {
+    if (saves_.interval() > 0)
+        saves_.Tick();
     worklog_.leave();
     abbreviations_.leave();
     completion_.leave();

@@ -64,6 +64,7 @@ private:
     aids::Completion completion_;
     aids::TypingCommands commands_;
     aids::Zoom zoom_;
+    controls::Timer saves_; // the size of the view, once the wheel rests
     aids::WorklogFile worklogFile_;
     aids::Worklog worklog_;
     aids::FiguresCommand figures_;

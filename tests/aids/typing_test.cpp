@@ -248,6 +248,7 @@ TEST_F(TypingAidsTest, Zoom_StepsWithinItsLimits_AndIsRemembered) {
     inMenu("mnuZoom", 2).Click();
     inMenu("mnuZoom", 1).Click();
     EXPECT_EQ(zoom(), 90);
+    desktop.loop.advance(500);
     ASSERT_TRUE(start());
     EXPECT_EQ(zoom(), 90);
 }

@@ -15,7 +15,9 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextDocumentFragment>
+#include <QTextLayout>
 
 namespace desktop {
 
@@ -173,7 +175,8 @@ void RichTextEdit::inputMethodEvent(QInputMethodEvent* event) {
         edit(SameLength::Display, pass);
 }
 
-// What was inserted lies between the beginning of the old selection and the caret.
+// What was inserted lies between the beginning of the old selection and the caret. While an input method goes
+// on composing behind it, nothing else may change the paragraph.
 void RichTextEdit::type(SameLength meaning, const std::function<void()>& work) {
     struct Typing {
         explicit Typing(bool& typing) : flag(typing) { flag = true; }
@@ -184,6 +187,8 @@ void RichTextEdit::type(SameLength meaning, const std::function<void()>& work) {
     const int revision = document_->revision();
     const int begin = textCursor().selectionStart();
     edit(meaning, work);
+    if (!textCursor().block().layout()->preeditAreaText().isEmpty())
+        return;
     if (const int end = textCursor().position(); end > begin && document_->revision() != revision) {
         QTextCursor inserted(document_);
         inserted.setPosition(begin);
