@@ -174,6 +174,16 @@ TEST_F(GlobalKeysTest, Texts_AreTypedUnderAnyLayout_AndAfterwardsTheLayoutIsAsBe
     }
 }
 
+TEST_F(GlobalKeysTest, AnEndWhileATextIsTyped_LeavesTheLayoutAsItWas) {
+    const auto unused = desktop::XKeyboard().unusedCodes();
+    {
+        desktop::XGlobalKeys ending;
+        ending.type(u"Жф");
+        EXPECT_TRUE(eventually([&] { return desktop::XKeyboard().unusedCodes() != unused; }));
+    }
+    EXPECT_EQ(desktop::XKeyboard().unusedCodes(), unused);
+}
+
 TEST_F(GlobalKeysTest, ATextWaits_UntilTheUserHasLetGo) {
     keys.take({u"Meta+F5"});
     other.press({super, f5}, true);

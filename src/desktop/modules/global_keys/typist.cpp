@@ -3,6 +3,7 @@
 #include "base/failure.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <xcb/xtest.h>
 #include <xkbcommon/xkbcommon-keysyms.h>
@@ -27,7 +28,12 @@ Typist::Typist(XKeyboard& keyboard) : keyboard_(keyboard) {
 }
 
 Typist::~Typist() {
+    if (mapped_.empty())
+        return;
     unmap();
+    // The connection is about to close, and the server may drop what it has not read by then.
+    xcb_connection_t* const x = keyboard_.connection();
+    std::free(xcb_get_input_focus_reply(x, xcb_get_input_focus(x), nullptr));
 }
 
 void Typist::type(base::TextView text) {
