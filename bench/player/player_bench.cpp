@@ -2,6 +2,7 @@
 // interleaved, on the same file and the null output. Times are in ms until the effect can be read. Numbers of
 // different runs are hard to compare, but the ratio of the two in one run holds on any machine.
 #include "bare_loop.h"
+#include "core_share.h"
 #include "mpv_player.h"
 #include "table.h"
 
@@ -38,6 +39,7 @@ public:
     }
     void pause(bool paused) { paused ? player_.pause() : player_.play(); }
     void seek(double seconds) { player_.setCurrentPosition(seconds); }
+    void adjust(const platform::SoundAdjustment& sound) { player_.adjustSound(sound); }
     double position() {
         QCoreApplication::processEvents();
         return player_.currentPosition();
@@ -136,6 +138,37 @@ bench::Row row(const std::string& step, double player, double bare) {
             player - bare <= stepGoal};
 }
 
+// What a clear voice costs: CPU time while it plays, and the time until a step back sounds.
+void compareClearVoice(ProgramsPlayer& player, int rounds) {
+    constexpr int watched = 4000;   // ms
+    constexpr double coreGoal = 5;  // per cent of one core
+    constexpr double stepGoal = 50; // ms
+    std::vector<double> shares[2];
+    std::vector<double> steps[2];
+    player.load(MEDIA_FILE);
+    for (int i = 0; i < std::max(rounds / 5, 1); ++i) {
+        for (const bool isClear : {false, true}) {
+            player.adjust({.clearVoice = isClear});
+            player.seek(100);
+            playFor(player, 500);
+            shares[isClear].push_back(bench::coreShare(watched));
+            const double target = player.position() - 3;
+            const auto start = Clock::now();
+            player.seek(target);
+            waitUntilMoved(player, target);
+            steps[isClear].push_back(millisecondsSince(start));
+        }
+    }
+    const double share = bench::median(shares[1]) - bench::median(shares[0]);
+    const double step = bench::median(steps[1]) - bench::median(steps[0]);
+    bench::print({"Clear voice, share of one core", bench::measure("%.1f %%", bench::median(shares[1])),
+                  bench::measure("%.1f %%", bench::median(shares[0])), bench::measure("%+.1f %%", share),
+                  bench::measure("<= %+.0f %%", coreGoal), share <= coreGoal});
+    bench::print({"Clear voice, step back", bench::measure("%.1f ms", bench::median(steps[1])),
+                  bench::measure("%.1f ms", bench::median(steps[0])), bench::measure("%+.1f ms", step),
+                  bench::measure("<= %+.0f ms", stepGoal), step <= stepGoal});
+}
+
 } // namespace
 
 int main(int argc, char** argv) {
@@ -151,4 +184,5 @@ int main(int argc, char** argv) {
     }
     for (const auto& [step, times] : playerTimes)
         bench::print(row(step, bench::median(times), bench::median(bareTimes[step])));
+    compareClearVoice(player, rounds);
 }

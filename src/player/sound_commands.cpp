@@ -75,16 +75,17 @@ void SoundCommands::remember() {
 void SoundCommands::apply(const SoundAdjustment& sound) {
     sound_ = sound;
     form_.WMP1.adjustSound(sound);
-    mnuClearVoice_.checked = sound.clearVoice;
-    mnuClearVoice_.enabled = !name_.empty();
-    for (ChannelItem& each : channels_) {
-        each.item.checked = each.channel == sound.channel;
-        each.item.enabled = !name_.empty();
-    }
-    for (BoostItem& each : boosts_) {
-        each.item.checked = each.boost == sound.boost;
-        each.item.enabled = !name_.empty();
-    }
+    const auto show = [this](controls::MenuItem& item, bool isChosen) {
+        // A menu draws a box beside an item from its first mark on: this way all of them have one.
+        item.checked = true;
+        item.checked = isChosen;
+        item.enabled = !name_.empty();
+    };
+    show(mnuClearVoice_, sound.clearVoice);
+    for (ChannelItem& each : channels_)
+        show(each.item, each.channel == sound.channel);
+    for (BoostItem& each : boosts_)
+        show(each.item, each.boost == sound.boost);
 }
 
 } // namespace player

@@ -4,6 +4,9 @@
 
 namespace desktop {
 
+using platform::Channel;
+using platform::SoundAdjustment;
+
 namespace {
 
 // A recording may have any number of channels: all of them become this one.
@@ -30,16 +33,16 @@ void add(std::string& filters, const std::string& filter) {
 
 } // namespace
 
-std::string soundFilters(const platform::SoundAdjustment& sound) {
+std::string soundFilters(const SoundAdjustment& sound) {
     std::string filters;
-    if (sound.channel != platform::Channel::Both)
-        add(filters, sound.channel == platform::Channel::Left ? leftChannel : rightChannel);
+    if (sound.channel != Channel::Both)
+        add(filters, sound.channel == Channel::Left ? leftChannel : rightChannel);
     if (sound.clearVoice)
         add(filters, clearVoice);
-    const int boost = std::clamp(sound.boost, sound.leastBoost, sound.mostBoost);
-    if (boost > sound.leastBoost)
+    const int boost = std::clamp(sound.boost, SoundAdjustment::leastBoost, SoundAdjustment::mostBoost);
+    if (boost > SoundAdjustment::leastBoost)
         add(filters, "@boost:lavfi=[volume=" + std::to_string(boost) + "/100]");
-    if (sound.clearVoice || boost > sound.leastBoost)
+    if (sound.clearVoice || boost > SoundAdjustment::leastBoost)
         add(filters, limiter);
     return filters;
 }
