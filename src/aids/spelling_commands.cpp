@@ -30,9 +30,16 @@ SpellingCommands::SpellingCommands(platform::Spelling& spelling, Verdicts& verdi
 }
 
 void SpellingCommands::start() {
-    words_.follow([this] { showLanguages(); });
+    words_.follow([this] { languageChanged(); });
     mnuCheck_.checked = options_.check;
     begins_.setInterval(options_.check ? afterStart : 0);
+}
+
+// The dictionary of the program's language, unless the user has chosen one.
+void SpellingCommands::languageChanged() {
+    showLanguages();
+    if (!languages_.empty() && tagOfProgram(fileLingua_).tag != program_)
+        switchOn();
 }
 
 void SpellingCommands::leave() {
@@ -74,6 +81,7 @@ void SpellingCommands::switchOff() {
 // A text in a language without a dictionary would be one mark: another dictionary is used only by choice.
 void SpellingCommands::listed(std::vector<platform::SpellingLanguage> languages, const base::Text& failure) {
     const LanguageTag program = tagOfProgram(fileLingua_);
+    program_ = program.tag;
     languages_ = std::move(languages);
     putFirst(program.tag, languages_);
     showLanguages();

@@ -43,6 +43,7 @@ public:
 
 private:
     void toggle();
+    void languageChanged();
     void switchOn();
     void switchOff();
     void listed(std::vector<platform::SpellingLanguage> languages, const base::Text& failure);
@@ -63,6 +64,7 @@ private:
     std::deque<std::string> names_; // of the items below
     std::deque<controls::MenuItem> mnuOne_;
     std::vector<platform::SpellingLanguage> languages_; // installed, that of the program first
+    std::string program_;                               // tag of the program's language when they were listed
     std::string used_;                                  // tag; empty for none
 };
 

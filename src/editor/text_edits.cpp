@@ -13,6 +13,10 @@ void select(platform::RichText& rtb, std::int32_t position, std::int32_t length)
     rtb.setSelLength(length);
 }
 
+bool isFirstOfPair(char16_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+
 void makeBold(platform::RichText& rtb, const TextEdit& edit) {
     select(rtb, edit.position, static_cast<std::int32_t>(edit.inserted.size()));
     rtb.setSelBold(false);
@@ -43,12 +47,16 @@ void replaceWord(platform::RichText& rtb, UndoRedo& text, std::int32_t position,
                  base::TextView with) {
     const base::Text word = text.letters(position, length);
     const base::TextView before = word;
-    const auto begin = static_cast<std::size_t>(
+    auto begin = static_cast<std::size_t>(
         std::mismatch(before.begin(), before.end(), with.begin(), with.end()).first - before.begin());
+    if (begin > 0 && isFirstOfPair(before[begin - 1]))
+        --begin;
     const base::TextView rest = before.substr(begin);
     const base::TextView fresh = with.substr(begin);
     auto same = static_cast<std::size_t>(
         std::mismatch(rest.rbegin(), rest.rend(), fresh.rbegin(), fresh.rend()).first - rest.rbegin());
+    if (same > 0 && same < rest.size() && isFirstOfPair(rest[rest.size() - same - 1]))
+        --same;
     // At the beginning of the word, one of its letters has to be before the new ones.
     if (begin == 0 && same == before.size())
         --same;

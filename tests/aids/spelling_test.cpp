@@ -208,11 +208,21 @@ TEST_F(SpellingTest, Languages_AreOffered_TheProgramsFirst_AndWhatIsMissingIsTol
     EXPECT_NE(told().find("de_DE is not installed"), std::string::npos) << told();
     EXPECT_EQ(spelling.used, "");
     spelling.languages.clear();
-    command("mnuCheckSpelling").Click();
+    desktop.folder.write("Files/Options.ini", "CheckSpelling=0");
+    ASSERT_TRUE(start());
     switchOn();
     EXPECT_NE(told().find("package hunspell-en-us"), std::string::npos) << told();
     EXPECT_FALSE(command("mnuCheckSpelling").checked);
     spelling.failure = u"no module";
     switchOn();
     EXPECT_NE(told().find("no module"), std::string::npos) << told();
+
+    spelling.languages = {{"it_IT", u"italiano (it_IT)"}};
+    switchOn();
+    EXPECT_EQ(spelling.used, "") << "not that of the program, and not chosen";
+    desktop.layLanguage("Italiano.lng");
+    desktop.dialogPort.choices.push_back(desktop.folder.text("Files/Lang/Italiano.lng"));
+    form().mnuLingua.Click();
+    settle();
+    EXPECT_EQ(spelling.used, "it_IT");
 }

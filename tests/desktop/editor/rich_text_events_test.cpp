@@ -345,3 +345,24 @@ TEST_F(RichTextEvents, ClickWithCtrl_IsReportedForALetter_ButNotBesideTheText) {
         QTest::mouseClick(rtb.viewport(), Qt::LeftButton, Qt::ControlModifier, behind + QPoint(distance, 0));
     EXPECT_EQ(heard(), (Told{"hear 5", "mouse 1"}));
 }
+
+TEST_F(RichTextEvents, RightButton_OffersItsLetter_BeforeItIsAPress) {
+    rtb.resize(400, 200);
+    rtb.setText(u"ab\r\ncd");
+    rtb.RightClick = [this](std::int32_t position) {
+        told.push_back("right " + std::to_string(position));
+        return position == 4;
+    };
+    const auto press = [this](int documentPosition) {
+        QTextCursor cursor(rtb.document());
+        cursor.setPosition(documentPosition);
+        const QPointF place = rtb.cursorRect(cursor).center() + QPointF(3, 0);
+        QMouseEvent event(QEvent::MouseButtonPress, place, rtb.viewport()->mapToGlobal(place),
+                          Qt::RightButton, Qt::RightButton, Qt::NoModifier);
+        QApplication::sendEvent(rtb.viewport(), &event);
+        return heard();
+    };
+    EXPECT_EQ(press(3), Told{"right 4"});
+    EXPECT_EQ(press(0), (Told{"right 0", "mouse 2"}));
+    EXPECT_EQ(press(5), Told{"mouse 2"}) << "behind the text";
+}

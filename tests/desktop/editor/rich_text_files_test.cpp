@@ -1,4 +1,6 @@
 #include "rich_text_fixture.h"
+
+#include "editor/text_edits.h"
 #include "rtf/read/reader.h"
 
 using tests::RichText;
@@ -69,6 +71,36 @@ TEST_F(RichText, WhatStandsBesideLetters_IsSavedAndDragged_AndMarksArePainted) {
         for (int y = 0; y < seen.height(); ++y)
             marked += seen.pixelColor(x, y) == QColor(0xFF, 0xE0, 0x82);
     EXPECT_GT(marked, 100);
+}
+
+TEST_F(RichText, ReplacedWord_KeepsItsFormat_AlsoWhenUndone) {
+    const std::pair<base::Text, base::Text> rows[] = {{u"speling", u"spelling"},
+                                                      {u"ello", u"hello"},
+                                                      {u"hhello", u"hello"},
+                                                      {u"alot", u"a lot"},
+                                                      {u"xyz", u"abc"},
+                                                      {u"\U00010330b", u"\U00010331b"},
+                                                      {u"a\U00010330", u"a\U00010730"}};
+    editor::UndoRedo records(rtb);
+    rtb.Change = [&] {
+        if (records.RegistraUndo)
+            records.record();
+    };
+    records.RegistraUndo = true;
+    for (const auto& [word, with] : rows) {
+        const auto length = static_cast<std::int32_t>(word.size());
+        rtb.setText(u"say " + word + u" now");
+        fakes::select(rtb, 4, length);
+        rtb.setSelBold(true);
+        editor::replaceWord(rtb, records, 4, length, with);
+        EXPECT_EQ(rtb.Text(), u"say " + with + u" now");
+        fakes::select(rtb, 4, static_cast<int>(with.size()));
+        EXPECT_EQ(rtb.SelBold(), platform::Setting::On) << base::toUtf8(with);
+        EXPECT_FALSE(rtb.isBold(3));
+        records.EseguiUndo();
+        EXPECT_EQ(rtb.Text(), u"say " + word + u" now");
+    }
+    rtb.Change = [] {};
 }
 
 TEST_F(RichText, LoadFile_DropsTheFormatOfTheOldText) {
