@@ -1,6 +1,7 @@
 #include "aids/csv.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace aids {
 

@@ -11,7 +11,8 @@ using lang::operator""_en;
 
 namespace {
 
-constexpr int showPeriod = 1000; // ms
+constexpr int showPeriod = 1000;           // ms
+constexpr std::int32_t longText = 500'000; // units; it is counted only while nobody types
 
 base::Text row(base::Text name, base::TextView figure) {
     return std::move(name) + u'\t' + base::Text(figure);
@@ -25,10 +26,11 @@ FiguresCommand::FiguresCommand(editor::Form2& form2, editor::UndoRedo& text, Wor
       mnuFigures_("mnuFigures", u"Figures..."_en), shows_(loop) {
     mnuFigures_.Click = [this] { open(); };
     shows_.Tick = [this] {
-        if (form.visible)
-            show();
-        else
+        const bool rested = std::exchange(rests_, true);
+        if (!form.visible)
             shows_.setInterval(0);
+        else if (rested || text_.length() < longText)
+            show();
     };
     form.cmdClose.Click = [this] { form.visible = false; };
     form.Unload = [this] {

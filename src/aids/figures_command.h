@@ -22,7 +22,7 @@ public:
 
     controls::MenuItem& command() { return mnuFigures_; }
     // The text has changed.
-    void changed() { counted_ = false; }
+    void changed() { counted_ = rests_ = false; }
     // The exit goes.
     void leave();
 
@@ -49,6 +49,7 @@ private:
     lang::Words& words_;
     controls::MenuItem mnuFigures_;
     controls::Timer shows_;
+    bool rests_ = true;          // the text has not changed since the last tick
     bool counted_ = false;       // what follows is true
     std::int32_t selStart_ = 0;  // counted part
     std::int32_t selLength_ = 0; // 0 for the whole text

@@ -11,7 +11,8 @@ namespace editor {
 namespace {
 
 constexpr base::TextView paragraphEnd = u"\r\n";
-constexpr std::int32_t partLength = 4096; // units that are searched at once
+constexpr std::int32_t firstPart = 256;   // units that are searched at once: most paragraphs are short
+constexpr std::int32_t partLength = 4096; // units that are searched at once in a long one
 
 std::size_t withoutBlanks(base::TextView text, std::size_t from) {
     while (from < text.size() && moments::isBlank(text[from]))
@@ -89,8 +90,9 @@ base::Text Speakers::atCaret() {
 }
 
 std::int32_t Speakers::beginOfParagraph(std::int32_t position) {
-    for (std::int32_t end = position; end > 0;) {
-        const std::int32_t begin = std::max(0, end - partLength);
+    std::int32_t part = firstPart;
+    for (std::int32_t end = position; end > 0; part = partLength) {
+        const std::int32_t begin = std::max(0, end - part);
         // Both units of an end may lie in two parts.
         const auto place = text_.letters(begin, std::min(end + 1, position) - begin).rfind(paragraphEnd);
         if (place != base::Text::npos)
