@@ -3,21 +3,15 @@
 #include "controls/timer.h"
 #include "hands/commands.h"
 
-#include <array>
-#include <compare>
 #include <deque>
 #include <functional>
 #include <set>
+#include <utility>
 
 namespace hands {
 
 // A key or pedal that is held: a device and a code on it.
-struct Holder {
-    int device = 0;
-    int code = 0;
-
-    auto operator<=>(const Holder&) const = default;
-};
+using Holder = std::pair<int, int>;
 
 // What becomes of presses: each runs its command once; held, a step repeats, and after a second each repeat
 // is more steps at once. A command that several pedals hold ends with the last of them.

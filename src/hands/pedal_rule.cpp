@@ -10,7 +10,8 @@ namespace hands {
 namespace {
 
 constexpr base::TextView folder = u"/etc/udev/rules.d/";
-constexpr base::TextView apply = u" && sudo udevadm control --reload && sudo udevadm trigger";
+constexpr base::TextView apply =
+    u" && sudo udevadm control --reload && sudo udevadm trigger -s input -s hidraw";
 
 base::Text hexadecimal(std::uint16_t value, base::TextView digits) {
     base::Text text;
