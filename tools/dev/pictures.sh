@@ -295,6 +295,37 @@ hands() {  # LANGUAGE MENU_KEY
   quit_program
 }
 
+# The menu of a misspelled word, and what the check before delivery finds.
+delivery() {  # LANGUAGE MENU_KEY COMMAND_KEYS...
+  local title
+  lay_folder
+  set_line 1 "$1.lng"
+  printf 'CheckSpelling=1\r\nSpellingLanguage=en_US\r\n' >"$folder/Files/Options.ini"
+  cat >"$scratch/Harbour.txt" <<'END'
+[00:00:05] Anna Miller: When did you beginn as a pilot?
+[00:00:09] Thomas Reed: In the spring of  1987 (my first ship was the [unclear 00:00:12].
+[00:00:21] Ana Miller: “And what did your familly say?
+[00:00:18] Thomas Reed: Nothing at all, they had known it ???
+END
+  start_program --document "$scratch/Harbour.txt"
+  use_window '.* - Harbour.txt'
+  sleep 3
+  xdotool key ctrl+Home ctrl+Right ctrl+Right ctrl+Right ctrl+Right ctrl+Right ctrl+Right ctrl+Right ctrl+Right \
+    ctrl+Right ctrl+Right ctrl+Right ctrl+Right ctrl+Right Menu
+  sleep 1
+  import -window root -crop 734x510+48+290 +repage "$scratch/spelling-$1.png"
+  xdotool key Escape
+  sleep 0.5
+  xdotool key "$2"
+  sleep 0.5
+  xdotool key "${@:3}"
+  title=$(sed -n 's/^Check before delivery\t//p' "$folder/Files/Lang/$1.words" 2>/dev/null || true)
+  use_window "${title:-Check before delivery}"
+  sleep 1
+  import -frame -window "$window" "$scratch/delivery-$1.png"
+  quit_program
+}
+
 # The word that is heard is marked. The sample's text is opened as a draft; each sentence begins where a silence ends.
 following() {
   lay_folder
@@ -348,6 +379,11 @@ hands English alt+r
 hands Russian alt+Cyrillic_er
 convert "$scratch/hands-English.png" "$scratch/hands-Russian.png" +append "$docs/keys-and-pedals.png"
 [[ ${1-} != hands ]] || exit 0
+delivery English alt+r v v Return
+delivery Russian alt+Cyrillic_er Cyrillic_de
+convert "$scratch/spelling-English.png" "$scratch/spelling-Russian.png" +append "$docs/spelling.png"
+convert "$scratch/delivery-English.png" "$scratch/delivery-Russian.png" +append "$docs/check-before-delivery.png"
+[[ ${1-} != delivery ]] || exit 0
 waveform
 [[ ${1-} != sound ]] || exit 0
 draft
