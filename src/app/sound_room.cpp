@@ -61,9 +61,11 @@ void SoundRoom::wire() {
     map_.Changed = [this] { changed(); };
     view_.Clicked = [this] { focusText(); };
     view_.Shown = [this] {
+        const bool changed = isShown_ != form_.visible;
         keepPlace();
         watch();
-        OptionsChanged();
+        if (changed) // not at the start, which restores it
+            OptionsChanged();
     };
     form_.KeyDown = [this](const platform::KeyEvent& key) { pressKey(key); };
     editor_.observe([this] { form_.Wave.isDark = editor_.darkPage.get(); });

@@ -375,6 +375,8 @@ waveform() {
 
 start_display
 start_sound
+waveform
+[[ ${1-} != sound ]] || exit 0
 hands English alt+r
 hands Russian alt+Cyrillic_er
 convert "$scratch/hands-English.png" "$scratch/hands-Russian.png" +append "$docs/keys-and-pedals.png"
@@ -384,8 +386,6 @@ delivery Russian alt+Cyrillic_er Cyrillic_de
 convert "$scratch/spelling-English.png" "$scratch/spelling-Russian.png" +append "$docs/spelling.png"
 convert "$scratch/delivery-English.png" "$scratch/delivery-Russian.png" +append "$docs/check-before-delivery.png"
 [[ ${1-} != delivery ]] || exit 0
-waveform
-[[ ${1-} != sound ]] || exit 0
 draft
 [[ ${1-} != draft ]] || exit 0
 quiet_line 'Interviewer: Thomas, what does a harbour pilot do?'
