@@ -12,7 +12,7 @@ namespace sound {
 // maps that were not used for longest go first. Any map may be lost, it is made again.
 class MapFolder {
 public:
-    static constexpr std::uint64_t usual = 64 * 1024 * 1024;
+    static constexpr std::uint64_t usual = std::uint64_t{64} * 1024 * 1024; // bytes
 
     explicit MapFolder(base::Text path, std::uint64_t most = usual);
 

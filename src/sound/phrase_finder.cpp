@@ -112,7 +112,7 @@ std::vector<Run> runsOf(const Levels& levels) {
     std::size_t last = 0; // of them
     for (std::size_t i = 0; i <= levels.size(); ++i) {
         const Threshold threshold =
-            i < levels.size() ? thresholds[i / every] : Threshold(levelCount, levelCount);
+            i < levels.size() ? thresholds[i / every] : Threshold{levelCount, levelCount};
         const int level = i < levels.size() ? levels[i] : 0;
         if (level >= threshold.loud) {
             if (++loud == 1)

@@ -164,7 +164,9 @@ void WaveTiles::paintBars(QPainter& painter, double from, double to) const {
     };
     auto phrase = std::ranges::lower_bound(map.phrases.all(), from * wave_.part.perPixel * 1000, {},
                                            &sound::Phrase::end);
-    for (double x = from; x < to; x += pitch) {
+    const auto bars = static_cast<int>(std::ceil((to - from) / pitch));
+    for (int i = 0; i < bars; ++i) {
+        const double x = from + i * pitch;
         const double begins = x * wave_.part.perPixel;
         if (begins >= end)
             return;
