@@ -114,7 +114,7 @@ void AidsRoom::followWork(safety::Notices& notices) {
 
 void AidsRoom::showWindows(Desktop& desktop) {
     const auto show = [this, &desktop](auto& form) {
-        placeOver(editor_.form(), form1_.screen, step, form);
+        placeOver(editor_.form(), form1_, step, form);
         desktop.show(form);
     };
     list_.Load = show;

@@ -36,9 +36,9 @@ DeliveryRoom::DeliveryRoom(Desktop& desktop, Rooms rooms, TranscriptMenu& menu, 
     alsoHere(rooms.editor.typing().Typed);
     alsoHere(rooms.spelling.marks().Decided);
     alsoHere(rooms.doubts.Kept);
-    commands_.Load = [&desktop, screen = &rooms.form1.screen,
+    commands_.Load = [&desktop, &form1 = rooms.form1,
                       &beside = rooms.editor.form()](aids::DeliveryWindow& form) {
-        placeOver(beside, *screen, step, form);
+        placeOver(beside, form1, step, form);
         desktop.show(form);
     };
 }

@@ -31,7 +31,7 @@ HandsRoom::HandsRoom(Desktop& desktop, const hands::Panels::Player& player, Edit
     menu.addLast(window_.command());
     window_.Load = [&desktop, &form1 = player.form,
                     &beside = editor.form()](hands::KeysAndPedalsWindow& form) {
-        placeOver(beside, form1.screen, step, form);
+        placeOver(beside, form1, step, form);
         desktop.show(form);
     };
     window_.PanelsChanged = [this] { options_.panels ? panels_.begin() : panels_.end(); };

@@ -29,7 +29,7 @@ KeysRoom::KeysRoom(Desktop& desktop, player::Form1& form1, EditorRoom& editor, T
     : form1_(form1), editor_(editor), menu_(menu), words_(words), list_(words, [this] { return collect(); }) {
     menu.addLast(list_.command());
     list_.Load = [this, &desktop](outside::KeysWindow& form) {
-        placeOver(editor_.form(), form1_.screen, step, form);
+        placeOver(editor_.form(), form1_, step, form);
         desktop.show(form);
     };
     list_.Print = [&printing, this](const base::Text& name, const std::string& source) {

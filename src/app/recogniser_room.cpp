@@ -26,7 +26,7 @@ RecogniserRoom::RecogniserRoom(Desktop& desktop, player::Form1& form1, EditorRoo
     make_.add(mnuTimeTranscript_, times_);
     make_.Recording = [this] { return drafts::HeardRecording{form1_.WMP1.URL(), form1_.WMP1.duration()}; };
     make_.Load = [this, &desktop](drafts::RecogniserWindow& form) {
-        placeOver(editor_.form(), form1_.screen, step, form);
+        placeOver(editor_.form(), form1_, step, form);
         desktop.show(form);
     };
     make_.Tell = [this, &notices = parts.notices](const lang::Sentence& told) {

@@ -33,12 +33,12 @@ SafetyWindows::SafetyWindows(Desktop& desktop, player::Form1& form1, EditorRoom&
         return true;
     };
     earlierVersions_.Load = [this, &desktop](safety::VersionsWindow& form) {
-        placeOver(form2_, form1_.screen, step, form);
+        placeOver(form2_, form1_, step, form);
         desktop.show(form);
     };
     quietLine_.Load = [&desktop](safety::QuietLineWindow& form) { desktop.show(form); };
     whatHappened_.Load = [this, &desktop](safety::NoticesWindow& form) {
-        placeOver(form2_, form1_.screen, step, form);
+        placeOver(form2_, form1_, step, form);
         desktop.show(form);
     };
 }

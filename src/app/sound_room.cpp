@@ -30,6 +30,7 @@ SoundRoom::SoundRoom(Desktop& desktop, player::Form1& form1, editor::Form2& edit
                      Parts parts)
     : desktop_(desktop), form1_(form1), editor_(editor), notices_(parts.notices), targets_(parts.targets),
       bookmarks_(parts.bookmarks), mnuSoundWindow_("mnuSoundWindow", u"Sound..."_en),
+      mnuPhrases_("mnuPhrases", u"Ph&rases"_en),
       mnuStepToPhrase_("mnuStepToPhrase", u"Step to the start of the phrase"_en),
       mnuPhraseBack_("mnuPhraseBack", u"Phrase before"_en, "Alt+Left"),
       mnuPhraseOn_("mnuPhraseOn", u"Next phrase"_en, "Alt+Right"),
@@ -43,7 +44,10 @@ SoundRoom::SoundRoom(Desktop& desktop, player::Form1& form1, editor::Form2& edit
     parts.options.tie("StepToPhrase", targets_.isOn);
     parts.options.tie("SoundWindow", place_);
     parts.options.tie("SoundWindowShown", isShown_);
-    menu.add({&mnuSoundWindow_, &mnuPhraseBack_, &mnuPhraseOn_, &mnuStepToPhrase_});
+    mnuPhrases_.items = {&mnuPhraseBack_, &mnuPhraseOn_, &line_, &mnuStepToPhrase_};
+    std::vector<controls::MenuItem*> commands{&mnuSoundWindow_, &mnuPhrases_};
+    commands.insert(commands.end(), parts.adjustments.begin(), parts.adjustments.end());
+    menu.add(commands);
     wire();
 }
 

@@ -23,6 +23,7 @@ public:
         PhraseTargets& targets;
         const BookmarkRoom& bookmarks;
         lang::Words& words;
+        std::vector<controls::MenuItem*> adjustments; // other commands about the sound
     };
 
     SoundRoom(Desktop& desktop, player::Form1& form1, editor::Form2& editor, TranscriptMenu& menu,
@@ -66,6 +67,8 @@ private:
     PhraseTargets& targets_;
     const BookmarkRoom& bookmarks_;
     controls::MenuItem mnuSoundWindow_;
+    controls::MenuItem mnuPhrases_;
+    controls::MenuItem line_{"mnuPhrasesLine"};
     controls::MenuItem mnuStepToPhrase_;
     controls::MenuItem mnuPhraseBack_;
     controls::MenuItem mnuPhraseOn_;

@@ -29,7 +29,7 @@ SpeakerRoom::SpeakerRoom(Desktop& desktop, player::Form1& form1, EditorRoom& edi
         commands_.changed();
     };
     commands_.Load = [&desktop, &form1, &beside = editor.form()](editor::SpeakersWindow& form) {
-        placeOver(beside, form1.screen, step, form);
+        placeOver(beside, form1, step, form);
         desktop.show(form);
     };
 }

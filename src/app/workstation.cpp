@@ -53,7 +53,7 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       drafts_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, moments_}),
       speakers_(desktop, form1_, editor_, transcriptMenu_, words_),
       sound_(desktop, form1_, editor_.form(), transcriptMenu_,
-             {options_, notices_, phraseTargets_, bookmarks_, words_}),
+             {options_, notices_, phraseTargets_, bookmarks_, words_, soundCommands_.commands()}),
       spelling_(desktop, form1_, editor_, transcriptMenu_, options_, words_, notices_),
       aids_(desktop, form1_, editor_, transcriptMenu_, {options_, words_, notices_, speakers_}),
       delivery_(desktop, {form1_, editor_, spelling_, drafts_.doubts()}, transcriptMenu_, options_, words_),
@@ -63,7 +63,6 @@ Workstation::Workstation(Desktop& desktop, const base::TextFiles& files, const b
       keys_(desktop, form1_, editor_, transcriptMenu_, findAndPrint_, words_),
       editorHint_(form1_, editor_.form(), words_) {
     wireSafety();
-    transcriptMenu_.add(soundCommands_.commands());
     focusRound_.addLast(sound_.window());
     form1_.mnuEsci.Click = [this] { mnuEsci_Click(); };
     form1_.Unload = [this] { return Form_Unload(); };

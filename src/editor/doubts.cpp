@@ -13,16 +13,17 @@ namespace {
 constexpr std::int32_t leadMs = 500;      // a doubtful word is heard with what comes before it
 constexpr int countAfter = 300;           // ms, so that fast typing does not count all the time
 constexpr std::int32_t longestWord = 256; // units that are looked at on either side
-constexpr lang::English nextCaption = u"Next dou&btful word (%1)"_en;
+constexpr lang::English countCaption = u"Do&ubtful words (%1)"_en;
 
 } // namespace
 
 Doubts::Doubts(Form2& form, UndoRedo& text, const DoubtOptions& options, lang::Words& words,
                platform::EventLoop& loop)
-    : mnuNext_("mnuNextDoubt", nextCaption, "Alt+Down"),
+    : mnuDoubts_("mnuDoubts", countCaption), mnuNext_("mnuNextDoubt", u"Next dou&btful word"_en, "Alt+Down"),
       mnuBefore_("mnuDoubtBefore", u"Doubtful word befo&re"_en, "Alt+Up"),
       mnuKeep_("mnuKeepWord", u"Keep the do&ubtful word"_en, "Ctrl+Shift+K"), form_(form), text_(text),
       options_(options), words_(words), count_(loop) {
+    mnuDoubts_.items = {&mnuNext_, &mnuBefore_, &mnuKeep_};
     mnuNext_.Click = [this] { goToNext(); };
     mnuBefore_.Click = [this] { goToTheOneBefore(); };
     mnuKeep_.Click = [this] { keep(); };
@@ -54,7 +55,7 @@ void Doubts::changed() {
 void Doubts::showCount() {
     count_.setInterval(0);
     const auto number = base::countText(doubtsIn(0, text_.length()).size());
-    mnuNext_.caption = words_(nextCaption, {number});
+    mnuDoubts_.caption = words_(countCaption, {number});
 }
 
 std::vector<Doubts::Doubt> Doubts::doubtsIn(std::int32_t begin, std::int32_t end) {

@@ -23,7 +23,7 @@ public:
     Doubts(Form2& form, UndoRedo& text, const DoubtOptions& options, lang::Words& words,
            platform::EventLoop& loop);
 
-    std::vector<controls::MenuItem*> commands() { return {&mnuNext_, &mnuBefore_, &mnuKeep_}; }
+    std::vector<controls::MenuItem*> commands() { return {&mnuDoubts_}; }
 
     // The commands are in the menu, which shows the number of open doubts from now on.
     void start();
@@ -53,6 +53,7 @@ private:
     void keep();
     void showCount();
 
+    controls::MenuItem mnuDoubts_;
     controls::MenuItem mnuNext_;
     controls::MenuItem mnuBefore_;
     controls::MenuItem mnuKeep_;

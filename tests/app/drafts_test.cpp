@@ -83,7 +83,7 @@ TEST_F(DraftsTest, DoubtfulWords_AreMarked_Visited_AndSettledByTypingOrByAComman
     EXPECT_EQ(desktop.text.Text(), u"one two three four");
     EXPECT_EQ(marked(), (std::vector{0, 8, 14}));
     desktop.loop.advance(500);
-    EXPECT_THAT(base::toUtf8(command("mnuNextDoubt").caption.get()), testing::HasSubstr("(3)"));
+    EXPECT_THAT(base::toUtf8(command("mnuDoubts").caption.get()), testing::HasSubstr("(3)"));
 
     desktop.text.setSelStart(3);
     command("mnuNextDoubt").Click();

@@ -2,15 +2,6 @@
 
 class SpeakersTest : public fakes::WorkbenchTest {
 protected:
-    controls::MenuItem& command(std::string_view name) {
-        const auto& items = desktop.form2->menuBar.back()->items;
-        for (const controls::MenuItem* const above : items) {
-            const auto hit = std::ranges::find(above->items, name, &controls::MenuItem::name);
-            if (hit != above->items.end())
-                return **hit;
-        }
-        return **std::ranges::find(items, name, &controls::MenuItem::name);
-    }
     void press(int key) { command("mnuParagraph" + std::to_string(key)).Click(); }
     std::string text() const { return base::toUtf8(base::replaced(desktop.text.Text(), u"\r\n", u"|")); }
     void undo() { desktop.form2->mnuAnnulla.Click(); }

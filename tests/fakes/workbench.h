@@ -24,10 +24,16 @@ struct Workbench {
     player::Form1& form() { return *desktop.form1; }
     player::MediaSession& session() { return program->workstation().session(); }
     player::MediaOpener& opener() { return program->workstation().opener(); }
-    // This command of the menu "Transcript".
+    // This command of the menu "Transcript" or of one inside it.
     controls::MenuItem& command(std::string_view name) {
-        const auto& items = desktop.form2->menuBar.back()->items;
-        return **std::ranges::find_if(items, [&](const auto* item) { return item->name == name; });
+        controls::MenuItem* found = nullptr;
+        const std::function<void(controls::MenuItem&)> look = [&](controls::MenuItem& item) {
+            found = item.name == name ? &item : found;
+            for (controls::MenuItem* const inner : item.items)
+                look(*inner);
+        };
+        look(*desktop.form2->menuBar.back());
+        return *found;
     }
     void open(const std::string& name, double seconds) {
         opener().ApriMedia(desktop.layMedia(name, seconds));
