@@ -64,7 +64,7 @@ TEST(KeyReader, RecordedStreams) {
     const std::string lost = event(EV_SYN, SYN_DROPPED, 0) + key(30, 1) + event(EV_SYN, SYN_REPORT, 0);
     const std::string left = key(256, 1);
     const std::string up = key(256, 0);
-    std::string noise(24 * 64, '\0');
+    std::string noise(std::size_t{24} * 64, '\0');
     for (std::size_t i = 0; i < noise.size(); ++i)
         noise[i] = static_cast<char>(i * 2654435761U >> 13U);
     const std::tuple<const char*, std::vector<std::string>, std::set<int>, std::string> rows[] = {
