@@ -26,8 +26,8 @@ void setBits(void* bytes, std::size_t size, const std::set<int>& bits) {
 } // namespace
 
 // Answers for the kernel where a descriptor is a pipe; libevdev finds this function before the C library's.
-// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the names of the C library are
-// reserved.
+// The names of the C library are reserved ones.
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
 extern "C" int ioctl(int descriptor, unsigned long request, ...) noexcept {
     std::va_list arguments;
     va_start(arguments, request);
