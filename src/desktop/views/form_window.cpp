@@ -342,6 +342,16 @@ void FormWindow::showEvent(QShowEvent* event) {
     reportPlace();
     if (!frameKnown_)
         awaitFrame(frameTries);
+    connect(windowHandle(), &QWindow::screenChanged, this, &FormWindow::keepSize, Qt::UniqueConnection);
+}
+
+// On a screen of another density, the native window keeps its number of pixels, which would then cut it off.
+void FormWindow::keepSize() {
+    const QSize kept = size();
+    QTimer::singleShot(0, this, [this, kept] {
+        if (form_.windowState == controls::WindowState::Normal && size() != kept)
+            resize(kept);
+    });
 }
 
 } // namespace desktop

@@ -48,6 +48,7 @@ private:
     void followVisibility();
     void showInPlace();
     void takeSize();
+    void keepSize();
     void followIcon();
     void followTopmost();
     void followPlace();
