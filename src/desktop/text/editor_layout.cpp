@@ -143,7 +143,8 @@ BlockHeight EditorLayout::layOut(const QTextBlock& block, QTextLayout& layout) c
         line.setLineWidth(std::max(1.0, width - indent));
         const bool fromTheLeft = layout.textOption().textDirection() == Qt::LeftToRight;
         line.setPosition({left + (fromTheLeft ? indent : 0), height});
-        height += line.height();
+        // Some fonts have a negative leading, which the height of a line leaves out.
+        height += std::ceil(line.ascent() + line.descent() + line.leading());
         widest = std::max(widest, line.x() + line.naturalTextWidth() + right);
         indent = 0;
     }
