@@ -132,7 +132,13 @@ void KeyboardOrder::giveBack() {
     if (!returning_.isActive())
         return;
     QWidget* const window = next();
-    if (window && ++asked_ <= mostAsks)
+    // The window may have been active before the asking began, and then no event tells the success. After it,
+    // the user may go on to another program, which must not lose the keyboard.
+    if (window && window->isActiveWindow())
+        asked_ = std::max(asked_, mostAsks - asksAfterSuccess);
+    const bool isElsewhere =
+        asked_ >= mostAsks - asksAfterSuccess && QGuiApplication::applicationState() != Qt::ApplicationActive;
+    if (window && !isElsewhere && ++asked_ <= mostAsks)
         window->activateWindow();
     else
         returning_.stop();
