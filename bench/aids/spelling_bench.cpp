@@ -3,12 +3,9 @@
 #include "aids/delivery_check.h"
 #include "aids/spelling_marks.h"
 #include "desktop/application.h"
-#include "desktop/services/qt_event_loop.h"
-#include "desktop/text/rich_text_edit.h"
-#include "editor/typing.h"
 #include "enchant_spelling.h"
-#include "fakes/fake_desktop.h"
 #include "table.h"
+#include "wired_editor.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -57,12 +54,8 @@ void runLoop(double ms) {
         QApplication::processEvents();
 }
 
-// The editor wired as in the program.
-struct Editor {
-    Editor() {
-        rtb.resize(900, 700);
-        rtb.show();
-        typing.Form_Load();
+struct Editor : bench::ShownText, bench::WiredEditor {
+    Editor() : ShownText(900, 700), WiredEditor(rtb) {
         typing.Typed = [this] { marks.changed(); };
         rtb.setText(transcript());
         runLoop(3000); // the paragraphs are measured in idle time
@@ -76,22 +69,6 @@ struct Editor {
         runLoop(300);
     }
 
-    fakes::FakeDesktop desktop;
-    desktop::QtEventLoop loop;
-    base::TextFiles files{base::CodePage(1252)};
-    base::ProgramFolder folder{desktop.folder.text("")};
-    lang::LanguageTable Lingua{files, folder};
-    desktop::RichTextEdit rtb{base::CodePage(1252)};
-    editor::Form2 form{loop, rtb, Lingua, folder};
-    player::Settings settings;
-    controls::RecentFiles recent{{&form.mnuRecent1, &form.mnuRecent2, &form.mnuRecent3, &form.mnuRecent4},
-                                 form.mnur,
-                                 files,
-                                 folder.files(u"LastFilesEditor.ini")};
-    editor::Document document{form, desktop.dialogPort, desktop.systemPort, settings, recent};
-    player::Form1 form1{loop, desktop.player, Lingua, folder};
-    editor::UndoRedo undoRedo{form.RTB};
-    editor::Typing typing{form, document, undoRedo, form1};
     desktop::EnchantSpelling spelling;
     aids::OwnWords own{folder.files(u"Words.txt")};
     aids::Verdicts verdicts{spelling, own};

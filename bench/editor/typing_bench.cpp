@@ -7,14 +7,11 @@
 #include "aids/worklog.h"
 #include "desktop/application.h"
 #include "desktop/qt/conversions.h"
-#include "desktop/services/qt_event_loop.h"
-#include "desktop/text/rich_text_edit.h"
 #include "editor/editor_keys.h"
 #include "editor/find_replace.h"
 #include "editor/frm_find.h"
-#include "editor/typing.h"
-#include "fakes/fake_desktop.h"
 #include "table.h"
+#include "wired_editor.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QKeyEvent>
@@ -61,27 +58,9 @@ void press(QTextEdit& control) {
 }
 
 // The editor wired as in the program, with the typing timer on.
-struct Editor {
-    explicit Editor(desktop::RichTextEdit& rtb)
-        : form(loop, rtb, Lingua, folder),
-          recent({&form.mnuRecent1, &form.mnuRecent2, &form.mnuRecent3, &form.mnuRecent4}, form.mnur, files,
-                 folder.files(u"LastFilesEditor.ini")) {
-        form1.mnuNoPlayOnWrite.checked = true;
-        typing.Form_Load();
-    }
+struct Editor : bench::WiredEditor {
+    explicit Editor(desktop::RichTextEdit& rtb) : WiredEditor(rtb) { form1.mnuNoPlayOnWrite.checked = true; }
 
-    fakes::FakeDesktop desktop;
-    desktop::QtEventLoop loop;
-    base::TextFiles files{base::CodePage(1252)};
-    base::ProgramFolder folder{desktop.folder.text("")};
-    lang::LanguageTable Lingua{files, folder};
-    editor::Form2 form;
-    player::Settings settings;
-    controls::RecentFiles recent;
-    editor::Document document{form, desktop.dialogPort, desktop.systemPort, settings, recent};
-    player::Form1 form1{loop, desktop.player, Lingua, folder};
-    editor::UndoRedo undoRedo{form.RTB};
-    editor::Typing typing{form, document, undoRedo, form1};
     editor::Toolbar toolbar{form, document, desktop.systemPort, desktop.dialogPort};
     editor::EditorKeys keys{form, toolbar, form1};
 };
@@ -221,15 +200,12 @@ void measureMemory(int changes, double goal) {
 }
 
 // The editor, shown with a text.
-struct ShownEditor {
-    explicit ShownEditor(const base::Text& text) : editor(rtb) {
-        rtb.resize(645, 229);
-        rtb.show();
+struct ShownEditor : bench::ShownText {
+    explicit ShownEditor(const base::Text& text) : ShownText(645, 229), editor(rtb) {
         rtb.setText(text);
         rtb.viewport()->repaint();
     }
 
-    desktop::RichTextEdit rtb{base::CodePage(1252)};
     Editor editor;
 };
 

@@ -3,14 +3,11 @@
 // baseline is the same text without moments.
 #include "core_share.h"
 #include "desktop/application.h"
-#include "desktop/services/qt_event_loop.h"
-#include "desktop/text/rich_text_edit.h"
 #include "editor/follow_sound.h"
 #include "editor/stamp_commands.h"
-#include "editor/typing.h"
-#include "fakes/fake_desktop.h"
 #include "moments/layer.h"
 #include "table.h"
+#include "wired_editor.h"
 
 #include <QEvent>
 #include <QScrollBar>
@@ -63,35 +60,15 @@ moments::Layer layerOf(base::TextView text) {
     return layer;
 }
 
-// The editor's text with its records, in a window, wired as in the program.
-struct Editor {
-    Editor() {
-        rtb.resize(700, 500);
-        rtb.show();
-        typing.Form_Load();
-    }
+struct Editor : bench::ShownText, bench::WiredEditor {
+    Editor() : ShownText(700, 500), WiredEditor(rtb) {}
+
     // Opens the text with these moments beside it, or without any.
     void fill(const base::Text& text, const std::string& beside) {
         rtb.setText({});
         rtb.insert(text, beside);
     }
 
-    fakes::FakeDesktop desktop;
-    desktop::QtEventLoop loop;
-    base::TextFiles files{base::CodePage(1252)};
-    base::ProgramFolder folder{desktop.folder.text("")};
-    lang::LanguageTable Lingua{files, folder};
-    desktop::RichTextEdit rtb{base::CodePage(1252)};
-    editor::Form2 form{loop, rtb, Lingua, folder};
-    player::Settings settings;
-    controls::RecentFiles recent{{&form.mnuRecent1, &form.mnuRecent2, &form.mnuRecent3, &form.mnuRecent4},
-                                 form.mnur,
-                                 files,
-                                 folder.files(u"LastFilesEditor.ini")};
-    editor::Document document{form, desktop.dialogPort, desktop.systemPort, settings, recent};
-    player::Form1 form1{loop, desktop.player, Lingua, folder};
-    editor::UndoRedo undoRedo{form.RTB};
-    editor::Typing typing{form, document, undoRedo, form1};
     editor::SoundOptions options;
     editor::WordSound sound{form, undoRedo, options};
     editor::FollowSound follow{form, sound, options, loop};

@@ -2,10 +2,9 @@
 
 #include "app/place_over.h"
 #include "base/numbers.h"
-#include "moments/stamps.h"
+#include "player/stamp_text.h"
 
 #include <array>
-#include <cmath>
 #include <ctime>
 
 namespace app {
@@ -122,8 +121,7 @@ void AidsRoom::showWindows(Desktop& desktop) {
 }
 
 base::Text AidsRoom::stamp() const {
-    return base::trimmed(
-        moments::stampText(static_cast<std::int32_t>(std::lround(form1_.WMP1.currentPosition() * 1000))));
+    return base::Text(base::trimmed(player::stampText(form1_.WMP1)));
 }
 
 aids::Worklog::Place AidsRoom::place() const {

@@ -64,7 +64,7 @@ protected:
         desktop.loop.advance(100);
         spelling.answer();
     }
-    // Opens the menu of the word there; the captions of its items above those of the edit menu.
+    // Right-clicks that word; returns the captions of the items that stand above the edit menu.
     std::vector<std::string> menuAt(std::int32_t position) {
         std::vector<std::string> captions;
         desktop.form2->PopupMenu = [&](controls::MenuItem& menu) {

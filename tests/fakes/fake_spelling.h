@@ -20,11 +20,11 @@ public:
     std::vector<base::Text> asked; // all words
 
     void list(Languages done) override {
-        questions_.push_back([this, done] { done(languages, failure); });
+        questions_.emplace_back([this, done] { done(languages, failure); });
     }
     void use(const std::string& tag, std::function<void(const base::Text& failure)> done) override {
         questions_.clear();
-        questions_.push_back([this, tag, done] {
+        questions_.emplace_back([this, tag, done] {
             const bool there = std::ranges::count(languages, tag, &platform::SpellingLanguage::tag) > 0;
             used = there ? tag : std::string();
             done(there ? u"" : u"no dictionary");
@@ -33,8 +33,9 @@ public:
     void check(std::vector<base::Text> words,
                std::function<void(const std::vector<bool>& right)> done) override {
         asked.insert(asked.end(), words.begin(), words.end());
-        questions_.push_back([this, words, done] {
+        questions_.emplace_back([this, words, done] {
             std::vector<bool> right;
+            right.reserve(words.size());
             for (const base::Text& word : words)
                 right.push_back(!wrong.contains(word));
             done(right);
@@ -42,7 +43,7 @@ public:
     }
     void suggest(const base::Text& word,
                  std::function<void(const std::vector<base::Text>& words)> done) override {
-        questions_.push_back([this, word, done] { done(wrong[word]); });
+        questions_.emplace_back([this, word, done] { done(wrong[word]); });
     }
     void stop() override {
         questions_.clear();

@@ -3,13 +3,12 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
-#include "desktop/views/list_looks.h"
+#include "desktop/views/list_row.h"
 
 #include <QLineEdit>
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 
 namespace desktop {
 
@@ -19,24 +18,18 @@ constexpr QSize leastSize(460, 360); // pixels
 constexpr int shortColumn = 120;     // pixels
 
 // A row: the short form and the text.
-class AbbreviationRow : public QStyledItemDelegate {
+class AbbreviationRow : public ListRow {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ListRow::ListRow;
 
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-        return {0, QFontMetrics(option.font).height() + 2 * rowPadding};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override {
-        const RowColors colors = paintRowGround(*painter, option, row.row());
-        const QStringList parts = row.data().toString().split(u'\t');
-        QRect place = option.rect.adjusted(rowMargin, rowPadding, -rowMargin, -rowPadding);
-        painter->setFont(option.font);
-        const QFontMetrics metrics = painter->fontMetrics();
+protected:
+    void paintParts(QPainter& painter, QRect place, const QStringList& parts,
+                    const RowColors& colors) const override {
+        const QFontMetrics metrics = painter.fontMetrics();
         const auto write = [&](const QString& text, const QColor& color, int width) {
-            painter->setPen(color);
-            painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                              metrics.elidedText(text, Qt::ElideRight, width));
+            painter.setPen(color);
+            painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
+                             metrics.elidedText(text, Qt::ElideRight, width));
         };
         write(parts.value(0), colors.accent, shortColumn - rowMargin);
         place.adjust(shortColumn, 0, 0, 0);

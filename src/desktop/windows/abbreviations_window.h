@@ -8,8 +8,7 @@ class QPushButton;
 
 namespace desktop {
 
-// Shows the abbreviations: the line to search them, the list, and below it the short form and the text of the
-// selected one, which can be changed.
+// Shows the abbreviations: a search box, the list, and below it two boxes to edit the selected one.
 class AbbreviationsWindow : public FormWindow {
 public:
     explicit AbbreviationsWindow(aids::AbbreviationsWindow& form);

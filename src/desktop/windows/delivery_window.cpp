@@ -3,57 +3,41 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
-#include "desktop/views/list_looks.h"
+#include "desktop/views/list_row.h"
 
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 
 namespace desktop {
 
 namespace {
 
 constexpr int leastHeight = 260; // pixels
-constexpr int spaceAbove = 8;    // pixels above a heading
 
-// A finding in its line of the text, or a heading.
-class FindingRow : public QStyledItemDelegate {
+// A row: what stands before the finding, the finding in bold, and what stands after it; or a heading.
+class FindingRow : public ListRow {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ListRow::ListRow;
 
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& row) const override {
-        const int height = QFontMetrics(option.font).height() + 2 * rowPadding;
-        return {0, isHeading(partsOf(row)) ? height + spaceAbove : height};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override {
-        const QStringList parts = partsOf(row);
-        QRect place = option.rect.adjusted(rowMargin, rowPadding, -rowMargin, -rowPadding);
-        QFont bold = option.font;
+protected:
+    bool isHeading(const QStringList& parts) const override { return parts.size() == 2; }
+    void paintParts(QPainter& painter, QRect place, const QStringList& parts,
+                    const RowColors& colors) const override {
+        const QFont plain = painter.font();
+        QFont bold = plain;
         bold.setBold(true);
-        if (isHeading(parts)) {
-            painter->setFont(bold);
-            painter->setPen(option.palette.color(QPalette::Highlight));
-            painter->drawText(place, Qt::AlignLeft | Qt::AlignBottom, parts.value(1));
-            return;
-        }
-        const RowColors colors = paintRowGround(*painter, option, row.row());
         const auto draw = [&](const QFont& font, const QColor& color, const QString& text) {
-            painter->setFont(font);
-            painter->setPen(color);
-            const QString shown = painter->fontMetrics().elidedText(text, Qt::ElideRight, place.width());
-            painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, shown);
-            place.setLeft(place.left() + painter->fontMetrics().horizontalAdvance(shown));
+            painter.setFont(font);
+            painter.setPen(color);
+            const QString shown = painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width());
+            painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextDontClip, shown);
+            place.setLeft(place.left() + painter.fontMetrics().horizontalAdvance(shown));
         };
-        draw(option.font, colors.faint, parts.value(0));
+        draw(plain, colors.faint, parts.value(0));
         draw(bold, colors.text, parts.value(1));
-        draw(option.font, colors.faint, parts.value(2));
+        draw(plain, colors.faint, parts.value(2));
     }
-
-private:
-    static QStringList partsOf(const QModelIndex& row) { return row.data().toString().split(u'\t'); }
-    static bool isHeading(const QStringList& parts) { return parts.size() == 2; }
 };
 
 } // namespace

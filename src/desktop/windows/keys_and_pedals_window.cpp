@@ -3,14 +3,13 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
-#include "desktop/views/list_looks.h"
+#include "desktop/views/list_row.h"
 #include "desktop/windows/key_box_view.h"
 
 #include <QCheckBox>
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 
 namespace desktop {
 
@@ -20,33 +19,26 @@ constexpr QSize leastSize(480, 420); // pixels
 constexpr int mostLines = 9;         // of the state
 constexpr double keyColumn = 0.37;   // of a row's width, from the left
 constexpr double pedalColumn = 0.62; // likewise
-constexpr QChar itemSeparator = u'\t';
 
 // A row: the command, its key, its pedals.
-class HandRow : public QStyledItemDelegate {
+class HandRow : public ListRow {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ListRow::ListRow;
 
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-        return {0, QFontMetrics(option.font).height() + 2 * rowPadding};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override {
-        const RowColors colors = paintRowGround(*painter, option, row.row());
-        const QStringList parts = row.data().toString().split(itemSeparator);
-        const QRect place = option.rect.adjusted(rowMargin, rowPadding, -rowMargin, -rowPadding);
+protected:
+    void paintParts(QPainter& painter, QRect place, const QStringList& parts,
+                    const RowColors& colors) const override {
         const int key = place.left() + static_cast<int>(place.width() * keyColumn);
         const int pedal = place.left() + static_cast<int>(place.width() * pedalColumn);
-        painter->setFont(option.font);
         const auto text = [&](int left, int right, const QString& what, const QColor& color) {
             const QRect part(left, place.top(), right - left - rowMargin, place.height());
-            painter->setPen(color);
-            painter->drawText(part, Qt::AlignLeft | Qt::AlignVCenter,
-                              painter->fontMetrics().elidedText(what, Qt::ElideRight, part.width()));
+            painter.setPen(color);
+            painter.drawText(part, Qt::AlignLeft | Qt::AlignVCenter,
+                             painter.fontMetrics().elidedText(what, Qt::ElideRight, part.width()));
         };
         text(place.left(), key, parts.value(0), colors.text);
         if (!parts.value(1).isEmpty())
-            paintKeyCap(*painter, QRect(key, place.top(), pedal - key, place.height()), parts.value(1),
+            paintKeyCap(painter, QRect(key, place.top(), pedal - key, place.height()), parts.value(1),
                         colors);
         text(pedal, place.right() + 1 + rowMargin, parts.value(2), colors.accent);
     }

@@ -3,13 +3,12 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
-#include "desktop/views/list_looks.h"
+#include "desktop/views/list_row.h"
 
 #include <QLineEdit>
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 
 namespace desktop {
 
@@ -17,40 +16,22 @@ namespace {
 
 constexpr QSize leastSize(340, 260); // pixels
 constexpr int keyColumn = 120;       // pixels
-constexpr int spaceAbove = 8;        // pixels above a heading
 
 // A key as it is printed on the user's keyboard, or a heading.
-class KeyRow : public QStyledItemDelegate {
+class KeyRow : public ListRow {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ListRow::ListRow;
 
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& row) const override {
-        const int height = QFontMetrics(option.font).height() + 2 * rowPadding;
-        return {0, isHeading(row) ? height + spaceAbove : height};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override {
-        const QStringList parts = row.data().toString().split(u'\t');
-        const QRect place = option.rect.adjusted(rowMargin, rowPadding, -rowMargin, -rowPadding);
-        painter->setFont(option.font);
-        if (isHeading(row)) {
-            QFont bold = option.font;
-            bold.setBold(true);
-            painter->setFont(bold);
-            painter->setPen(option.palette.color(QPalette::Highlight));
-            painter->drawText(place, Qt::AlignLeft | Qt::AlignBottom, parts.value(1));
-            return;
-        }
-        const RowColors colors = paintRowGround(*painter, option, row.row());
-        paintKeyCap(*painter, place, parts.value(0), colors);
-        painter->setPen(colors.text);
+protected:
+    bool isHeading(const QStringList& parts) const override { return parts.value(0).isEmpty(); }
+    void paintParts(QPainter& painter, QRect place, const QStringList& parts,
+                    const RowColors& colors) const override {
+        paintKeyCap(painter, place, parts.value(0), colors);
+        painter.setPen(colors.text);
         const QRect command = place.adjusted(keyColumn, 0, 0, 0);
-        painter->drawText(command, Qt::AlignLeft | Qt::AlignVCenter,
-                          painter->fontMetrics().elidedText(parts.value(1), Qt::ElideRight, command.width()));
+        painter.drawText(command, Qt::AlignLeft | Qt::AlignVCenter,
+                         painter.fontMetrics().elidedText(parts.value(1), Qt::ElideRight, command.width()));
     }
-
-private:
-    static bool isHeading(const QModelIndex& row) { return row.data().toString().startsWith(u'\t'); }
 };
 
 } // namespace

@@ -3,14 +3,13 @@
 #include "desktop/qt/conversions.h"
 #include "desktop/views/control_views.h"
 #include "desktop/views/input_views.h"
-#include "desktop/views/list_looks.h"
+#include "desktop/views/list_row.h"
 
 #include <QKeySequence>
 #include <QLineEdit>
 #include <QListView>
 #include <QPainter>
 #include <QPushButton>
-#include <QStyledItemDelegate>
 
 namespace desktop {
 
@@ -20,28 +19,22 @@ constexpr QSize leastSize(380, 260); // pixels
 constexpr int keyColumn = 60;        // pixels
 
 // A row: the key, the name, the number of paragraphs.
-class SpeakerRow : public QStyledItemDelegate {
+class SpeakerRow : public ListRow {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using ListRow::ListRow;
 
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-        return {0, QFontMetrics(option.font).height() + 2 * rowPadding};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& row) const override {
-        const RowColors colors = paintRowGround(*painter, option, row.row());
-        const QStringList parts = row.data().toString().split(u'\t');
-        QRect place = option.rect.adjusted(rowMargin, rowPadding, -rowMargin, -rowPadding);
-        painter->setFont(option.font);
-        painter->setPen(colors.faint);
-        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
-                          QKeySequence(parts.value(0)).toString(QKeySequence::NativeText));
-        painter->setPen(colors.accent);
-        painter->drawText(place, Qt::AlignRight | Qt::AlignVCenter, parts.value(2));
-        place.adjust(keyColumn, 0, -painter->fontMetrics().horizontalAdvance(parts.value(2)) - rowMargin, 0);
-        painter->setPen(colors.text);
-        painter->drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
-                          painter->fontMetrics().elidedText(parts.value(1), Qt::ElideRight, place.width()));
+protected:
+    void paintParts(QPainter& painter, QRect place, const QStringList& parts,
+                    const RowColors& colors) const override {
+        painter.setPen(colors.faint);
+        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                         QKeySequence(parts.value(0)).toString(QKeySequence::NativeText));
+        painter.setPen(colors.accent);
+        painter.drawText(place, Qt::AlignRight | Qt::AlignVCenter, parts.value(2));
+        place.adjust(keyColumn, 0, -painter.fontMetrics().horizontalAdvance(parts.value(2)) - rowMargin, 0);
+        painter.setPen(colors.text);
+        painter.drawText(place, Qt::AlignLeft | Qt::AlignVCenter,
+                         painter.fontMetrics().elidedText(parts.value(1), Qt::ElideRight, place.width()));
     }
 };
 
