@@ -34,7 +34,7 @@ public:
     // All of them, in the order of the file.
     std::vector<Abbreviation> all() const;
     bool empty() const { return places_.empty(); }
-    // The numbers of the lines that were skipped, from 1.
+    // Line numbers of the damaged lines, which were skipped; the first line is 1.
     const std::vector<std::size_t>& skipped() const { return skipped_; }
 
     // True if this can be a line of the file.
@@ -44,13 +44,14 @@ public:
     void set(base::TextView shortForm, base::TextView text);
     void remove(base::TextView shortForm);
 
-    // The text for a short form as it was typed: "bc", "Bc" and "BC" all find "bc", and the text follows
-    // their case. A short form that is written with capitals in the file is found in no other case.
+    // How the text is written: as in the file, with a capital first letter, or in capitals.
     enum class Case { AsWritten, Capital, Upper };
     struct Found {
         base::TextView text; // as the file has it
         Case as = Case::AsWritten;
     };
+    // Looks up what was typed. The short form "bc" is found as "bc", "Bc" and "BC", one with capitals in the
+    // file only as it stands there.
     std::optional<Found> find(base::TextView typed) const;
 
 private:

@@ -16,7 +16,8 @@ struct LanguageTag {
 // By the name of the language file; English for one that is not among the ten of the program.
 LanguageTag tagOfProgram(base::TextView fileLingua);
 
-// Orders the languages: first the one of this tag, then others of the same language, then the rest by name.
+// Sorts the dictionaries: first the one with exactly this tag, then those of the same language, then the rest
+// by name.
 void putFirst(std::string_view tag, std::vector<platform::SpellingLanguage>& languages);
 
 // True if both are tags of one language, whatever the country.

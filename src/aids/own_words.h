@@ -20,8 +20,9 @@ public:
     // In its dictionary form. A word in small letters stands for its forms with capitals too.
     bool has(const base::Text& form) const;
 
-    // Adds the word to the file, which other programs may have changed meanwhile. Throws base::Failure and
-    // leaves the file as it was; the word counts until the exit.
+    // Adds the word to the file, which is read again first, because other programs may have changed it.
+    // Throws base::Failure if it cannot be written: the file is unchanged, and the word is known until the
+    // exit.
     void add(const base::Text& form);
     // The word counts until forgetIgnored().
     void ignore(const base::Text& form) { ignored_.insert(form); }

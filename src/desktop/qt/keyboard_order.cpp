@@ -15,7 +15,7 @@ namespace {
 // new time a moment later; hence the repeated requests, a few of them even after success.
 constexpr int askAgainAfter = 40; // ms
 constexpr int mostAsks = 25;
-constexpr int asksAfterSuccess = 3;
+constexpr int succeeded = mostAsks - 3; // number of asks from which on the request counts as granted
 
 QEvent::Type keyboardGiven() {
     static const auto type = static_cast<QEvent::Type>(QEvent::registerEventType());
@@ -94,7 +94,7 @@ void KeyboardOrder::windowActivated(QWidget& window) {
     if (!returning_.isActive() || !next()) {
         moveToFront(window);
     } else if (&window == next()) {
-        asked_ = std::max(asked_, mostAsks - asksAfterSuccess);
+        asked_ = std::max(asked_, succeeded);
         moveToFront(window);
     } else {
         QMetaObject::invokeMethod(
@@ -135,9 +135,9 @@ void KeyboardOrder::giveBack() {
     // The window may have been active before the asking began, and then no event tells the success. After it,
     // the user may go on to another program, which must not lose the keyboard.
     if (window && window->isActiveWindow())
-        asked_ = std::max(asked_, mostAsks - asksAfterSuccess);
+        asked_ = std::max(asked_, succeeded);
     const bool isElsewhere =
-        asked_ >= mostAsks - asksAfterSuccess && QGuiApplication::applicationState() != Qt::ApplicationActive;
+        asked_ >= succeeded && QGuiApplication::applicationState() != Qt::ApplicationActive;
     if (window && !isElsewhere && ++asked_ <= mostAsks)
         window->activateWindow();
     else

@@ -19,7 +19,8 @@ public:
     void cancel() override;
 
 private:
-    // The module's decoder, which reports to this one; null if there is none, which is then reported.
+    // Loads the module and connects its decoder to this one. Returns null if it cannot be loaded; that is
+    // reported from the event loop.
     platform::Decoder* load();
 
     LazyModule<platform::Decoder> module_;
